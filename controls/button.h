@@ -1,0 +1,37 @@
+// Button: a command button, with a caption or a picture.
+#pragma once
+
+#include <functional>
+
+#include "controls/control.h"
+
+namespace kelvane::controls {
+
+class Button : public Control {
+public:
+    using Control::Control;
+
+    const std::string& Caption() const { return mCaption; }
+    void SetCaption(const std::string& caption) { Assign(mCaption, caption); }
+    // Number of a picture of the component's resources; 0 is none.
+    int Picture() const { return mPicture; }
+    void SetPicture(int picture) { Assign(mPicture, picture); }
+    // The button that Enter or Escape presses in its window.
+    bool IsDefault() const { return mDefault; }
+    void SetDefault(bool value) { mDefault = value; }
+    bool IsCancel() const { return mCancel; }
+    void SetCancel(bool value) { mCancel = value; }
+
+    // Presses the button as the operator does; nothing happens when it is disabled or hidden.
+    void Press();
+
+    std::function<void()> Click;
+
+private:
+    std::string mCaption;
+    int mPicture = 0;
+    bool mDefault = false;
+    bool mCancel = false;
+};
+
+}  // namespace kelvane::controls

@@ -1,0 +1,24 @@
+// EditBox: a one-line text field.
+#pragma once
+
+#include "controls/control.h"
+#include "controls/form.h"
+
+namespace kelvane::controls {
+
+class EditBox : public Control, public KeyTarget {
+public:
+    using Control::Control;
+
+    const std::string& Text() const { return mText; }
+    void SetText(const std::string& text) { Assign(mText, text); }
+
+    // Typing, without a screen: characters are appended, Backspace takes the last one away.
+    bool KeyDown(platform::Key key, int shift) override;
+    bool KeyPress(char32_t character) override;
+
+private:
+    std::string mText;
+};
+
+}  // namespace kelvane::controls

@@ -1,0 +1,141 @@
+// Form: a window's state and the order in which its events reach the window's code. A view (the
+// desktop's, or the one without a screen) shows it and forwards what the operator does.
+//
+// Life: Load() runs Form_Load, the view then shows the form and calls Activate(). Unload() asks
+// Form_QueryUnload, runs Form_Unload and marks the form unloaded; the view then takes it down and
+// its modal call returns. An unloaded form can be loaded again; its public members survive.
+//
+// Keys: KeyDown, KeyPress and KeyUp reach the form's handler first. What the handler sets to
+// Key::None or to 0 is consumed; the rest goes to the active control.
+//
+// An exception that leaves a handler is reported to Trapped() and goes no further.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "controls/control.h"
+#include "platform/keys.h"
+#include "platform/windows.h"
+
+namespace kelvane::controls {
+
+// Why a form is unloaded: by its close box or by code.
+enum class UnloadMode { CloseBox = 0, Code = 1 };
+
+class Form : public platform::Window {
+public:
+    // What lies between a form's outer size and its inner (scale) size, in twips.
+    static constexpr int kFrameWidth = 90;
+    static constexpr int kFrameHeight = 500;
+
+    explicit Form(std::string name);
+    ~Form() override = default;
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    const std::string& Name() const override { return mName; }
+    const std::string& Caption() const { return mCaption; }
+    void SetCaption(std::string caption);
+    // Number of the picture in the component's resources.
+    int IconPicture() const { return mIconPicture; }
+    void SetIconPicture(int picture);
+
+    // Outer place and size on the screen in twips; SetSize runs Form_Resize when the size changed.
+    int Left() const { return mLeft; }
+    int Top() const { return mTop; }
+    int Width() const { return mWidth; }
+    int Height() const { return mHeight; }
+    int ScaleWidth() const { return mWidth - kFrameWidth; }
+    int ScaleHeight() const { return mHeight - kFrameHeight; }
+    void SetPosition(int left, int top);
+    void SetSize(int width, int height);
+    // Smallest size the operator can give the form; 0 by 0 is no limit.
+    int MinWidth() const { return mMinWidth; }
+    int MinHeight() const { return mMinHeight; }
+    void SetMinSize(int width, int height);
+    bool Resizable() const { return mResizable; }
+    void SetResizable(bool resizable) { mResizable = resizable; }
+
+    // One line at the window's lower edge that needs no answer; empty when there is nothing to say.
+    const std::string& Notice() const { return mNotice; }
+    void SetNotice(std::string notice);
+
+    // All controls in the order they joined, and one by its name (null when there is none).
+    const std::vector<Control*>& Controls() const { return mControls; }
+    Control* Find(std::string_view name) const;
+
+    Control* ActiveControl() const { return mActive; }
+    void SetFocus(Control& control);
+
+    bool IsLoaded() const { return mLoaded; }
+
+    // For the view and for the window's own code.
+    void Load();
+    void Activate();
+    // Unloads unless Form_QueryUnload cancels; returns true when the form was unloaded.
+    bool Unload(UnloadMode mode = UnloadMode::Code);
+
+    // What the operator does, forwarded by the view. KeyDown and KeyPress return true when the key
+    // was used by the form or by the active control.
+    bool KeyDown(platform::Key key, int shift);
+    bool KeyPress(char32_t character);
+    bool KeyUp(platform::Key key, int shift);
+
+    // Runs `handler` as one of this form's events: what it throws is reported to Trapped().
+    void RunEvent(std::string_view place, const std::function<void()>& handler) noexcept;
+
+    // Set by the view: something that can be seen has changed; the focus was moved by code; the
+    // grid or another control refused something (cell row and column).
+    std::function<void()> ViewChanged;
+    std::function<void(Control&)> FocusMoved;
+    std::function<void(Control&, int row, int column)> Refused;
+
+    std::uint64_t Revision() const { return mRevision; }
+
+protected:
+    virtual void Form_Load() {}
+    virtual void Form_Activate() {}
+    virtual void Form_Resize() {}
+    virtual void Form_QueryUnload(bool& cancel, UnloadMode mode);
+    virtual void Form_Unload() {}
+    virtual void Form_KeyDown(platform::Key& key, int shift);
+    virtual void Form_KeyPress(char32_t& character);
+    virtual void Form_KeyUp(platform::Key& key, int shift);
+    // A handler's exception: `detail` is its text.
+    virtual void Trapped(std::string_view place, std::string_view detail) noexcept;
+
+private:
+    friend class Control;
+    void Join(Control& control) { mControls.push_back(&control); }
+    void Touch();
+
+    std::string mName;
+    std::string mCaption;
+    std::string mNotice;
+    int mIconPicture = 0;
+    int mLeft = 0;
+    int mTop = 0;
+    int mWidth = 9195;
+    int mHeight = 6190;
+    int mMinWidth = 0;
+    int mMinHeight = 0;
+    bool mResizable = true;
+    bool mLoaded = false;
+    bool mUnloading = false;
+    std::vector<Control*> mControls;
+    Control* mActive = nullptr;
+    std::uint64_t mRevision = 1;
+};
+
+// A control that takes keys when it is its form's active control.
+class KeyTarget {
+public:
+    virtual ~KeyTarget() = default;
+    // Each returns true when the key was used.
+    virtual bool KeyDown(platform::Key key, int shift) = 0;
+    virtual bool KeyPress(char32_t character) = 0;
+};
+
+}  // namespace kelvane::controls

@@ -38,11 +38,21 @@ enum class Key : int {
     F10 = 121,
     F11 = 122,
     F12 = 123,
+    Other = 229,  // a key without a number of its own: punctuation, an input method's
 };
 
 // Bits of a shift state.
 inline constexpr int kShift = 1;
 inline constexpr int kCtrl = 2;
 inline constexpr int kAlt = 4;
+
+// The key that types `character`.
+constexpr Key KeyOfCharacter(char32_t character) {
+    if (character == U' ') return Key::Space;
+    if (character >= U'0' && character <= U'9') return static_cast<Key>(character);
+    if (character >= U'A' && character <= U'Z') return static_cast<Key>(character);
+    if (character >= U'a' && character <= U'z') return static_cast<Key>(character - U'a' + U'A');
+    return Key::Other;
+}
 
 }  // namespace kelvane::platform

@@ -1,0 +1,254 @@
+// Grid: the whole state of an editable grid and the order of its notifications. It draws nothing;
+// a view paints the visible rows and forwards what the operator does.
+//
+// What the operator does, and what is raised, in this order:
+//
+//   opening a cell        EditCheck, EditModeChange(true). A cell painted in the locked colour, a
+//                         fixed cell and a read-only grid refuse to open and raise nothing.
+//   ending an edit        The new text is stored in the cell, then CellValidate. Refused: the cell
+//                         stays open with that text. Accepted: the text that CellValidate left is
+//                         stored, CellChanged when the operator typed and the text differs,
+//                         EditModeChange(false). An edit in which nothing was typed ends with
+//                         EditModeChange(false) alone.
+//   abandoning an edit    The text from before comes back, EditModeChange(false).
+//   reference button      EditModeChange(true) unless open, CellReference. A value that differs is
+//                         then accepted or refused like an edit, without CellChanged; the same
+//                         value closes the cell again.
+//   drop-down list        ComboDropDown. A chosen item is an edit of the cell.
+//   moving in a row       (ending an edit,) EnterCell.
+//   leaving a row         (ending an edit,) RowValidate, whether or not the row was changed;
+//                         refused, the current cell stays in the row, in the column handed back;
+//                         accepted, EnterCell. A row that nothing could be typed into (read-only
+//                         grid, every cell locked) is left without RowValidate.
+//   scrolling             ViewChange.
+//   abandoning a row      AbandonRow (Escape with no cell open).
+//   removing a row        DetailReset, when it was the current one.
+//
+// Moving the current cell by code (SetRow, SetCol) raises ViewChange alone.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/control.h"
+#include "controls/form.h"
+
+namespace kelvane::controls {
+
+enum class Alignment { Left, Center, Right };
+
+// Result code of the validating notifications.
+enum class GridAnswer { Undecided = 0, Refuse = 1, Accept = 2 };
+
+enum class InputKind { Text, Number, Date };
+
+// How a column is typed into. Characters that do not fit the kind are not taken from the keyboard;
+// a text longer than `maxLength` characters (0: no limit) is cut, with a beep.
+struct ColumnInput {
+    InputKind kind = InputKind::Text;
+    int maxLength = 0;
+    int decimals = 0;
+    bool grouping = false;
+};
+
+// The list of one drop-down cell while it is open.
+class GridDropList {
+public:
+    void AddItem(std::string_view text) { mItems.emplace_back(text); }
+    const std::vector<std::string>& Items() const { return mItems; }
+
+private:
+    std::vector<std::string> mItems;
+};
+
+class Grid : public Control, public KeyTarget {
+public:
+    Grid(Form& form, std::string name);
+
+    // Shape. SetRows and SetCols keep what stays; new rows are empty.
+    int Rows() const { return static_cast<int>(mRows.size()); }
+    int Cols() const { return static_cast<int>(mColumns.size()); }
+    void SetRows(int rows);
+    void SetCols(int cols);
+    int FixedRows() const { return mFixedRows; }
+    int FixedCols() const { return mFixedCols; }
+    void SetFixedRows(int rows) { Assign(mFixedRows, rows); }
+    void SetFixedCols(int cols) { Assign(mFixedCols, cols); }
+
+    // Appends a row from cell texts joined by a tab; returns its number.
+    int AddItem(std::string_view cells);
+    void RemoveItem(int row);
+
+    // Cells. Rows and columns outside the grid throw std::out_of_range, except that colours of the
+    // row index equal to Rows() are accepted and ignored.
+    std::string Text(int row, int col) const;
+    void SetText(int row, int col, std::string_view text);
+    int RowData(int row) const { return RowAt(row).data; }
+    void SetRowData(int row, int data);
+    void SetCellColor(int row, int col, Color color);
+    Color CellColor(int row, int col) const;
+    Alignment CellAlignment(int row, int col) const;
+    void SetFixedRowAlignment(int col, Alignment alignment);
+
+    // Columns and rows: measures in twips.
+    int ColumnWidth(int col) const { return ColumnAt(col).width; }
+    void SetColumnWidth(int col, int twips);
+    Alignment ColumnAlignment(int col) const { return ColumnAt(col).alignment; }
+    void SetColumnAlignment(int col, Alignment alignment);
+    void SetColumnInput(int col, const ColumnInput& input) { ColumnAt(col).input = input; }
+    const ColumnInput& Input(int col) const { return ColumnAt(col).input; }
+    // Which columns have a reference button or a drop-down list in their cells.
+    void SetColumnReference(int col, bool has) { ColumnAt(col).reference = has; }
+    bool HasReference(int col) const { return ColumnAt(col).reference; }
+    void SetColumnList(int col, bool has) { ColumnAt(col).list = has; }
+    bool HasList(int col) const { return ColumnAt(col).list; }
+    int RowHeight(int row) const { return RowAt(row).height; }
+    void SetRowHeight(int row, int twips);
+    int DefaultRowHeight() const { return mDefaultRowHeight; }
+    void SetDefaultRowHeight(int twips) { mDefaultRowHeight = twips; }
+
+    // A text that describes the columns: the same for an unchanged layout.
+    std::string FormatText() const;
+
+    Color BackColor() const { return mBackColor; }
+    void SetBackColor(Color color) { Assign(mBackColor, color); }
+    Color FixedColor() const { return mFixedColor; }
+    void SetFixedColor(Color color) { Assign(mFixedColor, color); }
+    Color LockedColor() const { return mLockedColor; }
+    void SetLockedColor(Color color) { Assign(mLockedColor, color); }
+    bool IsLocked(int row, int col) const { return CellColor(row, col) == mLockedColor; }
+
+    bool ReadOnly() const { return mReadOnly; }
+    void SetReadOnly(bool readOnly) { Assign(mReadOnly, readOnly); }
+
+    // The current cell; row 0 (a fixed row) means that no row is current. Setting it by code ends
+    // an open edit first and stays where it is when that is refused.
+    int Row() const { return mRow; }
+    int Col() const { return mCol; }
+    void SetRow(int row);
+    void SetCol(int col);
+    // Column to which the selection extends from the current cell; the current column when only
+    // that cell is selected.
+    int SelectionEnd() const { return mSelectionEnd; }
+    void SetSelectionEnd(int col) { Assign(mSelectionEnd, col); }
+
+    // The part of the grid that its height and width show.
+    int TopRow() const { return mTopRow; }
+    void SetTopRow(int row);
+    int LeftCol() const { return mLeftCol; }
+    void SetLeftCol(int col);
+    int VisibleRows() const;
+    bool IsRowShown(int row) const;
+    void SetWidth(int twips) override;
+    void SetHeight(int twips) override;
+    // A cell's place in the grid, in twips from the grid's left upper corner.
+    int CellLeft(int col) const;
+    int CellTop(int row) const;
+
+    // Editing. EditState is 1 while a cell is open.
+    int EditState() const { return mEditing ? 1 : 0; }
+    bool IsEditing() const { return mEditing; }
+    const std::string& EditText() const { return mEditText; }
+    // True when the current row was changed by the operator since it became current or was saved.
+    bool RowTouched() const { return mRowTouched; }
+    void SetRowTouched(bool touched) { mRowTouched = touched; }
+
+    // What the operator does. MoveTo returns false when leaving was refused, BeginEdit when the
+    // cell does not open, PressReference when the cell has no button that can be pressed.
+    bool MoveTo(int row, int col);
+    bool LeaveRow();
+    bool BeginEdit();
+    void ReplaceEditText(std::string_view text);
+    GridAnswer FinishEdit();
+    void CancelEdit();
+    bool PressReference();
+    bool CanPressReference() const;
+    // Raises ComboDropDown and returns the list's items; empty when the column has no list.
+    std::vector<std::string> OpenList();
+    bool ChooseListItem(std::string_view text);
+    // The operator drags a column's edge.
+    void ResizeColumn(int col, int twips);
+
+    bool KeyDown(platform::Key key, int shift) override;
+    bool KeyPress(char32_t character) override;
+    // Keys that a window's platform handles before the form sees them: Tab, Shift+Tab, Escape.
+    bool NavigationKey(platform::Key key, int shift);
+
+    std::function<void(std::string& value, int row, int col)> CellReference;
+    std::function<void(std::string& text, GridAnswer& answer, int row, int col)> CellValidate;
+    std::function<void(GridAnswer& answer, int row, int& col)> RowValidate;
+    std::function<void(int row, int col, GridDropList& list)> ComboDropDown;
+    std::function<void(bool editing)> EditModeChange;
+    std::function<void(int row, int col, const std::string& before, const std::string& after)>
+        CellChanged;
+    std::function<void()> EnterCell;
+    std::function<void()> EditCheck;
+    std::function<void()> DetailReset;
+    std::function<void()> ViewChange;
+    std::function<void(int row)> AbandonRow;
+    // The keyboard offered something that does not fit.
+    std::function<void()> Beep;
+
+private:
+    struct Column {
+        int width = 960;
+        Alignment alignment = Alignment::Left;
+        Alignment fixedAlignment = Alignment::Left;
+        ColumnInput input;
+        bool reference = false;
+        bool list = false;
+    };
+    // Cell texts stand joined by a tab: a list of 100,000 rows stays small.
+    struct GridRow {
+        std::string cells;
+        int data = 0;
+        int height = 0;
+        int colors = 0;  // index into mColorSets
+    };
+    using ColorSet = std::vector<Color>;
+
+    const GridRow& RowAt(int row) const;
+    GridRow& RowAt(int row);
+    const Column& ColumnAt(int col) const;
+    Column& ColumnAt(int col);
+    int InternColors(ColorSet colors);
+    bool CanEdit(int row, int col) const;
+    bool RowCanBeEdited(int row) const;
+    bool OpenEdit();
+    void CloseEdit();
+    void SetCurrent(int row, int col);
+    void ShowCurrent();
+    bool MoveBy(int rows, int step);
+    bool MoveToNextCell(int step);
+    bool TakesCharacter(char32_t character) const;
+    std::string FitText(std::string_view text);
+    void Raise(std::string_view place, const std::function<void()>& notification);
+
+    std::vector<Column> mColumns;
+    std::vector<GridRow> mRows;
+    std::vector<ColorSet> mColorSets;
+    std::map<ColorSet, int> mColorIndex;
+    int mFixedRows = 1;
+    int mFixedCols = 1;
+    int mDefaultRowHeight = 300;
+    Color mBackColor = Rgb(255, 255, 255);
+    Color mFixedColor = Rgb(236, 236, 236);
+    Color mLockedColor = Rgb(205, 208, 215);
+    bool mReadOnly = false;
+    int mRow = 0;
+    int mCol = 0;
+    int mSelectionEnd = 0;
+    int mTopRow = 1;
+    int mLeftCol = 1;
+    bool mEditing = false;
+    bool mEditTouched = false;
+    bool mEditFromReference = false;
+    bool mRowTouched = false;
+    std::string mEditText;
+    std::string mTextBefore;
+};
+
+}  // namespace kelvane::controls

@@ -24,6 +24,11 @@
 //   abandoning a row      AbandonRow (Escape with no cell open).
 //   removing a row        DetailReset, when it was the current one.
 //
+// Keys: arrows, Page Up/Down, Home, End (with Ctrl: first and last row) move; Enter and Tab go to
+// the next cell that can be typed into, and past the last cell of the last row they leave the row
+// where it is (RowValidate). F2 and the blank open a cell with its text, any other character begins
+// a new one; F2 in an open cell presses its reference button. Delete empties the cell.
+//
 // Moving the current cell by code (SetRow, SetCol) raises ViewChange alone.
 #pragma once
 

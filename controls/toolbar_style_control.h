@@ -1,5 +1,5 @@
-// ToolbarStyleControl: takes over a toolbar's buttons, draws them in the suite's look and relays the
-// clicks. It shows the buttons as they were at the last Refresh().
+// ToolbarStyleControl: takes over a toolbar's buttons, draws them in the suite's look and relays
+// the clicks. It shows the buttons as they were at the last Refresh().
 #pragma once
 
 #include <functional>

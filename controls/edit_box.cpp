@@ -1,0 +1,23 @@
+#include "controls/edit_box.h"
+
+#include "controls/utf8.h"
+
+namespace kelvane::controls {
+
+bool EditBox::KeyDown(platform::Key key, int /*shift*/) {
+    if (!Enabled() || key != platform::Key::Backspace) return false;
+    std::string text = mText;
+    DropLastUtf8(text);
+    SetText(text);
+    return true;
+}
+
+bool EditBox::KeyPress(char32_t character) {
+    if (!Enabled() || character < U' ') return false;
+    std::string text = mText;
+    AppendUtf8(text, character);
+    SetText(text);
+    return true;
+}
+
+}  // namespace kelvane::controls

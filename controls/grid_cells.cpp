@@ -1,0 +1,195 @@
+// The grid's rows, columns, texts and colours.
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "controls/grid.h"
+
+namespace kelvane::controls {
+
+namespace {
+
+// The range [begin, end) of cell `col` in a row's joined texts; cells past the last are empty.
+std::pair<std::size_t, std::size_t> FindCell(std::string_view cells, int col) {
+    std::size_t begin = 0;
+    for (int passed = 0; passed < col; ++passed) {
+        const std::size_t tab = cells.find('\t', begin);
+        if (tab == std::string_view::npos) return {cells.size(), cells.size()};
+        begin = tab + 1;
+    }
+    const std::size_t tab = cells.find('\t', begin);
+    return {begin, tab == std::string_view::npos ? cells.size() : tab};
+}
+
+// A cell's text: the tab is the separator of cells, so one inside a text becomes a blank.
+std::string CellText(std::string_view text) {
+    std::string cell(text);
+    std::replace(cell.begin(), cell.end(), '\t', ' ');
+    return cell;
+}
+
+// `cells` with exactly `count` cells.
+std::string FitCells(std::string_view cells, int count) {
+    const auto tabs = static_cast<int>(std::count(cells.begin(), cells.end(), '\t'));
+    if (tabs < count) {
+        return std::string(cells).append(static_cast<std::size_t>(std::max(0, count - 1 - tabs)),
+                                         '\t');
+    }
+    return std::string(cells.substr(0, FindCell(cells, count - 1).second));
+}
+
+}  // namespace
+
+Grid::Grid(Form& form, std::string name) : Control(form, std::move(name)) {
+    mColorSets.emplace_back();  // set 0: every cell in the grid's own colour
+    mColorIndex[{}] = 0;
+    mColumns.resize(2);
+    SetRows(2);
+}
+
+void Grid::SetRows(int rows) {
+    if (rows < 0) throw std::out_of_range(Name() + ": a grid cannot have fewer than 0 rows");
+    while (Rows() > rows) RemoveItem(Rows() - 1);
+    while (Rows() < rows) AddItem("");
+}
+
+void Grid::SetCols(int cols) {
+    if (cols < 1) throw std::out_of_range(Name() + ": a grid needs a column");
+    mColumns.resize(static_cast<std::size_t>(cols));
+    for (GridRow& row : mRows) row.cells = FitCells(row.cells, cols);
+    if (mCol >= cols) mCol = mSelectionEnd = cols - 1;
+    Touch();
+}
+
+int Grid::AddItem(std::string_view cells) {
+    GridRow row;
+    row.cells = FitCells(cells, Cols());
+    row.height = mDefaultRowHeight;
+    mRows.push_back(std::move(row));
+    Touch();
+    return Rows() - 1;
+}
+
+void Grid::RemoveItem(int row) {
+    RowAt(row);
+    const bool current = row == mRow && row >= mFixedRows;
+    if (current && mEditing) CloseEdit();
+    mRows.erase(mRows.begin() + row);
+    if (row < mRow || mRow >= Rows()) mRow = std::max(0, mRow - 1);
+    if (mRow < mFixedRows) mRow = 0;
+    if (mTopRow >= Rows()) mTopRow = std::max(mFixedRows, Rows() - 1);
+    if (current) mRowTouched = false;
+    Touch();
+    if (current && DetailReset) Raise("DetailReset", DetailReset);
+    if (current && ViewChange) Raise("ViewChange", ViewChange);
+}
+
+std::string Grid::Text(int row, int col) const {
+    const std::string& cells = RowAt(row).cells;
+    ColumnAt(col);
+    const auto [begin, end] = FindCell(cells, col);
+    return cells.substr(begin, end - begin);
+}
+
+void Grid::SetText(int row, int col, std::string_view text) {
+    std::string& cells = RowAt(row).cells;
+    ColumnAt(col);
+    const auto [begin, end] = FindCell(cells, col);
+    cells.replace(begin, end - begin, CellText(text));
+    Touch();
+}
+
+void Grid::SetRowData(int row, int data) {
+    RowAt(row).data = data;
+    Touch();
+}
+
+int Grid::InternColors(ColorSet colors) {
+    const auto [known, added] =
+        mColorIndex.try_emplace(colors, static_cast<int>(mColorSets.size()));
+    if (added) mColorSets.push_back(std::move(colors));
+    return known->second;
+}
+
+void Grid::SetCellColor(int row, int col, Color color) {
+    ColumnAt(col);
+    if (row == Rows()) return;
+    GridRow& target = RowAt(row);
+    if (CellColor(row, col) == color) return;
+    ColorSet colors = mColorSets[static_cast<std::size_t>(target.colors)];
+    if (colors.empty()) colors.assign(mColumns.size(), mBackColor);
+    if (colors.size() < mColumns.size()) colors.resize(mColumns.size(), mBackColor);
+    colors[static_cast<std::size_t>(col)] = color;
+    target.colors = InternColors(std::move(colors));
+    Touch();
+}
+
+Color Grid::CellColor(int row, int col) const {
+    ColumnAt(col);
+    const ColorSet& colors = mColorSets[static_cast<std::size_t>(RowAt(row).colors)];
+    const auto index = static_cast<std::size_t>(col);
+    if (index < colors.size()) return colors[index];
+    return row < mFixedRows || col < mFixedCols ? mFixedColor : mBackColor;
+}
+
+Alignment Grid::CellAlignment(int row, int col) const {
+    const Column& column = ColumnAt(col);
+    return row < mFixedRows ? column.fixedAlignment : column.alignment;
+}
+
+void Grid::SetFixedRowAlignment(int col, Alignment alignment) {
+    ColumnAt(col).fixedAlignment = alignment;
+    Touch();
+}
+
+void Grid::SetColumnWidth(int col, int twips) {
+    Assign(ColumnAt(col).width, std::max(0, twips));
+}
+
+void Grid::SetColumnAlignment(int col, Alignment alignment) {
+    Assign(ColumnAt(col).alignment, alignment);
+}
+
+void Grid::SetRowHeight(int row, int twips) {
+    Assign(RowAt(row).height, std::max(0, twips));
+}
+
+std::string Grid::FormatText() const {
+    static constexpr std::string_view kMarks = "<^>";
+    std::string format;
+    for (int col = 0; col < Cols(); ++col) {
+        if (col > 0) format += '|';
+        format += kMarks[static_cast<std::size_t>(ColumnAt(col).alignment)];
+        if (Rows() > 0) format += Text(0, col);
+        format += ':' + std::to_string(ColumnAt(col).width);
+    }
+    return format;
+}
+
+const Grid::GridRow& Grid::RowAt(int row) const {
+    if (row < 0 || row >= Rows()) {
+        throw std::out_of_range(Name() + ": no row " + std::to_string(row));
+    }
+    return mRows[static_cast<std::size_t>(row)];
+}
+
+Grid::GridRow& Grid::RowAt(int row) {
+    return const_cast<GridRow&>(std::as_const(*this).RowAt(row));
+}
+
+const Grid::Column& Grid::ColumnAt(int col) const {
+    if (col < 0 || col >= Cols()) {
+        throw std::out_of_range(Name() + ": no column " + std::to_string(col));
+    }
+    return mColumns[static_cast<std::size_t>(col)];
+}
+
+Grid::Column& Grid::ColumnAt(int col) {
+    return const_cast<Column&>(std::as_const(*this).ColumnAt(col));
+}
+
+void Grid::Raise(std::string_view place, const std::function<void()>& notification) {
+    Owner().RunEvent(Name() + "_" + std::string(place), notification);
+}
+
+}  // namespace kelvane::controls

@@ -1,0 +1,216 @@
+// What the operator does in the grid: moving, editing, leaving rows.
+#include <algorithm>
+#include <stdexcept>
+
+#include "controls/grid.h"
+#include "controls/utf8.h"
+
+namespace kelvane::controls {
+
+bool Grid::CanEdit(int row, int col) const {
+    return !mReadOnly && row >= mFixedRows && row < Rows() && col >= mFixedCols && col < Cols() &&
+           !IsLocked(row, col);
+}
+
+bool Grid::RowCanBeEdited(int row) const {
+    for (int col = mFixedCols; col < Cols(); ++col) {
+        if (CanEdit(row, col)) return true;
+    }
+    return false;
+}
+
+void Grid::SetRow(int row) {
+    RowAt(row);
+    if (row != mRow) SetCurrent(row, mCol);
+}
+
+void Grid::SetCol(int col) {
+    ColumnAt(col);
+    if (col != mCol || mSelectionEnd != col) SetCurrent(mRow, col);
+}
+
+void Grid::SetCurrent(int row, int col) {
+    if (mEditing && FinishEdit() == GridAnswer::Refuse) return;
+    if (row != mRow) mRowTouched = false;
+    mRow = row;
+    mCol = col;
+    mSelectionEnd = col;
+    Touch();
+    if (ViewChange) Raise("ViewChange", ViewChange);
+}
+
+bool Grid::MoveTo(int row, int col) {
+    if (Rows() <= mFixedRows) return false;
+    row = std::clamp(row, mFixedRows, Rows() - 1);
+    col = std::clamp(col, mFixedCols, Cols() - 1);
+    if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
+    if (row == mRow && col == mCol) return true;
+    if (row != mRow) {
+        if (!LeaveRow()) return false;
+        row = std::min(row, Rows() - 1);
+        mRowTouched = false;
+    }
+    mRow = row;
+    mCol = col;
+    mSelectionEnd = col;
+    Touch();
+    ShowCurrent();
+    if (EnterCell) Raise("EnterCell", EnterCell);
+    return true;
+}
+
+bool Grid::LeaveRow() {
+    if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
+    if (mRow < mFixedRows || !RowCanBeEdited(mRow) || !RowValidate) return true;
+    GridAnswer answer = GridAnswer::Undecided;
+    int col = mCol;
+    const int row = mRow;
+    Raise("RowValidate", [&] {
+        try {
+            RowValidate(answer, row, col);
+        } catch (...) {
+            answer = GridAnswer::Refuse;
+            throw;
+        }
+    });
+    if (answer != GridAnswer::Refuse) {
+        mRowTouched = false;
+        return true;
+    }
+    if (col != mCol && col >= mFixedCols && col < Cols()) {
+        mCol = col;
+        mSelectionEnd = col;
+        Touch();
+        ShowCurrent();
+        if (EnterCell) Raise("EnterCell", EnterCell);
+    }
+    if (Owner().Refused) Owner().Refused(*this, row, mCol);
+    return false;
+}
+
+bool Grid::OpenEdit() {
+    if (!CanEdit(mRow, mCol)) {
+        if (Owner().Refused) Owner().Refused(*this, mRow, mCol);
+        return false;
+    }
+    ShowCurrent();
+    mEditing = true;
+    mEditTouched = false;
+    mEditFromReference = false;
+    mTextBefore = Text(mRow, mCol);
+    mEditText = mTextBefore;
+    Touch();
+    if (EditModeChange) Raise("EditModeChange", [this] { EditModeChange(true); });
+    return true;
+}
+
+void Grid::CloseEdit() {
+    mEditing = false;
+    mEditTouched = false;
+    mEditText.clear();
+    Touch();
+    if (EditModeChange) Raise("EditModeChange", [this] { EditModeChange(false); });
+}
+
+bool Grid::BeginEdit() {
+    if (mEditing) return true;
+    if (CanEdit(mRow, mCol) && EditCheck) Raise("EditCheck", EditCheck);
+    return OpenEdit();
+}
+
+std::string Grid::FitText(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+    const int limit = ColumnAt(mCol).input.maxLength;
+    if (limit <= 0 || CountUtf8(line) <= static_cast<std::size_t>(limit)) return line;
+    if (Beep) Raise("Beep", Beep);
+    return std::string(FirstUtf8(line, static_cast<std::size_t>(limit)));
+}
+
+void Grid::ReplaceEditText(std::string_view text) {
+    if (!mEditing) return;
+    mEditText = FitText(text);
+    mEditTouched = true;
+    mEditFromReference = false;
+    Touch();
+}
+
+GridAnswer Grid::FinishEdit() {
+    if (!mEditing) return GridAnswer::Accept;
+    if (!mEditTouched) {
+        CloseEdit();
+        return GridAnswer::Accept;
+    }
+    const int row = mRow;
+    const int col = mCol;
+    std::string text = mEditText;
+    SetText(row, col, text);
+    GridAnswer answer = GridAnswer::Accept;
+    if (CellValidate) {
+        Raise("CellValidate", [&] {
+            try {
+                CellValidate(text, answer, row, col);
+            } catch (...) {
+                answer = GridAnswer::Refuse;
+                throw;
+            }
+        });
+    }
+    if (answer == GridAnswer::Refuse) {
+        if (Owner().Refused) Owner().Refused(*this, row, col);
+        return GridAnswer::Refuse;
+    }
+    if (Text(row, col) != text) SetText(row, col, text);
+    mRowTouched = true;
+    if (!mEditFromReference && text != mTextBefore && CellChanged) {
+        Raise("CellChanged", [&] { CellChanged(row, col, mTextBefore, text); });
+    }
+    CloseEdit();
+    return GridAnswer::Accept;
+}
+
+void Grid::CancelEdit() {
+    if (!mEditing) return;
+    if (Text(mRow, mCol) != mTextBefore) SetText(mRow, mCol, mTextBefore);
+    CloseEdit();
+}
+
+bool Grid::CanPressReference() const {
+    return mRow >= mFixedRows && ColumnAt(mCol).reference && CanEdit(mRow, mCol);
+}
+
+bool Grid::PressReference() {
+    if (!CanPressReference() || !CellReference) return false;
+    const bool opened = !mEditing;
+    if (opened && !OpenEdit()) return false;
+    const std::string before = mEditText;
+    std::string value = before;
+    Raise("CellReference", [&] { CellReference(value, mRow, mCol); });
+    if (!mEditing) return true;
+    if (value == before) {
+        if (opened) CloseEdit();
+        return true;
+    }
+    mEditText = FitText(value);
+    mEditTouched = true;
+    mEditFromReference = true;
+    FinishEdit();
+    return true;
+}
+
+std::vector<std::string> Grid::OpenList() {
+    GridDropList list;
+    if (mRow >= mFixedRows && ColumnAt(mCol).list && ComboDropDown) {
+        Raise("ComboDropDown", [&] { ComboDropDown(mRow, mCol, list); });
+    }
+    return list.Items();
+}
+
+bool Grid::ChooseListItem(std::string_view text) {
+    if (!mEditing && !BeginEdit()) return false;
+    ReplaceEditText(text);
+    return FinishEdit() == GridAnswer::Accept;
+}
+
+}  // namespace kelvane::controls

@@ -1,0 +1,168 @@
+// The grid's keyboard.
+#include <algorithm>
+
+#include "controls/grid.h"
+#include "controls/utf8.h"
+
+namespace kelvane::controls {
+
+using platform::Key;
+
+namespace {
+
+bool IsDigit(char32_t character) {
+    return character >= U'0' && character <= U'9';
+}
+
+}  // namespace
+
+bool Grid::TakesCharacter(char32_t character) const {
+    const ColumnInput& input = ColumnAt(mCol).input;
+    if (input.kind == InputKind::Text || IsDigit(character)) return true;
+    if (input.kind == InputKind::Date) {
+        return character == U'.' || character == U'-' || character == U'/';
+    }
+    return character == U'.' || character == U',' || character == U'-' || character == U' ';
+}
+
+// Moves `rows` down, or `step` cells to the side, skipping what is not shown.
+bool Grid::MoveBy(int rows, int step) {
+    int row = mRow;
+    if (rows != 0) {
+        row = std::clamp(mRow + rows, mFixedRows, std::max(mFixedRows, Rows() - 1));
+        const int direction = rows > 0 ? 1 : -1;
+        while (row > mFixedRows && row < Rows() - 1 && RowHeight(row) == 0) row += direction;
+    }
+    int col = mCol + step;
+    while (step != 0 && col > mFixedCols && col < Cols() - 1 && ColumnWidth(col) == 0) col += step;
+    if (col < mFixedCols || col >= Cols() || ColumnWidth(col) == 0) col = mCol;
+    return MoveTo(row, col);
+}
+
+// To the next cell that can be typed into, over the row's end.
+bool Grid::MoveToNextCell(int step) {
+    int row = std::max(mRow, mFixedRows);
+    int col = mRow < mFixedRows ? mFixedCols - step : mCol;
+    for (;;) {
+        col += step;
+        if (col >= Cols()) {
+            col = mFixedCols;
+            ++row;
+        } else if (col < mFixedCols) {
+            col = Cols() - 1;
+            --row;
+        }
+        // Past the last cell there is nowhere to go, but what was typed is kept.
+        if (row < mFixedRows || row >= Rows()) {
+            if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
+            return !mRowTouched || LeaveRow();
+        }
+        const bool open =
+            ColumnWidth(col) > 0 && RowHeight(row) > 0 && (mReadOnly || !IsLocked(row, col));
+        if (open) return MoveTo(row, col);
+        // A row that is locked throughout is stepped onto once, not searched through.
+        if (!RowCanBeEdited(row)) return MoveTo(row, col);
+    }
+}
+
+bool Grid::NavigationKey(Key key, int shift) {
+    if (key == Key::Tab) {
+        MoveToNextCell((shift & platform::kShift) != 0 ? -1 : 1);
+        return true;
+    }
+    if (key != Key::Escape) return false;
+    if (mEditing) {
+        CancelEdit();
+        return true;
+    }
+    if (mRow < mFixedRows || !AbandonRow) return false;
+    Raise("AbandonRow", [this] { AbandonRow(mRow); });
+    return true;
+}
+
+bool Grid::KeyDown(Key key, int shift) {
+    const bool ctrl = (shift & platform::kCtrl) != 0;
+    const bool alt = (shift & platform::kAlt) != 0;
+    if (alt) return false;
+    const int page = std::max(1, VisibleRows());
+    switch (key) {
+        case Key::Up:
+            MoveBy(-1, 0);
+            return true;
+        case Key::Down:
+            MoveBy(1, 0);
+            return true;
+        case Key::PageUp:
+            MoveBy(-page, 0);
+            return true;
+        case Key::PageDown:
+            MoveBy(page, 0);
+            return true;
+        case Key::Enter:
+            MoveToNextCell(1);
+            return true;
+        case Key::F2:
+            if (!mEditing) return BeginEdit();
+            if (HasReference(mCol)) PressReference();
+            return true;
+        default:
+            break;
+    }
+    if (mEditing) {
+        if (key != Key::Backspace) return false;
+        std::string text = mEditText;
+        DropLastUtf8(text);
+        ReplaceEditText(text);
+        return true;
+    }
+    switch (key) {
+        case Key::Left:
+            MoveBy(0, -1);
+            return true;
+        case Key::Right:
+            MoveBy(0, 1);
+            return true;
+        case Key::Home:
+            MoveTo(ctrl ? mFixedRows : mRow, mFixedCols);
+            return true;
+        case Key::End:
+            MoveTo(ctrl ? Rows() - 1 : mRow, Cols() - 1);
+            return true;
+        case Key::Delete:
+            if (mRow < mFixedRows) return false;
+            if (!BeginEdit()) return true;
+            ReplaceEditText("");
+            FinishEdit();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool Grid::KeyPress(char32_t character) {
+    if (character < U' ' || character == 127) return false;
+    if (mRow < mFixedRows) return false;
+    if (!mEditing) {
+        // The blank opens a cell with its text, any other character begins a new text.
+        if (character == U' ') return BeginEdit();
+        if (!TakesCharacter(character)) {
+            if (Beep) Raise("Beep", Beep);
+            return true;
+        }
+        if (!BeginEdit()) return true;
+        std::string text;
+        AppendUtf8(text, character);
+        ReplaceEditText(text);
+        return true;
+    }
+    if (!TakesCharacter(character)) {
+        if (Beep) Raise("Beep", Beep);
+        return true;
+    }
+    std::string text = mEditText;
+    AppendUtf8(text, character);
+    ReplaceEditText(text);
+    return true;
+}
+
+}  // namespace kelvane::controls

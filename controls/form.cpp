@@ -61,6 +61,12 @@ void Form::Load() {
     mLoaded = true;
     RunEvent("Form_Load", [this] { Form_Load(); });
     RunEvent("Form_Resize", [this] { Form_Resize(); });
+    if (mActive == nullptr) {
+        const auto first = std::find_if(mControls.begin(), mControls.end(), [](Control* control) {
+            return control->Visible() && dynamic_cast<KeyTarget*>(control) != nullptr;
+        });
+        if (first != mControls.end()) mActive = *first;
+    }
 }
 
 void Form::Activate() {

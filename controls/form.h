@@ -66,6 +66,7 @@ public:
     const std::vector<Control*>& Controls() const { return mControls; }
     Control* Find(std::string_view name) const;
 
+    // The control that takes the keys; the first that can when nothing else was given the focus.
     Control* ActiveControl() const { return mActive; }
     void SetFocus(Control& control);
 

@@ -145,6 +145,8 @@ public:
     void SetTopRow(int row);
     int LeftCol() const { return mLeftCol; }
     void SetLeftCol(int col);
+    // Scrolls so far that the current cell can be seen.
+    void ShowCurrent();
     int VisibleRows() const;
     bool IsRowShown(int row) const;
     void SetWidth(int twips) override;
@@ -225,7 +227,6 @@ private:
     bool OpenEdit();
     void CloseEdit();
     void SetCurrent(int row, int col);
-    void ShowCurrent();
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);
     bool TakesCharacter(char32_t character) const;

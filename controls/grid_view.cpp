@@ -73,7 +73,6 @@ void Grid::ResizeColumn(int col, int twips) {
     if (ViewChange) Raise("ViewChange", ViewChange);
 }
 
-// Scrolls so far that the current cell can be seen.
 void Grid::ShowCurrent() {
     if (mRow >= mFixedRows) {
         if (mRow < mTopRow) {

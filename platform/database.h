@@ -126,6 +126,16 @@ protected:
     virtual void DoExecute(const std::string& statement) = 0;
     virtual std::unique_ptr<RecordSet> DoOpenRecordSet(const std::string& statement,
                                                        const RecordSetOptions& options) = 0;
+
+    // For a connection that stands in front of another one: hands a checked text on to `inner`.
+    static void ForwardExecute(Connection& inner, const std::string& statement) {
+        inner.DoExecute(statement);
+    }
+    static std::unique_ptr<RecordSet> ForwardOpenRecordSet(Connection& inner,
+                                                           const std::string& statement,
+                                                           const RecordSetOptions& options) {
+        return inner.DoOpenRecordSet(statement, options);
+    }
 };
 
 // A transaction as a scope: leaving it without Commit() rolls back.

@@ -21,12 +21,16 @@ public:
     // inside this call.
     virtual bool Act(controls::Form& topmost) = 0;
 
-    // What could be seen, in the order it happened.
+    // What could be seen, in the order it happened. A window is opened after its Form_Load and
+    // before its Form_Activate, and closed after its unload; focus moves, refusals and the grid's
+    // beeps are told in between, not before the window can be seen.
     virtual void Opened(const std::string& window) = 0;
     virtual void Closed(const std::string& window) = 0;
     virtual void Focused(const std::string& control) = 0;
     virtual void Refused(int row, int column) = 0;
     virtual void Beeped() = 0;
+    // The help file came up; `file` is its name without the folder.
+    virtual void HelpShown(const std::string& /*file*/) {}
 
     // What the operator answers to a message box; notes the box and the answer.
     virtual platform::MessageAnswer Answer(const platform::Message& message) = 0;

@@ -23,7 +23,12 @@ endif()
 # kelvane_library(NAME SOURCES...): one folder's static library. Includes name their folder
 # ("data/number_format.h"), so the only include folder is the project's root.
 function(kelvane_library name)
-    add_library(${name} STATIC ${ARGN})
+    set(sources ${ARGN})
+    if(NOT sources)  # a folder whose first source is still to come
+        set(sources "${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp")
+        file(TOUCH "${sources}")
+    endif()
+    add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kelvane>)

@@ -35,13 +35,15 @@ public:
     std::string ToText() const;
 
     // Whole number, doubles and amounts rounded half to even, texts by their leading number.
-    // Null and texts without a number are 0. Throws std::range_error when it does not fit.
+    // Null and texts without a number are 0. Throws std::range_error when it does not fit, and
+    // std::invalid_argument for a date.
     std::int64_t ToInteger() const;
 
     // Exact amount; Null and empty text are 0. Throws MoneyTextError and MoneyOverflow.
     Money ToMoney() const;
 
-    // Numeric value of a text's leading number, 0 when there is none and for Null.
+    // Numeric value of a text's leading number, 0 when there is none and for Null. Throws as
+    // ToInteger() does.
     double ToDouble() const;
 
     // Date of a date field or of a text in one of DateTime::Parse's forms. Throws

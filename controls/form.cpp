@@ -87,9 +87,18 @@ bool Form::Unload(UnloadMode mode) {
     return !cancel;
 }
 
-bool Form::KeyDown(platform::Key key, int shift) {
+bool Form::OfferKeyDown(platform::Key& key, int shift) {
     RunEvent("Form_KeyDown", [&] { Form_KeyDown(key, shift); });
-    if (key == platform::Key::None) return true;
+    return key == platform::Key::None;
+}
+
+bool Form::OfferKeyPress(char32_t& character) {
+    RunEvent("Form_KeyPress", [&] { Form_KeyPress(character); });
+    return character == 0;
+}
+
+bool Form::KeyDown(platform::Key key, int shift) {
+    if (OfferKeyDown(key, shift)) return true;
     auto* target = dynamic_cast<KeyTarget*>(mActive);
     bool used = false;
     if (target != nullptr) RunEvent("KeyDown", [&] { used = target->KeyDown(key, shift); });
@@ -97,8 +106,7 @@ bool Form::KeyDown(platform::Key key, int shift) {
 }
 
 bool Form::KeyPress(char32_t character) {
-    RunEvent("Form_KeyPress", [&] { Form_KeyPress(character); });
-    if (character == 0) return true;
+    if (OfferKeyPress(character)) return true;
     auto* target = dynamic_cast<KeyTarget*>(mActive);
     bool used = false;
     if (target != nullptr) RunEvent("KeyPress", [&] { used = target->KeyPress(character); });

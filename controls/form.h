@@ -83,6 +83,10 @@ public:
     bool KeyDown(platform::Key key, int shift);
     bool KeyPress(char32_t character);
     bool KeyUp(platform::Key key, int shift);
+    // The first half of the two above, for a view whose own field does the typing: only the form's
+    // handler sees the key and may change it; true when it consumed the key.
+    bool OfferKeyDown(platform::Key& key, int shift);
+    bool OfferKeyPress(char32_t& character);
 
     // Runs `handler` as one of this form's events: what it throws is reported to Trapped().
     void RunEvent(std::string_view place, const std::function<void()>& handler) noexcept;

@@ -140,6 +140,12 @@ public:
     int SelectionEnd() const { return mSelectionEnd; }
     void SetSelectionEnd(int col) { Assign(mSelectionEnd, col); }
 
+    // What the scroll bars at the grid's lower and right edge take of its size, in twips. Their
+    // room is kept whether or not there is anything to scroll.
+    static constexpr int kScrollBar = 255;
+    int ViewWidth() const { return Width() > kScrollBar ? Width() - kScrollBar : 0; }
+    int ViewHeight() const { return Height() > kScrollBar ? Height() - kScrollBar : 0; }
+
     // The part of the grid that its height and width show.
     int TopRow() const { return mTopRow; }
     void SetTopRow(int row);
@@ -176,6 +182,8 @@ public:
     // Raises ComboDropDown and returns the list's items; empty when the column has no list.
     std::vector<std::string> OpenList();
     bool ChooseListItem(std::string_view text);
+    // True when `character` fits the input kind of the current column.
+    bool TakesCharacter(char32_t character) const;
     // The operator drags a column's edge.
     void ResizeColumn(int col, int twips);
 
@@ -229,7 +237,6 @@ private:
     void SetCurrent(int row, int col);
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);
-    bool TakesCharacter(char32_t character) const;
     std::string FitText(std::string_view text);
     void Raise(std::string_view place, const std::function<void()>& notification);
 

@@ -22,7 +22,7 @@ void Grid::SetLeftCol(int col) {
 }
 
 int Grid::VisibleRows() const {
-    int room = Height();
+    int room = ViewHeight();
     for (int row = 0; row < mFixedRows && row < Rows(); ++row) room -= RowHeight(row);
     int count = 0;
     for (int row = mTopRow; row < Rows(); ++row) {
@@ -77,8 +77,8 @@ void Grid::ShowCurrent() {
     if (mRow >= mFixedRows) {
         if (mRow < mTopRow) {
             SetTopRow(mRow);
-        } else if (Height() > 0 && !IsRowShown(mRow)) {
-            int room = Height();
+        } else if (ViewHeight() > 0 && !IsRowShown(mRow)) {
+            int room = ViewHeight();
             for (int row = 0; row < mFixedRows; ++row) room -= RowHeight(row);
             int top = mRow;
             room -= RowHeight(top);
@@ -89,10 +89,10 @@ void Grid::ShowCurrent() {
     if (mCol >= mFixedCols) {
         if (mCol < mLeftCol) {
             SetLeftCol(mCol);
-        } else if (Width() > 0) {
+        } else if (ViewWidth() > 0) {
             int left = mLeftCol;
             int right = CellLeft(mCol) + ColumnWidth(mCol);
-            while (left < mCol && right > Width()) right -= ColumnWidth(left++);
+            while (left < mCol && right > ViewWidth()) right -= ColumnWidth(left++);
             SetLeftCol(left);
         }
     }

@@ -72,7 +72,8 @@ public:
 
     bool IsLoaded() const { return mLoaded; }
 
-    // For the view and for the window's own code.
+    // For the view and for the window's own code. A loaded form has an active control, the first
+    // that takes keys unless Form_Load chose another one.
     void Load();
     void Activate();
     // Unloads unless Form_QueryUnload cancels; returns true when the form was unloaded.

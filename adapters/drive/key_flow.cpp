@@ -1,0 +1,101 @@
+#include "adapters/drive/key_flow.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "controls/button.h"
+#include "controls/combo_box.h"
+#include "controls/grid.h"
+
+namespace kelvane::drive {
+
+using controls::Button;
+using controls::Control;
+using controls::Form;
+using controls::Grid;
+using platform::Key;
+
+namespace {
+
+bool CanFocus(Control* control) {
+    if (!control->Visible() || !control->Enabled()) return false;
+    return dynamic_cast<controls::KeyTarget*>(control) != nullptr ||
+           dynamic_cast<controls::ComboBox*>(control) != nullptr ||
+           dynamic_cast<Button*>(control) != nullptr;
+}
+
+// The control next to the active one in the order they joined the form, round its end.
+Control* NextControl(const Form& form, int step) {
+    std::vector<Control*> stops;
+    std::copy_if(form.Controls().begin(), form.Controls().end(), std::back_inserter(stops),
+                 CanFocus);
+    if (stops.empty()) return nullptr;
+    const auto count = static_cast<long>(stops.size());
+    const auto active = std::find(stops.begin(), stops.end(), form.ActiveControl());
+    const long at = active == stops.end() ? (step > 0 ? -1 : count) : active - stops.begin();
+    return stops[static_cast<std::size_t>((at + step + count) % count)];
+}
+
+Button* FindButton(const Form& form, bool (Button::*is)() const) {
+    for (Control* control : form.Controls()) {
+        auto* button = dynamic_cast<Button*>(control);
+        if (button != nullptr && (button->*is)() && button->Visible() && button->Enabled()) {
+            return button;
+        }
+    }
+    return nullptr;
+}
+
+bool Press(Button* button) {
+    if (button == nullptr) return false;
+    button->Press();
+    return true;
+}
+
+// What a window does with a key before its own code sees it.
+bool PressInWindow(Form& form, const KeyStroke& stroke) {
+    if ((stroke.shift & (platform::kCtrl | platform::kAlt)) != 0) return false;
+    auto* grid = dynamic_cast<Grid*>(form.ActiveControl());
+    auto* active = dynamic_cast<Button*>(form.ActiveControl());
+    switch (stroke.key) {
+        case Key::Tab: {
+            if (grid != nullptr) return grid->NavigationKey(stroke.key, stroke.shift);
+            Control* next = NextControl(form, (stroke.shift & platform::kShift) != 0 ? -1 : 1);
+            if (next != nullptr) next->SetFocus();
+            return next != nullptr;
+        }
+        case Key::Escape:
+            if (grid != nullptr && grid->NavigationKey(stroke.key, stroke.shift)) return true;
+            return Press(FindButton(form, &Button::IsCancel));
+        case Key::Enter:
+            if (active != nullptr) return Press(active);
+            return grid == nullptr && Press(FindButton(form, &Button::IsDefault));
+        case Key::Space:
+            return Press(active);
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+bool PressKey(Form& form, const KeyStroke& stroke) {
+    if (stroke.key == Key::F4 && stroke.shift == platform::kAlt) {
+        form.Unload(controls::UnloadMode::CloseBox);
+        return true;
+    }
+    if (PressInWindow(form, stroke)) return true;
+    const bool toGrid = dynamic_cast<Grid*>(form.ActiveControl()) != nullptr &&
+                        (stroke.key == Key::Tab || stroke.key == Key::Escape);
+    if (toGrid) return false;
+
+    bool used = form.KeyDown(stroke.key, stroke.shift);
+    const bool types =
+        stroke.character != 0 && (stroke.shift & (platform::kCtrl | platform::kAlt)) == 0;
+    if (!used && types && form.IsLoaded()) used = form.KeyPress(stroke.character);
+    if (form.IsLoaded()) form.KeyUp(stroke.key, stroke.shift);
+    return used;
+}
+
+}  // namespace kelvane::drive

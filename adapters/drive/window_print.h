@@ -1,0 +1,25 @@
+// A window's state as text, for a script's "print" commands.
+#pragma once
+
+#include "adapters/drive/transcript.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+
+namespace kelvane::drive {
+
+// One line a row, the header first: row number, row data, cells joined by "|"; "#" before a locked
+// cell.
+void PrintGrid(const controls::Grid& grid, Transcript& transcript);
+
+// One line a button of the toolbar that the operator sees: key, caption, enabled or disabled, and
+// hidden when it is; "-" for a separator. Throws ScriptError when the window shows no toolbar.
+void PrintToolbar(const controls::Form& form, Transcript& transcript);
+
+// The window's name, caption, size in twips and notice, its controls, the current cell and the
+// cell being edited.
+void PrintWindow(const controls::Form& form, Transcript& transcript);
+
+// The window's first grid; null when it has none.
+controls::Grid* FindGrid(const controls::Form& form);
+
+}  // namespace kelvane::drive

@@ -1,0 +1,67 @@
+#include "adapters/headless/headless_windows.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "adapters/headless/form_watch.h"
+
+namespace kelvane::headless {
+
+using controls::Form;
+using controls::UnloadMode;
+
+void HeadlessWindows::ShowModal(platform::Window& window) {
+    auto* form = dynamic_cast<Form*>(&window);
+    if (form == nullptr) throw std::invalid_argument(window.Name() + " is no form");
+    if (std::find(mOpen.begin(), mOpen.end(), form) != mOpen.end()) {
+        throw std::logic_error(window.Name() + " is already shown");
+    }
+    form->Load();
+    if (!form->IsLoaded()) return;
+
+    mOpen.push_back(form);
+    {
+        const FormWatch watch(*form, mOperator);
+        mOperator.Opened(form->Name());
+        form->Activate();
+        RunModal(*form);
+    }
+    mOpen.pop_back();
+    if (mOpen.empty()) mSentKeys.clear();
+    mOperator.Closed(form->Name());
+}
+
+void HeadlessWindows::RunModal(Form& form) {
+    while (form.IsLoaded()) {
+        DeliverKeys(form);
+        if (!form.IsLoaded()) return;
+        if (mOperator.Act(form)) continue;
+        if (form.IsLoaded() && !form.Unload(UnloadMode::CloseBox)) form.Unload(UnloadMode::Code);
+        return;
+    }
+}
+
+void HeadlessWindows::DeliverKeys(Form& form) {
+    while (form.IsLoaded() && !mSentKeys.empty()) {
+        const drive::KeyStroke stroke = mSentKeys.front();
+        mSentKeys.pop_front();
+        const bool used = drive::PressKey(form, stroke);
+        if (!used && stroke.key == platform::Key::F1) ShowHelp();
+    }
+}
+
+void HeadlessWindows::ShowHelp() {
+    if (mHelpFile.empty()) return;
+    const std::size_t folder = mHelpFile.find_last_of("/\\");
+    mOperator.HelpShown(folder == std::string::npos ? mHelpFile : mHelpFile.substr(folder + 1));
+}
+
+platform::MessageAnswer HeadlessWindows::ShowMessage(const platform::Message& message) {
+    return mOperator.Answer(message);
+}
+
+void HeadlessWindows::SendKeys(std::string_view keys) {
+    for (const drive::KeyStroke& stroke : drive::ParseSentKeys(keys)) mSentKeys.push_back(stroke);
+}
+
+}  // namespace kelvane::headless

@@ -165,6 +165,8 @@ public:
     int EditState() const { return mEditing ? 1 : 0; }
     bool IsEditing() const { return mEditing; }
     const std::string& EditText() const { return mEditText; }
+    // Whether F2 opens the current cell by itself; a window that opens cells its own way says no.
+    void SetOpensWithF2(bool opens) { mOpensWithF2 = opens; }
     // True when the current row was changed by the operator since it became current or was saved.
     bool RowTouched() const { return mRowTouched; }
     void SetRowTouched(bool touched) { mRowTouched = touched; }
@@ -251,6 +253,7 @@ private:
     Color mFixedColor = Rgb(236, 236, 236);
     Color mLockedColor = Rgb(205, 208, 215);
     bool mReadOnly = false;
+    bool mOpensWithF2 = true;
     int mRow = 0;
     int mCol = 0;
     int mSelectionEnd = 0;

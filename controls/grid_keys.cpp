@@ -102,7 +102,7 @@ bool Grid::KeyDown(Key key, int shift) {
             MoveToNextCell(1);
             return true;
         case Key::F2:
-            if (!mEditing) return BeginEdit();
+            if (!mEditing) return mOpensWithF2 && BeginEdit();
             if (HasReference(mCol)) PressReference();
             return true;
         default:

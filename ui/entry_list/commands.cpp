@@ -1,0 +1,273 @@
+// The window's commands: toolbar, hot keys, the detail button, resizing and closing.
+#include <algorithm>
+#include <array>
+
+#include "data/budget_control.h"
+#include "data/login_context.h"
+#include "data/messages.h"
+#include "ui/common/detail_handover.h"
+#include "ui/entry_list/entry_list.h"
+
+namespace kelvane::ui {
+
+using controls::ToolbarButton;
+using platform::Key;
+using platform::kCtrl;
+
+namespace {
+
+constexpr int kMinWidth = 9195;
+constexpr int kMinHeight = 6190;
+constexpr int kToolbarHeight = 630;
+constexpr int kTitleHeight = 450;
+
+}  // namespace
+
+// One toolbar command: whether it is ignored while a cell is open, whether the window it needs is
+// there, and what it runs.
+struct frmPeriodItem::Command {
+    std::string_view key;
+    bool ignoredWhileEditing;
+    bool (*isThere)();
+    void (*run)(frmPeriodItem&);
+};
+
+const frmPeriodItem::Command* frmPeriodItem::FindCommand(std::string_view key) {
+    static constexpr auto always = [] { return true; };
+    static constexpr auto never = [] { return false; };
+    static constexpr auto nothing = [](frmPeriodItem&) {};
+    static constexpr std::array kCommands{
+        Command{"PreView", false, never, nothing},
+        Command{"Print", true, never, nothing},
+        Command{"DataOut", true, never, nothing},
+        Command{"Add", true, always, [](frmPeriodItem& form) { form.AddEntryRow(); }},
+        Command{"Delete", true, always,
+                [](frmPeriodItem& form) {
+                    const int row = form.GridPeriodItem.Row();
+                    // The sixth button is "Delete", by the separators' places.
+                    if (!form.Toolbar1.Buttons()[5].Enabled()) return;
+                    if (row < 1 || form.GridPeriodItem.RowData(row) == 0) return;
+                    if (form.CheckRowDeletable(row)) form.DeleteRow();
+                }},
+        Command{"Find", false, never, nothing},
+        Command{"Help", false, always,
+                [](frmPeriodItem&) { data::gServices->windows->SendKeys("{f1}"); }},
+        Command{"Exit", true, always, [](frmPeriodItem& form) { form.Unload(); }},
+    };
+    const auto* found = std::find_if(kCommands.begin(), kCommands.end(),
+                                     [&](const Command& command) { return command.key == key; });
+    return found == kCommands.end() ? nullptr : found;
+}
+
+frmPeriodItem& GetPeriodItemForm() {
+    static frmPeriodItem form;
+    return form;
+}
+
+frmPeriodItem::frmPeriodItem()
+    : ToolbarForm("frmPeriodItem"),
+      Picture1(*this, "Picture1"),
+      CapLable(*this, "CapLable"),
+      GridPeriodItem(*this, "GridPeriodItem"),
+      cmdRef(*this, "cmdRef"),
+      mFailureNotice([this](const std::string& text) { SetNotice(text); }) {
+    SetCaption("项目期初录入");
+    SetSize(12000, 7800);
+    SetMinSize(kMinWidth, kMinHeight);
+    Toolbar1.AddButton("Print", "打印");
+    Toolbar1.AddButton("PreView", "预览");
+    Toolbar1.AddButton("DataOut", "输出");
+    Toolbar1.AddSeparator();
+    Toolbar1.AddButton("Add", "增加");
+    Toolbar1.AddButton("Delete", "删除");
+    Toolbar1.AddSeparator();
+    Toolbar1.AddButton("Find", "定位");
+    Toolbar1.AddSeparator();
+    Toolbar1.AddButton("Help", "帮助");
+    Toolbar1.AddButton("Exit", "退出");
+    Toolbar1.SetHeight(kToolbarHeight);
+    CTBCtrl1.SetHeight(kToolbarHeight);
+    Picture1.SetHeight(kTitleHeight);
+    CapLable.SetCaption("项目期初录入");
+    CapLable.SetTitle(true);
+    CapLable.SetWidth(2400);
+    CapLable.SetHeight(360);
+    cmdRef.SetVisible(false);
+    cmdRef.Click = [this] { cmdRef_Click(); };
+    GridPeriodItem.SetOpensWithF2(false);
+    WireGrid();
+    data::gCurrentEntry = [this] {
+        const int row = GridPeriodItem.Row();
+        return data::CurrentEntry{GridPeriodItem.RowData(row), CellText(row, kElementColumn),
+                                  CellText(row, kItemColumn)};
+    };
+    data::gTrapListener = [this](std::string_view place) { mFailureNotice.Failed(place); };
+}
+
+frmPeriodItem::~frmPeriodItem() {
+    data::gCurrentEntry = {};
+    data::gTrapListener = {};
+}
+
+void frmPeriodItem::DisableMissingCommands() {
+    for (ToolbarButton& button : Toolbar1.Buttons()) {
+        const Command* command = FindCommand(button.Key());
+        if (command != nullptr && !command->isThere()) button.SetEnabled(false);
+    }
+    cmdRef.SetEnabled(static_cast<bool>(gShowDetailEditor));
+    const bool hasLists = static_cast<bool>(data::gServices->createReferenceList);
+    for (const int col : {kCenterColumn, kItemColumn, kElementColumn}) {
+        GridPeriodItem.SetColumnReference(col, hasLists);
+    }
+    GridPeriodItem.SetColumnReference(kAmountColumn, static_cast<bool>(gShowDetailEditor));
+}
+
+void frmPeriodItem::Toolbar1_ButtonClick(ToolbarButton& button) {
+    const Command* command = FindCommand(button.Key());
+    if (command != nullptr) {
+        if (command->ignoredWhileEditing && GridPeriodItem.EditState() == 1) return;
+        if (command->isThere()) command->run(*this);
+        if (command->key == "Exit") return;
+    }
+    CTBCtrl1.Refresh();
+}
+
+void frmPeriodItem::ClickButton(std::string_view key) {
+    if (ToolbarButton* button = Toolbar1.Button(key)) Toolbar1_ButtonClick(*button);
+}
+
+void frmPeriodItem::Form_KeyUp(Key& key, int shift) {
+    struct HotKey {
+        Key key;
+        bool needsCtrl;
+        bool needsEnabled;
+        const char* button;
+    };
+    static constexpr std::array kHotKeys{
+        HotKey{Key::F3, false, false, "Find"}, HotKey{Key::P, true, false, "Print"},
+        HotKey{Key::I, true, true, "Add"},     HotKey{Key::D, true, true, "Delete"},
+        HotKey{Key::F4, true, false, "Exit"},
+    };
+    const auto* hotKey = std::find_if(
+        kHotKeys.begin(), kHotKeys.end(), [&](const HotKey& candidate) {
+            return candidate.key == key && (!candidate.needsCtrl || shift == kCtrl);
+        });
+    if (hotKey == kHotKeys.end()) return;
+    if (hotKey->needsEnabled && !Toolbar1.Button(hotKey->button)->Enabled()) return;
+    ClickButton(hotKey->button);
+}
+
+void frmPeriodItem::Form_KeyDown(Key& key, int /*shift*/) {
+    const controls::Grid& grid = GridPeriodItem;
+    if (key == Key::F1 || ActiveControl() != &grid || grid.Row() < 1) return;
+    const int row = grid.Row();
+    const int col = grid.Col();
+    if (key == Key::F2 && mSendingOpenKeys) {
+        // Our own keystroke. The blank before it opens every cell but an amount made of detail
+        // lines, which takes no character.
+        mSendingOpenKeys = false;
+        key = Key::None;
+        if (!mEditing && col == kAmountColumn && !grid.ReadOnly()) GridPeriodItem.BeginEdit();
+        return;
+    }
+    if (key == Key::F2 && !mEditing && !grid.IsLocked(row, col)) {
+        bool ok = false;
+        CheckBeforeEntry(ok);
+        if (!ok) return;
+        key = Key::None;
+        mSendingOpenKeys = true;
+        data::gServices->windows->SendKeys(" ");
+        data::gServices->windows->SendKeys("{f2}");
+        return;
+    }
+    if (col == kItemColumn && key != Key::F2 && key != Key::Space) {
+        key = Key::None;
+        return;
+    }
+    const bool keptInLines =
+        !CellText(row, kElementColumn).empty() && ElementDetailFlag(row) != 0;
+    if (key == Key::Delete && col == kAmountColumn && keptInLines) key = Key::None;
+}
+
+void frmPeriodItem::Form_KeyPress(char32_t& character) {
+    try {
+        const int row = GridPeriodItem.Row();
+        if (GridPeriodItem.Col() != kAmountColumn || row < 1) return;
+        if (CellText(row, kElementColumn).empty()) {
+            data::ShowInformation("请先填充要素", "项目管理");
+        } else if (ElementDetailFlag(row) != 0) {
+            data::gServices->windows->Beep();
+            character = 0;
+        }
+    } catch (...) {
+        data::ReportTrapped("Form_KeyPress");
+    }
+}
+
+void frmPeriodItem::cmdRef_Click() {
+    if (!gShowDetailEditor) return;
+    const int row = GridPeriodItem.Row();
+    gDetailHandover.bReadOnly = true;
+    gDetailHandover.bEquipment = ElementDetailFlag(row) == 2;
+    try {
+        gShowDetailEditor();
+    } catch (...) {
+        data::ReportTrapped("cmdRef_Click");
+    }
+    gDetailHandover.bReadOnly = false;
+}
+
+void frmPeriodItem::Form_Resize() {
+    try {
+        if (Width() < kMinWidth || Height() < kMinHeight) {
+            SetSize(std::max(Width(), kMinWidth), std::max(Height(), kMinHeight));
+            return;
+        }
+        const platform::Windows& windows = *data::gServices->windows;
+        const int pixel = windows.TwipsPerPixelX();
+        GridPeriodItem.SetWidth(Width() - 90);
+        GridPeriodItem.SetHeight(Height() - Toolbar1.Height() - Picture1.Height() - 500);
+        CTBCtrl1.SetWidth(ScaleWidth());
+        Toolbar1.SetWidth(ScaleWidth());
+        CapLable.SetLeft((ScaleWidth() - CapLable.Width()) / 2);
+        Picture1.SetTop(CTBCtrl1.Height() - pixel);
+        CapLable.SetTop(Picture1.Top() + (Picture1.Height() - CapLable.Height()) / 2);
+        GridPeriodItem.SetTop(Picture1.Top() + Picture1.Height() - pixel);
+        Picture1.SetWidth(ScaleWidth());
+        cmdRef.SetVisible(false);
+    } catch (...) {
+        data::ReportTrapped("Form_Resize");
+    }
+}
+
+// A row that was changed and not yet left is saved before the window goes; when it cannot be, the
+// operator decides.
+void frmPeriodItem::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/) {
+    const bool cellRefused = GridPeriodItem.FinishEdit() == controls::GridAnswer::Refuse;
+    if (!cellRefused && (!GridPeriodItem.RowTouched() || GridPeriodItem.LeaveRow())) return;
+    const platform::Message question{
+        .text = "数据尚未保存,确认退出吗?",
+        .caption = "项目管理",
+        .icon = platform::MessageIcon::Question,
+        .buttons = platform::MessageButtons::YesNo,
+    };
+    cancel = data::gServices->windows->ShowMessage(question) != platform::MessageAnswer::Yes;
+}
+
+void frmPeriodItem::Form_Unload() {
+    GridPeriodItem.CancelEdit();
+    data::gServices->windows->ShowMessage({
+        .text = "如果你修改了项目期初的数据，请重新做分配计算，以免计算结果出现数据错误！",
+        .caption = "提示信息",
+        .icon = platform::MessageIcon::Exclamation,
+    });
+}
+
+void frmPeriodItem::Trapped(std::string_view place, std::string_view detail) noexcept {
+    if (data::gServices->diagnostics != nullptr) {
+        data::gServices->diagnostics->Trapped(place, detail);
+    }
+    mFailureNotice.Failed(place);
+}
+
+}  // namespace kelvane::ui

@@ -1,0 +1,309 @@
+// Opening the list: layout, re-sum of entries kept in detail, loading, the entry lock, new rows.
+#include <algorithm>
+#include <array>
+
+#include "data/date_text.h"
+#include "data/login_context.h"
+#include "data/messages.h"
+#include "data/number_format.h"
+#include "data/text_conversion.h"
+#include "ui/entry_list/entry_list.h"
+
+namespace kelvane::ui {
+
+using controls::Alignment;
+using controls::ColumnInput;
+using controls::InputKind;
+using data::gEnv;
+using platform::DateTime;
+using platform::RecordSet;
+using platform::StatementText;
+using platform::Value;
+
+namespace {
+
+constexpr int kHeaderHeight = 400;
+constexpr int kRowHeight = 300;
+
+struct ColumnLayout {
+    int col;
+    const char* header;
+    int width;
+    Alignment alignment;
+    ColumnInput input;
+    bool reference;
+    bool list;
+};
+
+// Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class.
+constexpr std::array kColumns{
+    ColumnLayout{0, "", 0, Alignment::Left, {}, false, false},
+    ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 10}, false, false},
+    ColumnLayout{
+        kCenterColumn, "责任中心", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
+    ColumnLayout{
+        kItemColumn, "项目编号", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
+    ColumnLayout{kItemNameColumn, "", 2500, Alignment::Left, {InputKind::Text, 255}, false, false},
+    ColumnLayout{kKey1Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
+    ColumnLayout{kKey2Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
+    ColumnLayout{
+        kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 60}, true, false},
+    ColumnLayout{
+        kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 120}, false, false},
+    ColumnLayout{kAmountColumn,
+                 "未结转期初",
+                 1500,
+                 Alignment::Right,
+                 {InputKind::Number, 20, 2, true},
+                 true,
+                 false},
+};
+constexpr int kKeywordWidth = 1500;
+
+struct ToolbarImageUse {
+    const char* image;
+    int picture;
+    const char* button;
+};
+
+constexpr std::array kToolbarImages{
+    ToolbarImageUse{"Print", kPicturePrint, "Print"},
+    ToolbarImageUse{"Preview", kPicturePreview, "PreView"},
+    ToolbarImageUse{"Output", kPictureOutput, "DataOut"},
+    ToolbarImageUse{"Addnew", kPictureAddnew, "Add"},
+    ToolbarImageUse{"Delete", kPictureDelete, "Delete"},
+    ToolbarImageUse{"Find", kPictureFind, "Find"},
+    ToolbarImageUse{"Help", kPictureHelp, "Help"},
+    ToolbarImageUse{"Quit", kPictureQuit, "Exit"},
+};
+
+std::unique_ptr<RecordSet> Query(const StatementText& statement) {
+    return gEnv->DataAccess().Query(statement);
+}
+
+}  // namespace
+
+void frmPeriodItem::Form_Load() {
+    ResetToDesign();
+    SetIconPicture(kPictureWindow);
+    data::gServices->windows->SetHelpFile(gEnv->HostPath() + "\\help\\" + "项目管理.chm");
+    data::gToolbarStyle = ReadToolbarStyle() == 1 ? 0 : 1;
+    ApplyToolbarStyle(*this);
+    CTBCtrl1.Refresh();
+    data::LoadPmStartDate();
+    data::LoadItemKeyFields();
+    LoadEntryGrid();
+    SetupToolbar();
+    cmdRef.SetPicture(kPictureReference);
+    CaptureGridLayout();
+}
+
+// The window is one instance: what an earlier opening left is undone.
+void frmPeriodItem::ResetToDesign() {
+    mFailureNotice.Clear();
+    GridPeriodItem.SetReadOnly(false);
+    GridPeriodItem.SetRowTouched(false);
+    cmdRef.SetVisible(false);
+    for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
+    mDetailSql = {};
+}
+
+void frmPeriodItem::LayOutGrid() {
+    mItemNameCaption.clear();
+    const auto caption = Query(
+        "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'");
+    if (!caption->EndOfFile()) mItemNameCaption = caption->Field(0).ToText();
+
+    controls::Grid& grid = GridPeriodItem;
+    grid.SetRows(0);
+    grid.SetDefaultRowHeight(kRowHeight);
+    grid.SetCols(kEntryColumnCount);
+    grid.SetRows(2);
+    grid.SetFixedRows(1);
+    grid.SetFixedCols(1);
+    grid.SetBackColor(data::gColorWhite);
+    grid.SetFixedColor(data::gColorPink);
+    grid.SetLockedColor(data::gColorLocked);
+    grid.SetRowHeight(0, kHeaderHeight);
+    for (const ColumnLayout& column : kColumns) {
+        grid.SetText(0, column.col, column.header);
+        grid.SetColumnWidth(column.col, column.width);
+        grid.SetColumnAlignment(column.col, column.alignment);
+        if (column.col > 0) grid.SetFixedRowAlignment(column.col, Alignment::Center);
+        grid.SetColumnInput(column.col, column.input);
+        grid.SetColumnReference(column.col, column.reference);
+        grid.SetColumnList(column.col, column.list);
+    }
+    grid.SetText(0, kItemNameColumn, mItemNameCaption);
+    const int keywords = data::gItemKeyCount;
+    if (keywords == 1 || keywords == 2) {
+        grid.SetText(0, kKey1Column, data::gItemKeyField1 + " (关键字)");
+        grid.SetColumnWidth(kKey1Column, kKeywordWidth);
+    }
+    if (keywords == 2) {
+        grid.SetText(0, kKey2Column, data::gItemKeyField2 + " (关键字)");
+        grid.SetColumnWidth(kKey2Column, kKeywordWidth);
+    }
+    grid.RemoveItem(1);
+    grid.SetRow(0);
+    grid.SetCol(1);
+    grid.SetTopRow(1);
+}
+
+// Brings each entry's amount up to the sum of its detail lines. Lines that sum to 0 leave the
+// amount as it is.
+void frmPeriodItem::ReSumEntries() {
+    const auto entries = Query("Select distinct iEleVid from PM_ItemQC");
+    for (; !entries->EndOfFile(); entries->MoveNext()) {
+        const std::int64_t identity = entries->Field(0).ToInteger();
+        StatementText sumStatement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
+        sumStatement.Number(identity) << "'";
+        const auto sums = Query(sumStatement);
+        if (sums->EndOfFile() || sums->Field(0).IsNull()) continue;
+        const platform::Money sum = sums->Field(0).ToMoney();
+        if (sum.IsZero()) continue;
+        StatementText update("Update PM_ItemQC set mQC = ");
+        update.Amount(sum) << " where iEleVid = '";
+        update.Number(identity) << "'";
+        Query(update);
+    }
+}
+
+void frmPeriodItem::AppendEntry(const RecordSet& entry) {
+    StatementText elementStatement(
+        "select cElementName,iElementDetail from PM_ItemElement where cElementCode = '");
+    elementStatement.Inside(entry.Field("cElementCode").ToText()) << "'";
+    const auto element = Query(elementStatement);
+    const bool known = !element->EndOfFile();
+
+    const Value date = entry.Field("dDate");
+    const platform::Money amount = entry.Field("mQC").ToMoney();
+    std::string cells;
+    const auto append = [&cells](const std::string& text) {
+        cells += '\t';
+        cells += text;
+    };
+    append(date.IsNull() ? "" : date.ToDateTime().DateText('-'));
+    for (const char* name : {"cCenterCode", "citemcode", "citemname", "cKeyCode1", "cKeyCode2"}) {
+        append(entry.Field(name).ToText());
+    }
+    append(known ? element->Field(0).ToText() : "");
+    append(entry.Field("cDigest").ToText());
+    append(amount.IsZero() ? "0.00" : data::NumFormatText(Value(amount), data::kMoneyKind, true));
+
+    const auto identity = static_cast<std::int32_t>(entry.Field("iEleVid").ToInteger());
+    const std::int64_t detail = known ? element->Field(1).ToInteger() : 0;
+    mElementDetails.Add(std::to_string(identity), static_cast<std::int16_t>(detail));
+    const int row = GridPeriodItem.AddItem(cells);
+    GridPeriodItem.SetRowHeight(row, kRowHeight);
+    GridPeriodItem.SetRowData(row, identity);
+}
+
+void frmPeriodItem::PaintRow(int row, int firstCol, int lastCol) {
+    for (int col = firstCol; col <= lastCol; ++col) {
+        GridPeriodItem.SetCellColor(row, col, data::gColorLocked);
+    }
+}
+
+void frmPeriodItem::LockRows() {
+    for (int row = 1; row < GridPeriodItem.Rows(); ++row) {
+        PaintRow(row, kItemNameColumn, kKey2Column);
+    }
+    for (int row = 1; row < GridPeriodItem.Rows(); ++row) {
+        if (CheckItemSettled(CellText(row, kItemColumn), CellText(row, kKey1Column),
+                             CellText(row, kKey2Column))) {
+            PaintRow(row, kDateColumn, kAmountColumn);
+        }
+    }
+}
+
+void frmPeriodItem::LoadEntryGrid() {
+    try {
+        mElementDetails = {};
+        LayOutGrid();
+        ReSumEntries();
+        const auto entries = Query(
+            "select PM_ItemQC.iEleVid,PM_ItemQC.dDate,PM_ItemQC.cItemCode,fitemss97.citemname,"
+            "cKeyCode1,cKeyCode2,cCenterCode,cDigest,cElementCode,mQC from PM_ItemQC inner join "
+            "fitemss97 on fitemss97.citemcode = PM_ItemQC.cItemCode order by PM_ItemQC.cItemCode "
+            "asc");
+        for (; !entries->EndOfFile(); entries->MoveNext()) AppendEntry(*entries);
+        LockRows();
+        CTBCtrl1.Refresh();
+        mFailureNotice.Succeeded(Work::Load);
+    } catch (...) {
+        data::ReportTrapped("LoadEntryGrid");
+    }
+}
+
+// True when no opening entry may be entered in this account and year.
+bool frmPeriodItem::EntryIsLocked() {
+    const bool closed = CheckPeriodClosed();
+    const bool carriedOver = CheckYearCarriedOver();
+    const std::string start = gEnv->ModuleSetting("PM", "dPMStartDatePeriod");
+    const int startYear = Value(start).ToDateTime().year;
+    return closed || carriedOver || startYear != data::gLogin->Year();
+}
+
+void frmPeriodItem::SetupToolbar() {
+    try {
+        Toolbar1.ClearImages();
+        for (const ToolbarImageUse& use : kToolbarImages) {
+            Toolbar1.AddImage(use.image, use.picture);
+        }
+        for (const ToolbarImageUse& use : kToolbarImages) {
+            Toolbar1.Button(use.button)->SetImage(use.image);
+        }
+        DisableMissingCommands();
+        if (EntryIsLocked()) {
+            Toolbar1.Button("Add")->SetEnabled(false);
+            Toolbar1.Button("Delete")->SetEnabled(false);
+            GridPeriodItem.SetReadOnly(true);
+        }
+    } catch (...) {
+        data::ReportTrapped("SetupToolbar");
+    }
+    CTBCtrl1.Refresh();
+}
+
+DateTime frmPeriodItem::OpeningBound() {
+    platform::HostAccount& calendar = gEnv->Account();
+    const int year = data::gLogin->Year();
+    if (year == data::gPmStartYear) return calendar.PeriodStart(data::gPmStartDate);
+    const DateTime yearStart = calendar.YearStart(year);
+    return data::gPmStartDate.DateText('.') > yearStart.DateText('.')
+               ? calendar.PeriodStart(data::gPmStartDate)
+               : yearStart;
+}
+
+void frmPeriodItem::AddEntryRow() {
+    try {
+        if (Query("select count(*) from PM_ItemElement")->Field(0).ToInteger() == 0) {
+            data::ShowInformation("不存在可用的项目要素，请先设置项目要素！");
+            return;
+        }
+        const std::string date = OpeningBound().AddDays(-1).DateText('-');
+        controls::Grid& grid = GridPeriodItem;
+        // The new row becomes the current one, so the present one is left first.
+        if (!grid.LeaveRow()) return;
+        if (grid.Row() >= 1) grid.SetCol(kElementColumn);
+        const int row = grid.AddItem("\t" + date);
+        PaintRow(row, kItemNameColumn, kKey2Column);
+        grid.SetRow(row);
+        grid.ShowCurrent();
+    } catch (...) {
+        data::ReportTrapped("AddEntryRow");
+    }
+}
+
+bool frmPeriodItem::SelectRow(int row) {
+    GridPeriodItem.SetRow(row);
+    return true;
+}
+
+std::int16_t frmPeriodItem::ElementDetailFlag(int row) const {
+    const std::string key = std::to_string(GridPeriodItem.RowData(row));
+    return data::CollectionHasKey(key, mElementDetails) ? mElementDetails.Item(key) : 0;
+}
+
+}  // namespace kelvane::ui

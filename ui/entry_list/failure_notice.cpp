@@ -1,0 +1,67 @@
+#include "ui/entry_list/failure_notice.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kelvane::ui {
+
+namespace {
+
+struct Sentence {
+    std::string_view place;
+    Work work;
+    std::string_view text;
+};
+
+constexpr std::array kSentences{
+    Sentence{"LoadEntryGrid", Work::Load, "读取期初列表时出错，列表可能不完整，请重新打开。"},
+    Sentence{"LoadNumPoints", Work::Load, "读取小数位数设置时出错。"},
+    Sentence{"LoadItemKeyFields", Work::Load, "读取项目大类的关键字设置时出错。"},
+    Sentence{"LoadPmStartDate", Work::Load, "读取项目管理启用日期时出错。"},
+    Sentence{"SetupToolbar", Work::Load, "读取启用期间设置时出错。"},
+    Sentence{"SaveRow", Work::Save, "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。"},
+    Sentence{"DeleteRow", Work::Save, "删除当前行时出错，数据库中的记录没有改变。"},
+    Sentence{"NextSettingNumber", Work::Save, "取期初编号时出错，当前行没有保存。"},
+    Sentence{"GridPeriodItem_RowValidate", Work::Save, "检查并保存当前行时出错，当前行没有保存。"},
+    Sentence{"AddEntryRow", Work::Check, "增加新行时出错。"},
+    Sentence{"DutyCenterAllowed", Work::Check, "检查责任中心时出错。"},
+    Sentence{"CheckPeriodClosed", Work::Check, "检查会计期间是否结账时出错。"},
+    Sentence{"CheckYearCarriedOver", Work::Check, "检查年度是否结转时出错。"},
+    Sentence{"CheckItemSettled", Work::Check, "检查项目是否已结算时出错。"},
+    Sentence{"GetItemName", Work::Check, "读取项目名称时出错。"},
+    Sentence{"CheckBeforeEntry", Work::Check, "录入前检查时出错。"},
+    Sentence{"ValidateCell", Work::Check, "检查单元格内容时出错，该内容未被接受。"},
+    Sentence{"SelectReference", Work::Check, "打开参照列表时出错。"},
+};
+
+}  // namespace
+
+void FailureNotice::Failed(std::string_view place) {
+    const auto* known = std::find_if(kSentences.begin(), kSentences.end(),
+                                     [&](const Sentence& entry) { return entry.place == place; });
+    if (known == kSentences.end()) {
+        mWork = Work::Check;
+        mShow("操作时出错（" + std::string(place) + "），该操作没有完成。");
+    } else {
+        mWork = known->work;
+        mShow(std::string(known->text));
+    }
+    mShown = true;
+}
+
+void FailureNotice::FailedSave(const std::string& sentence) {
+    mWork = Work::Save;
+    mShow(sentence);
+    mShown = true;
+}
+
+void FailureNotice::Succeeded(Work work) {
+    if (mShown && (work == mWork || work == Work::Save)) Clear();
+}
+
+void FailureNotice::Clear() {
+    mShow("");
+    mShown = false;
+}
+
+}  // namespace kelvane::ui

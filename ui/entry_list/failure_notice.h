@@ -1,0 +1,33 @@
+// FailureNotice: the line at the window's lower edge that names the last trapped failure of a save,
+// a load or a check, until the same kind of work succeeds again. Routines that end a failure without
+// a message box would otherwise leave the operator guessing.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kelvane::ui {
+
+enum class Work { Check, Load, Save };
+
+class FailureNotice {
+public:
+    // `show` puts a text on the line; an empty one clears it.
+    explicit FailureNotice(std::function<void(const std::string&)> show) : mShow(std::move(show)) {}
+
+    // Names the failure of the routine `place` in plain words.
+    void Failed(std::string_view place);
+    // Shows a sentence of the caller's own for a failed save.
+    void FailedSave(const std::string& sentence);
+    // Clears the line when it speaks of this kind of work; a success of saving clears it in any case.
+    void Succeeded(Work work);
+    void Clear();
+
+private:
+    std::function<void(const std::string&)> mShow;
+    Work mWork = Work::Check;
+    bool mShown = false;
+};
+
+}  // namespace kelvane::ui

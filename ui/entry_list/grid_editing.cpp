@@ -1,0 +1,278 @@
+// What happens while the operator edits the grid: pick lists, cell and row checks, the detail
+// button, and the checks that precede an edit.
+#include <array>
+
+#include "data/budget_control.h"
+#include "data/login_context.h"
+#include "data/messages.h"
+#include "data/text_conversion.h"
+#include "ui/common/detail_handover.h"
+#include "ui/common/reference_pick.h"
+#include "ui/entry_list/entry_list.h"
+
+namespace kelvane::ui {
+
+using controls::GridAnswer;
+using data::gConn;
+using data::gEnv;
+using platform::Money;
+using platform::StatementText;
+
+namespace {
+
+constexpr std::int16_t kEquipmentDetail = 2;
+// Size of the detail button over a locked amount, in twips.
+constexpr int kDetailButtonWidth = 300;
+
+}  // namespace
+
+void frmPeriodItem::WireGrid() {
+    controls::Grid& grid = GridPeriodItem;
+    grid.CellReference = [this](std::string& value, int row, int col) {
+        GridPeriodItem_CellReference(value, row, col);
+    };
+    grid.CellValidate = [this](std::string& text, GridAnswer& answer, int row, int col) {
+        GridPeriodItem_CellValidate(text, answer, row, col);
+    };
+    grid.RowValidate = [this](GridAnswer& answer, int row, int& col) {
+        GridPeriodItem_RowValidate(answer, row, col);
+    };
+    grid.ComboDropDown = [this](int row, int col, controls::GridDropList& list) {
+        GridPeriodItem_ComboDropDown(row, col, list);
+    };
+    grid.EditModeChange = [this](bool editing) { GridPeriodItem_EditModeChange(editing); };
+    grid.CellChanged = [this](int row, int col, const std::string& /*before*/,
+                              const std::string& /*after*/) {
+        GridPeriodItem_CellChanged(row, col);
+    };
+    grid.EnterCell = [this] { GridPeriodItem_EnterCell(); };
+    grid.EditCheck = [this] { GridPeriodItem_EditCheck(); };
+    grid.DetailReset = [this] { GridPeriodItem_DetailReset(); };
+    grid.ViewChange = [this] { GridPeriodItem_ViewChange(); };
+    grid.AbandonRow = [this](int row) { GridPeriodItem_AbandonRow(row); };
+    grid.Beep = [] { data::gServices->windows->Beep(); };
+}
+
+void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, int col) {
+    if (col == kCenterColumn) {
+        std::string code;
+        std::string description;
+        SelectReference(kCenterReference, code, description);
+        value = code;
+    } else if (col == kItemColumn) {
+        data::gRefCenterCode = CellText(row, kCenterColumn);
+        if (data::Trim(data::gRefCenterCode).empty()) {
+            data::ShowInformation("责任中心不能为空！");
+            return;
+        }
+        data::gRefByCenter = true;
+        value = PickItemWithKeywords(data::gRefCenterCode, row, kItemColumn);
+    } else if (col == kElementColumn) {
+        std::string code;
+        std::string description;
+        SelectReference(kElementReference, code, description);
+        if (!description.empty() && description != CellText(row, col)) value = description;
+    } else if (col == kAmountColumn) {
+        if (CellText(row, kElementColumn).empty()) {
+            data::ShowInformation("请先填充要素", "项目管理");
+            return;
+        }
+        OpenDetailsFromGrid(value, row);
+    }
+}
+
+void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
+    const std::int16_t flag = ElementDetailFlag(row);
+    if (flag == 0 || !gShowDetailEditor) return;
+    gDetailHandover.bEquipment = flag == kEquipmentDetail;
+    mDetailOpen = true;
+    try {
+        gShowDetailEditor();
+    } catch (...) {
+        mDetailOpen = false;
+        throw;
+    }
+    mDetailOpen = false;
+    if (!gDetailHandover.RetValue.empty()) value = gDetailHandover.RetValue;
+    if (!gDetailHandover.RetStrSql.IsEmpty()) mDetailSql = gDetailHandover.RetStrSql;
+}
+
+std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, int row, int col) {
+    const int keywords = data::gItemKeyCount;
+    StatementText statement("select a.citemcode,b.citemname");
+    std::string titles = "项目编码,项目名称";
+    if (keywords > 0) {
+        statement << ",ckeyword1";
+        titles += "," + data::gItemKeyField1 + "(关键字)";
+    }
+    if (keywords == 2) {
+        statement << ",ckeyword2";
+        titles += "," + data::gItemKeyField2 + "(关键字)";
+    }
+    statement << " from pm_dutycentersub a,fitemss97 b where ccentercode='";
+    statement.Inside(centerCode) << "' and a.citemcode=b.citemcode order by a.citemcode";
+    static constexpr std::array kWidths{"2500,3000", "2000,2500,2000", "1500,2500,1500,1500"};
+    const bool known = keywords >= 0 && keywords <= 2;
+    const char* widths = known ? kWidths[static_cast<std::size_t>(keywords)] : "";
+
+    bool chosen = false;
+    const auto service = data::gServices->createReferenceList();
+    const auto record = service->ListOnConnection(gConn, statement, titles, widths, chosen);
+    if (!chosen || record == nullptr) return "";
+    GridPeriodItem.SetText(row, col + 1, record->Field(1).ToText());
+    if (keywords > 0) GridPeriodItem.SetText(row, col + 2, record->Field(2).ToText());
+    if (keywords == 2) GridPeriodItem.SetText(row, col + 3, record->Field(3).ToText());
+    return record->Field(0).ToText();
+}
+
+void frmPeriodItem::GridPeriodItem_CellValidate(std::string& text, GridAnswer& answer, int row,
+                                                int col) {
+    data::gRefCenterCode = CellText(row, kCenterColumn);
+    if (col == kAmountColumn) return;
+    answer = ValidateCell(row, col, true, text) ? GridAnswer::Accept : GridAnswer::Refuse;
+}
+
+void frmPeriodItem::GridPeriodItem_RowValidate(GridAnswer& answer, int row, int& col) {
+    if (mDetailOpen) return;
+    answer = GridAnswer::Refuse;
+    for (int column = kDateColumn; column <= kAmountColumn; ++column) {
+        std::string text = CellText(row, column);
+        if (!ValidateCell(row, column, false, text)) {
+            col = column;
+            return;
+        }
+    }
+    GridPeriodItem.SetRow(row);
+    if (!data::CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)))) return;
+    if (!SaveRow(row, mDetailSql)) return;
+    gDetailHandover.mColTempValues = {};
+    answer = GridAnswer::Accept;
+}
+
+void frmPeriodItem::GridPeriodItem_ComboDropDown(int row, int col, controls::GridDropList& list) {
+    StatementText statement;
+    if (col == kKey1Column && data::gItemKeyCount >= 1) {
+        statement << "select cKeyWord1 from PM_DutycenterSub where cCenterCode = '";
+        statement.Inside(CellText(row, kCenterColumn)) << "' and cItemCode = '";
+    } else if (col == kKey2Column && data::gItemKeyCount == 2) {
+        statement << "select  cKeyWord2 from PM_DutycenterSub where cCenterCode = '";
+        statement.Inside(CellText(row, kCenterColumn)) << "' and  cItemCode = '";
+    } else {
+        return;
+    }
+    statement.Inside(CellText(row, kItemColumn)) << "'";
+    const auto keywords = gConn->OpenRecordSet(statement);
+    for (; !keywords->EndOfFile(); keywords->MoveNext()) {
+        list.AddItem(keywords->Field(0).ToText());
+    }
+}
+
+void frmPeriodItem::GridPeriodItem_EditModeChange(bool editing) {
+    mEditText = editing ? CellText(GridPeriodItem.Row(), GridPeriodItem.Col()) : "";
+    mEditing = editing;
+}
+
+void frmPeriodItem::GridPeriodItem_CellChanged(int /*row*/, int col) {
+    if (col != kAmountColumn) return;
+    mDetailSql = {};
+    gDetailHandover.mColTempValues = {};
+}
+
+void frmPeriodItem::GridPeriodItem_DetailReset() { gDetailHandover.mColTempValues = {}; }
+
+void frmPeriodItem::GridPeriodItem_EditCheck() {
+    bool ok = false;
+    CheckBeforeEntry(ok);
+}
+
+void frmPeriodItem::GridPeriodItem_EnterCell() {
+    cmdRef.SetVisible(false);
+    const int row = GridPeriodItem.Row();
+    if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
+    if (CellText(row, kElementColumn).empty()) {
+        data::ShowInformation("请先填充要素", "项目管理");
+        GridPeriodItem.SetCol(kElementColumn);
+        return;
+    }
+    const bool locked = GridPeriodItem.IsLocked(row, kAmountColumn) || GridPeriodItem.ReadOnly();
+    if (ElementDetailFlag(row) != 0 && locked) PlaceDetailButton();
+}
+
+// Over the right end of the current cell, in front of the grid.
+void frmPeriodItem::PlaceDetailButton() {
+    const controls::Grid& grid = GridPeriodItem;
+    const int cellWidth = grid.ColumnWidth(grid.Col());
+    cmdRef.SetLeft(grid.CellLeft(grid.Col()) + cellWidth - kDetailButtonWidth - 1);
+    cmdRef.SetTop(grid.Top() + grid.CellTop(grid.Row()) + 1);
+    cmdRef.SetWidth(cellWidth < kDetailButtonWidth ? cellWidth : kDetailButtonWidth);
+    cmdRef.SetHeight(std::max(0, grid.RowHeight(grid.Row()) - 1));
+    cmdRef.SetVisible(true);
+}
+
+void frmPeriodItem::GridPeriodItem_ViewChange() {
+    if (cmdRef.Visible()) cmdRef.SetVisible(false);
+}
+
+// A row that was never saved can be given up; a saved one is deleted by its command alone.
+void frmPeriodItem::GridPeriodItem_AbandonRow(int row) {
+    if (GridPeriodItem.RowData(row) != 0) return;
+    const platform::Message question{
+        .text = "是否删除当前行？",
+        .caption = "删除确认",
+        .icon = platform::MessageIcon::None,
+        .buttons = platform::MessageButtons::YesNo,
+        .preselected = platform::MessageAnswer::No,
+    };
+    if (data::gServices->windows->ShowMessage(question) != platform::MessageAnswer::Yes) return;
+    mDetailSql = {};
+    GridPeriodItem.RemoveItem(row);
+}
+
+void frmPeriodItem::CheckBeforeEntry(bool& ok) {
+    ok = false;
+    try {
+        const auto anyRow = [](const StatementText& statement) {
+            return !gEnv->DataAccess().Query(statement)->EndOfFile();
+        };
+        const int row = GridPeriodItem.Row();
+        const char* message = nullptr;
+        switch (GridPeriodItem.Col()) {
+            case kCenterColumn:
+                if (!anyRow("select * from PM_DutyCenter")) {
+                    message = "责任中心不存在，请先设置责任中心！";
+                }
+                break;
+            case kItemColumn: {
+                data::gRefCenterCode = CellText(row, kCenterColumn);
+                StatementText statement(
+                    "select PM_DutycenterSub.cItemCode,Fitemss97.citemname from PM_DutycenterSub "
+                    "inner join Fitemss97 on PM_DutycenterSub.cItemCode = Fitemss97.citemcode  "
+                    "where cCenterCode = '");
+                statement.Inside(data::gRefCenterCode) << "'";
+                if (!anyRow(statement)) message = "请先输入责任中心，然后再输入项目！";
+                break;
+            }
+            case kElementColumn:
+                if (!anyRow("select * from PM_ItemElement")) {
+                    message = "项目要素不存在，请先设置项目要素！";
+                }
+                break;
+            case kAmountColumn:
+                if (CellText(row, kElementColumn).empty()) {
+                    message = "请先输入项目要素，然后再输入期初值！";
+                }
+                break;
+            default:
+                break;
+        }
+        if (message != nullptr) {
+            data::ShowInformation(message);
+        } else {
+            ok = true;
+        }
+    } catch (...) {
+        data::ReportTrapped("CheckBeforeEntry");
+    }
+}
+
+}  // namespace kelvane::ui

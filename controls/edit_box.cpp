@@ -4,6 +4,12 @@
 
 namespace kelvane::controls {
 
+void EditBox::SetText(const std::string& text) {
+    if (text == mText) return;
+    Assign(mText, text);
+    if (Change) Owner().RunEvent(Name() + "_Change", Change);
+}
+
 bool EditBox::KeyDown(platform::Key key, int /*shift*/) {
     if (!Enabled() || key != platform::Key::Backspace) return false;
     std::string text = mText;

@@ -1,6 +1,8 @@
 // EditBox: a one-line text field.
 #pragma once
 
+#include <functional>
+
 #include "controls/control.h"
 #include "controls/form.h"
 
@@ -11,7 +13,9 @@ public:
     using Control::Control;
 
     const std::string& Text() const { return mText; }
-    void SetText(const std::string& text) { Assign(mText, text); }
+    void SetText(const std::string& text);
+    // Raised after every change of the text, the operator's and the code's.
+    std::function<void()> Change;
 
     // Typing, without a screen: characters are appended, Backspace takes the last one away.
     bool KeyDown(platform::Key key, int shift) override;

@@ -206,6 +206,9 @@ public:
     std::function<void()> DetailReset;
     std::function<void()> ViewChange;
     std::function<void(int row)> AbandonRow;
+    // Mouse: a click on a column's header, and a double click on a cell (which otherwise opens it).
+    std::function<void(int col)> HeaderClick;
+    std::function<void(int row, int col)> CellDoubleClick;
     // The keyboard offered something that does not fit.
     std::function<void()> Beep;
 

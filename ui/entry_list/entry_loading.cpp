@@ -106,6 +106,7 @@ void frmPeriodItem::ResetToDesign() {
     cmdRef.SetVisible(false);
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
     mDetailSql = {};
+    mSendingOpenKeys = false;
 }
 
 void frmPeriodItem::LayOutGrid() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -72,7 +73,13 @@ void LoadItemKeyFields();
 // Reads the start date and the start period's year, over gEnv. Traps every error.
 void LoadPmStartDate();
 
-// Reports the exception being handled as trapped in `place`. For use in a catch block.
+// Reports the exception being handled as trapped in `place`, to the diagnostics service and to
+// gTrapListener. For use in a catch block.
 void ReportTrapped(std::string_view place) noexcept;
+// The same for an error whose text is known.
+void ReportTrapped(std::string_view place, std::string_view detail) noexcept;
+
+// Told of every trapped error by the routine that trapped it; the entry list sets it.
+extern std::function<void(std::string_view place)> gTrapListener;
 
 }  // namespace kelvane::data

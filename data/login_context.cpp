@@ -1,0 +1,122 @@
+#include "data/login_context.h"
+
+#include "data/sql_text.h"
+#include "data/text_conversion.h"
+
+namespace kelvane::data {
+
+using platform::StatementText;
+
+platform::HostLogin* gLogin = nullptr;
+platform::HostEnvironment* gEnv = nullptr;
+platform::Services* gServices = nullptr;
+std::shared_ptr<platform::Connection> gConn;
+
+std::string gUnitName;
+std::string gOperatorName;
+std::string gAccountYear;
+std::string gToday;
+std::string gPrintStylePath;
+
+Color gColorWhite = 0;
+Color gColorLocked = 0;
+Color gColorPink = 0;
+Color gColorCream = 0;
+
+std::int16_t gNumPointQty = 0;
+std::int16_t gNumPointPrice = 0;
+std::int16_t gNumPointRate = 0;
+std::int16_t gNumPointMoney = 0;
+
+std::int16_t gItemKeyCount = 0;
+std::string gItemKeyField1;
+std::string gItemKeyField2;
+std::int16_t gItemKeyType1 = 0;
+std::int16_t gItemKeyType2 = 0;
+
+platform::DateTime gPmStartDate = {1899, 12, 30};
+std::int16_t gPmStartYear = 0;
+
+std::int16_t gToolbarStyle = 0;
+
+std::string gRefCenterCode;
+bool gRefByCenter = false;
+
+namespace {
+
+struct NumPoint {
+    std::string_view name;
+    std::int16_t& value;
+};
+
+const NumPoint kNumPoints[] = {
+    {"NumPoint_Num", gNumPointQty},
+    {"NumPoint_Price", gNumPointPrice},
+    {"NumPoint_Rate", gNumPointRate},
+};
+
+void TakeItemKeyField(const platform::RecordSet& fields, std::string& name, std::int16_t& type) {
+    name = fields.Field("cfield_name").ToText();
+    type = ShortIntegerOf(fields.Field("itype").ToText());
+}
+
+}  // namespace
+
+void LoadNumPoints() try {
+    const auto settings = gConn->OpenRecordSet(
+        StatementText("select cname, cValue from PM_SettingInf  where cName like 'NumPoint%' "),
+        kTextQuery);
+    for (; !settings->EndOfFile(); settings->MoveNext()) {
+        const std::string name = settings->Field(0).ToText();
+        for (const NumPoint& point : kNumPoints) {
+            if (name == point.name) point.value = ShortInteger(settings->Field(1).ToInteger());
+        }
+    }
+    gNumPointMoney = 2;
+} catch (...) {
+    ReportTrapped("LoadNumPoints");
+}
+
+void LoadItemKeyFields() try {
+    const auto fields = gEnv->DataAccess().Query(StatementText(
+        " SELECT * From fitemstructure WHERE (citem_class = '97') AND (iSubItem = '1') AND "
+        "(bPrimaryKey = '1')"));
+    gItemKeyCount = ShortInteger(fields->RecordCount());
+    if (gItemKeyCount == 1) {
+        TakeItemKeyField(*fields, gItemKeyField1, gItemKeyType1);
+    } else if (gItemKeyCount == 2) {
+        fields->MoveFirst();
+        TakeItemKeyField(*fields, gItemKeyField1, gItemKeyType1);
+        fields->MoveNext();
+        TakeItemKeyField(*fields, gItemKeyField2, gItemKeyType2);
+    }
+    fields->Close();
+} catch (...) {
+    ReportTrapped("LoadItemKeyFields");
+}
+
+void LoadPmStartDate() try {
+    auto values = gEnv->DataAccess().Query(StatementText(
+        "SELECT cValue From AccInformation WHERE cSysID = 'PM' and cName = 'dPMStartDate'"));
+    if (!values->EndOfFile()) gPmStartDate = values->Field("cValue").ToDateTime();
+    values = gEnv->DataAccess().Query(StatementText(
+        "SELECT cValue From AccInformation WHERE cSysID = 'PM' and cName = 'dPMStartDatePeriod'"));
+    if (!values->EndOfFile())
+        gPmStartYear = ShortInteger(values->Field("cValue").ToDateTime().year);
+    values->Close();
+} catch (...) {
+    ReportTrapped("LoadPmStartDate");
+}
+
+void ReportTrapped(std::string_view place) noexcept {
+    if (!gServices || !gServices->diagnostics) return;
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        gServices->diagnostics->Trapped(place, error.what());
+    } catch (...) {
+        gServices->diagnostics->Trapped(place, "unknown error");
+    }
+}
+
+}  // namespace kelvane::data

@@ -1,0 +1,30 @@
+#include "data/messages.h"
+
+#include "data/login_context.h"
+
+namespace kelvane::data {
+
+using platform::Message;
+using platform::MessageAnswer;
+using platform::MessageButtons;
+using platform::MessageIcon;
+
+void ShowInformation(std::string_view text, std::string_view caption) {
+    Message message;
+    message.text = text;
+    message.caption = caption;
+    gServices->windows->ShowMessage(message);
+}
+
+bool AskQuestion(std::string_view text, std::string_view caption, MessageIcon icon,
+                 MessageAnswer preselected) {
+    Message message;
+    message.text = text;
+    message.caption = caption;
+    message.icon = icon;
+    message.buttons = MessageButtons::YesNo;
+    message.preselected = preselected;
+    return gServices->windows->ShowMessage(message) == MessageAnswer::Yes;
+}
+
+}  // namespace kelvane::data

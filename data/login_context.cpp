@@ -42,6 +42,8 @@ std::int16_t gToolbarStyle = 0;
 std::string gRefCenterCode;
 bool gRefByCenter = false;
 
+std::function<void(std::string_view place)> gTrapListener;
+
 namespace {
 
 struct NumPoint {
@@ -109,14 +111,18 @@ void LoadPmStartDate() try {
 }
 
 void ReportTrapped(std::string_view place) noexcept {
-    if (!gServices || !gServices->diagnostics) return;
     try {
         throw;
     } catch (const std::exception& error) {
-        gServices->diagnostics->Trapped(place, error.what());
+        ReportTrapped(place, error.what());
     } catch (...) {
-        gServices->diagnostics->Trapped(place, "unknown error");
+        ReportTrapped(place, "unknown error");
     }
+}
+
+void ReportTrapped(std::string_view place, std::string_view detail) noexcept {
+    if (gServices && gServices->diagnostics) gServices->diagnostics->Trapped(place, detail);
+    if (gTrapListener) gTrapListener(place);
 }
 
 }  // namespace kelvane::data

@@ -15,7 +15,7 @@ __extension__ typedef __int128 Wide;
 Money Narrowed(Wide units) {
     if (units > std::numeric_limits<std::int64_t>::max() ||
         units < std::numeric_limits<std::int64_t>::min())
-        throw MoneyOverflow("the amount does not fit");
+        throw MoneyOverflow("金额溢出");
     return Money::FromUnits(static_cast<std::int64_t>(units));
 }
 
@@ -40,9 +40,9 @@ Money Money::FromInteger(std::int64_t whole) {
 
 Money Money::FromText(std::string_view text) {
     const auto number = Decimal::FromText(text);
-    if (!number) throw MoneyTextError("not an amount: \"" + std::string(text) + "\"");
+    if (!number) throw MoneyTextError("不是金额：" + std::string(text));
     const auto units = number->Scaled(kPlaces, Rounding::HalfToEven);
-    if (!units) throw MoneyOverflow("the amount does not fit: \"" + std::string(text) + "\"");
+    if (!units) throw MoneyOverflow("金额溢出：" + std::string(text));
     return Money(*units);
 }
 

@@ -134,7 +134,7 @@ StatementText StatementText::WithEntry(std::int64_t identity) const {
 }
 
 const std::string& StatementText::Checked() const {
-    if (mMalformed) throw MalformedStatement("malformed statement: " + mText);
+    if (mMalformed) throw MalformedStatement("语句有语法错误：" + mText);
     return mText;
 }
 

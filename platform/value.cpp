@@ -15,18 +15,18 @@ struct Overloaded : Handlers... {
 };
 
 [[noreturn]] void RefuseDate() {
-    throw std::invalid_argument("a date is no number");
+    throw std::invalid_argument("日期不是数字");
 }
 
 Decimal FiniteDecimal(double number) {
     const auto decimal = Decimal::FromDouble(number);
-    if (!decimal) throw std::range_error("the number is not finite");
+    if (!decimal) throw std::range_error("数字溢出");
     return *decimal;
 }
 
 std::int64_t WholeOf(const Decimal& number) {
     const auto whole = number.Scaled(0, Rounding::HalfToEven);
-    if (!whole) throw std::range_error("the number does not fit an integer: " + number.Text());
+    if (!whole) throw std::range_error("数字溢出：" + number.Text());
     return *whole;
 }
 
@@ -34,7 +34,7 @@ double DoubleOf(const Decimal& number) {
     const std::string text = number.Text();
     double result = 0;
     const auto answer = std::from_chars(text.data(), text.data() + text.size(), result);
-    if (answer.ec != std::errc{}) throw std::range_error("the number does not fit: " + text);
+    if (answer.ec != std::errc{}) throw std::range_error("数字溢出：" + text);
     return result;
 }
 
@@ -76,11 +76,11 @@ Money Value::ToMoney() const {
             [](std::int64_t integer) { return Money::FromInteger(integer); },
             [](double number) {
                 const auto decimal = Decimal::FromDouble(number);
-                if (!decimal) throw MoneyOverflow("the number is not finite");
+                if (!decimal) throw MoneyOverflow("数字溢出");
                 return Money::FromText(decimal->Text());
             },
             [](Money amount) { return amount; },
-            [](const DateTime&) -> Money { throw MoneyTextError("a date is no amount"); },
+            [](const DateTime&) -> Money { throw MoneyTextError("日期不是金额"); },
             [](const std::string& text) { return text.empty() ? Money() : Money::FromText(text); }},
         mContent);
 }
@@ -101,7 +101,7 @@ DateTime Value::ToDateTime() const {
     DateTime result;
     const auto* text = As<std::string>();
     if (!text || !DateTime::Parse(*text, result))
-        throw std::invalid_argument("not a date: \"" + ToText() + "\"");
+        throw std::invalid_argument("不是日期：" + ToText());
     return result;
 }
 

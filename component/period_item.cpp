@@ -17,7 +17,9 @@ constexpr Color Rgb(unsigned red, unsigned green, unsigned blue) {
 
 }  // namespace
 
-PeriodItem::PeriodItem(platform::Services& services) { gServices = &services; }
+PeriodItem::PeriodItem(platform::Services& services) {
+    gServices = &services;
+}
 
 bool PeriodItem::Init(platform::HostLogin& objLogin, platform::HostEnvironment& objEnv,
                       const std::string& AppPath) {

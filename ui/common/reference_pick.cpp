@@ -33,9 +33,9 @@ ChosenRow PickCenter(ReferenceList& service) {
 ChosenRow PickItem(ReferenceList& service) {
     std::string caption;
     try {
-        const auto field = gEnv->DataAccess().Query(
+        const auto field = gEnv->DataAccess().Query(StatementText(
             "select ctext  from fitemstructure where citem_class = '97' and cfield_name = "
-            "'citemname' and isubitem = '0'");
+            "'citemname' and isubitem = '0'"));
         if (!field->EndOfFile()) caption = field->Field(0).ToText();
     } catch (...) {
         data::ReportTrapped("SelectReference");
@@ -49,7 +49,8 @@ ChosenRow PickItem(ReferenceList& service) {
 }
 
 ChosenRow PickElement(ReferenceList& service) {
-    return service.ListByKey(*gLogin, "select * from pm_itemelement", "Pm_Eleref", {});
+    return service.ListByKey(*gLogin, StatementText("select * from pm_itemelement"), "Pm_Eleref",
+                             {});
 }
 
 ChosenRow PickEquipment(ReferenceList& service) {
@@ -59,8 +60,9 @@ ChosenRow PickEquipment(ReferenceList& service) {
 ChosenRow PickInventory(ReferenceList& service) {
     return service.ListByStatement(
         *gLogin,
-        "select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from inventory a left "
-        "join computationunit b on a.cSAComUnitCode=b.cComUnitCode",
+        StatementText("select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from "
+                      "inventory a left "
+                      "join computationunit b on a.cSAComUnitCode=b.cComUnitCode"),
         "存货编码,存货名称,存货规格,存货单价,存货单位", "1000,1000,1000,1000,1000", {});
 }
 

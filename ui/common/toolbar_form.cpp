@@ -13,8 +13,8 @@ using platform::Registry;
 
 namespace {
 
-constexpr int kSuiteStyle = 1;
-constexpr int kPlainStyle = 2;
+constexpr std::int16_t kSuiteStyle = 1;
+constexpr std::int16_t kPlainStyle = 2;
 
 struct ToolbarKey {
     Key key;
@@ -23,7 +23,7 @@ struct ToolbarKey {
 };
 
 constexpr std::array kToolbarKeys{
-    ToolbarKey{Key::F3, false, "Query"}, ToolbarKey{Key::F4, true, "Quit"},
+    ToolbarKey{Key::F3, false, "Query"},  ToolbarKey{Key::F4, true, "Quit"},
     ToolbarKey{Key::F5, false, "Addnew"}, ToolbarKey{Key::F6, false, "Save"},
     ToolbarKey{Key::F8, false, "Modify"}, ToolbarKey{Key::P, true, "Print"},
 };
@@ -40,6 +40,10 @@ ToolbarForm::ToolbarForm(std::string name)
 
 void ToolbarForm::CTBCtrl1_Click(const std::string& key, const std::string& /*caption*/) {
     if (ToolbarButton* button = Toolbar1.Button(key)) Toolbar1_ButtonClick(*button);
+}
+
+std::string HelpFilePath() {
+    return data::gEnv->HostPath() + "\\help\\" + "项目管理.chm";
 }
 
 std::int16_t ReadToolbarStyle() {

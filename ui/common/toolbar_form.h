@@ -43,6 +43,9 @@ protected:
     void CTBCtrl1_Click(const std::string& key, const std::string& caption);
 };
 
+// The help file that the windows' help key opens, below the host's folder.
+std::string HelpFilePath();
+
 // Style number of the machine's toolbar setting: 1 (suite) or 2 (plain).
 std::int16_t ReadToolbarStyle();
 

@@ -11,8 +11,8 @@
 namespace kelvane::ui {
 
 using controls::ToolbarButton;
-using platform::Key;
 using platform::kCtrl;
+using platform::Key;
 
 namespace {
 
@@ -49,7 +49,7 @@ const frmPeriodItem::Command* frmPeriodItem::FindCommand(std::string_view key) {
                     if (row < 1 || form.GridPeriodItem.RowData(row) == 0) return;
                     if (form.CheckRowDeletable(row)) form.DeleteRow();
                 }},
-        Command{"Find", false, never, nothing},
+        Command{"Find", false, always, [](frmPeriodItem& form) { form.FindEntry(); }},
         Command{"Help", false, always,
                 [](frmPeriodItem&) { data::gServices->windows->SendKeys("{f1}"); }},
         Command{"Exit", true, always, [](frmPeriodItem& form) { form.Unload(); }},
@@ -148,8 +148,8 @@ void frmPeriodItem::Form_KeyUp(Key& key, int shift) {
         HotKey{Key::I, true, true, "Add"},     HotKey{Key::D, true, true, "Delete"},
         HotKey{Key::F4, true, false, "Exit"},
     };
-    const auto* hotKey = std::find_if(
-        kHotKeys.begin(), kHotKeys.end(), [&](const HotKey& candidate) {
+    const auto* hotKey =
+        std::find_if(kHotKeys.begin(), kHotKeys.end(), [&](const HotKey& candidate) {
             return candidate.key == key && (!candidate.needsCtrl || shift == kCtrl);
         });
     if (hotKey == kHotKeys.end()) return;
@@ -184,8 +184,7 @@ void frmPeriodItem::Form_KeyDown(Key& key, int /*shift*/) {
         key = Key::None;
         return;
     }
-    const bool keptInLines =
-        !CellText(row, kElementColumn).empty() && ElementDetailFlag(row) != 0;
+    const bool keptInLines = !CellText(row, kElementColumn).empty() && ElementDetailFlag(row) != 0;
     if (key == Key::Delete && col == kAmountColumn && keptInLines) key = Key::None;
 }
 
@@ -194,7 +193,7 @@ void frmPeriodItem::Form_KeyPress(char32_t& character) {
         const int row = GridPeriodItem.Row();
         if (GridPeriodItem.Col() != kAmountColumn || row < 1) return;
         if (CellText(row, kElementColumn).empty()) {
-            data::ShowInformation("请先填充要素", "项目管理");
+            data::ShowInformation("请先填充要素", data::kModuleCaption);
         } else if (ElementDetailFlag(row) != 0) {
             data::gServices->windows->Beep();
             character = 0;
@@ -245,13 +244,7 @@ void frmPeriodItem::Form_Resize() {
 void frmPeriodItem::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/) {
     const bool cellRefused = GridPeriodItem.FinishEdit() == controls::GridAnswer::Refuse;
     if (!cellRefused && (!GridPeriodItem.RowTouched() || GridPeriodItem.LeaveRow())) return;
-    const platform::Message question{
-        .text = "数据尚未保存,确认退出吗?",
-        .caption = "项目管理",
-        .icon = platform::MessageIcon::Question,
-        .buttons = platform::MessageButtons::YesNo,
-    };
-    cancel = data::gServices->windows->ShowMessage(question) != platform::MessageAnswer::Yes;
+    cancel = !data::AskQuestion("数据尚未保存,确认退出吗?");
 }
 
 void frmPeriodItem::Form_Unload() {
@@ -264,10 +257,7 @@ void frmPeriodItem::Form_Unload() {
 }
 
 void frmPeriodItem::Trapped(std::string_view place, std::string_view detail) noexcept {
-    if (data::gServices->diagnostics != nullptr) {
-        data::gServices->diagnostics->Trapped(place, detail);
-    }
-    mFailureNotice.Failed(place);
+    data::ReportTrapped(place, detail);
 }
 
 }  // namespace kelvane::ui

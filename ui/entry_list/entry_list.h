@@ -12,6 +12,7 @@
 #include "controls/label.h"
 #include "controls/picture.h"
 #include "data/keyed_collection.h"
+#include "data/messages.h"
 #include "platform/database.h"
 #include "platform/date_time.h"
 #include "platform/statement_text.h"
@@ -108,6 +109,9 @@ public:
     void cmdRef_Click();
     void FindEntry();
 
+    // True when a row is one that the search looks for (entry_search.cpp).
+    bool MatchesSearch(int row) const;
+
     // Printing (printing.cpp).
     void CaptureGridLayout();
 
@@ -138,6 +142,7 @@ private:
     void LockRows();
     void ResetToDesign();
     bool EntryIsLocked();
+    static bool AskDelete();
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
     void PaintRow(int row, int firstCol, int lastCol);
 
@@ -146,9 +151,7 @@ private:
     bool ValidateItem(int row, const std::string& text);
     bool ValidateElement(int row, const std::string& text, bool changed);
     bool ValidateAmount(int row, std::string& text, bool singleBlank);
-    bool Refuse(const std::string& message, const std::string& caption = "提示信息");
-    // Replaces the element-detail flag kept under `key`.
-    void SetDetailFlag(const std::string& key, std::int16_t flag);
+    bool Refuse(std::string_view message, std::string_view caption = data::kPromptCaption);
 
     std::string ElementCodeOf(const std::string& elementName);
     bool UpdateEntry(int row, std::int32_t identity, platform::StatementText& detailSql);

@@ -46,8 +46,7 @@ constexpr std::array kColumns{
     ColumnLayout{kItemNameColumn, "", 2500, Alignment::Left, {InputKind::Text, 255}, false, false},
     ColumnLayout{kKey1Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
     ColumnLayout{kKey2Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
-    ColumnLayout{
-        kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 60}, true, false},
+    ColumnLayout{kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 60}, true, false},
     ColumnLayout{
         kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 120}, false, false},
     ColumnLayout{kAmountColumn,
@@ -86,7 +85,7 @@ std::unique_ptr<RecordSet> Query(const StatementText& statement) {
 void frmPeriodItem::Form_Load() {
     ResetToDesign();
     SetIconPicture(kPictureWindow);
-    data::gServices->windows->SetHelpFile(gEnv->HostPath() + "\\help\\" + "项目管理.chm");
+    data::gServices->windows->SetHelpFile(HelpFilePath());
     data::gToolbarStyle = ReadToolbarStyle() == 1 ? 0 : 1;
     ApplyToolbarStyle(*this);
     CTBCtrl1.Refresh();
@@ -111,8 +110,8 @@ void frmPeriodItem::ResetToDesign() {
 
 void frmPeriodItem::LayOutGrid() {
     mItemNameCaption.clear();
-    const auto caption = Query(
-        "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'");
+    const auto caption = Query(StatementText(
+        "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'"));
     if (!caption->EndOfFile()) mItemNameCaption = caption->Field(0).ToText();
 
     controls::Grid& grid = GridPeriodItem;
@@ -154,7 +153,7 @@ void frmPeriodItem::LayOutGrid() {
 // Brings each entry's amount up to the sum of its detail lines. Lines that sum to 0 leave the
 // amount as it is.
 void frmPeriodItem::ReSumEntries() {
-    const auto entries = Query("Select distinct iEleVid from PM_ItemQC");
+    const auto entries = Query(StatementText("Select distinct iEleVid from PM_ItemQC"));
     for (; !entries->EndOfFile(); entries->MoveNext()) {
         const std::int64_t identity = entries->Field(0).ToInteger();
         StatementText sumStatement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
@@ -223,11 +222,11 @@ void frmPeriodItem::LoadEntryGrid() {
         mElementDetails = {};
         LayOutGrid();
         ReSumEntries();
-        const auto entries = Query(
+        const auto entries = Query(StatementText(
             "select PM_ItemQC.iEleVid,PM_ItemQC.dDate,PM_ItemQC.cItemCode,fitemss97.citemname,"
             "cKeyCode1,cKeyCode2,cCenterCode,cDigest,cElementCode,mQC from PM_ItemQC inner join "
             "fitemss97 on fitemss97.citemcode = PM_ItemQC.cItemCode order by PM_ItemQC.cItemCode "
-            "asc");
+            "asc"));
         for (; !entries->EndOfFile(); entries->MoveNext()) AppendEntry(*entries);
         LockRows();
         CTBCtrl1.Refresh();
@@ -279,7 +278,8 @@ DateTime frmPeriodItem::OpeningBound() {
 
 void frmPeriodItem::AddEntryRow() {
     try {
-        if (Query("select count(*) from PM_ItemElement")->Field(0).ToInteger() == 0) {
+        if (Query(StatementText("select count(*) from PM_ItemElement"))->Field(0).ToInteger() ==
+            0) {
             data::ShowInformation("不存在可用的项目要素，请先设置项目要素！");
             return;
         }

@@ -74,7 +74,7 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
         if (!description.empty() && description != CellText(row, col)) value = description;
     } else if (col == kAmountColumn) {
         if (CellText(row, kElementColumn).empty()) {
-            data::ShowInformation("请先填充要素", "项目管理");
+            data::ShowInformation("请先填充要素", data::kModuleCaption);
             return;
         }
         OpenDetailsFromGrid(value, row);
@@ -178,7 +178,9 @@ void frmPeriodItem::GridPeriodItem_CellChanged(int /*row*/, int col) {
     gDetailHandover.mColTempValues = {};
 }
 
-void frmPeriodItem::GridPeriodItem_DetailReset() { gDetailHandover.mColTempValues = {}; }
+void frmPeriodItem::GridPeriodItem_DetailReset() {
+    gDetailHandover.mColTempValues = {};
+}
 
 void frmPeriodItem::GridPeriodItem_EditCheck() {
     bool ok = false;
@@ -190,7 +192,7 @@ void frmPeriodItem::GridPeriodItem_EnterCell() {
     const int row = GridPeriodItem.Row();
     if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
     if (CellText(row, kElementColumn).empty()) {
-        data::ShowInformation("请先填充要素", "项目管理");
+        data::ShowInformation("请先填充要素", data::kModuleCaption);
         GridPeriodItem.SetCol(kElementColumn);
         return;
     }
@@ -216,14 +218,7 @@ void frmPeriodItem::GridPeriodItem_ViewChange() {
 // A row that was never saved can be given up; a saved one is deleted by its command alone.
 void frmPeriodItem::GridPeriodItem_AbandonRow(int row) {
     if (GridPeriodItem.RowData(row) != 0) return;
-    const platform::Message question{
-        .text = "是否删除当前行？",
-        .caption = "删除确认",
-        .icon = platform::MessageIcon::None,
-        .buttons = platform::MessageButtons::YesNo,
-        .preselected = platform::MessageAnswer::No,
-    };
-    if (data::gServices->windows->ShowMessage(question) != platform::MessageAnswer::Yes) return;
+    if (!AskDelete()) return;
     mDetailSql = {};
     GridPeriodItem.RemoveItem(row);
 }
@@ -238,7 +233,7 @@ void frmPeriodItem::CheckBeforeEntry(bool& ok) {
         const char* message = nullptr;
         switch (GridPeriodItem.Col()) {
             case kCenterColumn:
-                if (!anyRow("select * from PM_DutyCenter")) {
+                if (!anyRow(StatementText("select * from PM_DutyCenter"))) {
                     message = "责任中心不存在，请先设置责任中心！";
                 }
                 break;
@@ -253,7 +248,7 @@ void frmPeriodItem::CheckBeforeEntry(bool& ok) {
                 break;
             }
             case kElementColumn:
-                if (!anyRow("select * from PM_ItemElement")) {
+                if (!anyRow(StatementText("select * from PM_ItemElement"))) {
                     message = "项目要素不存在，请先设置项目要素！";
                 }
                 break;

@@ -3,6 +3,8 @@
 
 namespace kelvane::ui {
 
-void frmPeriodItem::CaptureGridLayout() { mGridLayoutText = GridPeriodItem.FormatText(); }
+void frmPeriodItem::CaptureGridLayout() {
+    mGridLayoutText = GridPeriodItem.FormatText();
+}
 
 }  // namespace kelvane::ui

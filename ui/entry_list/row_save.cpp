@@ -35,8 +35,8 @@ std::string frmPeriodItem::ElementCodeOf(const std::string& elementName) {
 bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
     try {
         const std::int32_t identity = GridPeriodItem.RowData(row);
-        const bool saved = identity != 0 ? UpdateEntry(row, identity, detailSql)
-                                         : InsertEntry(row, detailSql);
+        const bool saved =
+            identity != 0 ? UpdateEntry(row, identity, detailSql) : InsertEntry(row, detailSql);
         if (!saved) return false;
         detailSql = {};
         GridPeriodItem.SetRowTouched(false);
@@ -44,10 +44,12 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
         return true;
     } catch (const data::CounterExhausted&) {
         data::ReportTrapped("SaveRow");
-        mFailureNotice.FailedSave("期初编号已经用完（最大 32767），当前行没有保存，没有写入数据库。");
+        mFailureNotice.FailedSave(
+            "期初编号已经用完（最大 32767），当前行没有保存，没有写入数据库。");
     } catch (const platform::CommitInDoubt&) {
         data::ReportTrapped("SaveRow");
-        mFailureNotice.FailedSave("保存当前行时没有收到数据库的答复，不能确定是否已经保存，请重新打开核对。");
+        mFailureNotice.FailedSave(
+            "保存当前行时没有收到数据库的答复，不能确定是否已经保存，请重新打开核对。");
     } catch (const platform::DatabaseBusy&) {
         data::ReportTrapped("SaveRow");
         mFailureNotice.FailedSave("数据库正被他人占用，当前行没有保存，请稍后再离开该行重试。");
@@ -60,12 +62,12 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
 bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& detailSql) {
     Transaction transaction(*gConn);
     StatementText statement("select * from PM_ItemQC with (HOLDLOCK) where iEleVid=");
-    const auto entry = gConn->OpenRecordSet(
-        statement.Number(identity),
-        {.location = CursorLocation::Client, .lock = LockType::Optimistic});
+    const auto entry =
+        gConn->OpenRecordSet(statement.Number(identity),
+                             {.location = CursorLocation::Client, .lock = LockType::Optimistic});
     if (entry->EndOfFile()) {
         transaction.RollBack();
-        data::ShowInformation("该行记录已经被他人删除", "项目管理");
+        data::ShowInformation("该行记录已经被他人删除", data::kModuleCaption);
         return false;
     }
     const auto setText = [&](const char* field, int col) {
@@ -87,8 +89,7 @@ bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& d
 }
 
 bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
-    const std::int32_t identity =
-        data::NextSettingNumber(kCounterName, *gConn, kLargestIdentity);
+    const std::int32_t identity = data::NextSettingNumber(kCounterName, *gConn, kLargestIdentity);
     if (identity == -1) return false;
     const std::string elementCode = ElementCodeOf(CellText(row, kElementColumn));
 
@@ -115,7 +116,7 @@ bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
     const std::int16_t flag = ElementDetailFlag(row);
     GridPeriodItem.SetRowData(row, identity);
     if (data::CollectionHasKey("0", mElementDetails)) mElementDetails.Remove("0");
-    SetDetailFlag(std::to_string(identity), flag);
+    mElementDetails.Replace(std::to_string(identity), flag);
     return true;
 }
 
@@ -128,18 +129,16 @@ bool frmPeriodItem::CheckRowDeletable(int row) {
     return false;
 }
 
+bool frmPeriodItem::AskDelete() {
+    return data::AskQuestion("是否删除当前行？", "删除确认", platform::MessageIcon::None,
+                             platform::MessageAnswer::No);
+}
+
 void frmPeriodItem::DeleteRow() {
     try {
         const int row = GridPeriodItem.Row();
         SelectRow(row);
-        const platform::Message question{
-            .text = "是否删除当前行？",
-            .caption = "删除确认",
-            .icon = platform::MessageIcon::None,
-            .buttons = platform::MessageButtons::YesNo,
-            .preselected = platform::MessageAnswer::No,
-        };
-        if (data::gServices->windows->ShowMessage(question) != platform::MessageAnswer::Yes) return;
+        if (!AskDelete()) return;
 
         const std::int32_t identity = GridPeriodItem.RowData(row);
         StatementText deleteEntry("delete from pm_itemQC where iEleVid=");

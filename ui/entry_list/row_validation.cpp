@@ -15,7 +15,7 @@ using platform::DateTime;
 using platform::StatementText;
 using platform::Value;
 
-bool frmPeriodItem::Refuse(const std::string& message, const std::string& caption) {
+bool frmPeriodItem::Refuse(std::string_view message, std::string_view caption) {
     data::ShowInformation(message, caption);
     GridPeriodItem.SetFocus();
     return false;
@@ -112,13 +112,8 @@ bool frmPeriodItem::ValidateElement(int row, const std::string& text, bool chang
         StatementText statement("delete from pm_itemQCSub where iEleVid=");
         gConn->Execute(statement.Number(identity));
     }
-    SetDetailFlag(std::to_string(identity), detailFlag);
+    mElementDetails.Replace(std::to_string(identity), detailFlag);
     return true;
-}
-
-void frmPeriodItem::SetDetailFlag(const std::string& key, std::int16_t flag) {
-    if (data::CollectionHasKey(key, mElementDetails)) mElementDetails.Remove(key);
-    mElementDetails.Add(key, flag);
 }
 
 // `singleBlank`: the cell held exactly one blank, which is what opening an empty amount leaves.

@@ -14,7 +14,9 @@ using platform::StatementText;
 
 namespace {
 
-std::string DottedDate(const DateTime& date) { return date.DateText('.'); }
+std::string DottedDate(const DateTime& date) {
+    return date.DateText('.');
+}
 
 // Before this day a closed item counts as settled: the first day of the month in which project
 // management starts, or of the login's account year when it started before that.

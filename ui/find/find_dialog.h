@@ -1,0 +1,58 @@
+// frmFind: asks for an item code and up to two keywords and hands them to the entry list's search.
+// One instance, created on first use; its values live on in the entry list's members.
+#pragma once
+
+#include <string>
+
+#include "controls/button.h"
+#include "controls/combo_box.h"
+#include "controls/edit_box.h"
+#include "controls/form.h"
+#include "controls/label.h"
+#include "controls/picture.h"
+
+namespace kelvane::ui {
+
+class frmFind : public controls::Form {
+public:
+    frmFind();
+
+    controls::Picture FrameBack;
+    controls::Label Label1;
+    controls::EditBox TxtCode;
+    controls::Button ComdRef;
+    controls::Label Label2;
+    controls::ComboBox ComKey1;
+    controls::Label Label3;
+    controls::ComboBox ComKey2;
+    controls::Button CmdOK;
+    controls::Button CmdCancel;
+
+    void ComdRef_Click();
+    void ComKey1_DropDown();
+    void ComKey2_DropDown();
+    void CmdOK_Click();
+    void CmdCancel_Click();
+
+    // Tests the code and fills both keyword lists for it; `ok` is false when there is no code or
+    // an unknown one. The code is tested over gEnv, the lists are read over gConn. Errors are
+    // thrown.
+    void RefreshKeywordLists(bool& ok);
+
+protected:
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_KeyDown(platform::Key& key, int shift) override;
+    void Form_KeyUp(platform::Key& key, int shift) override;
+    void Trapped(std::string_view place, std::string_view detail) noexcept override;
+
+private:
+    void FillKeywordLists();
+    // Refills the lists and selects in `kept` what was selected in it before.
+    void RefreshKeeping(controls::ComboBox& kept);
+};
+
+// The one instance; created on first use.
+frmFind& GetFindForm();
+
+}  // namespace kelvane::ui

@@ -1,0 +1,76 @@
+#include <gtest/gtest.h>
+
+#include "adapters/drive/key_flow.h"
+
+namespace kelvane::drive {
+namespace {
+
+using platform::kAlt;
+using platform::kCtrl;
+using platform::Key;
+using platform::kShift;
+
+void ExpectStroke(const std::optional<KeyStroke>& stroke, Key key, int shift, char32_t character) {
+    ASSERT_TRUE(stroke);
+    EXPECT_EQ(stroke->key, key);
+    EXPECT_EQ(stroke->shift, shift);
+    EXPECT_EQ(stroke->character, character);
+}
+
+TEST(KeyNames, KeysAreKnownWithoutRegardToLetterCase) {
+    ExpectStroke(FindKey("F2"), Key::F2, 0, 0);
+    ExpectStroke(FindKey("f12"), Key::F12, 0, 0);
+    ExpectStroke(FindKey("Delete"), Key::Delete, 0, 0);
+    ExpectStroke(FindKey("PageDown"), Key::PageDown, 0, 0);
+    ExpectStroke(FindKey("Escape"), Key::Escape, 0, 0);
+    ExpectStroke(FindKey("Space"), Key::Space, 0, U' ');
+    ExpectStroke(FindKey("a"), Key::A, 0, U'a');
+    ExpectStroke(FindKey("7"), static_cast<Key>('7'), 0, U'7');
+    ExpectStroke(FindKey("."), Key::Other, 0, U'.');
+    ExpectStroke(FindKey("项"), Key::Other, 0, U'项');
+}
+
+TEST(KeyNames, ShiftStatesStandBeforeTheKey) {
+    ExpectStroke(FindKey("Ctrl+P"), Key::P, kCtrl, U'P');
+    ExpectStroke(FindKey("Ctrl+Shift+P"), Key::P, kCtrl | kShift, U'P');
+    ExpectStroke(FindKey("shift+ctrl+alt+f4"), Key::F4, kCtrl | kShift | kAlt, 0);
+    ExpectStroke(FindKey("Ctrl++"), Key::Other, kCtrl, U'+');
+}
+
+TEST(KeyNames, AnUnknownNameIsNoKey) {
+    for (const char* name : {"", "F13", "Ctrl+", "Enterr", "ab", "\xff"}) {
+        EXPECT_FALSE(FindKey(name)) << name;
+    }
+}
+
+TEST(KeyNames, ATextIsTypedCharacterByCharacter) {
+    const auto strokes = StrokesOf("aB 1-€项𠀀");
+    ASSERT_EQ(strokes.size(), 8U);
+    ExpectStroke(strokes[0], Key::A, 0, U'a');
+    ExpectStroke(strokes[1], static_cast<Key>('B'), kShift, U'B');
+    ExpectStroke(strokes[2], Key::Space, 0, U' ');
+    ExpectStroke(strokes[3], static_cast<Key>('1'), 0, U'1');
+    ExpectStroke(strokes[4], Key::Other, 0, U'-');
+    ExpectStroke(strokes[5], Key::Other, 0, U'€');
+    ExpectStroke(strokes[6], Key::Other, 0, U'项');
+    ExpectStroke(strokes[7], Key::Other, 0, U'\U00020000');
+}
+
+TEST(KeyNames, BytesThatAreNoUtf8AreLeftOut) {
+    const auto strokes = StrokesOf("a\xff\xe9\xa1z\xe9");
+    ASSERT_EQ(strokes.size(), 2U);
+    EXPECT_EQ(strokes[0].character, U'a');
+    EXPECT_EQ(strokes[1].character, U'z');
+}
+
+TEST(KeyNames, SentKeysHaveNamesInBraces) {
+    const auto strokes = ParseSentKeys(" {f2}{nothing}x{");
+    ASSERT_EQ(strokes.size(), 4U);
+    ExpectStroke(strokes[0], Key::Space, 0, U' ');
+    ExpectStroke(strokes[1], Key::F2, 0, 0);
+    ExpectStroke(strokes[2], static_cast<Key>('X'), 0, U'x');
+    ExpectStroke(strokes[3], Key::Other, 0, U'{');
+}
+
+}  // namespace
+}  // namespace kelvane::drive

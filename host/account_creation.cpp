@@ -1,0 +1,53 @@
+#include "host/account_creation.h"
+
+#include "adapters/sqlite/connection.h"
+#include "adapters/sqlite/schema.h"
+#include "host/account_place.h"
+#include "host/base_rows.h"
+#include "host/host_tables.h"
+#include "host/new_file.h"
+#include "host/sample_rows.h"
+#include "platform/database.h"
+
+namespace kelvane::host {
+
+namespace {
+
+void Fill(platform::Connection& connection, const NewAccount& account) {
+    platform::Transaction transaction(connection);
+    for (const TableRows& rows : BaseRows(account)) InsertRows(connection, rows);
+    if (account.sample) InsertSample(connection, account);
+    transaction.Commit();
+}
+
+// Opening and closing an account that was not closed properly puts it in order again.
+void PutInOrder(const std::filesystem::path& path) {
+    try {
+        const auto connection = OpenAccount(path.string());
+        connection->Close();
+    } catch (const platform::DatabaseError&) {
+        return;  // what is to be replaced need not be an account
+    }
+}
+
+}  // namespace
+
+void CreateAccountFile(const std::filesystem::path& path, const NewAccount& account) {
+    const bool replace = account.replaceExisting;
+    if (replace) PutInOrder(path);
+    try {
+        NewFile file(path, replace ? NewFile::Existing::Replace : NewFile::Existing::Keep);
+        const std::string draft = file.Draft().string();
+        sqlite::CreateAccount(draft, AccountTables(account.keyFields));
+        const auto connection = OpenAccount(draft);
+        Fill(*connection, account);
+        connection->Close();
+        file.Finish();
+    } catch (const FileRefused& refused) {
+        throw CreationError(refused.what());
+    } catch (const platform::DatabaseError& failed) {
+        throw CreationError(path.string() + ": " + failed.what());
+    }
+}
+
+}  // namespace kelvane::host

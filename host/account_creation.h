@@ -1,0 +1,31 @@
+// A new account: its tables, the rows without which nobody can log in, and, when asked for, a
+// sample company with any number of opening entries.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace kelvane::host {
+
+struct NewAccount {
+    bool sample = false;
+    int keyFields = 1;          // of the project item class: 0, 1 or 2
+    std::int64_t entries = 25;  // of the sample
+    std::uint64_t seed = 1;     // of the sample
+    bool replaceExisting = false;
+};
+
+// The account was not created; says why and names the file. Nothing was changed.
+class CreationError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Creates the account file `path`, whole or not at all: it is built beside and takes its name when
+// it is complete. Throws CreationError, also when a file of that name exists and is not to be
+// replaced, or is in use.
+void CreateAccountFile(const std::filesystem::path& path, const NewAccount& account);
+
+}  // namespace kelvane::host

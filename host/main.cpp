@@ -1,0 +1,7 @@
+// The program "kelvane".
+
+#include "host/command_line.h"
+
+int main(int argc, char** argv) {
+    return kelvane::host::RunCommandLine(argc, argv);
+}

@@ -1,0 +1,18 @@
+// The windows of a build without windows.
+
+#include <stdexcept>
+
+#include "host/screen.h"
+
+namespace kelvane::host {
+
+bool HasScreen() {
+    return false;
+}
+
+int RunOnScreen(drive::Operator* /*script*/,
+                const std::function<int(platform::Windows&)>& /*work*/) {
+    throw std::logic_error(kNoScreen);
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,39 @@
+// kelvane open
+
+#include "host/commands.h"
+#include "host/screen.h"
+#include "host/session.h"
+
+namespace kelvane::host {
+
+namespace {
+
+constexpr const char* kCaption = "项目管理";
+
+int Open(const OpenArguments& arguments, platform::Windows& windows) {
+    try {
+        Session session(arguments.account, windows, nullptr);
+        session.LogIn(arguments.login, arguments.today);
+        session.Show();
+        return 0;
+    } catch (const std::exception& error) {
+        const int status = Fail(error.what());
+        windows.ShowMessage({.text = error.what(),
+                             .caption = kCaption,
+                             .icon = platform::MessageIcon::Exclamation});
+        return status;
+    }
+}
+
+}  // namespace
+
+int RunOpen(const OpenArguments& arguments) {
+    if (!HasScreen()) return Fail(kNoScreen);
+    if (!DiagnosticsLog(LogPath()).IsWritable()) {
+        return Fail("the log " + LogPath().string() + " cannot be written");
+    }
+    return RunOnScreen(nullptr,
+                       [&](platform::Windows& windows) { return Open(arguments, windows); });
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,54 @@
+#include "host/session.h"
+
+#include <utility>
+
+#include "data/login_context.h"
+#include "host/account_place.h"
+#include "host/local_time.h"
+#include "host/user_folders.h"
+
+namespace kelvane::host {
+
+Session::Session(std::string account, platform::Windows& windows, drive::StatementLog* statements)
+    : mAccount(std::move(account)),
+      mStatements(statements),
+      mSettings(SettingsPath()),
+      mLog(LogPath()),
+      mComponent(mServices) {
+    mServices.windows = &windows;
+    mServices.registry = &mSettings;
+    mServices.diagnostics = &mLog;
+    mServices.createConnection = [this] { return CreateConnection(); };
+    mServices.today = [this] { return mToday ? *mToday : LocalNow(); };
+}
+
+Session::~Session() {
+    // The component's values outlive this run's services and host objects; its connection must not.
+    data::gConn.reset();
+    data::gLogin = nullptr;
+    data::gEnv = nullptr;
+    data::gServices = nullptr;
+}
+
+std::shared_ptr<platform::Connection> Session::CreateConnection() {
+    auto connection = NewConnection();
+    if (mStatements == nullptr) return connection;
+    return std::make_shared<drive::RecordingConnection>(std::move(connection), *mStatements);
+}
+
+void Session::LogIn(const LoginRequest& request, std::optional<platform::DateTime> today) {
+    const LoginPlace place{NewConnection, ConnectionStringOf(mAccount), ProgramFolder().string()};
+    auto login = std::make_unique<AccountHost>(place, request);
+    if (mStatements != nullptr) {
+        auto& environment = login->Environment();
+        mObservers.push_back(
+            std::make_unique<drive::RecordingDataAccess>(environment.DataAccess(), *mStatements));
+        environment.SetDataAccess(*mObservers.back());
+    }
+    mLogins.push_back(std::move(login));
+    mToday = today;
+    const auto folder = UserFolder("XDG_DATA_HOME", ".local/share") / "kelvane";
+    mComponent.Init(mLogins.back()->Login(), mLogins.back()->Environment(), folder.string());
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,51 @@
+// One run of the component on an account: the services it is given, the host's objects for each
+// login, and the component itself.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "adapters/drive/statement_log.h"
+#include "component/period_item.h"
+#include "host/account_host.h"
+#include "host/diagnostics_log.h"
+#include "host/settings_file.h"
+#include "platform/services.h"
+
+namespace kelvane::host {
+
+class Session {
+public:
+    // `windows` and `statements` outlive the session; `statements` is null when nobody wants to
+    // know what reaches the database.
+    Session(std::string account, platform::Windows& windows, drive::StatementLog* statements);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    // Logs in and initialises the component; a second call replaces the login. `today`: what the
+    // component takes for today; without it the clock's date. Throws platform::DatabaseError and
+    // platform::HostError.
+    void LogIn(const LoginRequest& request, std::optional<platform::DateTime> today);
+
+    // Opens the entry list; returns when it is closed. Throws std::logic_error before a login.
+    void Show() { mComponent.Show(); }
+
+private:
+    std::shared_ptr<platform::Connection> CreateConnection();
+
+    std::string mAccount;
+    drive::StatementLog* mStatements;
+    SettingsFile mSettings;
+    DiagnosticsLog mLog;
+    std::optional<platform::DateTime> mToday;
+    platform::Services mServices;
+    component::PeriodItem mComponent;
+    // Every login so far: the component keeps pointers to the objects of the last one that it took.
+    std::vector<std::unique_ptr<AccountHost>> mLogins;
+    std::vector<std::unique_ptr<platform::HostDataAccess>> mObservers;
+};
+
+}  // namespace kelvane::host

@@ -1,0 +1,55 @@
+#include "adapters/sqlite/database.h"
+
+#include <utility>
+
+#include "adapters/sqlite/failures.h"
+#include "adapters/sqlite/functions.h"
+#include "adapters/sqlite/statement.h"
+
+namespace kelvane::sqlite {
+
+Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout(timeout) {
+    const int code = sqlite3_open_v2(path.c_str(), &mHandle,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (code != SQLITE_OK) {
+        const Failure failure{code, sqlite3_errmsg(mHandle), path, ""};
+        sqlite3_close(mHandle);
+        Throw(failure);
+    }
+    sqlite3_extended_result_codes(mHandle, 1);
+    SetTimeout(timeout);
+    AddFunctions(*this);
+}
+
+Database::~Database() { sqlite3_close_v2(mHandle); }
+
+void Database::SetTimeout(int milliseconds) {
+    mTimeout = milliseconds;
+    sqlite3_busy_timeout(mHandle, milliseconds);
+}
+
+int Database::TryRun(const char* statement) {
+    return sqlite3_exec(mHandle, statement, nullptr, nullptr, nullptr);
+}
+
+void Database::Run(const char* statement) {
+    const int code = TryRun(statement);
+    if (code != SQLITE_OK) Fail(code);
+}
+
+std::int64_t Database::Number(const char* query) {
+    Statement statement(*this, query, false);
+    const int code = statement.Step();
+    if (code != SQLITE_ROW) Fail(code);
+    return statement.Integer(0);
+}
+
+void Database::Fail(int code, const std::string& table) {
+    if (mFunctionError) {
+        const platform::DatabaseError error = *std::exchange(mFunctionError, std::nullopt);
+        throw error;
+    }
+    Throw({code, sqlite3_errmsg(mHandle), mPath, table});
+}
+
+}  // namespace kelvane::sqlite

@@ -1,0 +1,36 @@
+// What a translation asks about the account's tables.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/tsql/type.h"
+
+namespace kelvane::tsql {
+
+struct ColumnInfo {
+    std::string name;
+    Type type;
+    bool nullable = true;
+    // The target engine numbers the rows by this column and would fill in a Null by itself.
+    bool isRowNumber = false;
+};
+
+struct TableInfo {
+    std::string name;
+    std::vector<ColumnInfo> columns;
+
+    // The column of that name in any letter case; null when there is none.
+    const ColumnInfo* Find(std::string_view column) const;
+};
+
+class Catalog {
+public:
+    virtual ~Catalog() = default;
+    // The table of that name in any letter case; null when there is none.
+    virtual std::shared_ptr<const TableInfo> FindTable(std::string_view name) = 0;
+};
+
+}  // namespace kelvane::tsql

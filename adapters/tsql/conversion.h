@@ -1,0 +1,38 @@
+// Values while a statement runs, and how the dialect converts them from type to type.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "adapters/tsql/lexer.h"
+#include "adapters/tsql/type.h"
+
+namespace kelvane::tsql {
+
+// A value by its type: bit and integers as integers, money as an integer of ten-thousandths, float
+// as a double, datetime as "yyyy-mm-dd hh:mm:ss.mmm", texts as they are.
+using Datum = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+// Converts `value` of type `from`. Texts are cut at `to.length`. `style` is that of an explicit
+// conversion to text (0 when none is given). Throws DatabaseError (235, 241, 242, 245, 248, 8115 …)
+// when the value has no equal of that type and 257 when the types have no conversion.
+Datum Convert(const Datum& value, Type from, Type to, int style = 0);
+
+// The value of a literal, with a minus sign before it when `negated`, as `to`.
+Datum ConvertLiteral(const Literal& literal, bool negated, Type to);
+
+// What a column of type `column` stores for a value of the same type: money as text with four
+// decimals, everything else as it is. Throws DatabaseError (8152) naming the column when a text
+// does not fit; blanks at its end never make it too long.
+Datum Stored(Datum value, Type column, std::string_view columnName);
+
+// The value of a stored one. Throws as Convert() does for what other programs may have put there.
+Datum Loaded(Datum stored, Type column);
+
+// Exact four-decimal text of an amount, and its reading; the reading takes any amount text.
+std::string MoneyText(std::int64_t units);
+std::int64_t MoneyUnits(std::string_view text);
+
+}  // namespace kelvane::tsql

@@ -1,0 +1,35 @@
+// How the dialect treats text: comparing without regard to letter case and trailing blanks, LIKE
+// patterns, and a text's length in the bytes of the account's code page. Texts are UTF-8.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace kelvane::tsql {
+
+// Negative, 0 or positive as `a` sorts before, with or after `b`: without regard to letter case
+// (Latin, Greek, Cyrillic and full-width letters) and trailing blanks, by code point otherwise.
+int CompareText(std::string_view a, std::string_view b);
+
+// True when the text's only letters with a case are ASCII's, so that comparing it needs no more
+// than ASCII's letter case.
+bool HasOnlyAsciiCase(std::string_view text);
+
+// The text without its trailing blanks.
+std::string_view TrimEnd(std::string_view text);
+
+// Whether the whole of `text` matches the LIKE pattern: "%", "_", "[a-z]" and "[^a-z]", letter case
+// ignored, trailing blanks significant on both sides.
+bool MatchesPattern(std::string_view text, std::string_view pattern);
+
+// Bytes of `text` in the Chinese code page: one for an ASCII character, two for any other.
+std::size_t CodePageLength(std::string_view text);
+
+// Length of `text` in UTF-16 units.
+std::size_t WideLength(std::string_view text);
+
+// The longest beginning of `text` that fits `length` code page bytes, or UTF-16 units when `wide`;
+// never a part of a character.
+std::string_view FirstPart(std::string_view text, std::size_t length, bool wide);
+
+}  // namespace kelvane::tsql

@@ -1,0 +1,60 @@
+#include "adapters/tsql/translation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/tsql/analyzer.h"
+#include "adapters/tsql/parser.h"
+#include "adapters/tsql/text_rules.h"
+
+namespace kelvane::tsql {
+
+namespace {
+
+bool IsErrorOfItsStatement(int code) {
+    return code == error::kUnknownTable || code == error::kNullRefused;
+}
+
+}  // namespace
+
+bool Translation::Serves(const LexedText& text) const {
+    return std::all_of(fixedLiterals.begin(), fixedLiterals.end(), [&](const FixedLiteral& fixed) {
+        return text.literals[fixed.literal].raw == fixed.raw;
+    });
+}
+
+Translation Translate(const LexedText& text, Catalog& catalog, StatementWriter& writer,
+                      bool changeable) {
+    TokenReader reader(text);
+    std::vector<Statement> statements = ParseBatch(reader);
+    Translation translation;
+    translation.fixedLiterals = reader.FixedLiterals();
+    for (Statement& statement : statements) {
+        TranslatedStatement& result = translation.statements.emplace_back();
+        try {
+            Analyze(statement, catalog);
+            result.translated = writer.Write(statement, changeable);
+        } catch (const DatabaseError& failure) {
+            if (!IsErrorOfItsStatement(failure.NativeCode())) throw;
+            result.error = failure;
+        }
+    }
+    return translation;
+}
+
+Datum ValueOf(const Parameter& parameter, const std::vector<Literal>& literals) {
+    const Literal& literal = literals[parameter.literal];
+    const bool stored = parameter.use == Parameter::Use::Stored;
+    // A column judges the length of a text itself, it does not cut it.
+    const Type type = stored && parameter.type.IsText() ? Type{parameter.type.kind, 0}
+                                                        : parameter.type;
+    Datum value = ConvertLiteral(literal, parameter.negated, type);
+    if (stored) return Stored(std::move(value), parameter.type, parameter.column);
+    if (parameter.use == Parameter::Use::Trimmed) {
+        auto& text = std::get<std::string>(value);
+        text.resize(TrimEnd(text).size());
+    }
+    return value;
+}
+
+}  // namespace kelvane::tsql

@@ -8,18 +8,7 @@ namespace kelvane::host {
 
 namespace {
 
-using platform::RecordSet;
 using platform::StatementText;
-
-// Never made: gives the data access a way to hand a checked text on to a connection.
-class CheckedText : public platform::Connection {
-public:
-    static std::unique_ptr<RecordSet> Open(Connection& connection, const std::string& statement) {
-        return ForwardOpenRecordSet(
-            connection, statement,
-            {.location = platform::CursorLocation::Client, .cursor = platform::CursorType::Static});
-    }
-};
 
 std::string FirstText(platform::Connection& connection, const StatementText& statement) {
     const auto rows = connection.OpenRecordSet(statement);
@@ -42,21 +31,17 @@ std::string ReadSetting(platform::Connection& connection, std::string_view modul
 }
 
 AccountEnvironment::AccountEnvironment(Surroundings surroundings)
-    : mHostPath(std::move(surroundings.hostPath)) {
+    : mConnection(std::move(surroundings.connection)),
+      mConnectedAccess(mConnection),
+      mHostPath(std::move(surroundings.hostPath)) {
     mUnit.name = std::move(surroundings.unitName);
     mOperator.name = std::move(surroundings.operatorName);
     mAccount.calendar = std::move(surroundings.calendar);
     mAccount.year = surroundings.year;
-    mConnectedAccess.connection = std::move(surroundings.connection);
 }
 
 std::string AccountEnvironment::ModuleSetting(std::string_view module, std::string_view name) {
-    return ReadSetting(*mConnectedAccess.connection, module, name);
-}
-
-std::unique_ptr<RecordSet> AccountEnvironment::ConnectedAccess::DoQuery(
-    const std::string& statement, int /*option*/) {
-    return CheckedText::Open(*connection, statement);
+    return ReadSetting(*mConnection, module, name);
 }
 
 }  // namespace kelvane::host

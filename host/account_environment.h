@@ -61,16 +61,11 @@ private:
         AccountCalendar calendar;
         int year = 0;
     };
-    struct ConnectedAccess : platform::HostDataAccess {
-        std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement,
-                                                     int option) override;
-        std::shared_ptr<platform::Connection> connection;
-    };
-
     NamedUnit mUnit;
     NamedOperator mOperator;
     CalendarAccount mAccount;
-    ConnectedAccess mConnectedAccess;
+    std::shared_ptr<platform::Connection> mConnection;
+    platform::ConnectionDataAccess mConnectedAccess;
     platform::HostDataAccess* mDataAccess = &mConnectedAccess;
     std::string mHostPath;
 };

@@ -93,6 +93,8 @@ public:
 };
 
 class Connection {
+    friend class ConnectionDataAccess;
+
 public:
     virtual ~Connection() = default;
     Connection() = default;

@@ -76,6 +76,22 @@ protected:
     }
 };
 
+// A data access over a connection of the host's own, which is open.
+class ConnectionDataAccess : public HostDataAccess {
+public:
+    explicit ConnectionDataAccess(std::shared_ptr<Connection> connection)
+        : mConnection(std::move(connection)) {}
+
+protected:
+    std::unique_ptr<RecordSet> DoQuery(const std::string& statement, int /*option*/) override {
+        return mConnection->DoOpenRecordSet(
+            statement, {.location = CursorLocation::Client, .cursor = CursorType::Static});
+    }
+
+private:
+    std::shared_ptr<Connection> mConnection;
+};
+
 class HostEnvironment {
 public:
     virtual ~HostEnvironment() = default;

@@ -1,0 +1,118 @@
+// The smallest host: it logs in on an account file, hands the component its two objects and opens
+// the entry list. Its windows are the console: a window that is shown is written out and closed.
+//
+//   minimal_host ACCOUNT
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "adapters/sqlite/connection.h"
+#include "component/period_item.h"
+#include "controls/form.h"
+#include "controls/grid.h"
+
+using namespace kelvane;
+using platform::DateTime;
+
+namespace {
+
+class Login : public platform::HostLogin {
+public:
+    explicit Login(std::string account) : mAccount(std::move(account)) {}
+    std::string ConnectionString() const override { return "Data Source=" + mAccount; }
+    std::string UserId() const override { return "demo"; }
+    bool IsExemptFromCenterAuth() const override { return true; }
+    int Year() const override { return 2004; }
+
+private:
+    std::string mAccount;
+};
+
+// The host's surroundings: names for the printed headers, a calendar whose periods are the months,
+// and a connection of its own for the component's reference reads.
+class Environment : public platform::HostEnvironment,
+                    private platform::HostUnit,
+                    private platform::HostOperator,
+                    private platform::HostAccount {
+public:
+    explicit Environment(std::shared_ptr<platform::Connection> connection)
+        : mDataAccess(std::move(connection)) {}
+
+    platform::HostUnit& Unit() override { return *this; }
+    platform::HostOperator& Operator() override { return *this; }
+    platform::HostAccount& Account() override { return *this; }
+    platform::HostDataAccess& DataAccess() override { return mDataAccess; }
+    std::string ModuleSetting(std::string_view, std::string_view) override { return "2004-07-01"; }
+    std::string HostPath() const override { return "."; }
+
+private:
+    std::string Name() const override { return "示例单位"; }
+    int Year() const override { return 2004; }
+    DateTime YearStart(int year) const override { return {year, 1, 1}; }
+    int PeriodOf(const DateTime& date) const override { return date.month; }
+    DateTime PeriodStart(const DateTime& date) const override { return {date.year, date.month, 1}; }
+
+    platform::ConnectionDataAccess mDataAccess;
+};
+
+class ConsoleWindows : public platform::Windows {
+public:
+    void ShowModal(platform::Window& window) override {
+        auto& form = dynamic_cast<controls::Form&>(window);
+        form.Load();
+        form.Activate();
+        std::printf("%s\n", form.Caption().c_str());
+        if (auto* grid = dynamic_cast<controls::Grid*>(form.Find("GridPeriodItem"))) {
+            std::printf("entries: %d\n", grid->Rows() - 1);
+        }
+        form.Unload();
+    }
+    platform::MessageAnswer ShowMessage(const platform::Message& message) override {
+        std::printf("[%s] %s\n", message.caption.c_str(), message.text.c_str());
+        return message.buttons == platform::MessageButtons::Ok ? platform::MessageAnswer::Ok
+                                                               : message.preselected;
+    }
+    void SendKeys(std::string_view) override {}
+    void Beep() override {}
+    void SetHelpFile(std::string_view) override {}
+    int TwipsPerPixelX() const override { return 15; }
+    int TwipsPerPixelY() const override { return 15; }
+    int ScreenWidth() const override { return 1280 * 15; }
+    int ScreenHeight() const override { return 1024 * 15; }
+};
+
+class NoRegistry : public platform::Registry {
+public:
+    Answer ReadMachineText(std::string_view, std::string_view, std::size_t) override { return {}; }
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::fprintf(stderr, "usage: minimal_host ACCOUNT\n");
+        return 2;
+    }
+    try {
+        ConsoleWindows windows;
+        NoRegistry registry;
+        platform::Services services;
+        services.windows = &windows;
+        services.registry = &registry;
+        services.createConnection = [] { return sqlite::CreateConnection(); };
+        services.today = [] { return DateTime{2004, 6, 30}; };
+
+        Login login(arguments[1]);
+        const auto connection = sqlite::CreateConnection();
+        connection->SetConnectionString(login.ConnectionString());
+        connection->Open("", "", -1);
+        Environment environment(connection);
+        component::PeriodItem component(services);
+        component.Init(login, environment, ".");
+        component.Show();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,105 @@
+// Stands in front of a real connection: keeps every statement with the path it took, and can make a
+// statement fail, which a real database does not do on request.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/database.h"
+#include "platform/host.h"
+
+namespace kelvane::support {
+
+struct RecordedStatement {
+    std::string path;  // "gConn" or "gEnv"
+    std::string text;  // a statement, or "begin", "commit", "roll back"
+    platform::RecordSetOptions options = {};
+};
+
+struct StatementLog {
+    std::vector<RecordedStatement> statements;
+    // A statement that contains this text fails before it reaches the database; empty: none.
+    std::string failing;
+
+    void Add(RecordedStatement statement) {
+        const bool fails = !failing.empty() && statement.text.find(failing) != std::string::npos;
+        statements.push_back(std::move(statement));
+        if (fails) throw platform::DatabaseError("模拟的数据库错误");
+    }
+
+    // Every statement as "path: text".
+    std::vector<std::string> Lines() const {
+        std::vector<std::string> lines;
+        for (const RecordedStatement& statement : statements)
+            lines.push_back(statement.path + ": " + statement.text);
+        return lines;
+    }
+};
+
+class RecordingConnection : public platform::Connection {
+public:
+    RecordingConnection(std::shared_ptr<platform::Connection> inner, StatementLog& log,
+                        std::string path = "gConn")
+        : mInner(std::move(inner)), mLog(log), mPath(std::move(path)) {}
+
+    void SetConnectionString(std::string_view text) override { mInner->SetConnectionString(text); }
+    void SetCursorLocation(platform::CursorLocation location) override {
+        mInner->SetCursorLocation(location);
+    }
+    void Open(std::string_view user, std::string_view password, int options) override {
+        mInner->Open(user, password, options);
+    }
+    void Close() override { mInner->Close(); }
+    int State() const override { return mInner->State(); }
+
+    void Begin() override {
+        mLog.Add({mPath, "begin"});
+        mInner->Begin();
+    }
+    void Commit() override {
+        mLog.Add({mPath, "commit"});
+        mInner->Commit();
+    }
+    void RollBack() override {
+        mLog.Add({mPath, "roll back"});
+        mInner->RollBack();
+    }
+
+protected:
+    friend class RecordingDataAccess;
+
+    void DoExecute(const std::string& statement) override {
+        mLog.Add({mPath, statement});
+        ForwardExecute(*mInner, statement);
+    }
+    std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
+        const std::string& statement, const platform::RecordSetOptions& options) override {
+        mLog.Add({mPath, statement, options});
+        return ForwardOpenRecordSet(*mInner, statement, options);
+    }
+
+private:
+    std::shared_ptr<platform::Connection> mInner;
+    StatementLog& mLog;
+    std::string mPath;
+};
+
+// The host's data access over a connection, recorded as "gEnv".
+class RecordingDataAccess : public platform::HostDataAccess {
+public:
+    RecordingDataAccess(std::shared_ptr<platform::Connection> inner, StatementLog& log)
+        : mConnection(std::move(inner), log, "gEnv") {}
+
+protected:
+    std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement, int) override {
+        return mConnection.DoOpenRecordSet(statement, {});
+    }
+
+private:
+    RecordingConnection mConnection;
+};
+
+}  // namespace kelvane::support

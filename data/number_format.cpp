@@ -47,11 +47,12 @@ std::string FormatDecimal(const Decimal& number, int places, bool thousands) {
 }
 
 std::string NumFormatText(const platform::Value& value, std::int16_t kind, bool thousands) {
-    const std::string text = value.ToText();
+    std::string text = value.ToText();
     if (value.As<platform::DateTime>()) return text;
     const auto number = Decimal::FromText(text);
     if (number) return FormatDecimal(*number, DecimalPlaces(kind), thousands);
-    return Trim(text).empty() ? std::string() : text;
+    if (Trim(text).empty()) text.clear();
+    return text;
 }
 
 }  // namespace kelvane::data

@@ -55,7 +55,10 @@ public:
     friend Money operator*(Money a, Money b);
     Money& operator+=(Money other) { return *this = *this + other; }
 
-    friend constexpr auto operator<=>(Money a, Money b) = default;
+    friend constexpr bool operator==(Money a, Money b) = default;
+    friend constexpr std::strong_ordering operator<=>(Money a, Money b) {
+        return a.mUnits <=> b.mUnits;
+    }
 
 private:
     constexpr explicit Money(std::int64_t units) : mUnits(units) {}

@@ -13,6 +13,8 @@ template <typename... Handlers>
 struct Overloaded : Handlers... {
     using Handlers::operator()...;
 };
+template <typename... Handlers>
+Overloaded(Handlers...) -> Overloaded<Handlers...>;
 
 [[noreturn]] void RefuseDate() {
     throw std::invalid_argument("日期不是数字");

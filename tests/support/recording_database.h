@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/database.h"
-#include "platform/host.h"
 
 namespace kelvane::support {
 
@@ -39,6 +38,7 @@ struct StatementLog {
     }
 };
 
+// Under platform::ConnectionDataAccess, with "gEnv" as its path, it records the host's data access.
 class RecordingConnection : public platform::Connection {
 public:
     RecordingConnection(std::shared_ptr<platform::Connection> inner, StatementLog& log,
@@ -69,8 +69,6 @@ public:
     }
 
 protected:
-    friend class RecordingDataAccess;
-
     void DoExecute(const std::string& statement) override {
         mLog.Add({mPath, statement});
         ForwardExecute(*mInner, statement);
@@ -85,21 +83,6 @@ private:
     std::shared_ptr<platform::Connection> mInner;
     StatementLog& mLog;
     std::string mPath;
-};
-
-// The host's data access over a connection, recorded as "gEnv".
-class RecordingDataAccess : public platform::HostDataAccess {
-public:
-    RecordingDataAccess(std::shared_ptr<platform::Connection> inner, StatementLog& log)
-        : mConnection(std::move(inner), log, "gEnv") {}
-
-protected:
-    std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement, int) override {
-        return mConnection.DoOpenRecordSet(statement, {});
-    }
-
-private:
-    RecordingConnection mConnection;
 };
 
 }  // namespace kelvane::support

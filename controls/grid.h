@@ -25,9 +25,9 @@
 //   removing a row        DetailReset, when it was the current one.
 //
 // Keys: arrows, Page Up/Down, Home, End (with Ctrl: first and last row) move; Enter and Tab go to
-// the next cell that can be typed into, and past the last cell of the last row they leave the row
-// where it is (RowValidate). F2 and the blank open a cell with its text, any other character begins
-// a new one; F2 in an open cell presses its reference button. Delete empties the cell.
+// the next cell that can be typed into, and past the last cell of the last row they leave a changed
+// row where it is (RowValidate). F2 and the blank open a cell with its text, any other character
+// begins a new one; F2 in an open cell presses its reference button. Delete empties the cell.
 //
 // Moving the current cell by code (SetRow, SetCol) raises ViewChange alone.
 #pragma once
@@ -74,7 +74,7 @@ public:
     Grid(Form& form, std::string name);
 
     // Shape. SetRows and SetCols keep what stays; new rows are empty.
-    int Rows() const { return static_cast<int>(mRows.size()); }
+    int Rows() const { return static_cast<int>(mRows.size()) + mSourceRows; }
     int Cols() const { return static_cast<int>(mColumns.size()); }
     void SetRows(int rows);
     void SetCols(int cols);
@@ -86,6 +86,14 @@ public:
     // Appends a row from cell texts joined by a tab; returns its number.
     int AddItem(std::string_view cells);
     void RemoveItem(int row);
+
+    // A long list that is only looked at: in place of all rows below the fixed ones come `count`
+    // rows that are not kept here; `cells` gives the texts of one, counted from 0 and joined by a
+    // tab, whenever they are asked for. No row is current then, and the first is on top. Such rows
+    // cannot be written or removed and none can be added to them: std::logic_error. An empty
+    // source ends it.
+    using RowSource = std::function<std::string_view(int place)>;
+    void SetRowSource(int count, RowSource cells);
 
     // Cells. Rows and columns outside the grid throw std::out_of_range, except that colours of the
     // row index equal to Rows() are accepted and ignored.
@@ -232,6 +240,7 @@ private:
 
     const GridRow& RowAt(int row) const;
     GridRow& RowAt(int row);
+    std::string_view CellsAt(int row) const;
     const Column& ColumnAt(int col) const;
     Column& ColumnAt(int col);
     int InternColors(ColorSet colors);
@@ -247,6 +256,10 @@ private:
 
     std::vector<Column> mColumns;
     std::vector<GridRow> mRows;
+    // What all rows of a source have in common, how many there are, and their texts.
+    GridRow mSourceRow;
+    int mSourceRows = 0;
+    RowSource mSource;
     std::vector<ColorSet> mColorSets;
     std::map<ColorSet, int> mColorIndex;
     int mFixedRows = 1;

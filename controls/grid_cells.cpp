@@ -9,6 +9,9 @@ namespace kelvane::controls {
 
 namespace {
 
+// A cell of a coloured row that was given no colour: no colour of the platform's has these bits.
+constexpr Color kOwnColor = 0xFFFFFFFFU;
+
 // The range [begin, end) of cell `col` in a row's joined texts; cells past the last are empty.
 std::pair<std::size_t, std::size_t> FindCell(std::string_view cells, int col) {
     std::size_t begin = 0;
@@ -58,10 +61,12 @@ void Grid::SetCols(int cols) {
     mColumns.resize(static_cast<std::size_t>(cols));
     for (GridRow& row : mRows) row.cells = FitCells(row.cells, cols);
     if (mCol >= cols) mCol = mSelectionEnd = cols - 1;
+    mLeftCol = std::clamp(mLeftCol, mFixedCols, std::max(mFixedCols, cols - 1));
     Touch();
 }
 
 int Grid::AddItem(std::string_view cells) {
+    if (mSourceRows > 0) throw std::logic_error(Name() + ": its rows come from a source");
     GridRow row;
     row.cells = FitCells(cells, Cols());
     row.height = mDefaultRowHeight;
@@ -84,11 +89,31 @@ void Grid::RemoveItem(int row) {
     if (current && ViewChange) Raise("ViewChange", ViewChange);
 }
 
+void Grid::SetRowSource(int count, RowSource cells) {
+    if (mEditing) CancelEdit();
+    const auto kept = std::min(mRows.size(), static_cast<std::size_t>(mFixedRows));
+    mRows.resize(kept);
+    mSource = std::move(cells);
+    mSourceRows = mSource ? std::max(0, count) : 0;
+    mSourceRow.height = mDefaultRowHeight;
+    mRow = 0;
+    mTopRow = mFixedRows;
+    mRowTouched = false;
+    Touch();
+    if (ViewChange) Raise("ViewChange", ViewChange);
+}
+
+std::string_view Grid::CellsAt(int row) const {
+    const std::string& own = RowAt(row).cells;
+    const auto place = row - static_cast<int>(mRows.size());
+    return place < 0 ? std::string_view(own) : mSource(place);
+}
+
 std::string Grid::Text(int row, int col) const {
-    const std::string& cells = RowAt(row).cells;
+    const std::string_view cells = CellsAt(row);
     ColumnAt(col);
     const auto [begin, end] = FindCell(cells, col);
-    return cells.substr(begin, end - begin);
+    return std::string(cells.substr(begin, end - begin));
 }
 
 void Grid::SetText(int row, int col, std::string_view text) {
@@ -117,8 +142,7 @@ void Grid::SetCellColor(int row, int col, Color color) {
     GridRow& target = RowAt(row);
     if (CellColor(row, col) == color) return;
     ColorSet colors = mColorSets[static_cast<std::size_t>(target.colors)];
-    if (colors.empty()) colors.assign(mColumns.size(), mBackColor);
-    if (colors.size() < mColumns.size()) colors.resize(mColumns.size(), mBackColor);
+    if (colors.size() < mColumns.size()) colors.resize(mColumns.size(), kOwnColor);
     colors[static_cast<std::size_t>(col)] = color;
     target.colors = InternColors(std::move(colors));
     Touch();
@@ -128,7 +152,7 @@ Color Grid::CellColor(int row, int col) const {
     ColumnAt(col);
     const ColorSet& colors = mColorSets[static_cast<std::size_t>(RowAt(row).colors)];
     const auto index = static_cast<std::size_t>(col);
-    if (index < colors.size()) return colors[index];
+    if (index < colors.size() && colors[index] != kOwnColor) return colors[index];
     return row < mFixedRows || col < mFixedCols ? mFixedColor : mBackColor;
 }
 
@@ -170,10 +194,14 @@ const Grid::GridRow& Grid::RowAt(int row) const {
     if (row < 0 || row >= Rows()) {
         throw std::out_of_range(Name() + ": no row " + std::to_string(row));
     }
-    return mRows[static_cast<std::size_t>(row)];
+    const auto index = static_cast<std::size_t>(row);
+    return index < mRows.size() ? mRows[index] : mSourceRow;
 }
 
 Grid::GridRow& Grid::RowAt(int row) {
+    if (row >= static_cast<int>(mRows.size()) && row < Rows()) {
+        throw std::logic_error(Name() + ": its rows come from a source");
+    }
     return const_cast<GridRow&>(std::as_const(*this).RowAt(row));
 }
 

@@ -32,6 +32,7 @@ bool Grid::MoveBy(int rows, int step) {
         row = std::clamp(mRow + rows, mFixedRows, std::max(mFixedRows, Rows() - 1));
         const int direction = rows > 0 ? 1 : -1;
         while (row > mFixedRows && row < Rows() - 1 && RowHeight(row) == 0) row += direction;
+        if (row < Rows() && RowHeight(row) == 0) row = mRow;
     }
     int col = mCol + step;
     while (step != 0 && col > mFixedCols && col < Cols() - 1 && ColumnWidth(col) == 0) col += step;
@@ -57,11 +58,9 @@ bool Grid::MoveToNextCell(int step) {
             if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
             return !mRowTouched || LeaveRow();
         }
-        const bool open =
-            ColumnWidth(col) > 0 && RowHeight(row) > 0 && (mReadOnly || !IsLocked(row, col));
-        if (open) return MoveTo(row, col);
-        // A row that is locked throughout is stepped onto once, not searched through.
-        if (!RowCanBeEdited(row)) return MoveTo(row, col);
+        if (ColumnWidth(col) == 0 || RowHeight(row) == 0) continue;
+        // In a row that nothing can be typed into every cell is a stop.
+        if (!IsLocked(row, col) || !RowCanBeEdited(row)) return MoveTo(row, col);
     }
 }
 

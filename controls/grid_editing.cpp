@@ -1,6 +1,7 @@
 // What the operator does in the grid: moving, editing, leaving rows.
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "controls/grid.h"
 #include "controls/utf8.h"
@@ -8,7 +9,8 @@
 namespace kelvane::controls {
 
 bool Grid::CanEdit(int row, int col) const {
-    return !mReadOnly && row >= mFixedRows && row < Rows() && col >= mFixedCols && col < Cols() &&
+    const auto ownRows = static_cast<int>(mRows.size());
+    return !mReadOnly && row >= mFixedRows && row < ownRows && col >= mFixedCols && col < Cols() &&
            !IsLocked(row, col);
 }
 
@@ -20,7 +22,7 @@ bool Grid::RowCanBeEdited(int row) const {
 }
 
 void Grid::SetRow(int row) {
-    RowAt(row);
+    std::as_const(*this).RowAt(row);
     if (row != mRow) SetCurrent(row, mCol);
 }
 

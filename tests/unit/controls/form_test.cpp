@@ -1,0 +1,195 @@
+#include "controls/form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "controls/edit_box.h"
+#include "controls/label.h"
+
+namespace kelvane::controls {
+namespace {
+
+using platform::Key;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Notes its events, and does what it is told in them.
+class EventForm : public Form {
+public:
+    EventForm() : Form("frmEvents") {}
+
+    std::vector<std::string> events;
+    bool cancelUnload = false;
+    bool throwing = false;
+    Key replaceKey = Key::None;
+    bool dropsKeys = false;
+
+protected:
+    void Form_Load() override {
+        Note("load");
+        if (throwing) throw std::runtime_error("no account");
+    }
+    void Form_Activate() override { Note("activate"); }
+    void Form_Resize() override { Note("resize"); }
+    void Form_QueryUnload(bool& cancel, UnloadMode mode) override {
+        Note(mode == UnloadMode::CloseBox ? "query close box" : "query code");
+        cancel = cancelUnload;
+        EXPECT_FALSE(Unload()) << "a form is unloaded once at a time";
+    }
+    void Form_Unload() override { Note("unload"); }
+    void Form_KeyDown(Key& key, int shift) override {
+        Note("down " + std::to_string(static_cast<int>(key)) + " " + std::to_string(shift));
+        if (dropsKeys) key = Key::None;
+        if (replaceKey != Key::None) key = replaceKey;
+    }
+    void Form_KeyPress(char32_t& character) override {
+        Note("press");
+        if (dropsKeys) character = 0;
+    }
+    void Form_KeyUp(Key& key, int /*shift*/) override {
+        Note("up");
+        if (dropsKeys) key = Key::None;
+    }
+    void Trapped(std::string_view place, std::string_view detail) noexcept override {
+        Note("trapped " + std::string(place) + ": " + std::string(detail));
+    }
+
+private:
+    void Note(const std::string& event) { events.push_back(event); }
+};
+
+TEST(FormLife, LoadingRunsLoadAndThenResizeOnce) {
+    EventForm form;
+    form.Load();
+    form.Load();
+    form.Activate();
+    EXPECT_THAT(form.events, ElementsAre("load", "resize", "activate"));
+    EXPECT_TRUE(form.IsLoaded());
+}
+
+TEST(FormLife, UnloadingAsksFirst) {
+    EventForm form;
+    EXPECT_FALSE(form.Unload());
+    form.Load();
+    form.events.clear();
+    form.cancelUnload = true;
+    EXPECT_FALSE(form.Unload(UnloadMode::CloseBox));
+    EXPECT_TRUE(form.IsLoaded());
+    form.cancelUnload = false;
+    EXPECT_TRUE(form.Unload());
+    EXPECT_FALSE(form.IsLoaded());
+    EXPECT_THAT(form.events, ElementsAre("query close box", "query code", "unload"));
+    form.Load();
+    EXPECT_TRUE(form.IsLoaded());
+}
+
+TEST(FormLife, AnExceptionIsTrappedAndGoesNoFurther) {
+    EventForm form;
+    form.throwing = true;
+    form.Load();
+    EXPECT_THAT(form.events, ElementsAre("load", "trapped Form_Load: no account", "resize"));
+    form.events.clear();
+    form.RunEvent("Place", [] { throw 5; });
+    EXPECT_THAT(form.events, ElementsAre("trapped Place: unknown error"));
+}
+
+TEST(FormLife, ALoadedFormHasAnActiveControl) {
+    EventForm form;
+    Label label(form, "Label");
+    EditBox hidden(form, "Hidden");
+    EditBox first(form, "First");
+    EditBox second(form, "Second");
+    hidden.SetVisible(false);
+    form.Load();
+    EXPECT_EQ(form.ActiveControl(), &first);
+}
+
+TEST(FormSize, ResizeRunsWhenTheSizeChanges) {
+    EventForm form;
+    form.SetSize(9195, 6190);
+    EXPECT_THAT(form.events, IsEmpty());
+    form.SetSize(10000, 7000);
+    EXPECT_THAT(form.events, ElementsAre("resize"));
+    EXPECT_EQ(form.ScaleWidth(), 10000 - Form::kFrameWidth);
+    EXPECT_EQ(form.ScaleHeight(), 7000 - Form::kFrameHeight);
+}
+
+TEST(FormControls, AreKnownByNameInTheOrderTheyJoined) {
+    EventForm form;
+    EditBox one(form, "One");
+    EditBox two(form, "Two");
+    EXPECT_THAT(form.Controls(), ElementsAre(&one, &two));
+    EXPECT_EQ(form.Find("Two"), &two);
+    EXPECT_EQ(form.Find("two"), nullptr);
+    EXPECT_EQ(&one.Owner(), &form);
+}
+
+TEST(FormControls, AMovedFocusIsTold) {
+    EventForm form;
+    EditBox one(form, "One");
+    std::vector<std::string> moved;
+    form.FocusMoved = [&](Control& control) { moved.push_back(control.Name()); };
+    one.SetFocus();
+    EXPECT_EQ(form.ActiveControl(), &one);
+    EXPECT_THAT(moved, ElementsAre("One"));
+}
+
+TEST(FormControls, EveryChangeThatCanBeSeenIsTold) {
+    EventForm form;
+    Label label(form, "Label");
+    int changes = 0;
+    form.ViewChanged = [&] { ++changes; };
+    const auto revision = form.Revision();
+    label.SetCaption("期初");
+    label.SetCaption("期初");
+    label.SetLeft(15);
+    form.SetNotice("保存失败");
+    form.SetNotice("保存失败");
+    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(form.Revision(), revision + 3);
+    EXPECT_EQ(form.Notice(), "保存失败");
+}
+
+TEST(FormKeys, TheFormSeesKeysBeforeItsActiveControl) {
+    EventForm form;
+    EditBox box(form, "Box");
+    form.Load();
+    form.events.clear();
+    EXPECT_FALSE(form.KeyDown(Key::A, platform::kShift));
+    EXPECT_TRUE(form.KeyPress(U'A'));
+    EXPECT_FALSE(form.KeyUp(Key::A, 0));
+    EXPECT_THAT(form.events, ElementsAre("down 65 1", "press", "up"));
+    EXPECT_EQ(box.Text(), "A");
+}
+
+TEST(FormKeys, WhatTheFormDropsDoesNotReachTheControl) {
+    EventForm form;
+    EditBox box(form, "Box");
+    box.SetText("x");
+    form.Load();
+    form.dropsKeys = true;
+    EXPECT_TRUE(form.KeyDown(Key::Backspace, 0));
+    EXPECT_TRUE(form.KeyPress(U'A'));
+    EXPECT_TRUE(form.KeyUp(Key::A, 0));
+    EXPECT_EQ(box.Text(), "x");
+}
+
+TEST(FormKeys, AReplacedKeyIsTheOneTheControlSees) {
+    EventForm form;
+    EditBox box(form, "Box");
+    box.SetText("xy");
+    form.Load();
+    form.replaceKey = Key::Backspace;
+    EXPECT_TRUE(form.KeyDown(Key::F9, 0));
+    EXPECT_EQ(box.Text(), "x");
+}
+
+TEST(FormKeys, AFormWithoutAnActiveControlUsesNoKey) {
+    EventForm form;
+    form.Load();
+    EXPECT_FALSE(form.KeyDown(Key::A, 0));
+    EXPECT_FALSE(form.KeyPress(U'A'));
+}
+
+}  // namespace
+}  // namespace kelvane::controls

@@ -21,7 +21,9 @@ Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout
     AddFunctions(*this);
 }
 
-Database::~Database() { sqlite3_close_v2(mHandle); }
+Database::~Database() {
+    sqlite3_close_v2(mHandle);
+}
 
 void Database::SetTimeout(int milliseconds) {
     mTimeout = milliseconds;

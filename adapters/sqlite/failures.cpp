@@ -2,8 +2,8 @@
 
 #include <sqlite3.h>
 
-#include <iterator>
 #include <algorithm>
+#include <iterator>
 
 #include "adapters/tsql/errors.h"
 

@@ -9,10 +9,10 @@
 namespace kelvane::sqlite {
 
 struct Failure {
-    int code = 0;           // the engine's extended result code
-    std::string text;       // the engine's own
-    std::string path;       // of the account file
-    std::string table;      // that was to be changed, if any
+    int code = 0;       // the engine's extended result code
+    std::string text;   // the engine's own
+    std::string path;   // of the account file
+    std::string table;  // that was to be changed, if any
 };
 
 // Throws DatabaseBusy when others hold a lock, DatabaseError otherwise: with the dialect's numbers

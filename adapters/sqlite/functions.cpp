@@ -82,8 +82,8 @@ struct ScalarFunction {
 };
 
 constexpr ScalarFunction kFunctions[] = {
-    {"kelvane_units", 1, Call<Units>},     {"kelvane_date", 1, Call<Date>},
-    {"kelvane_convert", 5, Call<Convert>}, {"kelvane_store", 4, Call<Store>},
+    {"kelvane_units", 1, Call<Units>},           {"kelvane_date", 1, Call<Date>},
+    {"kelvane_convert", 5, Call<Convert>},       {"kelvane_store", 4, Call<Store>},
     {"kelvane_arithmetic", 4, Call<Arithmetic>}, {"kelvane_like", 2, Call<Like>},
 };
 

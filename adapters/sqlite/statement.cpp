@@ -11,7 +11,9 @@ Statement::Statement(Database& database, std::string_view text, bool lasting) {
     if (code != SQLITE_OK) database.Fail(code);
 }
 
-Statement::~Statement() { sqlite3_finalize(mHandle); }
+Statement::~Statement() {
+    sqlite3_finalize(mHandle);
+}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
     std::swap(mHandle, other.mHandle);
@@ -30,7 +32,9 @@ void Statement::Bind(int place, const tsql::Datum& value) {
     }
 }
 
-void Statement::Reset() { sqlite3_reset(mHandle); }
+void Statement::Reset() {
+    sqlite3_reset(mHandle);
+}
 
 std::string Statement::Text(int index) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(mHandle, index));

@@ -101,9 +101,8 @@ void Analyzer::ResolveOrder(Select& select, ExpressionAnalyzer& analyzer) {
         if (!select.distinct) continue;
         const std::string wanted = Signature(*order.value);
         const bool listed =
-            std::any_of(select.items.begin(), select.items.end(), [&](const SelectItem& item) {
-                return Signature(*item.value) == wanted;
-            });
+            std::any_of(select.items.begin(), select.items.end(),
+                        [&](const SelectItem& item) { return Signature(*item.value) == wanted; });
         if (!listed) {
             throw DatabaseError(
                 "ORDER BY items must appear in the select list if SELECT DISTINCT is specified.",
@@ -235,8 +234,8 @@ void Analyzer::Update(Statement& statement) {
     Resolve(statement.target);
     const std::vector<TableSource>* sources = nullptr;
     std::vector<TableSource> own;
-    own.push_back({statement.target.name, "", TableSource::Join::First, nullptr,
-                   statement.target.info});
+    own.push_back(
+        {statement.target.name, "", TableSource::Join::First, nullptr, statement.target.info});
     sources = &own;
     const Scope scope{sources, nullptr};
     for (Assignment& assignment : statement.assignments) {
@@ -253,8 +252,8 @@ void Analyzer::Update(Statement& statement) {
 void Analyzer::Delete(Statement& statement) {
     Resolve(statement.target);
     std::vector<TableSource> own;
-    own.push_back({statement.target.name, "", TableSource::Join::First, nullptr,
-                   statement.target.info});
+    own.push_back(
+        {statement.target.name, "", TableSource::Join::First, nullptr, statement.target.info});
     const Scope scope{&own, nullptr};
     Where(statement.where, scope);
 }

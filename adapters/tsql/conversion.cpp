@@ -274,7 +274,9 @@ Datum Loaded(Datum stored, Type column) {
     return Convert(stored, {real ? Kind::Float : Kind::BigInt, 0}, column);
 }
 
-std::string MoneyText(std::int64_t units) { return Money::FromUnits(units).ToFixedText(); }
+std::string MoneyText(std::int64_t units) {
+    return Money::FromUnits(units).ToFixedText();
+}
 
 std::int64_t MoneyUnits(std::string_view text) {
     // The form in which amounts are stored is read without detours.

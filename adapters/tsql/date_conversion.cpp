@@ -75,8 +75,7 @@ std::string DateToText(std::string_view date, int style) {
             char buffer[64];
             const int hour = value.hour % 12 == 0 ? 12 : value.hour % 12;
             std::snprintf(buffer, sizeof buffer, "%s %2d %04d %2d:%02d%s", kMonths[value.month - 1],
-                          value.day, value.year, hour, value.minute,
-                          value.hour < 12 ? "AM" : "PM");
+                          value.day, value.year, hour, value.minute, value.hour < 12 ? "AM" : "PM");
             return buffer;
         }
         case 23:

@@ -4,8 +4,12 @@ namespace kelvane::tsql {
 
 namespace {
 
-std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
-std::string Name(Type type) { return std::string(TypeName(type)); }
+std::string Quoted(std::string_view text) {
+    return "'" + std::string(text) + "'";
+}
+std::string Name(Type type) {
+    return std::string(TypeName(type));
+}
 
 }  // namespace
 
@@ -82,9 +86,8 @@ DatabaseError NotConvertible(Type from, Type to) {
 
 DatabaseError ValueOverflow(std::string_view value, Type to) {
     const bool small = to.kind == Type::Kind::TinyInt || to.kind == Type::Kind::SmallInt;
-    return DatabaseError(
-        "The value " + Quoted(value) + " overflowed data type " + Name(to) + ".",
-        to.kind == Type::Kind::Int ? 248 : (small ? 244 : error::kOverflow));
+    return DatabaseError("The value " + Quoted(value) + " overflowed data type " + Name(to) + ".",
+                         to.kind == Type::Kind::Int ? 248 : (small ? 244 : error::kOverflow));
 }
 
 DatabaseError ArithmeticOverflow(Type to) {
@@ -93,7 +96,9 @@ DatabaseError ArithmeticOverflow(Type to) {
         error::kOverflow);
 }
 
-DatabaseError DivisionByZero() { return DatabaseError("Divide by zero error encountered.", 8134); }
+DatabaseError DivisionByZero() {
+    return DatabaseError("Divide by zero error encountered.", 8134);
+}
 
 DatabaseError OutOfRangeDate() {
     return DatabaseError(
@@ -116,15 +121,15 @@ DatabaseError ManyRows() {
 }
 
 DatabaseError NullRefused(std::string_view table, std::string_view column) {
-    return DatabaseError("Cannot insert the value NULL into column " + Quoted(column) +
-                             ", table " + Quoted(table) + "; column does not allow nulls.",
+    return DatabaseError("Cannot insert the value NULL into column " + Quoted(column) + ", table " +
+                             Quoted(table) + "; column does not allow nulls.",
                          error::kNullRefused);
 }
 
 DatabaseError DuplicateKey(std::string_view table) {
-    return DatabaseError("Violation of the key of table " + Quoted(table) +
-                             ". Cannot insert duplicate key.",
-                         error::kDuplicateKey);
+    return DatabaseError(
+        "Violation of the key of table " + Quoted(table) + ". Cannot insert duplicate key.",
+        error::kDuplicateKey);
 }
 
 }  // namespace kelvane::tsql

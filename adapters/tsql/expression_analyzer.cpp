@@ -174,9 +174,9 @@ void ExpressionAnalyzer::Arithmetic(Expression& expression) {
     expression.type = common;
     if (common.IsText()) {
         if (expression.symbol != "+") {
-            throw DatabaseError("Operand data type varchar is invalid for operator '" +
-                                    expression.symbol + "'.",
-                                8117);
+            throw DatabaseError(
+                "Operand data type varchar is invalid for operator '" + expression.symbol + "'.",
+                8117);
         }
         expression.kind = Kind::Concatenate;
     } else if (common.IsInteger() && common.kind != Type::Kind::BigInt) {

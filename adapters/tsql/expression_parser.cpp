@@ -16,7 +16,9 @@ using Kind = Expression::Kind;
 constexpr std::string_view kComparisons[] = {"=", "<>", "!=", "<", "<=", ">", ">=", "!<", "!>"};
 constexpr std::string_view kAggregates[] = {"count", "sum", "avg", "min", "max"};
 
-ExpressionPtr Make(Kind kind) { return std::make_unique<Expression>(kind); }
+ExpressionPtr Make(Kind kind) {
+    return std::make_unique<Expression>(kind);
+}
 
 ExpressionPtr Make(Kind kind, ExpressionPtr first, ExpressionPtr second = nullptr) {
     ExpressionPtr result = Make(kind);
@@ -122,9 +124,13 @@ private:
         return in;
     }
 
-    ExpressionPtr Sum() { return Chain({"+", "-"}, [this] { return Product(); }); }
+    ExpressionPtr Sum() {
+        return Chain({"+", "-"}, [this] { return Product(); });
+    }
 
-    ExpressionPtr Product() { return Chain({"*", "/", "%"}, [this] { return Signed(); }); }
+    ExpressionPtr Product() {
+        return Chain({"*", "/", "%"}, [this] { return Signed(); });
+    }
 
     template <typename Next>
     ExpressionPtr Chain(std::initializer_list<std::string_view> symbols, Next next) {
@@ -274,6 +280,8 @@ private:
 
 }  // namespace
 
-ExpressionPtr ParseExpression(TokenReader& reader) { return ExpressionParser(reader).Condition(); }
+ExpressionPtr ParseExpression(TokenReader& reader) {
+    return ExpressionParser(reader).Condition();
+}
 
 }  // namespace kelvane::tsql

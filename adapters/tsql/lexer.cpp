@@ -14,12 +14,16 @@ namespace {
 constexpr bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
 }
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 constexpr bool StartsName(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '@' || c == '#' ||
            static_cast<unsigned char>(c) >= 0x80;
 }
-constexpr bool ContinuesName(char c) { return StartsName(c) || IsDigit(c) || c == '$'; }
+constexpr bool ContinuesName(char c) {
+    return StartsName(c) || IsDigit(c) || c == '$';
+}
 
 // Operators of two characters, which may have blanks between them.
 constexpr std::string_view kPairs[] = {"<>", "<=", ">=", "!=", "!<", "!>"};
@@ -194,6 +198,8 @@ std::string Literal::Text() const {
     return text;
 }
 
-void Lex(std::string_view statement, LexedText& result) { Lexer(statement, result).Run(); }
+void Lex(std::string_view statement, LexedText& result) {
+    Lexer(statement, result).Run();
+}
 
 }  // namespace kelvane::tsql

@@ -21,8 +21,8 @@ struct Literal {
     };
 
     Form form = Form::Text;
-    bool wide = false;   // N'…'
-    Type type;           // what the dialect takes it for
+    bool wide = false;     // N'…'
+    Type type;             // what the dialect takes it for
     std::string_view raw;  // between the apostrophes, doubled ones still doubled; or the digits
 
     bool IsText() const { return form == Form::Text || form == Form::CasedText; }

@@ -14,16 +14,14 @@ namespace {
 
 // Hints about locks. A target that lets one writer in at a time already does what they ask for.
 constexpr std::string_view kHints[] = {
-    "holdlock", "updlock",       "xlock",          "rowlock",        "paglock",
-    "tablock",  "tablockx",      "nolock",         "readcommitted",  "readuncommitted",
-    "repeatableread", "serializable",
+    "holdlock", "updlock", "xlock",         "rowlock",         "paglock",        "tablock",
+    "tablockx", "nolock",  "readcommitted", "readuncommitted", "repeatableread", "serializable",
 };
 
 bool IsHint(const Token& token) {
     return token.kind == Token::Kind::Name &&
-           std::any_of(std::begin(kHints), std::end(kHints), [&](std::string_view hint) {
-               return EqualIgnoringCase(hint, token.text);
-           });
+           std::any_of(std::begin(kHints), std::end(kHints),
+                       [&](std::string_view hint) { return EqualIgnoringCase(hint, token.text); });
 }
 
 void SkipHints(TokenReader& reader) {

@@ -8,7 +8,9 @@ namespace {
 
 using Kind = Expression::Kind;
 
-std::string KindNumber(Type type) { return std::to_string(static_cast<int>(type.kind)); }
+std::string KindNumber(Type type) {
+    return std::to_string(static_cast<int>(type.kind));
+}
 
 std::string TextLiteral(std::string_view text) {
     std::string result = "'";
@@ -123,8 +125,7 @@ std::string SqliteExpressionWriter::AggregateValue(const Expression& expression)
     const Expression& operand = *expression.operands[0];
     const std::string distinct = expression.distinct ? "distinct " : "";
     const bool adds = expression.name == "sum" || expression.name == "avg";
-    const std::string argument =
-        distinct + (adds ? Value(operand) : Comparable(operand));
+    const std::string argument = distinct + (adds ? Value(operand) : Comparable(operand));
     if (!adds || operand.type.kind == Type::Kind::Float) {
         return expression.name + '(' + argument + ')';
     }
@@ -136,9 +137,9 @@ std::string SqliteExpressionWriter::AggregateValue(const Expression& expression)
 std::string SqliteExpressionWriter::ConvertValue(const Expression& expression) {
     const Expression& operand = *expression.operands[0];
     if (operand.kind == Kind::Null) return "null";
-    return Call("convert", {Value(operand), KindNumber(operand.type), KindNumber(expression.type),
-                            std::to_string(expression.type.length),
-                            std::to_string(expression.style)});
+    return Call("convert",
+                {Value(operand), KindNumber(operand.type), KindNumber(expression.type),
+                 std::to_string(expression.type.length), std::to_string(expression.style)});
 }
 
 std::string SqliteExpressionWriter::QueryValue(const Select& query) {
@@ -157,8 +158,8 @@ std::string SqliteExpressionWriter::CompareCondition(const Expression& expressio
         const Expression& literal = swapped ? left : right;
         if (column.kind == Kind::Column && literal.kind == Kind::Literal &&
             literal.form != Literal::Form::CasedText) {
-            return "rtrim(" + StoredColumn(column) + ") = " +
-                   AddParameter(literal, Parameter::Use::Trimmed, literal.type) +
+            return "rtrim(" + StoredColumn(column) +
+                   ") = " + AddParameter(literal, Parameter::Use::Trimmed, literal.type) +
                    " collate nocase";
         }
     }

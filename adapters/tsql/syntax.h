@@ -77,7 +77,7 @@ struct TableSource {
 };
 
 struct SelectItem {
-    ExpressionPtr value;  // null: a star
+    ExpressionPtr value;    // null: a star
     std::string qualifier;  // of a star, empty: all tables
     std::string alias;
 };
@@ -112,7 +112,7 @@ struct Statement {
     Kind kind = Kind::Select;
     std::unique_ptr<Select> select;  // of a select, and of an insert that takes its rows from one
     TableSource target;
-    std::vector<std::string> columns;                // of an insert
+    std::vector<std::string> columns;  // of an insert
     std::vector<Type> columnTypes;
     std::vector<std::vector<ExpressionPtr>> values;  // of an insert
     std::vector<Assignment> assignments;             // of an update

@@ -11,7 +11,8 @@ namespace kelvane::tsql {
 
 namespace {
 
-// Upper-case letters from `first` to `last` in steps of `step`; their lower case is `delta` further.
+// Upper-case letters from `first` to `last` in steps of `step`; their lower case is `delta`
+// further.
 struct CaseRange {
     char32_t first;
     char32_t last;
@@ -168,9 +169,13 @@ bool MatchesPattern(std::string_view text, std::string_view pattern) {
     return at == wanted.size();
 }
 
-std::size_t CodePageLength(std::string_view text) { return Length(text, false); }
+std::size_t CodePageLength(std::string_view text) {
+    return Length(text, false);
+}
 
-std::size_t WideLength(std::string_view text) { return Length(text, true); }
+std::size_t WideLength(std::string_view text) {
+    return Length(text, true);
+}
 
 std::string_view FirstPart(std::string_view text, std::size_t length, bool wide) {
     std::string_view rest = text;

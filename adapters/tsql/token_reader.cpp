@@ -15,23 +15,23 @@ constexpr int kDeepest = 100;
 
 // Words that are never a name unless they are quoted.
 constexpr std::string_view kReserved[] = {
-    "and",    "as",     "asc",    "between", "by",    "cross", "delete", "desc",  "distinct",
-    "exists", "from",   "full",   "group",   "having", "in",   "inner",  "insert", "into",
-    "is",     "join",   "left",   "like",    "not",   "null",  "on",     "or",    "order",
-    "outer",  "right",  "select", "set",     "top",   "update", "values", "where", "with",
+    "and",    "as",    "asc",    "between", "by",     "cross",  "delete", "desc",   "distinct",
+    "exists", "from",  "full",   "group",   "having", "in",     "inner",  "insert", "into",
+    "is",     "join",  "left",   "like",    "not",    "null",   "on",     "or",     "order",
+    "outer",  "right", "select", "set",     "top",    "update", "values", "where",  "with",
 };
 
 // Words of the dialect that are reserved too and start what is not translated.
 constexpr std::string_view kUntranslated[] = {
-    "all",      "alter",   "any",    "backup", "begin",   "break",    "bulk",     "case",
-    "check",    "close",   "commit", "compute", "continue", "create", "current",  "cursor",
-    "database", "dbcc",    "declare", "deny",  "drop",    "dump",     "else",     "end",
-    "escape",   "except",  "exec",   "execute", "exit",   "fetch",    "for",      "function",
-    "goto",     "grant",   "if",     "intersect", "kill", "merge",    "open",     "option",
-    "over",     "pivot",   "print",  "proc",   "procedure", "raiserror", "read",  "restore",
-    "return",   "revert",  "revoke", "rollback", "save",  "shutdown", "some",     "table",
-    "then",     "to",      "tran",   "transaction", "trigger", "truncate", "union", "unpivot",
-    "use",      "view",    "waitfor", "when",  "while",
+    "all",      "alter",  "any",     "backup",      "begin",     "break",     "bulk",    "case",
+    "check",    "close",  "commit",  "compute",     "continue",  "create",    "current", "cursor",
+    "database", "dbcc",   "declare", "deny",        "drop",      "dump",      "else",    "end",
+    "escape",   "except", "exec",    "execute",     "exit",      "fetch",     "for",     "function",
+    "goto",     "grant",  "if",      "intersect",   "kill",      "merge",     "open",    "option",
+    "over",     "pivot",  "print",   "proc",        "procedure", "raiserror", "read",    "restore",
+    "return",   "revert", "revoke",  "rollback",    "save",      "shutdown",  "some",    "table",
+    "then",     "to",     "tran",    "transaction", "trigger",   "truncate",  "union",   "unpivot",
+    "use",      "view",   "waitfor", "when",        "while",
 };
 
 template <std::size_t N>
@@ -96,8 +96,7 @@ std::string TokenReader::TakeName() {
 
 int TokenReader::TakeFixedNumber() {
     const Token& token = Current();
-    if (token.kind != Token::Kind::Literal ||
-        LiteralOf(token).type.kind != Type::Kind::Int) {
+    if (token.kind != Token::Kind::Literal || LiteralOf(token).type.kind != Type::Kind::Int) {
         Refuse();
     }
     int value = 0;

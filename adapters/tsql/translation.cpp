@@ -46,8 +46,8 @@ Datum ValueOf(const Parameter& parameter, const std::vector<Literal>& literals) 
     const Literal& literal = literals[parameter.literal];
     const bool stored = parameter.use == Parameter::Use::Stored;
     // A column judges the length of a text itself, it does not cut it.
-    const Type type = stored && parameter.type.IsText() ? Type{parameter.type.kind, 0}
-                                                        : parameter.type;
+    const Type type =
+        stored && parameter.type.IsText() ? Type{parameter.type.kind, 0} : parameter.type;
     Datum value = ConvertLiteral(literal, parameter.negated, type);
     if (stored) return Stored(std::move(value), parameter.type, parameter.column);
     if (parameter.use == Parameter::Use::Trimmed) {

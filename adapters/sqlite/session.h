@@ -1,0 +1,73 @@
+// An open account: runs statements of the dialect on its file.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/sqlite/catalog.h"
+#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/row_buffer.h"
+#include "adapters/sqlite/statement_cache.h"
+#include "adapters/sqlite/transactions.h"
+#include "adapters/tsql/lexer.h"
+#include "adapters/tsql/sqlite_writer.h"
+
+namespace kelvane::sqlite {
+
+// What a query returned.
+struct Result {
+    std::shared_ptr<const tsql::Translated> origin;  // null: the batch returned no rows
+    RowBuffer rows;
+};
+
+// A change to one row of a result.
+struct RowChange {
+    std::string table;
+    std::int64_t identity = 0;
+    struct Column {
+        std::string name;
+        tsql::Datum value;
+        tsql::Datum original;
+    };
+    std::vector<Column> columns;
+    bool compareOriginals = false;
+};
+
+class Session {
+public:
+    // Opens an account file that has been checked to be one.
+    Session(const std::string& path, int timeout)
+        : mDatabase(path, timeout), mCatalog(mDatabase), mTransactions(mDatabase) {}
+
+    // Runs a batch statement by statement. Throws DatabaseError for the first that fails; outside a
+    // transaction those before it stay done. Returns the rows of the first query when `wantsRows`.
+    // `changeable`: the rows carry their identity behind the columns where that is possible.
+    Result Run(std::string_view batch, bool wantsRows, bool changeable);
+
+    // Throws DatabaseError when the row is gone or, with `compareOriginals`, has been changed.
+    void Change(const RowChange& change);
+
+    Database& Engine() { return mDatabase; }
+    Transactions& Lock() { return mTransactions; }
+
+private:
+    std::shared_ptr<PreparedBatch> Prepare(bool changeable);
+    Statement& PreparedAt(PreparedBatch& batch, std::size_t place);
+    // False when the schema was found changed before anything was done.
+    bool RunOne(PreparedBatch& batch, std::size_t place, RowBuffer* rows);
+    int StepAll(Statement& statement, const tsql::Translated& translated, RowBuffer* rows,
+                bool& stale);
+    void Forget();
+
+    Database mDatabase;
+    SqliteCatalog mCatalog;
+    StatementCache mCache;
+    Transactions mTransactions;
+    tsql::SqliteWriter mWriter;
+    tsql::LexedText mText;
+    std::vector<tsql::Datum> mValues;
+};
+
+}  // namespace kelvane::sqlite

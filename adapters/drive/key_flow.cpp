@@ -53,29 +53,30 @@ bool Press(Button* button) {
     return true;
 }
 
-// What a window does with a key before its own code sees it.
-bool PressInWindow(Form& form, const KeyStroke& stroke) {
-    if ((stroke.shift & (platform::kCtrl | platform::kAlt)) != 0) return false;
+bool IsPlain(const KeyStroke& stroke) {
+    return (stroke.shift & (platform::kCtrl | platform::kAlt)) == 0;
+}
+
+bool MoveFocus(Form& form, int step) {
+    Control* next = NextControl(form, step);
+    if (next != nullptr) next->SetFocus();
+    return next != nullptr;
+}
+
+// Tab and Escape, which do not pass the window's code.
+bool Navigate(Form& form, const KeyStroke& stroke) {
     auto* grid = dynamic_cast<Grid*>(form.ActiveControl());
+    if (grid != nullptr && grid->NavigationKey(stroke.key, stroke.shift)) return true;
+    if (stroke.key == Key::Escape) return Press(FindButton(form, &Button::IsCancel));
+    return MoveFocus(form, (stroke.shift & platform::kShift) != 0 ? -1 : 1);
+}
+
+// What a window does with a key that its code and its controls left.
+bool PressDialogKey(const Form& form, const KeyStroke& stroke) {
     auto* active = dynamic_cast<Button*>(form.ActiveControl());
-    switch (stroke.key) {
-        case Key::Tab: {
-            if (grid != nullptr) return grid->NavigationKey(stroke.key, stroke.shift);
-            Control* next = NextControl(form, (stroke.shift & platform::kShift) != 0 ? -1 : 1);
-            if (next != nullptr) next->SetFocus();
-            return next != nullptr;
-        }
-        case Key::Escape:
-            if (grid != nullptr && grid->NavigationKey(stroke.key, stroke.shift)) return true;
-            return Press(FindButton(form, &Button::IsCancel));
-        case Key::Enter:
-            if (active != nullptr) return Press(active);
-            return grid == nullptr && Press(FindButton(form, &Button::IsDefault));
-        case Key::Space:
-            return Press(active);
-        default:
-            return false;
-    }
+    if (stroke.key == Key::Space) return Press(active);
+    if (stroke.key != Key::Enter) return false;
+    return Press(active != nullptr ? active : FindButton(form, &Button::IsDefault));
 }
 
 }  // namespace
@@ -85,15 +86,15 @@ bool PressKey(Form& form, const KeyStroke& stroke) {
         form.Unload(controls::UnloadMode::CloseBox);
         return true;
     }
-    if (PressInWindow(form, stroke)) return true;
-    const bool toGrid = dynamic_cast<Grid*>(form.ActiveControl()) != nullptr &&
-                        (stroke.key == Key::Tab || stroke.key == Key::Escape);
-    if (toGrid) return false;
-
+    const bool plain = IsPlain(stroke);
+    if (plain && (stroke.key == Key::Tab || stroke.key == Key::Escape)) {
+        return Navigate(form, stroke);
+    }
     bool used = form.KeyDown(stroke.key, stroke.shift);
-    const bool types =
-        stroke.character != 0 && (stroke.shift & (platform::kCtrl | platform::kAlt)) == 0;
-    if (!used && types && form.IsLoaded()) used = form.KeyPress(stroke.character);
+    if (!used && plain && form.IsLoaded()) used = PressDialogKey(form, stroke);
+    if (!used && plain && stroke.character != 0 && form.IsLoaded()) {
+        used = form.KeyPress(stroke.character);
+    }
     if (form.IsLoaded()) form.KeyUp(stroke.key, stroke.shift);
     return used;
 }

@@ -35,9 +35,9 @@ std::vector<KeyStroke> ParseSentKeys(std::string_view keys);
 //   Alt+F4           closes the window as its close box does;
 //   Tab, Escape      go to the grid when it is the active control, past the form; otherwise Tab
 //                    moves the focus and Escape presses the cancel button;
-//   Enter            presses the active button or the default button, when there is one and the
-//                    active control is no grid;
-//   any other key    KeyDown, KeyPress with the character unless used, KeyUp.
+//   any other key    KeyDown; unless used, Enter presses the active button or the default button
+//                    and the blank the active button; otherwise KeyPress with the character; then
+//                    KeyUp.
 // Returns true when something used the key before it was released.
 bool PressKey(controls::Form& form, const KeyStroke& stroke);
 

@@ -123,7 +123,8 @@ TEST(KeyFlow, EnterAndEscapePressTheWindowsButtons) {
     code.SetFocus();
     PressKey(form, Named("Enter"));
     EXPECT_EQ(pressed.size(), 4U);
-    EXPECT_THAT(form.seen, ElementsAre("down 13 0", "up 13 0"));
+    EXPECT_THAT(form.seen, ElementsAre("down 13 0", "up 13 0", "down 13 0", "up 13 0", "down 32 0",
+                                       "up 32 0", "down 13 0", "up 13 0"));
 }
 
 TEST(KeyFlow, AltF4ClosesTheWindow) {

@@ -1,0 +1,78 @@
+// The login context on a real account: gConn and gEnv are two connections to it, their statements
+// recorded, and what the operator would see is kept.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/login_context.h"
+#include "tests/support/embedded_account.h"
+#include "tests/support/recording_database.h"
+#include "tests/support/recording_diagnostics.h"
+#include "tests/support/recording_windows.h"
+#include "tests/support/test_host.h"
+
+namespace kelvane::data {
+
+using Lines = std::vector<std::string>;
+
+class DataTest : public testing::Test {
+protected:
+    DataTest() : mAccount(TestName()), mOther(mAccount.Connect()) {}
+
+    void SetUp() override {
+        mServices.windows = &mWindows;
+        mServices.diagnostics = &mDiagnostics;
+        gServices = &mServices;
+        gLogin = &mLogin;
+        gEnv = &mEnvironment;
+        gConn = std::make_shared<support::RecordingConnection>(mAccount.Connect(), mLog);
+    }
+
+    void TearDown() override {
+        gConn.reset();
+        gEnv = nullptr;
+        gLogin = nullptr;
+        gServices = nullptr;
+        gNumPointQty = gNumPointPrice = gNumPointRate = gNumPointMoney = 0;
+        gItemKeyCount = gItemKeyType1 = gItemKeyType2 = 0;
+        gItemKeyField1.clear();
+        gItemKeyField2.clear();
+        gPmStartDate = {1899, 12, 30};
+        gPmStartYear = 0;
+        gRefCenterCode.clear();
+        gRefByCenter = false;
+    }
+
+    // Runs a statement as another operator does.
+    void Run(platform::FixedText statement) { mOther->Execute(statement); }
+
+    // The first field of a query as another operator sees it.
+    std::string Read(platform::FixedText query) {
+        return mOther->OpenRecordSet(query)->Field(0).ToText();
+    }
+
+    Lines Messages() const { return support::MessageLines(mWindows); }
+
+    support::EmbeddedAccount mAccount;
+    std::shared_ptr<platform::Connection> mOther;
+    support::StatementLog mLog;
+    support::RecordingWindows mWindows;
+    support::RecordingDiagnostics mDiagnostics;
+    support::TestLogin mLogin;
+    platform::ConnectionDataAccess mDataAccess{
+        std::make_shared<support::RecordingConnection>(mAccount.Connect(), mLog, "gEnv")};
+    support::TestEnvironment mEnvironment{mDataAccess};
+    platform::Services mServices;
+
+private:
+    static std::string TestName() {
+        const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+        return std::string(test->test_suite_name()) + "_" + test->name();
+    }
+};
+
+}  // namespace kelvane::data

@@ -1,0 +1,71 @@
+// An account of its own for each test: a new file with the component's tables, gone afterwards.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/sqlite/connection.h"
+#include "adapters/sqlite/schema.h"
+#include "data/account_tables.h"
+#include "platform/database.h"
+
+namespace kelvane::support {
+
+inline std::vector<sqlite::TableDescription> EmbeddedTables() {
+    std::vector<sqlite::TableDescription> tables;
+    for (const data::AccountTable& table : data::AccountTables()) {
+        sqlite::TableDescription description;
+        description.name = table.name;
+        for (const data::AccountColumn& column : table.columns) {
+            const bool isKey = column.role == data::ColumnRole::Key;
+            const std::string name(column.name);
+            description.columns.push_back({name, std::string(column.type), !isKey});
+            if (isKey) description.key.push_back(name);
+        }
+        for (const data::AccountIndex& index : table.indexes) {
+            std::vector<std::string> columns;
+            for (const std::string_view name : index) {
+                if (!name.empty()) columns.emplace_back(name);
+            }
+            description.indexes.push_back(columns);
+        }
+        tables.push_back(std::move(description));
+    }
+    return tables;
+}
+
+class EmbeddedAccount {
+public:
+    // `name` makes the file's name distinct among tests that run at the same time.
+    explicit EmbeddedAccount(const std::string& name)
+        : mFolder(std::filesystem::temp_directory_path() / ("kelvane_" + name)) {
+        std::filesystem::remove_all(mFolder);
+        std::filesystem::create_directories(mFolder);
+        sqlite::CreateAccount(Path(), EmbeddedTables());
+    }
+    ~EmbeddedAccount() {
+        std::error_code ignored;
+        std::filesystem::remove_all(mFolder, ignored);
+    }
+    EmbeddedAccount(const EmbeddedAccount&) = delete;
+    EmbeddedAccount& operator=(const EmbeddedAccount&) = delete;
+
+    std::string Path() const { return (mFolder / "account.db").string(); }
+
+    // An open connection that waits `timeout` milliseconds for another's lock.
+    std::shared_ptr<platform::Connection> Connect(int timeout = 50) const {
+        auto connection = sqlite::CreateConnection();
+        connection->SetConnectionString("Data Source=\"" + Path() +
+                                        "\";Timeout=" + std::to_string(timeout));
+        connection->SetCursorLocation(platform::CursorLocation::Client);
+        connection->Open("", "", -1);
+        return connection;
+    }
+
+private:
+    std::filesystem::path mFolder;
+};
+
+}  // namespace kelvane::support

@@ -1,0 +1,135 @@
+#include "adapters/reference/search_key.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "adapters/reference/pinyin.h"
+
+namespace kelvane::reference {
+
+namespace {
+
+constexpr std::size_t kMostSpellings = 16;
+constexpr char32_t kWideBlank = 0x3000;
+constexpr char32_t kWideFirst = 0xFF01;  // "!" to "~", one after the other
+constexpr char32_t kWideLast = 0xFF5E;
+
+struct Character {
+    char32_t code;
+    std::size_t length;
+};
+
+bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+// The character at the front of `text`; a byte that begins none stands for itself.
+Character FirstCharacter(std::string_view text) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (lead < 0x80) return {lead, 1};
+    if (lead < 0xC0 || lead >= 0xF8 || text.size() < length) return {0, 1};
+    char32_t code = lead & (0xFFU >> (length + 1));
+    for (std::size_t at = 1; at < length; ++at) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        if ((byte & 0xC0U) != 0x80U) return {0, 1};
+        code = (code << 6U) | (byte & 0x3FU);
+    }
+    return {code, length};
+}
+
+char FoldAscii(char character) {
+    if (character >= 'A' && character <= 'Z') return static_cast<char>(character - 'A' + 'a');
+    const auto byte = static_cast<unsigned char>(character);
+    return byte < 0x20 || byte == 0x7F ? ' ' : character;
+}
+
+bool IsLetterOrDigit(char folded) {
+    return (folded >= 'a' && folded <= 'z') || (folded >= '0' && folded <= '9');
+}
+
+void AppendFolded(std::string& out, std::string_view text) {
+    while (!text.empty()) {
+        if (IsAscii(text.front())) {
+            out += FoldAscii(text.front());
+            text.remove_prefix(1);
+            continue;
+        }
+        const Character next = FirstCharacter(text);
+        if (next.code >= kWideFirst && next.code <= kWideLast) {
+            out += FoldAscii(static_cast<char>(next.code - kWideFirst + U'!'));
+        } else if (next.code == kWideBlank) {
+            out += ' ';
+        } else {
+            out += text.substr(0, next.length);
+        }
+        text.remove_prefix(next.length);
+    }
+}
+
+// Every spelling once more for each further initial, as long as there are not too many.
+void AppendInitials(std::vector<std::string>& spellings, std::string_view initials) {
+    const std::size_t before = spellings.size();
+    const std::size_t ways = before * initials.size() <= kMostSpellings ? initials.size() : 1;
+    for (std::size_t way = 1; way < ways; ++way) {
+        for (std::size_t index = 0; index < before; ++index) {
+            spellings.push_back(spellings[index] + initials[way]);
+        }
+    }
+    for (std::size_t index = 0; index < before; ++index) spellings[index] += initials.front();
+}
+
+// The ways to spell a folded text by initials; none when it has no Chinese character.
+std::vector<std::string> Spellings(std::string_view folded) {
+    std::vector<std::string> spellings(1);
+    bool chinese = false;
+    while (!folded.empty()) {
+        if (IsAscii(folded.front())) {
+            if (IsLetterOrDigit(folded.front())) {
+                for (std::string& spelling : spellings) spelling += folded.front();
+            }
+            folded.remove_prefix(1);
+            continue;
+        }
+        const Character next = FirstCharacter(folded);
+        const std::string_view initials = PinyinInitials(next.code);
+        if (!initials.empty()) {
+            AppendInitials(spellings, initials);
+            chinese = true;
+        }
+        folded.remove_prefix(next.length);
+    }
+    if (!chinese) spellings.clear();
+    return spellings;
+}
+
+}  // namespace
+
+std::string FoldText(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    AppendFolded(folded, text);
+    return folded;
+}
+
+std::string SortKey(std::string_view cell) {
+    const std::string folded = FoldText(cell);
+    const std::vector<std::string> spellings = Spellings(folded);
+    return (spellings.empty() ? folded : spellings.front()) + kKeyEnd + folded;
+}
+
+void AppendSearchKey(std::string& key, std::string_view cell) {
+    const std::size_t begin = key.size();
+    AppendFolded(key, cell);
+    const auto wide =
+        std::find_if_not(key.begin() + static_cast<std::ptrdiff_t>(begin), key.end(), IsAscii);
+    if (wide != key.end()) {
+        for (const std::string& spelling : Spellings(std::string(key, begin))) {
+            key += kKeyEnd;
+            key += spelling;
+        }
+    }
+    key += kKeyEnd;
+}
+
+}  // namespace kelvane::reference

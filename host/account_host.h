@@ -15,9 +15,9 @@ namespace kelvane::host {
 // Who logs in. What is not given is the account's own: its usual operator, that operator's
 // exemption, its usual year.
 struct LoginRequest {
-    std::optional<std::string> user;
-    std::optional<bool> exempt;
-    std::optional<int> year;
+    std::optional<std::string> user = {};
+    std::optional<bool> exempt = {};
+    std::optional<int> year = {};
 };
 
 // Where a login takes place.

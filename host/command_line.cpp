@@ -43,6 +43,7 @@ void AddInit(CLI::App& program, int& status) {
             ->capture_default_str();
     auto* seed =
         init->add_option("--seed", content.seed, "What the sample company's figures grow from")
+            ->check(CLI::NonNegativeNumber)
             ->capture_default_str();
     init->add_flag("--force", content.replaceExisting, "Replace an existing file");
     init->callback([arguments, entries, seed, &status] {
@@ -77,7 +78,11 @@ void AddDrive(CLI::App& program, int& status) {
     auto* drive = program.add_subcommand(
         "drive", "Act as the script on standard input says; write what happens to standard output");
     drive->add_option("ACCOUNT", arguments->account, kAccountHelp)->required();
-    drive->add_flag("--window", arguments->window, "On real windows");
+    auto* window = drive->add_flag("--window", arguments->window, "On real windows");
+    drive
+        ->add_option("--screenshot", arguments->screenshot,
+                     "At the script's end, save what the window shows to this PNG file")
+        ->needs(window);
     drive->callback([arguments, &status] { status = RunDrive(*arguments); });
 }
 

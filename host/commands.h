@@ -20,6 +20,7 @@ struct OpenArguments {
 struct DriveArguments {
     std::string account;
     bool window = false;
+    std::string screenshot;  // where to save the last window; empty: nowhere
 };
 
 int RunInit(const std::string& account, const NewAccount& content);

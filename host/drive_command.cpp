@@ -1,6 +1,7 @@
 // kelvane drive
 
 #include <iostream>
+#include <utility>
 
 #include "adapters/drive/script_operator.h"
 #include "adapters/headless/headless_windows.h"
@@ -11,6 +12,25 @@
 namespace kelvane::host {
 
 namespace {
+
+// Follows the script; at its end, before the windows that are still open close, it does what was
+// asked for.
+class EndingScript : public drive::ScriptOperator {
+public:
+    using ScriptOperator::ScriptOperator;
+
+    void SetAtEnd(std::function<void()> atEnd) { mAtEnd = std::move(atEnd); }
+
+    bool Act(controls::Form& topmost) override {
+        const bool goesOn = ScriptOperator::Act(topmost);
+        if (goesOn || !mAtEnd) return goesOn;
+        std::exchange(mAtEnd, {})();
+        return goesOn;
+    }
+
+private:
+    std::function<void()> mAtEnd;
+};
 
 int Drive(const std::string& account, drive::ScriptOperator& script, platform::Windows& windows) {
     drive::StatementLog statements;
@@ -27,16 +47,23 @@ int Drive(const std::string& account, drive::ScriptOperator& script, platform::W
     return script.Run();
 }
 
+int DriveOnScreen(const DriveArguments& arguments) {
+    EndingScript script(std::cin, std::cout);
+    return RunOnScreen(&script, [&](const Screen& screen) {
+        bool photographed = arguments.screenshot.empty();
+        if (!photographed) {
+            script.SetAtEnd([&] { photographed = screen.saveScreenshot(arguments.screenshot); });
+        }
+        const int status = Drive(arguments.account, script, screen.windows);
+        return photographed ? status : Fail("no screenshot in " + arguments.screenshot);
+    });
+}
+
 }  // namespace
 
 int RunDrive(const DriveArguments& arguments) {
-    if (arguments.window && !HasScreen()) return Fail(kNoScreen);
+    if (arguments.window) return HasScreen() ? DriveOnScreen(arguments) : Fail(kNoScreen);
     drive::ScriptOperator script(std::cin, std::cout);
-    if (arguments.window) {
-        return RunOnScreen(&script, [&](platform::Windows& windows) {
-            return Drive(arguments.account, script, windows);
-        });
-    }
     headless::HeadlessWindows windows(script);
     return Drive(arguments.account, script, windows);
 }

@@ -10,8 +10,7 @@ bool HasScreen() {
     return false;
 }
 
-int RunOnScreen(drive::Operator* /*script*/,
-                const std::function<int(platform::Windows&)>& /*work*/) {
+int RunOnScreen(drive::Operator* /*script*/, const std::function<int(const Screen&)>& /*work*/) {
     throw std::logic_error(kNoScreen);
 }
 

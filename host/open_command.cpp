@@ -33,7 +33,7 @@ int RunOpen(const OpenArguments& arguments) {
         return Fail("the log " + LogPath().string() + " cannot be written");
     }
     return RunOnScreen(nullptr,
-                       [&](platform::Windows& windows) { return Open(arguments, windows); });
+                       [&](const Screen& screen) { return Open(arguments, screen.windows); });
 }
 
 }  // namespace kelvane::host

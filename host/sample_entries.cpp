@@ -15,7 +15,7 @@ struct SettledEntry {
     std::string_view project;
 };
 constexpr std::array<SettledEntry, 3> kSettledEntries = {{{5, "P007"}, {18, "P013"}, {24, "P022"}}};
-constexpr std::int64_t kZeroEntry = 9;
+constexpr std::int64_t kZeroEntry = 10;
 constexpr std::int64_t kWrongSumEntry = 12;
 
 constexpr DateTime kFirstDate{.year = 2003, .month = 1, .day = 6};

@@ -34,7 +34,7 @@ struct SampleEntry {
 };
 
 // Every entry passes the entry list's checks for an exempt operator, but for those of settled
-// projects. Entry 5, 18 and 24 belong to settled projects, entry 9 is of amount 0, and entry 12
+// projects. Entry 5, 18 and 24 belong to settled projects, entry 10 is of amount 0, and entry 12
 // has a stored amount that is not the sum of its detail lines.
 class SampleEntrySource {
 public:

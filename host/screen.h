@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "adapters/drive/operator.h"
 #include "platform/windows.h"
@@ -12,8 +13,15 @@ inline constexpr const char* kNoScreen = "this build has no windows (KELVANE_BUI
 
 bool HasScreen();
 
+struct Screen {
+    platform::Windows& windows;
+    // Writes what the topmost window shows to a PNG file; false when it cannot.
+    std::function<bool(const std::string& path)> saveScreenshot;
+};
+
 // Starts the windows, does `work` on them and returns its result. `script`: who acts on them in
-// the operator's place; null for a real operator. Call it once, and only when HasScreen().
-int RunOnScreen(drive::Operator* script, const std::function<int(platform::Windows&)>& work);
+// the operator's place; null for a real operator. Call it once, and only when HasScreen(). Throws
+// std::runtime_error when there is no screen, and what `work` throws.
+int RunOnScreen(drive::Operator* script, const std::function<int(const Screen&)>& work);
 
 }  // namespace kelvane::host

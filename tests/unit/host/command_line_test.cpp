@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "tests/unit/host/plain_sqlite.h"
+#include "tests/unit/host/program.h"
+#include "tests/unit/host/temporary_folder.h"
+
+namespace kelvane::host_test {
+namespace {
+
+using ::testing::Test;
+
+class CommandLineTest : public Test {
+protected:
+    std::string Account() const { return ShellQuoted(mPath.string()); }
+
+    TemporaryFolder mFolder;
+    std::filesystem::path mPath = mFolder / "account";
+};
+
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+TEST_F(CommandLineTest, HelpAndVersionAreNoErrors) {
+    for (const char* arguments :
+         {"--help", "init --help", "open --help", "drive --help", "-h", "init -h"}) {
+        const auto result = RunProgram(arguments);
+        EXPECT_EQ(result.status, 0) << arguments;
+        EXPECT_TRUE(Contains(result.output, "Usage: kelvane")) << result.output;
+        EXPECT_EQ(result.errors, "") << arguments;
+    }
+    EXPECT_EQ(RunProgram("--version").output, "kelvane " KELVANE_VERSION "\n");
+}
+
+TEST_F(CommandLineTest, WrongUsageHasStatusTwoAndChangesNothing) {
+    for (const std::string& arguments :
+         {std::string(), std::string("make"), std::string("init"), "init --keywords 3 " + Account(),
+          "init --keywords x " + Account(), "init --entries -1 " + Account(),
+          "init --entries 10000001 " + Account(), "init --seed 5 " + Account(),
+          "init --sample --seed -1 " + Account(), "init --unknown " + Account(),
+          "init " + Account() + " more", std::string("open"), "open --year x " + Account(),
+          "open --date 2004.13.1 " + Account(), std::string("drive"),
+          "drive --database odbc " + Account()}) {
+        const auto result = RunProgram(arguments);
+        EXPECT_EQ(result.status, 2) << arguments;
+        EXPECT_EQ(result.output, "") << arguments;
+        EXPECT_TRUE(Contains(result.errors, "--help")) << arguments << ": " << result.errors;
+    }
+    EXPECT_EQ(mFolder.FileCount(), 0U);
+}
+
+TEST_F(CommandLineTest, InitCreatesAnEmptyAccount) {
+    const auto result = RunProgram("init " + Account());
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, mPath.string() + ": empty account\n");
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(PlainSqlite(mPath).One("select count(*) from fitemss97"), "0");
+}
+
+TEST_F(CommandLineTest, InitCreatesASample) {
+    const auto result = RunProgram("init " + Account() + " --sample --keywords 2");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, mPath.string() + ": sample account with 25 entries\n");
+    EXPECT_EQ(PlainSqlite(mPath).One("select count(*) from fitemstructure where iSubItem = 1 and "
+                                     "bPrimaryKey = 1"),
+              "2");
+}
+
+TEST_F(CommandLineTest, ANumberOfEntriesAsksForASample) {
+    const auto result = RunProgram("init --entries 100 --seed 3 " + Account());
+    EXPECT_EQ(result.output, mPath.string() + ": sample account with 100 entries\n");
+    EXPECT_EQ(PlainSqlite(mPath).One("select count(*) from PM_ItemQC"), "100");
+}
+
+TEST_F(CommandLineTest, InitKeepsAnExistingFileUnlessForced) {
+    WriteText(mPath, "precious");
+    const auto kept = RunProgram("init " + Account());
+    EXPECT_EQ(kept.status, 1);
+    EXPECT_EQ(kept.output, "");
+    EXPECT_EQ(kept.errors, "kelvane: " + mPath.string() + " exists already; --force replaces it\n");
+    EXPECT_EQ(ReadText(mPath), "precious");
+    EXPECT_EQ(RunProgram("init --force " + Account()).status, 0);
+    EXPECT_EQ(PlainSqlite(mPath).One("select count(*) from Host_Unit"), "1");
+}
+
+TEST_F(CommandLineTest, InitRefusesAFolder) {
+    const auto result = RunProgram("init --force " + ShellQuoted(mFolder.Path().string()));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, "kelvane: " + mFolder.Path().string() + " is a folder\n");
+}
+
+TEST_F(CommandLineTest, AScriptThatFailsHasStatusOne) {
+    RunProgram("init --sample " + Account());
+    EXPECT_EQ(RunProgram("drive " + Account(), "init\n").status, 0);
+    const auto unknown = RunProgram("drive " + Account(), "init\nfly\n");
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_TRUE(Contains(unknown.output, "error: line 2: ")) << unknown.output;
+    const auto nobody = RunProgram("drive " + Account(), "init user=nobody\n");
+    EXPECT_EQ(nobody.status, 1);
+    EXPECT_TRUE(Contains(nobody.output, "帐套中没有操作员 nobody")) << nobody.output;
+}
+
+TEST_F(CommandLineTest, AMissingAccountIsNamed) {
+    const auto result = RunProgram("drive " + Account(), "init\n");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(Contains(result.output, mPath.string())) << result.output;
+    EXPECT_EQ(mFolder.FileCount(), 0U);
+}
+
+// Leaving a row checks and saves it, so walking down the list tries every entry.
+TEST_F(CommandLineTest, EverySampleEntryPassesTheEntryListsChecks) {
+    for (const char* keywords : {"0", "1", "2"}) {
+        const auto made = RunProgram("init --force --sample --entries 60 --keywords " +
+                                     std::string(keywords) + " " + Account());
+        ASSERT_EQ(made.status, 0) << made.errors;
+        PlainSqlite(mPath).Rows("delete from PM_ItemQC where iEleVid in (5, 18, 24)");
+        PlainSqlite(mPath).Rows("delete from PM_ItemQCsub where iEleVid in (5, 18, 24)");
+        std::string script = "init\nshow\n";
+        for (int row = 1; row <= 57; ++row) script += "go " + std::to_string(row) + " 1\n";
+        const auto result = RunProgram("drive " + Account(), script + "go 1 1\nclose\n");
+        EXPECT_EQ(result.status, 0) << result.output;
+        EXPECT_FALSE(Contains(result.output, "refused")) << result.output;
+        EXPECT_TRUE(Contains(result.output, "> go 57 1\n> go 1 1\n")) << result.output;
+    }
+}
+
+TEST_F(CommandLineTest, TheLogIsOffUnlessNamed) {
+    RunProgram("init --sample " + Account());
+    PlainSqlite(mPath).Rows(
+        "update AccInformation set cValue = 'soon' where cName = 'dPMStartDate'");
+    const std::string script = "init\nshow\nclose\n";
+    RunProgram("drive " + Account(), script, "KELVANE_LOG=");
+    EXPECT_EQ(mFolder.FileCount(), 1U);
+    const auto log = mFolder / "trapped.log";
+    RunProgram("drive " + Account(), script, "KELVANE_LOG=" + ShellQuoted(log.string()));
+    EXPECT_TRUE(Contains(ReadText(log), "[LoadPmStartDate] ")) << ReadText(log);
+    EXPECT_FALSE(Contains(ReadText(log), "Data Source")) << ReadText(log);
+}
+
+}  // namespace
+}  // namespace kelvane::host_test

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "controls/pick_window.h"
+
 namespace kelvane::drive {
 
 using platform::Message;
@@ -51,6 +53,14 @@ int ScriptOperator::Run() {
 
 bool ScriptOperator::Act(controls::Form& topmost) {
     if (mFailed) return false;
+    if (auto* list = dynamic_cast<controls::PickWindow*>(&topmost)) {
+        list->Choose(Pick(list->Titles(), list->ShownRows()));
+        return !mFailed;
+    }
+    if (auto* list = dynamic_cast<controls::PickWindow*>(&topmost)) {
+        list->Choose(Pick(list->Titles(), list->ShownRows()));
+        return !mFailed;
+    }
     const auto command = NextCommand();
     if (!command) return false;
     Execute(*command, &topmost);
@@ -158,7 +168,7 @@ MessageAnswer ScriptOperator::Answer(const Message& message) {
 
 std::optional<std::size_t> ScriptOperator::Pick(const std::vector<std::string>& titles,
                                                 const std::vector<std::vector<std::string>>& rows) {
-    mTranscript.Line("list: " + JoinCells(titles));
+    mTranscript.Line("list: " + JoinCells(titles, ','));
     for (const auto& row : rows) mTranscript.Line(JoinCells(row));
     return Choose(rows.size());
 }

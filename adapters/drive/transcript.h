@@ -32,12 +32,12 @@ private:
     std::ostream& mOut;
 };
 
-// The cells of a row as the transcript shows them: joined by "|".
-inline std::string JoinCells(const std::vector<std::string>& cells) {
+// The texts of a row as the transcript shows them, with `separator` between them.
+inline std::string Join(const std::vector<std::string>& texts, char separator) {
     std::string line;
-    for (const std::string& cell : cells) {
-        if (&cell != &cells.front()) line += '|';
-        line += cell;
+    for (const std::string& text : texts) {
+        if (&text != &texts.front()) line += separator;
+        line += text;
     }
     return line;
 }

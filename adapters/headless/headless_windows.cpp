@@ -1,9 +1,12 @@
 #include "adapters/headless/headless_windows.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 #include "adapters/headless/form_watch.h"
+#include "controls/pick_window.h"
+#include "controls/pick_window.h"
 
 namespace kelvane::headless {
 
@@ -20,15 +23,18 @@ void HeadlessWindows::ShowModal(platform::Window& window) {
     if (!form->IsLoaded()) return;
 
     mOpen.push_back(form);
+    // What happens in a pick list is told by its choice alone.
+    const bool told = dynamic_cast<controls::PickWindow*>(form) == nullptr;
     {
-        const FormWatch watch(*form, mOperator);
-        mOperator.Opened(form->Name());
+        std::optional<FormWatch> watch;
+        if (told) watch.emplace(*form, mOperator);
+        if (told) mOperator.Opened(form->Name());
         form->Activate();
         RunModal(*form);
     }
     mOpen.pop_back();
     if (mOpen.empty()) mSentKeys.clear();
-    mOperator.Closed(form->Name());
+    if (told) mOperator.Closed(form->Name());
 }
 
 void HeadlessWindows::RunModal(Form& form) {

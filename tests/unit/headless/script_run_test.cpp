@@ -182,7 +182,7 @@ TEST(ScriptRun, PicksAndFilesAreTakenInTheirOrder) {
     EXPECT_EQ(session.person.ChooseFile(), std::nullopt);
     EXPECT_EQ(session.Run(),
               "> pick 2\n> pick none\n> file a b.csv\n> file none\n"
-              "list: 编码|名称\n01|甲\n02|乙\nlist: 编码\n01\nlist: 编码\n");
+              "list: 编码,名称\n01|甲\n02|乙\nlist: 编码\n01\nlist: 编码\n");
 }
 
 TEST(ScriptRun, AnErrorNamesItsLineAndClosesTheWindowsInOrder) {

@@ -18,12 +18,13 @@ public:
 
     // Does the next thing on `topmost`, the topmost window. Returns false when the script is at its
     // end; the windows then close from the topmost down. A window that the thing opens is run
-    // inside this call.
+    // inside this call. In a window that is a controls::PickWindow the operator only chooses.
     virtual bool Act(controls::Form& topmost) = 0;
 
     // What could be seen, in the order it happened. A window is opened after its Form_Load and
     // before its Form_Activate, and closed after its unload; focus moves, refusals and the grid's
-    // beeps are told in between, not before the window can be seen.
+    // beeps are told in between, not before the window can be seen. A controls::PickWindow is a
+    // list, not a window: nothing of it is told.
     virtual void Opened(const std::string& window) = 0;
     virtual void Closed(const std::string& window) = 0;
     virtual void Focused(const std::string& control) = 0;

@@ -57,10 +57,6 @@ bool ScriptOperator::Act(controls::Form& topmost) {
         list->Choose(Pick(list->Titles(), list->ShownRows()));
         return !mFailed;
     }
-    if (auto* list = dynamic_cast<controls::PickWindow*>(&topmost)) {
-        list->Choose(Pick(list->Titles(), list->ShownRows()));
-        return !mFailed;
-    }
     const auto command = NextCommand();
     if (!command) return false;
     Execute(*command, &topmost);
@@ -168,8 +164,8 @@ MessageAnswer ScriptOperator::Answer(const Message& message) {
 
 std::optional<std::size_t> ScriptOperator::Pick(const std::vector<std::string>& titles,
                                                 const std::vector<std::vector<std::string>>& rows) {
-    mTranscript.Line("list: " + JoinCells(titles, ','));
-    for (const auto& row : rows) mTranscript.Line(JoinCells(row));
+    mTranscript.Line("list: " + Join(titles, ','));
+    for (const auto& row : rows) mTranscript.Line(Join(row, '|'));
     return Choose(rows.size());
 }
 

@@ -80,7 +80,7 @@ void PrintGrid(const Grid& grid, Transcript& transcript) {
             const std::string mark = grid.IsLocked(row, col) ? "#" : "";
             cells[static_cast<std::size_t>(col)] = mark + grid.Text(row, col);
         }
-        transcript.Line(Place(row, grid.RowData(row)) + " " + JoinCells(cells));
+        transcript.Line(Place(row, grid.RowData(row)) + " " + Join(cells, '|'));
     }
 }
 

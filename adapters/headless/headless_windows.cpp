@@ -6,7 +6,6 @@
 
 #include "adapters/headless/form_watch.h"
 #include "controls/pick_window.h"
-#include "controls/pick_window.h"
 
 namespace kelvane::headless {
 

@@ -8,6 +8,17 @@
 
 namespace kelvane::sqlite {
 
+namespace {
+
+// The engine's Bloom filters take the lengths of texts into account, and texts of different lengths
+// can be equal here: trailing blanks do not count. So they are switched off.
+void RefuseBloomFilters(sqlite3* handle) {
+    constexpr int kBloomFilters = 0x00080000;
+    sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle, kBloomFilters);
+}
+
+}  // namespace
+
 Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout(timeout) {
     const int code = sqlite3_open_v2(path.c_str(), &mHandle,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -17,6 +28,7 @@ Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout
         Throw(failure);
     }
     sqlite3_extended_result_codes(mHandle, 1);
+    RefuseBloomFilters(mHandle);
     SetTimeout(timeout);
     AddFunctions(*this);
 }

@@ -1,0 +1,332 @@
+// What the statements' dialect does, measured on an engine that speaks it: every engine must do the
+// same.
+#include <gtest/gtest.h>
+
+#include "tests/database/account_fixture.h"
+
+namespace kelvane::database_test {
+namespace {
+
+using platform::DatabaseError;
+using platform::DateTime;
+using platform::Money;
+using platform::StatementText;
+using platform::Value;
+
+class Dialect : public AccountTest {};
+
+TEST_F(Dialect, AcceptsABlankInsideAnOperator) {
+    Execute("insert into Gl_mend(iperiod,bflag_PM) values(3,'1')");
+    EXPECT_EQ(Rows("select iperiod from Gl_mend where iperiod > = '3' and bflag_PM = '1'"), "3\n");
+    EXPECT_EQ(Rows("select iperiod from Gl_mend where iperiod < > '3'"), "");
+    EXPECT_EQ(Rows("select iperiod from Gl_mend where iperiod ! = '4'"), "3\n");
+}
+
+TEST_F(Dialect, ComparesNumbersWithQuotedConstants) {
+    Execute("insert into Probe(id,i,t,b) values(1,7,8,1)");
+    EXPECT_EQ(Rows("select id from Probe where i = '7' and t = '8' and b = '1'"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where i = ' 7 ' and b = 'true'"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where i = ''"), "");
+    Execute("insert into Probe(id,i) values(2,0)");
+    EXPECT_EQ(Rows("select id from Probe where i = ''"), "2\n");
+}
+
+TEST_F(Dialect, RefusesTextThatIsNoNumber) {
+    Execute("insert into Probe(id,i,t) values(1,7,8)");
+    EXPECT_EQ(TextOfError([&] { Open("select id from Probe where i = 'abc'"); }),
+              "Conversion failed when converting the varchar value 'abc' to data type int.");
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where i = 'abc'"); }), 245);
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where i = '12.5'"); }), 245);
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where i = '99999999999'"); }), 248);
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where t = '300'"); }), 244);
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where m = 'abc'"); }), 235);
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where f = 'abc'"); }), 8114);
+    EXPECT_EQ(Rows("select id from Probe where i = '7'"), "1\n");
+}
+
+TEST_F(Dialect, AcceptsAWordRightBehindALiteral) {
+    Execute("insert into Coded(code,name) values('E01','x')");
+    EXPECT_EQ(Rows("select name from Coded where code='E01'and name='x'"), "x\n");
+}
+
+TEST_F(Dialect, AcceptsTableHints) {
+    Execute("insert into Coded(code,name) values('E01','x')");
+    EXPECT_EQ(Rows("select * from Coded with (HOLDLOCK) where code='E01'"), "E01|x\n");
+    EXPECT_EQ(Rows("select a.* from Coded a with (updlock, rowlock)"), "E01|x\n");
+    EXPECT_EQ(TextOfError([&] { Open("select * from Coded with (INDEX) where code=''"); }),
+              "This account's database does not know 'INDEX'.");
+}
+
+TEST_F(Dialect, ASubQueryYieldsAtMostOneValue) {
+    Execute("insert into Probe(id,i) values(1,1) insert into Probe(id,i) values(2,1)");
+    const StatementText statement(
+        "select id from Probe where id = (select id from Probe where i = 1)");
+    EXPECT_EQ(ErrorOf([&] { Open(statement); }), 512);
+    EXPECT_EQ(ErrorOf([&] { Open(statement); }), 512);
+    EXPECT_EQ(Rows("select id from Probe where id = (select id from Probe where i = 2)"), "");
+    EXPECT_EQ(Rows("select id from Probe where id = (select max(id) from Probe)"), "2\n");
+    EXPECT_EQ(Rows("select id,(select i from Probe b where b.id = a.id - 1) from Probe a"),
+              "1|NULL\n2|1\n");
+}
+
+TEST_F(Dialect, SumsSkipNullAndAreNullOverNothing) {
+    EXPECT_TRUE(One("select sum(m) from Probe").IsNull());
+    EXPECT_TRUE(One("select sum(f) from Probe").IsNull());
+    EXPECT_EQ(One("select count(*) from Probe"), Value(std::int64_t{0}));
+    Execute(
+        "insert into Probe(id,m,f,i) values(1,1.1,0.5,2) insert into Probe(id) values(2)"
+        " insert into Probe(id,m,f,i) values(3,2.2,1,3)");
+    EXPECT_EQ(One("select sum(m) from Probe"), Value(Money::FromText("3.3")));
+    EXPECT_EQ(One("select sum(f) from Probe"), Value(1.5));
+    EXPECT_EQ(One("select sum(i) from Probe"), Value(std::int64_t{5}));
+    EXPECT_EQ(One("select count(m) from Probe"), Value(std::int64_t{2}));
+    EXPECT_EQ(Rows("select min(m),max(m),avg(m),avg(i) from Probe"), "1.1|2.2|1.65|2\n");
+}
+
+TEST_F(Dialect, MoneyIsExact) {
+    Execute(
+        "insert into Probe(id,m) values(1,0.1) insert into Probe(id,m) values(2,0.2)"
+        " insert into Probe(id,m) values(3,922337203685477.5807)");
+    EXPECT_EQ(Rows("select id from Probe where m = 0.2"), "2\n");
+    EXPECT_EQ(Rows("select id from Probe where m + 0.1 = 0.3 and id < 3"), "2\n");
+    EXPECT_EQ(One("select sum(m) from Probe where id < 3"), Value(Money::FromText("0.3")));
+    EXPECT_EQ(One("select m from Probe where id = 3"),
+              Value(Money::FromText("922337203685477.5807")));
+    EXPECT_EQ(ErrorOf([&] { Open("select sum(m) from Probe"); }), 8115);
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set m = 922337203685477.5808"); }), 8115);
+    EXPECT_EQ(Rows("select id from Probe order by m desc"), "3\n2\n1\n");
+}
+
+TEST_F(Dialect, RunsStatementsWithoutSeparators) {
+    Execute("insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(5,'OLD',1,1,1)");
+    Execute(
+        "delete from PM_ItemQCsub where iEleVid=5"
+        " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(5,'A',2,3,6)"
+        " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(5,'B',1.5,2,3)");
+    EXPECT_EQ(Rows("select cCodeMx,iUprice,iNum,mQC from PM_ItemQCsub order by cCodeMx"),
+              "A|2|3|6\nB|1.5|2|3\n");
+}
+
+TEST_F(Dialect, KeepsWhatRanBeforeAFailure) {
+    const StatementText batch(
+        "insert into Coded(code,name) values('A','1')"
+        " insert into Coded(code,name) values('B','2')"
+        " insert into Coded(code,name) values('a','3')");
+    EXPECT_EQ(ErrorOf([&] { Execute(batch); }), 2627);
+    EXPECT_EQ(Rows("select code from Coded order by code"), "A\nB\n");
+    EXPECT_EQ(ErrorOf([&] {
+                  Execute("insert into Coded(code,name) values('C','1') delete from Nowhere");
+              }),
+              208);
+    EXPECT_EQ(Rows("select code from Coded order by code"), "A\nB\nC\n");
+    EXPECT_EQ(
+        ErrorOf([&] {
+            Execute("insert into Coded(code,name) values('D','1') delete from Coded where x=1");
+        }),
+        207);
+    EXPECT_EQ(Rows("select code from Coded order by code"), "A\nB\nC\n");
+}
+
+TEST_F(Dialect, ConvertsMoneyToGroupedText) {
+    const auto converted = [&](Money amount) {
+        Execute("delete from Probe");
+        Execute(StatementText("insert into Probe(id,m) values(1,").Amount(amount) << ")");
+        return One("select convert(varchar,m,1) from Probe").ToText();
+    };
+    EXPECT_EQ(converted(Money::FromText("1234567.891")), "1,234,567.89");
+    EXPECT_EQ(converted(Money::FromText("999.995")), "1,000.00");
+    EXPECT_EQ(converted(Money::FromText("-0.005")), "-0.01");
+    EXPECT_EQ(converted(Money::FromText("0.5")), "0.50");
+    EXPECT_EQ(converted(Money::FromText("-1234.5")), "-1,234.50");
+    EXPECT_EQ(converted(Money::FromText("100")), "100.00");
+    Execute("update Probe set m = null");
+    EXPECT_TRUE(One("select convert(varchar,m,1) from Probe").IsNull());
+}
+
+TEST_F(Dialect, IsNullHasTheTypeOfItsFirstArgument) {
+    Execute(
+        "insert into Probe(id,i,c) values(1,5,'x') insert into Probe(id) values(2)"
+        " insert into Probe(id,i,c) values(3,0,'')");
+    EXPECT_EQ(Rows("select id from Probe where isnull(i,'') = 5"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where isnull(i,'') = 0"), "2\n3\n");
+    EXPECT_EQ(Rows("select id from Probe where isnull(c,'') = ''"), "2\n3\n");
+    EXPECT_EQ(Rows("select isnull(c,'0123456789abc') from Probe where id = 2"), "0123456789\n");
+    EXPECT_EQ(One("select isnull(m,'') from Probe where id = 2"), Value(Money()));
+}
+
+TEST_F(Dialect, ComparesTextWithoutCaseAndTrailingBlanks) {
+    Execute("insert into Coded(code,name) values('p01','项目 A  ')");
+    EXPECT_EQ(Rows("select name from Coded where code = 'P01'"), "项目 A  \n");
+    EXPECT_EQ(Rows("select name from Coded where 'P01  ' = code"), "项目 A  \n");
+    EXPECT_EQ(Rows("select name from Coded where code = ' P01'"), "");
+    EXPECT_EQ(Rows("select code from Coded where name = '项目 a'"), "p01\n");
+    EXPECT_EQ(Rows("select code from Coded where name <> '项目 a'"), "");
+    EXPECT_EQ(Rows("select code from Coded where code in ('x','P01 ')"), "p01\n");
+    EXPECT_EQ(Rows("select code from Coded where code between 'P00' and 'P01'"), "p01\n");
+    EXPECT_EQ(Rows("select code from Coded where code > 'P01'"), "");
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Coded(code,name) values('P01 ','x')"); }), 2627);
+}
+
+TEST_F(Dialect, IgnoresTheCaseOfOtherLettersToo) {
+    Execute("insert into Probe(id,c,n) values(1,'ｅÉ','ж')");
+    EXPECT_EQ(Rows("select id from Probe where c = 'Ｅé' and n = 'Ж'"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where c in ('ｅé')"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where c like 'Ｅ%'"), "1\n");
+    EXPECT_EQ(Rows("select a.id from Probe a, Probe b where a.c = b.c"), "1\n");
+}
+
+TEST_F(Dialect, JoinsSortsAndGroupsTextTheSameWay) {
+    Execute(
+        "insert into Probe(id,c,i) values(1,'b',1) insert into Probe(id,c,i) values(2,'A ',2)"
+        " insert into Probe(id,c,i) values(3,'a',3) insert into Probe(id,c,i) values(4,'B',4)");
+    Execute("insert into Coded(code,name) values('A','first')");
+    EXPECT_EQ(Rows("select id,name from Probe inner join Coded on code = c order by id"),
+              "2|first\n3|first\n");
+    EXPECT_EQ(Rows("select c,name from Probe left join Coded on c = code where id = 1"),
+              "b|NULL\n");
+    EXPECT_EQ(Rows("select i from Probe order by c, i desc"), "3\n2\n4\n1\n");
+    EXPECT_EQ(Rows("select count(*),sum(i) from Probe group by c order by c"), "2|5\n2|5\n");
+    EXPECT_EQ(One("select count(distinct c) from Probe"), Value(std::int64_t{2}));
+    const auto distinct = Open("select distinct c from Probe");
+    EXPECT_EQ(distinct->RecordCount(), 2);
+}
+
+TEST_F(Dialect, LikeKeepsTrailingBlanks) {
+    Execute(
+        "insert into Coded(code,name) values('P01  ','x') insert into Coded(code,name)"
+        " values('Q01','x')");
+    EXPECT_EQ(Rows("select code from Coded where code like 'P01'"), "");
+    EXPECT_EQ(Rows("select code from Coded where code like 'q01'"), "Q01\n");
+    EXPECT_EQ(Rows("select code from Coded where code like 'p%'"), "P01  \n");
+    EXPECT_EQ(Rows("select code from Coded where code like '_0[1-3]'"), "Q01\n");
+    EXPECT_EQ(Rows("select code from Coded where code like '[^p]%'"), "Q01\n");
+    EXPECT_EQ(Rows("select code from Coded where code not like 'p%'"), "Q01\n");
+}
+
+TEST_F(Dialect, ReadsDatesInAllForms) {
+    const DateTime day{2004, 6, 30};
+    for (const auto& statement : {StatementText("update Probe set d = '2004-06-30'"),
+                                  StatementText("update Probe set d = '2004/6/30'"),
+                                  StatementText("update Probe set d = '2004.06.30'"),
+                                  StatementText("update Probe set d = '20040630'")}) {
+        Execute("delete from Probe insert into Probe(id) values(1)");
+        Execute(statement);
+        EXPECT_EQ(One("select d from Probe"), Value(day)) << statement.Text();
+    }
+    Execute("update Probe set d = ''");
+    EXPECT_EQ(One("select d from Probe"), Value(DateTime{1900, 1, 1}));
+    Execute("update Probe set d = '2004-06-30 23:59:59.996'");
+    EXPECT_EQ(One("select d from Probe"), Value(DateTime{2004, 6, 30, 23, 59, 59, 997}));
+    Execute("update Probe set d = '2004-12-31T23:59:59.999'");
+    EXPECT_EQ(One("select d from Probe"), Value(DateTime{2005, 1, 1}));
+    EXPECT_EQ(Rows("select id from Probe where d = '2005.1.1' and d > '2004/12/31'"), "1\n");
+}
+
+TEST_F(Dialect, RefusesImpossibleDates) {
+    Execute("insert into Probe(id) values(1)");
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = '2023-02-30'"); }), 242);
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = '2004-13-01'"); }), 242);
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = '0100.01.01'"); }), 242);
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = 'soon'"); }), 241);
+    EXPECT_TRUE(One("select d from Probe").IsNull());
+}
+
+TEST_F(Dialect, TakesDoubledApostrophes) {
+    Execute("insert into Coded(code,name) values('a''b','''')");
+    EXPECT_EQ(Rows("select code,name from Coded where code = 'A''B'"), "a'b|'\n");
+    EXPECT_EQ(TextOfError([&] { Execute("insert into Coded(code,name) values('a'b,'x')"); }),
+              "Incorrect syntax near 'b'.");
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Coded(code,name) values('a'b')"); }), 105);
+    EXPECT_EQ(TextOfError([&] { Execute("delete from Coded where code = 'a"); }),
+              "Unclosed quotation mark after the character string 'a'.");
+}
+
+TEST_F(Dialect, KeepsChineseAndWideText) {
+    Execute("insert into Probe(id,c,n) values(1,'期初余额',N'期初')");
+    EXPECT_EQ(Rows("select c,n from Probe where c = N'期初余额'"), "期初余额|期初\n");
+}
+
+TEST_F(Dialect, RefusesTextThatIsTooLong) {
+    Execute("insert into Probe(id) values(1)");
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = '一二三四五六'"); }), 8152);
+    Execute("update Probe set c = '一二三四五'");
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = '12345678901'"); }), 8152);
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = name from Coded"); }), 50001);
+    Execute("update Probe set n = '一二三四五六七八九十'");
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = n + 'x'"); }), 8152);
+    Execute("update Probe set c = '1234567890   '");
+    EXPECT_EQ(One("select c from Probe"), Value("1234567890"));
+    Execute("update Probe set c = 'x  '");
+    EXPECT_EQ(One("select c from Probe"), Value("x  "));
+}
+
+TEST_F(Dialect, RefusesDuplicateKeysAndNulls) {
+    Execute("insert into Probe(id) values(1)");
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id) values(1)"); }), 2627);
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id) values(null)"); }), 515);
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(c) values('x')"); }), 515);
+    EXPECT_EQ(TextOfError([&] { Execute("insert into Coded(code) values('x')"); }),
+              "Cannot insert the value NULL into column 'name', table 'Coded'; column does not "
+              "allow nulls.");
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Coded(code,name) values(null,'x')"); }), 515);
+    EXPECT_EQ(Rows("select id from Probe"), "1\n");
+}
+
+TEST_F(Dialect, AnErrorLeavesTheTransactionOpen) {
+    platform::Transaction transaction(Account());
+    Execute("insert into Probe(id) values(1)");
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id) values(1)"); }), 2627);
+    Execute("insert into Probe(id) values(2)");
+    transaction.Commit();
+    EXPECT_EQ(Rows("select id from Probe"), "1\n2\n");
+}
+
+TEST_F(Dialect, AStatementIsDoneWhollyOrNotAtAll) {
+    Execute("insert into Probe(id,c) values(1,'12') insert into Probe(id,c) values(2,'x')");
+    platform::Transaction transaction(Account());
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set i = c + 1"); }), 245);
+    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id,i) select id + 2, c from Probe"); }),
+              245);
+    transaction.Commit();
+    EXPECT_EQ(Rows("select id,i from Probe order by id"), "1|NULL\n2|NULL\n");
+}
+
+TEST_F(Dialect, NamesUnknownTablesAndColumns) {
+    EXPECT_EQ(TextOfError([&] { Open("select * from Nowhere"); }),
+              "Invalid object name 'Nowhere'.");
+    EXPECT_EQ(TextOfError([&] { Open("select Nothing from Coded"); }),
+              "Invalid column name 'Nothing'.");
+    EXPECT_EQ(ErrorOf([&] { Open("select x.code from Coded"); }), 4104);
+    EXPECT_EQ(ErrorOf([&] { Open("select code from Coded a, Coded b"); }), 209);
+    EXPECT_EQ(
+        ErrorOf([&] { Open("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname"); }),
+        128);
+}
+
+TEST_F(Dialect, ConvertsBetweenColumnsOfDifferentTypes) {
+    Execute("insert into Probe(id,c,i,m,f) values(1,'7',7,7,7)");
+    EXPECT_EQ(Rows("select id from Probe where c = i and i = m and m = f and c = 7"), "1\n");
+    Execute("update Probe set i = m + 0.5, m = i, f = m, c = i");
+    EXPECT_EQ(Rows("select i,m,f,c from Probe"), "8|7|7|7\n");
+    Execute("update Probe set c = 'x'");
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where c = 7"); }), 245);
+    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set i = 5 / 0"); }), 8134);
+    EXPECT_EQ(One("select 7 / 2 from Probe"), Value(std::int64_t{3}));
+    EXPECT_EQ(ErrorOf([&] { Open("select 2147483647 + 1"); }), 8115);
+}
+
+TEST_F(Dialect, TreatsEqualShapesWithTheirOwnValues) {
+    Execute("insert into Probe(id,c) values(1,'a') insert into Probe(id,c) values(2,'É')");
+    EXPECT_EQ(Rows("select id from Probe where c = 'A'"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where c = 'é'"), "2\n");
+    EXPECT_EQ(Rows("select top 1 id from Probe order by id"), "1\n");
+    EXPECT_EQ(Rows("select top 2 id from Probe order by id"), "1\n2\n");
+    EXPECT_EQ(Rows("select id,c from Probe order by 1 desc"), "2|É\n1|a\n");
+    EXPECT_EQ(Rows("select id,c from Probe order by 2 desc"), "2|É\n1|a\n");
+    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where id = 'x'"); }), 245);
+    EXPECT_EQ(Rows("select id from Probe where id = '2'"), "2\n");
+    EXPECT_EQ(Rows("select id from Probe where id = -2"), "");
+}
+
+}  // namespace
+}  // namespace kelvane::database_test

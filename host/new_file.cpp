@@ -46,6 +46,7 @@ NewFile::~NewFile() {
 }
 
 void NewFile::CheckPlace() const {
+    if (mPath.empty()) throw FileRefused("the file's name is empty");
     std::error_code error;
     const fs::path folder = mPath.has_parent_path() ? mPath.parent_path() : fs::path(".");
     if (!fs::is_directory(folder, error)) {

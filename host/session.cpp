@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/reference/reference_list_service.h"
 #include "data/login_context.h"
 #include "host/account_place.h"
 #include "host/local_time.h"
@@ -20,6 +21,21 @@ Session::Session(std::string account, platform::Windows& windows, drive::Stateme
     mServices.diagnostics = &mLog;
     mServices.createConnection = [this] { return CreateConnection(); };
     mServices.today = [this] { return mToday ? *mToday : LocalNow(); };
+    mServices.createReferenceList = [this, &windows] {
+        return std::make_unique<reference::ReferenceListService>(
+            reference::ListSurroundings{windows,
+                                        [this]() -> platform::HostDataAccess& {
+                                            return mLogins.back()->Environment().DataAccess();
+                                        },
+                                        [] { return data::gRefCenterCode; }});
+    };
+    mServices.createReferenceList = [&windows] {
+        return std::make_unique<reference::ReferenceListService>(reference::ListSurroundings{
+            windows,
+            []() -> platform::HostDataAccess& { return data::gEnv->DataAccess(); },
+            [] { return data::gRefCenterCode; },
+        });
+    };
 }
 
 Session::~Session() {

@@ -91,6 +91,7 @@ TEST_F(NewFileTest, RefusesWhatIsNoPlaceForAFile) {
               missing.string() + ": there is no folder " + (mFolder / "missing").string());
     EXPECT_EQ(Refusal("/dev/null", Existing::Replace), "/dev/null is no plain file");
     EXPECT_TRUE(fs::exists("/dev/null"));
+    EXPECT_EQ(Refusal("", Existing::Keep), "the file's name is empty");
 }
 
 TEST_F(NewFileTest, RefusesAnAccountInUse) {

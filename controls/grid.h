@@ -80,8 +80,12 @@ public:
     void SetCols(int cols);
     int FixedRows() const { return mFixedRows; }
     int FixedCols() const { return mFixedCols; }
-    void SetFixedRows(int rows) { Assign(mFixedRows, rows); }
-    void SetFixedCols(int cols) { Assign(mFixedCols, cols); }
+    // Row 0 is the header whatever is asked for: a grid of nothing else keeps it fixed too.
+    void SetFixedRows(int rows) { Assign(mFixedRows, rows < 1 ? 1 : rows); }
+    void SetFixedCols(int cols);
+    // Sets the columns from one text: "|" separates them, the first character of each gives its
+    // alignment ("<" left, "^" centre, ">" right), the rest is its header.
+    void SetFormat(std::string_view format);
 
     // Appends a row from cell texts joined by a tab; returns its number.
     int AddItem(std::string_view cells);

@@ -12,6 +12,9 @@ namespace {
 // A cell of a coloured row that was given no colour: no colour of the platform's has these bits.
 constexpr Color kOwnColor = 0xFFFFFFFFU;
 
+// The characters that stand for the alignments, in their order.
+constexpr std::string_view kMarks = "<^>";
+
 // The range [begin, end) of cell `col` in a row's joined texts; cells past the last are empty.
 std::pair<std::size_t, std::size_t> FindCell(std::string_view cells, int col) {
     std::size_t begin = 0;
@@ -63,6 +66,27 @@ void Grid::SetCols(int cols) {
     if (mCol >= cols) mCol = mSelectionEnd = cols - 1;
     mLeftCol = std::clamp(mLeftCol, mFixedCols, std::max(mFixedCols, cols - 1));
     Touch();
+}
+
+void Grid::SetFixedCols(int cols) {
+    mFixedCols = cols;
+    mLeftCol = cols;
+    if (mCol < cols) mCol = mSelectionEnd = cols;
+    Touch();
+}
+
+void Grid::SetFormat(std::string_view format) {
+    SetCols(static_cast<int>(std::count(format.begin(), format.end(), '|')) + 1);
+    for (int col = 0; col < Cols(); ++col) {
+        std::string_view header = format.substr(0, format.find('|'));
+        format.remove_prefix(std::min(format.size(), header.size() + 1));
+        const std::size_t mark = header.empty() ? 0 : kMarks.find(header.front());
+        if (!header.empty() && mark != std::string_view::npos) {
+            SetColumnAlignment(col, static_cast<Alignment>(mark));
+            header.remove_prefix(1);
+        }
+        if (Rows() > 0) SetText(0, col, header);
+    }
 }
 
 int Grid::AddItem(std::string_view cells) {
@@ -179,7 +203,6 @@ void Grid::SetRowHeight(int row, int twips) {
 }
 
 std::string Grid::FormatText() const {
-    static constexpr std::string_view kMarks = "<^>";
     std::string format;
     for (int col = 0; col < Cols(); ++col) {
         if (col > 0) format += '|';

@@ -5,7 +5,8 @@
 #include "data/budget_control.h"
 #include "data/login_context.h"
 #include "data/messages.h"
-#include "ui/common/detail_handover.h"
+#include "ui/common/flag_scope.h"
+#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -114,12 +115,10 @@ void frmPeriodItem::DisableMissingCommands() {
         const Command* command = FindCommand(button.Key());
         if (command != nullptr && !command->isThere()) button.SetEnabled(false);
     }
-    cmdRef.SetEnabled(static_cast<bool>(gShowDetailEditor));
     const bool hasLists = static_cast<bool>(data::gServices->createReferenceList);
     for (const int col : {kCenterColumn, kItemColumn, kElementColumn}) {
         GridPeriodItem.SetColumnReference(col, hasLists);
     }
-    GridPeriodItem.SetColumnReference(kAmountColumn, static_cast<bool>(gShowDetailEditor));
 }
 
 void frmPeriodItem::Toolbar1_ButtonClick(ToolbarButton& button) {
@@ -204,16 +203,10 @@ void frmPeriodItem::Form_KeyPress(char32_t& character) {
 }
 
 void frmPeriodItem::cmdRef_Click() {
-    if (!gShowDetailEditor) return;
-    const int row = GridPeriodItem.Row();
-    gDetailHandover.bReadOnly = true;
-    gDetailHandover.bEquipment = ElementDetailFlag(row) == 2;
-    try {
-        gShowDetailEditor();
-    } catch (...) {
-        data::ReportTrapped("cmdRef_Click");
-    }
-    gDetailHandover.bReadOnly = false;
+    frmQCEdit& editor = GetDetailEditorForm();
+    editor.bEquipment = ElementDetailFlag(GridPeriodItem.Row()) == kEquipmentDetail;
+    const FlagScope readOnly(editor.bReadOnly);
+    data::gServices->windows->ShowModal(editor);
 }
 
 void frmPeriodItem::Form_Resize() {

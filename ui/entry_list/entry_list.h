@@ -35,6 +35,9 @@ enum EntryColumn {
     kEntryColumnCount = 10,
 };
 
+// The element-detail flag of elements that are kept in equipment lines.
+inline constexpr std::int16_t kEquipmentDetail = 2;
+
 class frmPeriodItem : public ToolbarForm {
 public:
     frmPeriodItem();

@@ -6,8 +6,9 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/text_conversion.h"
-#include "ui/common/detail_handover.h"
+#include "ui/common/flag_scope.h"
 #include "ui/common/reference_pick.h"
+#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -20,7 +21,6 @@ using platform::StatementText;
 
 namespace {
 
-constexpr std::int16_t kEquipmentDetail = 2;
 // Size of the detail button over a locked amount, in twips.
 constexpr int kDetailButtonWidth = 300;
 
@@ -83,18 +83,21 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
 
 void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
     const std::int16_t flag = ElementDetailFlag(row);
-    if (flag == 0 || !gShowDetailEditor) return;
-    gDetailHandover.bEquipment = flag == kEquipmentDetail;
-    mDetailOpen = true;
-    try {
-        gShowDetailEditor();
-    } catch (...) {
-        mDetailOpen = false;
-        throw;
+    if (flag == 0) return;
+    frmQCEdit& editor = GetDetailEditorForm();
+    // What an earlier entry's lines came to must not reach this one when the editor is quit.
+    editor.RetValue.clear();
+    editor.RetStrSql = {};
+    editor.bEquipment = flag == kEquipmentDetail;
+    {
+        const FlagScope open(mDetailOpen);
+        data::gServices->windows->ShowModal(editor);
     }
-    mDetailOpen = false;
-    if (!gDetailHandover.RetValue.empty()) value = gDetailHandover.RetValue;
-    if (!gDetailHandover.RetStrSql.IsEmpty()) mDetailSql = gDetailHandover.RetStrSql;
+    if (!editor.RetValue.empty()) value = editor.RetValue;
+    if (!editor.RetStrSql.IsEmpty()) {
+        mDetailSql = editor.RetStrSql;
+        GridPeriodItem.SetRowTouched(true);
+    }
 }
 
 std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, int row, int col) {
@@ -145,7 +148,7 @@ void frmPeriodItem::GridPeriodItem_RowValidate(GridAnswer& answer, int row, int&
     GridPeriodItem.SetRow(row);
     if (!data::CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)))) return;
     if (!SaveRow(row, mDetailSql)) return;
-    gDetailHandover.mColTempValues = {};
+    GetDetailEditorForm().mColTempValues = {};
     answer = GridAnswer::Accept;
 }
 
@@ -175,11 +178,11 @@ void frmPeriodItem::GridPeriodItem_EditModeChange(bool editing) {
 void frmPeriodItem::GridPeriodItem_CellChanged(int /*row*/, int col) {
     if (col != kAmountColumn) return;
     mDetailSql = {};
-    gDetailHandover.mColTempValues = {};
+    GetDetailEditorForm().mColTempValues = {};
 }
 
 void frmPeriodItem::GridPeriodItem_DetailReset() {
-    gDetailHandover.mColTempValues = {};
+    GetDetailEditorForm().mColTempValues = {};
 }
 
 void frmPeriodItem::GridPeriodItem_EditCheck() {

@@ -6,7 +6,6 @@
 #include "data/entry_counter.h"
 #include "data/login_context.h"
 #include "data/messages.h"
-#include "ui/common/detail_handover.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {

@@ -5,7 +5,7 @@
 #include "data/number_format.h"
 #include "data/reference_queries.h"
 #include "data/text_conversion.h"
-#include "ui/common/detail_handover.h"
+#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -105,7 +105,7 @@ bool frmPeriodItem::ValidateElement(int row, const std::string& text, bool chang
         return Refuse("输入的项目要素不存在，须重新输入！");
     }
     GridPeriodItem.SetText(row, kAmountColumn, "");
-    gDetailHandover.mColTempValues = {};
+    GetDetailEditorForm().mColTempValues = {};
     mDetailSql = {};
     const int identity = GridPeriodItem.RowData(row);
     if (identity != 0) {

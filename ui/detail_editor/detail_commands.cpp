@@ -1,0 +1,126 @@
+// The editor's commands: adding, deleting, saving, quitting, and what guards quitting.
+#include <algorithm>
+#include <array>
+
+#include "data/budget_control.h"
+#include "data/login_context.h"
+#include "data/messages.h"
+#include "data/number_format.h"
+#include "data/text_conversion.h"
+#include "ui/detail_editor/detail_editor.h"
+
+namespace kelvane::ui {
+
+using controls::GridAnswer;
+using data::MoneyOfDisplay;
+using platform::Money;
+using platform::StatementText;
+using platform::Value;
+
+void frmQCEdit::Toolbar1_ButtonClick(controls::ToolbarButton& button) {
+    struct Command {
+        std::string_view key;
+        void (frmQCEdit::*run)();
+    };
+    static constexpr std::array kCommands{
+        Command{"Addnew", &frmQCEdit::AddDetailRow},
+        Command{"Delete", &frmQCEdit::DeleteDetailRow},
+        Command{"Save", &frmQCEdit::SaveDetails},
+        Command{"Quit", &frmQCEdit::QuitEditor},
+    };
+    const auto* command =
+        std::find_if(kCommands.begin(), kCommands.end(),
+                     [&](const Command& candidate) { return candidate.key == button.Key(); });
+    if (command != kCommands.end()) (this->*command->run)();
+}
+
+void frmQCEdit::Form_KeyDown(platform::Key& key, int shift) {
+    SetToolbarButtons(*this, key, shift);
+}
+
+void frmQCEdit::DeleteDetailRow() {
+    if (Grid1.Rows() <= 1) return;
+    if (Grid1.Rows() == 2) {
+        data::ShowInformation("期初余额不能为空,只剩一行不能删除", data::kModuleCaption);
+        return;
+    }
+    const int row = Grid1.Row();
+    if (row < 1) return;
+    if (data::AskQuestion("确实要删除当前行吗?")) Grid1.RemoveItem(row);
+}
+
+std::string frmQCEdit::LineText(int row) const {
+    std::string line;
+    for (int col = 0; col < Grid1.Cols(); ++col) {
+        if (col > 0) line += '\t';
+        line += CellText(row, col);
+    }
+    return line;
+}
+
+void frmQCEdit::TakeSnapshot() {
+    mSnapshot.clear();
+    for (int row = 0; row < Grid1.Rows(); ++row) mSnapshot.push_back(LineText(row));
+}
+
+// A code is not compared: changing it always rewrites the name, which is.
+bool frmQCEdit::HasChanged() const {
+    if (static_cast<std::size_t>(Grid1.Rows()) != mSnapshot.size()) return true;
+    const auto withoutCode = [](const std::string& line) { return line.substr(line.find('\t')); };
+    for (int row = 0; row < Grid1.Rows(); ++row) {
+        if (withoutCode(LineText(row)) != withoutCode(mSnapshot[static_cast<std::size_t>(row)])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void frmQCEdit::SaveDetails() {
+    if (Grid1.FinishEdit() == GridAnswer::Refuse) return;
+    if (!HasChanged()) {
+        Unload();
+        return;
+    }
+    Money total;
+    for (int row = 1; row < Grid1.Rows(); ++row) {
+        total += MoneyOfDisplay(CellText(row, AmountColumn()));
+    }
+    if (!data::CheckOpeningBudget(total)) return;
+
+    StatementText script("delete from PM_ItemQCsub where iEleVid=");
+    script.EntryPlaceholder();
+    std::vector<std::string> lines;
+    for (int row = 1; row < Grid1.Rows(); ++row) {
+        script << " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(";
+        script.EntryPlaceholder() << ",";
+        script.Quoted(CellText(row, 0)) << ",";
+        script.Amount(MoneyOfDisplay(CellText(row, PriceColumn()))) << ",";
+        script.Double(data::DoubleOfDisplay(CellText(row, QuantityColumn()))) << ",";
+        script.Amount(MoneyOfDisplay(CellText(row, AmountColumn()))) << ")";
+        lines.push_back(LineText(row));
+    }
+    mColTempValues = std::move(lines);
+    RetValue = total.IsZero() ? "" : data::NumFormatText(Value(total), data::kMoneyKind, true);
+    RetStrSql = script;
+    Unload();
+}
+
+// What was typed into an open cell counts; a text that is refused cannot be kept.
+bool frmQCEdit::MayLoseChanges() {
+    const bool refused = Grid1.FinishEdit() == GridAnswer::Refuse;
+    return (!refused && !HasChanged()) || data::AskQuestion("数据尚未保存,确认退出吗?");
+}
+
+void frmQCEdit::QuitEditor() {
+    if (MayLoseChanges()) Unload();
+}
+
+void frmQCEdit::Form_QueryUnload(bool& cancel, controls::UnloadMode mode) {
+    if (mode == controls::UnloadMode::CloseBox && !MayLoseChanges()) cancel = true;
+}
+
+void frmQCEdit::Form_Unload() {
+    Grid1.CancelEdit();
+}
+
+}  // namespace kelvane::ui

@@ -1,0 +1,115 @@
+// frmQCEdit: the editor of one opening entry's detail lines, equipment or inventory. It never
+// writes the database: saving hands the lines' total and a script back to the entry list, which
+// runs the script when it saves the entry. One instance, created on first use; its public members
+// outlive its window.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/grid.h"
+#include "controls/label.h"
+#include "controls/picture.h"
+#include "platform/database.h"
+#include "platform/statement_text.h"
+#include "ui/common/toolbar_form.h"
+
+namespace kelvane::ui {
+
+class frmQCEdit : public ToolbarForm {
+public:
+    frmQCEdit();
+
+    controls::Picture Picture1;
+    controls::Label lblTitle;
+    controls::Label Label1;
+    controls::Label lblElement;
+    controls::Label Label2;
+    controls::Label lblItem;
+    controls::Label Label3;
+    controls::Label lblDutyCenter;
+    controls::Grid Grid1;
+
+    // Set before opening: equipment lines instead of inventory lines; lines only to be looked at.
+    bool bEquipment = false;
+    bool bReadOnly = false;
+    // Set by saving: the lines' total as an amount text (empty when it is zero), and the script
+    // that replaces the entry's lines, with a place for the entry's identity.
+    std::string RetValue;
+    platform::StatementText RetStrSql;
+    // Lines entered but not saved with their entry, cells joined by a tab. While there are any,
+    // they are shown instead of the database's.
+    std::vector<std::string> mColTempValues;
+
+    // Loading (detail_loading.cpp), over gConn. Errors are thrown.
+    void SetupToolbar();
+    void LoadDetailGrid();
+    void AddDetailRow();
+
+    // Lookups (detail_lookup.cpp), over gConn: fill the line from the code or name in it. False
+    // after a refusal with its message. Errors are thrown.
+    bool FillByCode(const std::string& code, int row);
+    bool FillByName(const std::string& name, int row);
+
+    // Checks (detail_validation.cpp). RecalcAmount sets the line's amount to price by quantity;
+    // CheckDetailBudget checks one line against its budget, over gConn. Errors are thrown.
+    static bool IsValidAmount(const std::string& text);
+    void RecalcAmount(int row);
+    bool CheckDetailBudget(int row);
+    void Grid1_CellReference(std::string& text, int row, int col);
+    void Grid1_CellValidate(std::string& text, controls::GridAnswer& answer, int row, int col);
+    void Grid1_RowValidate(controls::GridAnswer& answer, int row, int& col);
+
+    // Commands (detail_commands.cpp).
+    void Toolbar1_ButtonClick(controls::ToolbarButton& button) override;
+    void DeleteDetailRow();
+    void SaveDetails();
+    void QuitEditor();
+    void TakeSnapshot();
+    bool HasChanged() const;
+
+protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Resize() override;
+    void Form_QueryUnload(bool& cancel, controls::UnloadMode mode) override;
+    void Form_Unload() override;
+    void Form_KeyDown(platform::Key& key, int shift) override;
+    void Trapped(std::string_view place, std::string_view detail) noexcept override;
+
+private:
+    // Which field of a line a lookup goes by.
+    struct Lookup;
+    bool Fill(const Lookup& by, const std::string& sought, int row);
+
+    // The columns that both kinds of lines address from the right.
+    int PriceColumn() const { return Grid1.Cols() - 3; }
+    int QuantityColumn() const { return Grid1.Cols() - 2; }
+    int AmountColumn() const { return Grid1.Cols() - 1; }
+    int UnitColumn() const { return Grid1.Cols() - 4; }
+
+    bool MayLoseChanges();
+    void ShadeRow(int row);
+    void AppendLine(const platform::RecordSet& line);
+    void LayOutGrid();
+    std::string CellText(int row, int col) const { return Grid1.Text(row, col); }
+    std::string LineText(int row) const;
+    void SetPrice(int row, const platform::Value& price);
+    // The cell of a line that its row check refuses, with the message to be shown; no message when
+    // the line is complete.
+    struct Incomplete {
+        int col = 0;
+        std::string_view message;
+    };
+    Incomplete FindIncomplete(int row) const;
+
+    // The lines' texts as they were loaded, header included.
+    std::vector<std::string> mSnapshot;
+};
+
+// The one instance; created on first use.
+frmQCEdit& GetDetailEditorForm();
+
+}  // namespace kelvane::ui

@@ -1,0 +1,147 @@
+#include "adapters/desktop/cell_editor.h"
+
+#include <algorithm>
+
+#include "adapters/desktop/form_keys.h"
+#include "adapters/desktop/look.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+constexpr int kTextMargin = 2;
+
+std::u32string Characters(const wxString& text) {
+    std::u32string characters;
+    characters.reserve(text.length());
+    for (const wxUniChar character : text) {
+        characters += static_cast<char32_t>(character.GetValue());
+    }
+    return characters;
+}
+
+wxString Joined(const std::u32string& characters) {
+    wxString text;
+    for (const char32_t character : characters) text += wxUniChar(static_cast<long>(character));
+    return text;
+}
+
+// The stretch of `after` that is not in `before`: [from, to).
+std::pair<std::size_t, std::size_t> FindInserted(const std::u32string& before,
+                                                 const std::u32string& after) {
+    const std::size_t shorter = std::min(before.size(), after.size());
+    std::size_t head = 0;
+    while (head < shorter && before[head] == after[head]) ++head;
+    std::size_t tail = 0;
+    while (tail < shorter - head &&
+           before[before.size() - 1 - tail] == after[after.size() - 1 - tail]) {
+        ++tail;
+    }
+    return {head, after.size() - tail};
+}
+
+}  // namespace
+
+CellEditor::CellEditor(wxWindow& canvas, controls::Grid& grid, ViewHost& host)
+    : mCanvas(canvas),
+      mGrid(grid),
+      mHost(host),
+      mLeft(CreateField(wxTE_LEFT)),
+      mRight(CreateField(wxTE_RIGHT)) {}
+
+wxTextCtrl* CellEditor::CreateField(long alignment) {
+    auto* field = new wxTextCtrl(
+        &mCanvas, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+        wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB | wxWANTS_CHARS | alignment);
+    field->SetFont(UiFont());
+    field->SetMargins(kTextMargin, -1);
+    field->Hide();
+    mHost.Keys().Attach(*field);
+    field->Bind(wxEVT_TEXT, [this, field](wxCommandEvent&) {
+        if (field == mField) OnText();
+    });
+    return field;
+}
+
+void CellEditor::Sync(const wxRect& field) {
+    const bool open = mGrid.IsEditing() && !field.IsEmpty();
+    wxTextCtrl* wanted = nullptr;
+    if (open) {
+        const auto alignment = mGrid.ColumnAlignment(mGrid.Col());
+        wanted = alignment == controls::Alignment::Right ? mRight : mLeft;
+    }
+    const bool opened = wanted != mField;
+    if (opened && mField != nullptr) {
+        const bool focused = HasFocus();
+        mField->Hide();
+        mField = nullptr;
+        if (focused && wanted == nullptr) mCanvas.SetFocus();
+    }
+    mField = wanted;
+    if (mField == nullptr) return;
+
+    const int height = std::max(field.height, mField->GetBestSize().y);
+    mField->SetSize(field.x, field.y + (field.height - height) / 2, field.width, height);
+    const wxString text = Text(mGrid.EditText());
+    if (mField->GetValue() != text) {
+        mField->ChangeValue(text);
+        mField->SetInsertionPointEnd();
+    }
+    if (!opened) return;
+    mExpected.clear();
+    mField->Show();
+    mField->Raise();
+    if (mHost.Form().ActiveControl() == &mGrid) mField->SetFocus();
+    mField->SetInsertionPointEnd();
+}
+
+bool CellEditor::HasFocus() const {
+    return mField != nullptr && wxWindow::FindFocus() == mField;
+}
+
+void CellEditor::Type(char32_t character) {
+    if (mField == nullptr) return;
+    ExpectCharacter(character);
+    mField->WriteText(wxString(wxUniChar(static_cast<long>(character))));
+}
+
+void CellEditor::ExpectCharacter(char32_t character) {
+    mExpected += character;
+}
+
+void CellEditor::OnText() {
+    if (!mGrid.IsEditing()) return;
+    std::u32string after = Characters(mField->GetValue());
+    const std::u32string before = Characters(Text(mGrid.EditText()));
+    if (after == before) return;
+    const auto [from, to] = FindInserted(before, after);
+    const std::u32string inserted = after.substr(from, to - from);
+    // A letter beside an equal one can be found on either side of it; the amount decides.
+    const bool typed =
+        inserted.empty() || (!mExpected.empty() && inserted.size() <= mExpected.size());
+    mExpected.clear();
+    if (!typed) after.replace(from, to - from, Filter(inserted));
+    mGrid.ReplaceEditText(Utf8(Joined(after)));
+    const wxString text = Text(mGrid.EditText());
+    if (mField == nullptr || mField->GetValue() == text) return;
+    const long caret = mField->GetInsertionPoint();
+    mField->ChangeValue(text);
+    mField->SetInsertionPoint(std::min(caret, mField->GetLastPosition()));
+}
+
+std::u32string CellEditor::Filter(const std::u32string& inserted) {
+    std::u32string taken;
+    bool refused = false;
+    for (char32_t character : inserted) {
+        if (mHost.Form().OfferKeyPress(character)) continue;
+        if (mGrid.TakesCharacter(character)) {
+            taken += character;
+        } else {
+            refused = true;
+        }
+    }
+    if (refused && mGrid.Beep) mHost.Form().RunEvent("Beep", mGrid.Beep);
+    return taken;
+}
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,45 @@
+// CellEditor: the native text field laid over a grid's open cell, so that input methods, the
+// clipboard and the caret work as everywhere. The grid decides what its text may be.
+#pragma once
+
+#include <wx/textctrl.h>
+
+#include <string>
+
+#include "adapters/desktop/view_host.h"
+#include "controls/grid.h"
+
+namespace kelvane::desktop {
+
+class CellEditor {
+public:
+    // The fields become children of `canvas`.
+    CellEditor(wxWindow& canvas, controls::Grid& grid, ViewHost& host);
+
+    // Shows the open cell's text at `field`, or hides; an empty rectangle hides.
+    void Sync(const wxRect& field);
+    bool HasFocus() const;
+    bool IsShown() const { return mField != nullptr; }
+    wxWindow* Field() { return mField; }
+    // Types a character at the caret.
+    void Type(char32_t character);
+    // A character from the keyboard that the form and the grid have let through.
+    void ExpectCharacter(char32_t character);
+
+private:
+    wxTextCtrl* CreateField(long alignment);
+    void OnText();
+    // What the form and the grid take of `inserted`, which came without a key: from the clipboard
+    // or an input method.
+    std::u32string Filter(const std::u32string& inserted);
+
+    wxWindow& mCanvas;
+    controls::Grid& mGrid;
+    ViewHost& mHost;
+    wxTextCtrl* mLeft;
+    wxTextCtrl* mRight;
+    wxTextCtrl* mField = nullptr;  // the shown one of the two
+    std::u32string mExpected;
+};
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,145 @@
+#include "adapters/desktop/desktop_windows.h"
+
+#include <wx/app.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/display.h>
+#include <wx/image.h>
+
+#include <stdexcept>
+#include <utility>
+
+#include "adapters/desktop/look.h"
+#include "adapters/desktop/stage.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+constexpr int kProbe = 960;
+
+// Twips that one pixel measures. Where the toolkit's pixels already stand for 1/96 inch, they do so
+// at every scaling.
+int TwipsPerPixel() {
+    const int pixels = wxWindow::FromDIP(kProbe, nullptr);
+    return (kProbe * kTwipsPerPixel + pixels / 2) / pixels;
+}
+
+wxSize ScreenSize() {
+    return wxDisplay(0U).GetGeometry().GetSize();
+}
+
+}  // namespace
+
+DesktopWindows::DesktopWindows() : mStage(std::make_unique<Stage>()) {}
+
+DesktopWindows::~DesktopWindows() = default;
+
+void DesktopWindows::SetOperator(drive::Operator* scripted) {
+    mStage->SetOperator(scripted);
+}
+
+void DesktopWindows::ShowModal(platform::Window& window) {
+    mStage->ShowForm(dynamic_cast<controls::Form&>(window));
+}
+
+platform::MessageAnswer DesktopWindows::ShowMessage(const platform::Message& message) {
+    return mStage->Ask(message);
+}
+
+void DesktopWindows::SendKeys(std::string_view keys) {
+    mStage->SendKeys(keys);
+}
+
+void DesktopWindows::Beep() {
+    mStage->Beep();
+}
+
+void DesktopWindows::SetHelpFile(std::string_view path) {
+    mStage->SetHelpFile(path);
+}
+
+int DesktopWindows::TwipsPerPixelX() const {
+    return TwipsPerPixel();
+}
+
+int DesktopWindows::TwipsPerPixelY() const {
+    return TwipsPerPixel();
+}
+
+int DesktopWindows::ScreenWidth() const {
+    return ScreenSize().x * TwipsPerPixel();
+}
+
+int DesktopWindows::ScreenHeight() const {
+    return ScreenSize().y * TwipsPerPixel();
+}
+
+bool DesktopWindows::SaveScreenshot(const std::string& path) const {
+    const wxWindow* window = mStage->TopWindow();
+    if (window == nullptr) return false;
+    const wxRect place = window->GetScreenRect();
+    wxScreenDC screen;
+    wxBitmap bitmap;
+    bitmap.CreateWithDIPSize(place.GetSize(), window->GetContentScaleFactor());
+    wxMemoryDC memory(bitmap);
+    if (!memory.Blit(wxPoint(0, 0), place.GetSize(), &screen, place.GetTopLeft())) return false;
+    memory.SelectObject(wxNullBitmap);
+    return bitmap.SaveFile(Text(path), wxBITMAP_TYPE_PNG);
+}
+
+void DesktopWindows::Post(std::function<void()> task) {
+    mStage->CallAfter(std::move(task));
+}
+
+void DesktopWindows::RethrowFailure() {
+    if (const std::exception_ptr failure = mStage->TakeFailure()) std::rethrow_exception(failure);
+}
+
+namespace {
+
+class DesktopApp : public wxApp {
+public:
+    explicit DesktopApp(const std::function<int(DesktopWindows&)>& body) : mBody(body) {}
+
+    bool OnInit() override {
+        wxImage::AddHandler(new wxPNGHandler);
+        SetExitOnFrameDelete(false);
+        return true;
+    }
+
+    int OnRun() override {
+        started = true;
+        try {
+            DesktopWindows windows;
+            result = mBody(windows);
+            windows.RethrowFailure();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        return 0;
+    }
+
+    // The application object is gone when its results are asked for.
+    static inline bool started = false;
+    static inline int result = 0;
+    static inline std::exception_ptr failure;
+
+private:
+    std::function<int(DesktopWindows&)> mBody;
+};
+
+}  // namespace
+
+int RunDesktop(const std::function<int(DesktopWindows&)>& body) {
+    wxApp::SetInstance(new DesktopApp(body));
+    int count = 1;
+    char name[] = "kelvane";
+    char* arguments[] = {name, nullptr};
+    wxEntry(count, arguments);
+    if (!DesktopApp::started) throw std::runtime_error("the screen cannot be opened");
+    if (DesktopApp::failure) std::rethrow_exception(DesktopApp::failure);
+    return DesktopApp::result;
+}
+
+}  // namespace kelvane::desktop

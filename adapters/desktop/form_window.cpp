@@ -1,0 +1,208 @@
+#include "adapters/desktop/form_window.h"
+
+#include <wx/display.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/desktop/field_views.h"
+#include "adapters/desktop/grid_view.h"
+#include "adapters/desktop/pictures.h"
+#include "adapters/desktop/stage.h"
+#include "adapters/desktop/toolbar_view.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+constexpr int kIconSizes[] = {16, 32, 48};
+
+long Style(const controls::Form& form) {
+    const long style = wxCAPTION | wxCLOSE_BOX | wxSYSTEM_MENU | wxCLIP_CHILDREN;
+    return form.Resizable() ? style | wxRESIZE_BORDER | wxMAXIMIZE_BOX | wxMINIMIZE_BOX : style;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
+    : wxDialog(parent, wxID_ANY, Text(form.Caption()), wxDefaultPosition, wxDefaultSize,
+               Style(form)),
+      mStage(stage),
+      mForm(form),
+      mKeys(form,
+            {[this] { return ActiveView(); }, [this] { Close(); }, [this] { mStage.ShowHelp(); },
+             [this] { return EnterToolbar(); }, [this] { return OpenDropDown(); }}),
+      mSurface(new Surface(*this, form)),
+      mNotice(new NoticeStrip(*this)) {
+    SetEscapeId(wxID_NONE);
+    SetFont(UiFont());
+    mKeys.Attach(*this);
+    mKeys.Attach(*mSurface);
+    for (controls::Control* control : mForm.Controls()) {
+        if (auto view = CreateView(*control)) mViews.push_back(std::move(view));
+    }
+    Bind(wxEVT_CLOSE_WINDOW, &FormWindow::OnClose, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { OnSize(); });
+    mSurface->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+        mPainted = true;
+        event.Skip();
+    });
+    mForm.ViewChanged = [this] { ScheduleSync(); };
+    Sync();
+    if (mForm.Left() == 0 && mForm.Top() == 0) Centre();
+}
+
+FormWindow::~FormWindow() {
+    mForm.ViewChanged = nullptr;
+    // The views look at their windows, which go with this one.
+    mViews.clear();
+}
+
+std::unique_ptr<View> FormWindow::CreateView(controls::Control& control) {
+    if (auto* grid = dynamic_cast<controls::Grid*>(&control)) {
+        return std::make_unique<GridView>(*mSurface, *grid, *this);
+    }
+    if (auto* toolbar = dynamic_cast<controls::Toolbar*>(&control)) {
+        return std::make_unique<ToolbarView>(*mSurface, *toolbar, *this);
+    }
+    if (auto* style = dynamic_cast<controls::ToolbarStyleControl*>(&control)) {
+        return std::make_unique<ToolbarView>(*mSurface, *style, *this);
+    }
+    if (auto* box = dynamic_cast<controls::EditBox*>(&control)) {
+        return std::make_unique<EditBoxView>(*mSurface, *box, *this);
+    }
+    if (auto* combo = dynamic_cast<controls::ComboBox*>(&control)) {
+        return std::make_unique<ComboBoxView>(*mSurface, *combo, *this);
+    }
+    if (auto* button = dynamic_cast<controls::Button*>(&control)) {
+        return std::make_unique<ButtonView>(*mSurface, *button, *this);
+    }
+    return nullptr;  // strips and labels are painted by the surface
+}
+
+View* FormWindow::FindView(const controls::Control* control) const {
+    const auto found = std::find_if(mViews.begin(), mViews.end(), [control](const auto& view) {
+        return &view->Control() == control;
+    });
+    return found == mViews.end() ? nullptr : found->get();
+}
+
+void FormWindow::OperatorFocused(controls::Control& control) {
+    if (mForm.ActiveControl() == &control) return;
+    // Only a focus that the program moves is told.
+    auto told = std::exchange(mForm.FocusMoved, nullptr);
+    mForm.SetFocus(control);
+    mForm.FocusMoved = std::move(told);
+    mFocused = &control;
+}
+
+void FormWindow::FocusActive() {
+    View* view = ActiveView();
+    wxWindow* window = view == nullptr ? nullptr : view->FocusWindow();
+    mFocused = mForm.ActiveControl();
+    if (window != nullptr && wxWindow::FindFocus() != window) window->SetFocus();
+}
+
+wxWindow& FormWindow::ParentOf(const controls::Control& control, wxPoint& offset) {
+    const wxRect place = ToPixels(*mSurface, control);
+    const wxPoint middle(place.x + place.width / 2, place.y + place.height / 2);
+    for (const auto& view : mViews) {
+        auto* grid = dynamic_cast<GridView*>(view.get());
+        if (grid == nullptr || !grid->Control().Visible()) continue;
+        const wxRect area = ToPixels(*mSurface, grid->Control());
+        if (!area.Contains(middle)) continue;
+        offset = area.GetTopLeft();
+        return grid->Canvas();
+    }
+    offset = {};
+    return *mSurface;
+}
+
+bool FormWindow::EnterToolbar() {
+    return std::any_of(mViews.begin(), mViews.end(), [](const auto& view) {
+        auto* toolbar = dynamic_cast<ToolbarView*>(view.get());
+        return toolbar != nullptr && toolbar->Control().Visible() && toolbar->Enter();
+    });
+}
+
+bool FormWindow::OpenDropDown() {
+    auto* grid = dynamic_cast<GridView*>(ActiveView());
+    return grid != nullptr && grid->OpenDropDown();
+}
+
+void FormWindow::ScheduleSync() {
+    if (mSyncPending) return;
+    mSyncPending = true;
+    CallAfter([this] { Sync(); });
+}
+
+void FormWindow::Sync() {
+    mSyncPending = false;
+    if (!mForm.IsLoaded()) {
+        if (IsModal() && mStage.IsTopmost(*this)) EndModal(wxID_CLOSE);
+        return;
+    }
+    SyncFrame();
+    mSurface->Sync();
+    for (const auto& view : mViews) view->Sync();
+    if (mFocused != mForm.ActiveControl()) FocusActive();
+}
+
+void FormWindow::SyncFrame() {
+    if (GetTitle() != Text(mForm.Caption())) SetTitle(Text(mForm.Caption()));
+    if (mIconPicture != mForm.IconPicture()) {
+        mIconPicture = mForm.IconPicture();
+        wxIconBundle icons;
+        for (const int size : kIconSizes) {
+            const wxBitmapBundle picture = FindPicture(mIconPicture, size);
+            if (picture.IsOk()) icons.AddIcon(picture.GetIcon(wxSize(size, size)));
+        }
+        if (!icons.IsEmpty()) SetIcons(icons);
+    }
+    mNotice->SetNotice(Text(mForm.Notice()));
+
+    const auto client = [this](int width, int height) {
+        return wxSize(
+            ToPixels(*this, width - controls::Form::kFrameWidth),
+            ToPixels(*this, height - controls::Form::kFrameHeight) + FromDIP(NoticeStrip::kHeight));
+    };
+    const wxSize least(mForm.MinWidth(), mForm.MinHeight());
+    if (least != mLeastSize) {
+        mLeastSize = least;
+        SetMinClientSize(least == wxSize(0, 0) ? wxDefaultSize : client(least.x, least.y));
+    }
+    const wxSize size(mForm.Width(), mForm.Height());
+    if (size != mFormSize) {
+        mFormSize = size;
+        SetClientSize(client(size.x, size.y));
+        OnSize();
+    }
+    const wxPoint place(mForm.Left(), mForm.Top());
+    if (place != mFormPlace) {
+        mFormPlace = place;
+        Move(ToPixels(*this, place.x), ToPixels(*this, place.y));
+    }
+}
+
+void FormWindow::OnClose(wxCloseEvent& event) {
+    if (mForm.IsLoaded()) mForm.Unload(controls::UnloadMode::CloseBox);
+    if (mForm.IsLoaded() && event.CanVeto()) event.Veto();
+}
+
+void FormWindow::OnSize() {
+    const wxSize client = GetClientSize();
+    const int notice = FromDIP(NoticeStrip::kHeight);
+    const int inner = std::max(0, client.y - notice);
+    mSurface->SetSize(0, 0, client.x, inner);
+    mNotice->SetSize(0, inner, client.x, notice);
+    if (!IsShown()) return;
+    const int width = ToTwips(*this, client.x) + controls::Form::kFrameWidth;
+    const int height = ToTwips(*this, inner) + controls::Form::kFrameHeight;
+    // The form's own size, only rounded to whole pixels, is no new size.
+    const int pixel = ToTwips(*this, 1);
+    if (std::abs(width - mFormSize.x) < pixel && std::abs(height - mFormSize.y) < pixel) return;
+    mFormSize = {width, height};
+    mForm.SetSize(width, height);
+}
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,65 @@
+// FormWindow: the window of one shown form. It draws any form from its controls and keeps up with
+// their state; however often the state changes, it looks once per event.
+#pragma once
+
+#include <wx/dialog.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "adapters/desktop/form_keys.h"
+#include "adapters/desktop/surface.h"
+#include "adapters/desktop/view.h"
+#include "adapters/desktop/view_host.h"
+#include "controls/form.h"
+
+namespace kelvane::desktop {
+
+class Stage;
+class ToolbarView;
+
+class FormWindow : public wxDialog, public ViewHost {
+public:
+    FormWindow(Stage& stage, controls::Form& form, wxWindow* parent);
+    ~FormWindow() override;
+
+    controls::Form& Form() override { return mForm; }
+    FormKeys& Keys() override { return mKeys; }
+    void OperatorFocused(controls::Control& control) override;
+    void FocusActive() override;
+    wxWindow& ParentOf(const controls::Control& control, wxPoint& offset) override;
+
+    // Brings the window up to the form's state at once; ends its modal loop when the form is
+    // unloaded and the window is the topmost one.
+    void Sync();
+    // True when the window was painted and shows the form's present state.
+    bool IsSettled() const { return mPainted && !mSyncPending; }
+
+private:
+    std::unique_ptr<View> CreateView(controls::Control& control);
+    View* FindView(const controls::Control* control) const;
+    View* ActiveView() const { return FindView(mForm.ActiveControl()); }
+    bool EnterToolbar();
+    bool OpenDropDown();
+    void ScheduleSync();
+    void SyncFrame();
+    void OnClose(wxCloseEvent& event);
+    void OnSize();
+
+    Stage& mStage;
+    controls::Form& mForm;
+    FormKeys mKeys;
+    Surface* mSurface;
+    NoticeStrip* mNotice;
+    std::vector<std::unique_ptr<View>> mViews;
+    const controls::Control* mFocused = nullptr;
+    wxSize mFormSize;  // the form's outer size, place and least size last seen, in twips
+    wxPoint mFormPlace;
+    wxSize mLeastSize;
+    int mIconPicture = 0;
+    bool mSyncPending = false;
+    bool mPainted = false;
+};
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,132 @@
+#include "adapters/desktop/grid_canvas.h"
+
+#include <wx/cursor.h>
+#include <wx/dcbuffer.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/desktop/form_keys.h"
+#include "adapters/desktop/grid_painter.h"
+#include "adapters/desktop/look.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+constexpr int kLeastColumnTwips = 150;  // a column dragged to nothing could not be dragged back
+constexpr int kRowsPerWheelStep = 3;
+
+}  // namespace
+
+GridCanvas::GridCanvas(wxWindow& parent, controls::Grid& grid, ViewHost& host,
+                       std::function<void()> pressButton)
+    : mGrid(grid), mHost(host), mPressButton(std::move(pressButton)) {
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE);
+    mHost.Keys().Attach(*this);
+    Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
+    Bind(wxEVT_LEFT_DOWN, &GridCanvas::OnLeftDown, this);
+    Bind(wxEVT_LEFT_UP, &GridCanvas::OnLeftUp, this);
+    Bind(wxEVT_LEFT_DCLICK, &GridCanvas::OnDoubleClick, this);
+    Bind(wxEVT_MOTION, &GridCanvas::OnMotion, this);
+    Bind(wxEVT_MOUSEWHEEL, &GridCanvas::OnWheel, this);
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { mResizedColumn = -1; });
+    Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        Refresh();
+        event.Skip();
+    });
+    Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+        Refresh();
+        event.Skip();
+    });
+}
+
+void GridCanvas::OnPaint() {
+    wxAutoBufferedPaintDC dc(this);
+    PaintGrid(dc, *this, mGrid, Metrics(), mHost.Form().ActiveControl() == &mGrid);
+}
+
+void GridCanvas::OnLeftDown(wxMouseEvent& event) {
+    const wxPoint point = event.GetPosition();
+    const GridMetrics metrics = Metrics();
+    mHost.OperatorFocused(mGrid);
+    if (metrics.CurrentButton().Contains(point)) {
+        mPressButton();
+        return;
+    }
+    mResizedColumn = metrics.ColumnEdgeAt(point);
+    if (mResizedColumn >= 0) {
+        CaptureMouse();
+        return;
+    }
+    const GridMetrics::Cell cell = metrics.CellAt(point);
+    const bool header = cell.row >= 0 && cell.row < mGrid.FixedRows();
+    if (header && cell.col >= mGrid.FixedCols() && mGrid.HeaderClick) {
+        mHost.Form().RunEvent("HeaderClick", [&] { mGrid.HeaderClick(cell.col); });
+    }
+    if (cell.row >= mGrid.FixedRows() && cell.col >= mGrid.FixedCols()) {
+        if (event.ShiftDown() && cell.row == mGrid.Row() && !mGrid.IsEditing()) {
+            mGrid.SetSelectionEnd(cell.col);
+        } else {
+            mGrid.MoveTo(cell.row, cell.col);
+        }
+    }
+    mHost.FocusActive();
+}
+
+void GridCanvas::OnLeftUp(wxMouseEvent& event) {
+    if (mResizedColumn >= 0) ResizeTo(event.GetX());
+    mResizedColumn = -1;
+    if (HasCapture()) ReleaseMouse();
+}
+
+void GridCanvas::OnDoubleClick(wxMouseEvent& event) {
+    const GridMetrics metrics = Metrics();
+    const GridMetrics::Cell cell = metrics.CellAt(event.GetPosition());
+    if (cell.row < mGrid.FixedRows() || cell.row != mGrid.Row()) return;
+    if (mGrid.CellDoubleClick) {
+        mHost.Form().RunEvent("CellDoubleClick",
+                              [&] { mGrid.CellDoubleClick(cell.row, cell.col); });
+        return;
+    }
+    if (cell.col != mGrid.Col()) return;
+    if (metrics.CurrentButton().Contains(event.GetPosition())) return;
+    mGrid.BeginEdit();
+}
+
+void GridCanvas::OnMotion(wxMouseEvent& event) {
+    if (mResizedColumn >= 0) {
+        ResizeTo(event.GetX());
+        return;
+    }
+    const bool edge = Metrics().ColumnEdgeAt(event.GetPosition()) >= 0;
+    SetCursor(edge ? wxCursor(wxCURSOR_SIZEWE) : wxNullCursor);
+}
+
+void GridCanvas::ResizeTo(int pixel) {
+    const GridMetrics metrics = Metrics();
+    const auto& columns = metrics.Columns();
+    const auto band = std::find_if(columns.begin(), columns.end(), [this](const auto& column) {
+        return column.index == mResizedColumn;
+    });
+    if (band == columns.end()) return;
+    mGrid.ResizeColumn(mResizedColumn,
+                       std::max(kLeastColumnTwips, ToTwips(*this, pixel - band->from)));
+}
+
+void GridCanvas::OnWheel(wxMouseEvent& event) {
+    mWheelRest += event.GetWheelRotation();
+    const int delta = std::max(1, event.GetWheelDelta());
+    const int steps = mWheelRest / delta;
+    mWheelRest -= steps * delta;
+    if (steps == 0) return;
+    if (event.GetWheelAxis() == wxMOUSE_WHEEL_HORIZONTAL || event.ShiftDown()) {
+        mGrid.SetLeftCol(mGrid.LeftCol() - steps);
+        return;
+    }
+    const int top = mGrid.TopRow() - steps * kRowsPerWheelStep;
+    mGrid.SetTopRow(std::min(top, std::max(mGrid.TopRow(), GridMetrics::LastTopRow(mGrid))));
+}
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,38 @@
+// GridCanvas: paints a grid and turns what the mouse does there into the grid's own operations.
+#pragma once
+
+#include <wx/window.h>
+
+#include <functional>
+
+#include "adapters/desktop/grid_metrics.h"
+#include "adapters/desktop/view_host.h"
+#include "controls/grid.h"
+
+namespace kelvane::desktop {
+
+class GridCanvas : public wxWindow {
+public:
+    // `pressButton` runs when the button in the current cell is clicked.
+    GridCanvas(wxWindow& parent, controls::Grid& grid, ViewHost& host,
+               std::function<void()> pressButton);
+
+    GridMetrics Metrics() const { return GridMetrics(mGrid, *this); }
+
+private:
+    void OnPaint();
+    void OnLeftDown(wxMouseEvent& event);
+    void OnLeftUp(wxMouseEvent& event);
+    void OnDoubleClick(wxMouseEvent& event);
+    void OnMotion(wxMouseEvent& event);
+    void OnWheel(wxMouseEvent& event);
+    void ResizeTo(int pixel);
+
+    controls::Grid& mGrid;
+    ViewHost& mHost;
+    std::function<void()> mPressButton;
+    int mResizedColumn = -1;
+    int mWheelRest = 0;
+};
+
+}  // namespace kelvane::desktop

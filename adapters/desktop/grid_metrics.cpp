@@ -1,0 +1,115 @@
+#include "adapters/desktop/grid_metrics.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "adapters/desktop/look.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+constexpr int kFrame = 2;  // pixels of the frame around the current cell
+constexpr int kButtonTwips = 300;
+constexpr int kEdgeReach = 4;  // pixels to both sides of a column's edge
+
+const GridMetrics::Band* FindBand(const std::vector<GridMetrics::Band>& bands, int index) {
+    const auto found = std::find_if(bands.begin(), bands.end(),
+                                    [index](const auto& band) { return band.index == index; });
+    return found == bands.end() ? nullptr : &*found;
+}
+
+int BandAt(const std::vector<GridMetrics::Band>& bands, int position) {
+    const auto found = std::find_if(bands.begin(), bands.end(), [position](const auto& band) {
+        return position >= band.from && position < band.to;
+    });
+    return found == bands.end() ? -1 : found->index;
+}
+
+// The bands of the fixed items and of those from `first` on, as far as `room` twips reach.
+template <typename SizeOf>
+std::vector<GridMetrics::Band> LayOut(const wxWindow& window, int count, int fixed, int first,
+                                      int room, SizeOf sizeOf) {
+    std::vector<GridMetrics::Band> bands;
+    int position = 0;
+    for (int index = 0; index < count && position < room; ++index) {
+        if (index >= fixed && index < first) index = first;
+        const int size = sizeOf(index);
+        if (size > 0) {
+            bands.push_back({index, ToPixels(window, position), ToPixels(window, position + size)});
+        }
+        position += size;
+    }
+    return bands;
+}
+
+// The first of the last items that fill `room` twips beside the fixed ones.
+template <typename SizeOf>
+int FirstOfLastPage(int count, int fixed, int room, SizeOf sizeOf) {
+    for (int index = 0; index < std::min(fixed, count); ++index) room -= sizeOf(index);
+    int first = count;
+    while (first > fixed && room >= sizeOf(first - 1)) room -= sizeOf(--first);
+    return std::clamp(first, fixed, std::max(fixed, count - 1));
+}
+
+}  // namespace
+
+GridMetrics::GridMetrics(const controls::Grid& grid, const wxWindow& window)
+    : mGrid(grid), mButtonWidth(ToPixels(window, kButtonTwips)) {
+    mRows = LayOut(window, grid.Rows(), grid.FixedRows(), grid.TopRow(), grid.ViewHeight(),
+                   [&](int row) { return grid.RowHeight(row); });
+    mColumns = LayOut(window, grid.Cols(), grid.FixedCols(), grid.LeftCol(), grid.ViewWidth(),
+                      [&](int col) { return grid.ColumnWidth(col); });
+}
+
+wxRect GridMetrics::CellRect(int row, int col) const {
+    const Band* down = FindBand(mRows, row);
+    const Band* across = FindBand(mColumns, col);
+    if (down == nullptr || across == nullptr) return {};
+    return {across->from, down->from, across->to - across->from, down->to - down->from};
+}
+
+GridMetrics::Cell GridMetrics::CellAt(wxPoint point) const {
+    return {BandAt(mRows, point.y), BandAt(mColumns, point.x)};
+}
+
+int GridMetrics::ColumnEdgeAt(wxPoint point) const {
+    const int row = BandAt(mRows, point.y);
+    if (row < 0 || row >= mGrid.FixedRows()) return -1;
+    const auto found = std::find_if(mColumns.begin(), mColumns.end(), [&](const Band& band) {
+        return std::abs(point.x - band.to) <= kEdgeReach;
+    });
+    return found == mColumns.end() ? -1 : found->index;
+}
+
+wxRect GridMetrics::CurrentButton() const {
+    const bool reference = mGrid.CanPressReference();
+    const bool list = mGrid.Row() >= mGrid.FixedRows() && mGrid.Col() < mGrid.Cols() &&
+                      mGrid.HasList(mGrid.Col()) && !mGrid.ReadOnly() &&
+                      !mGrid.IsLocked(mGrid.Row(), mGrid.Col());
+    if (!reference && !list) return {};
+    const wxRect cell = CellRect(mGrid.Row(), mGrid.Col());
+    if (cell.IsEmpty()) return {};
+    const int width = std::min(mButtonWidth, cell.width - 1);
+    return {cell.GetRight() - width, cell.y, width, cell.height - 1};
+}
+
+wxRect GridMetrics::CurrentField() const {
+    wxRect field = CellRect(mGrid.Row(), mGrid.Col());
+    if (field.IsEmpty()) return field;
+    const wxRect button = CurrentButton();
+    if (!button.IsEmpty()) field.width -= button.width - 1;
+    return field.Deflate(kFrame);
+}
+
+int GridMetrics::LastTopRow(const controls::Grid& grid) {
+    return FirstOfLastPage(grid.Rows(), grid.FixedRows(), grid.ViewHeight(),
+                           [&](int row) { return grid.RowHeight(row); });
+}
+
+int GridMetrics::LastLeftCol(const controls::Grid& grid) {
+    return FirstOfLastPage(grid.Cols(), grid.FixedCols(), grid.ViewWidth(),
+                           [&](int col) { return grid.ColumnWidth(col); });
+}
+
+}  // namespace kelvane::desktop

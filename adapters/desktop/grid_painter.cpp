@@ -1,0 +1,132 @@
+#include "adapters/desktop/grid_painter.h"
+
+#include <algorithm>
+
+#include "adapters/desktop/look.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+using controls::Alignment;
+using controls::Grid;
+
+constexpr int kTextMargin = 4;
+constexpr int kDotSize = 2;
+
+class Painter {
+public:
+    Painter(wxDC& dc, const wxWindow& window, const Grid& grid, const GridMetrics& metrics,
+            bool focused)
+        : mDc(dc), mWindow(window), mGrid(grid), mMetrics(metrics), mFocused(focused) {
+        mFirstSelected = std::min(grid.Col(), grid.SelectionEnd());
+        mLastSelected = std::max(grid.Col(), grid.SelectionEnd());
+    }
+
+    void Paint() {
+        const wxSize size = mWindow.GetClientSize();
+        Fill(wxRect(size), ToColour(mGrid.BackColor()));
+        mDc.SetFont(UiFont());
+        mTextHeight = mDc.GetCharHeight();
+        for (const auto& row : mMetrics.Rows()) {
+            for (const auto& column : mMetrics.Columns()) PaintCell(row, column);
+        }
+        if (mGrid.Row() >= mGrid.FixedRows() && mGrid.Row() < mGrid.Rows()) PaintCurrent();
+    }
+
+private:
+    void Fill(const wxRect& rect, const wxColour& colour) {
+        mDc.SetPen(*wxTRANSPARENT_PEN);
+        mDc.SetBrush(wxBrush(colour));
+        mDc.DrawRectangle(rect);
+    }
+
+    bool IsSelected(int row, int col) const {
+        return row == mGrid.Row() && row >= mGrid.FixedRows() && mFirstSelected != mLastSelected &&
+               col >= mFirstSelected && col <= mLastSelected;
+    }
+
+    void PaintCell(const GridMetrics::Band& row, const GridMetrics::Band& column) {
+        const wxRect cell(column.from, row.from, column.to - column.from, row.to - row.from);
+        const bool fixed = row.index < mGrid.FixedRows() || column.index < mGrid.FixedCols();
+        const controls::Color color = mGrid.CellColor(row.index, column.index);
+        if (IsSelected(row.index, column.index)) {
+            Fill(cell, look::kSelected);
+        } else if (fixed || color != mGrid.BackColor()) {
+            Fill(cell, ToColour(color));
+        }
+        mDc.SetPen(wxPen(fixed ? look::kFixedLine : look::kGridLine));
+        mDc.DrawLine(cell.GetRight(), cell.y, cell.GetRight(), cell.y + cell.height);
+        mDc.DrawLine(cell.x, cell.GetBottom(), cell.x + cell.width, cell.GetBottom());
+        PaintText(cell, mGrid.Text(row.index, column.index),
+                  mGrid.CellAlignment(row.index, column.index));
+    }
+
+    void PaintText(const wxRect& cell, const std::string& utf8, Alignment alignment) {
+        if (utf8.empty()) return;
+        const wxString text = Text(utf8);
+        const int room = cell.width - 1 - 2 * kTextMargin;
+        const int width = mDc.GetTextExtent(text).x;
+        int x = cell.x + kTextMargin;
+        if (width <= room && alignment != Alignment::Left) {
+            x += alignment == Alignment::Right ? room - width : (room - width) / 2;
+        }
+        const int y = cell.y + (cell.height - 1 - mTextHeight) / 2;
+        mDc.SetTextForeground(look::kText);
+        if (width <= room) {
+            mDc.DrawText(text, x, y);
+            return;
+        }
+        const wxDCClipper clip(mDc, cell.x + 1, cell.y, cell.width - 2, cell.height - 1);
+        mDc.DrawText(text, x, y);
+    }
+
+    void PaintCurrent() {
+        wxRect cell = mMetrics.CellRect(mGrid.Row(), mGrid.Col());
+        if (cell.IsEmpty()) return;
+        const wxRect button = mMetrics.CurrentButton();
+        if (!button.IsEmpty()) PaintButton(button);
+        mDc.SetBrush(*wxTRANSPARENT_BRUSH);
+        mDc.SetPen(wxPen(mFocused ? look::kCurrent : look::kFaintText));
+        mDc.DrawRectangle(cell);
+        cell.Deflate(1);
+        mDc.DrawRectangle(cell);
+    }
+
+    // Three dots for a reference button, an arrow for a list.
+    void PaintButton(const wxRect& button) {
+        Fill(button, look::kWindow);
+        mDc.SetPen(wxPen(look::kEdge));
+        mDc.SetBrush(*wxTRANSPARENT_BRUSH);
+        mDc.DrawRectangle(button);
+        const wxPoint middle(button.x + button.width / 2, button.y + button.height / 2);
+        mDc.SetPen(*wxTRANSPARENT_PEN);
+        mDc.SetBrush(wxBrush(look::kText));
+        if (mGrid.CanPressReference()) {
+            for (const int offset : {-4, 0, 4}) {
+                mDc.DrawRectangle(middle.x + offset - 1, middle.y + 2, kDotSize, kDotSize);
+            }
+            return;
+        }
+        const wxPoint arrow[] = {{-4, -2}, {4, -2}, {0, 3}};
+        mDc.DrawPolygon(3, arrow, middle.x, middle.y);
+    }
+
+    wxDC& mDc;
+    const wxWindow& mWindow;
+    const Grid& mGrid;
+    const GridMetrics& mMetrics;
+    bool mFocused;
+    int mFirstSelected = 0;
+    int mLastSelected = 0;
+    int mTextHeight = 0;
+};
+
+}  // namespace
+
+void PaintGrid(wxDC& dc, const wxWindow& window, const Grid& grid, const GridMetrics& metrics,
+               bool focused) {
+    Painter(dc, window, grid, metrics, focused).Paint();
+}
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,164 @@
+#include "adapters/desktop/grid_view.h"
+
+#include <wx/menu.h>
+
+#include <algorithm>
+
+#include "adapters/desktop/form_keys.h"
+#include "adapters/desktop/grid_canvas.h"
+#include "controls/button.h"
+#include "controls/utf8.h"
+
+namespace kelvane::desktop {
+
+using platform::Key;
+
+namespace {
+
+// Keys that work inside the text of an open cell.
+bool BelongsToField(const KeyStroke& stroke) {
+    if (stroke.character != 0) return true;
+    switch (stroke.key) {
+        case Key::Left:
+        case Key::Right:
+        case Key::Home:
+        case Key::End:
+        case Key::Insert:
+        case Key::Delete:
+        case Key::Backspace:
+            return true;
+        default:
+            return stroke.shift == platform::kCtrl && stroke.key >= Key::A && stroke.key <= Key::Z;
+    }
+}
+
+void SetScrollBar(wxScrollBar& bar, int position, int page, int range) {
+    page = std::clamp(page, 1, std::max(1, range));
+    if (bar.GetThumbPosition() == position && bar.GetThumbSize() == page &&
+        bar.GetRange() == range) {
+        return;
+    }
+    bar.SetScrollbar(position, page, std::max(1, range), page);
+    bar.Enable(range > page);
+}
+
+}  // namespace
+
+GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
+    : View(grid),
+      mGrid(grid),
+      mHost(host),
+      mPane(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)),
+      mVertical(new wxScrollBar(mPane, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSB_VERTICAL)),
+      mHorizontal(new wxScrollBar(mPane, wxID_ANY)),
+      mCanvas(new GridCanvas(*mPane, grid, host, [this] { OpenDropDown(); })),
+      mEditor(std::make_unique<CellEditor>(*mCanvas, grid, host)) {
+    mPane->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { LayOut(); });
+    mPane->SetBackgroundColour(look::kWindow);
+    for (const auto& type :
+         {wxEVT_SCROLL_TOP, wxEVT_SCROLL_BOTTOM, wxEVT_SCROLL_LINEUP, wxEVT_SCROLL_LINEDOWN,
+          wxEVT_SCROLL_PAGEUP, wxEVT_SCROLL_PAGEDOWN, wxEVT_SCROLL_THUMBTRACK,
+          wxEVT_SCROLL_THUMBRELEASE, wxEVT_SCROLL_CHANGED}) {
+        mVertical->Bind(type, &GridView::OnScroll, this);
+        mHorizontal->Bind(type, &GridView::OnScroll, this);
+    }
+}
+
+wxWindow& GridView::Canvas() {
+    return *mCanvas;
+}
+
+wxWindow* GridView::FocusWindow() {
+    return mEditor->IsShown() ? mEditor->Field() : mCanvas;
+}
+
+void GridView::LayOut() {
+    const wxSize size = mPane->GetClientSize();
+    const int bar = ToPixels(*mPane, controls::Grid::kScrollBar);
+    const int width = std::max(0, size.x - bar);
+    const int height = std::max(0, size.y - bar);
+    mCanvas->SetSize(0, 0, width, height);
+    mVertical->SetSize(width, 0, bar, height);
+    mHorizontal->SetSize(0, height, width, bar);
+}
+
+void GridView::Update() {
+    // A top row near the end leaves the page unfilled; the bar then stands at its end.
+    const int lastTop = GridMetrics::LastTopRow(mGrid);
+    SetScrollBar(*mVertical, std::min(mGrid.TopRow(), lastTop) - mGrid.FixedRows(),
+                 mGrid.Rows() - lastTop, mGrid.Rows() - mGrid.FixedRows());
+    const int lastLeft = GridMetrics::LastLeftCol(mGrid);
+    SetScrollBar(*mHorizontal, std::min(mGrid.LeftCol(), lastLeft) - mGrid.FixedCols(),
+                 mGrid.Cols() - lastLeft, mGrid.Cols() - mGrid.FixedCols());
+    mEditor->Sync(mCanvas->Metrics().CurrentField());
+    mCanvas->Refresh(false);
+}
+
+void GridView::OnScroll(wxScrollEvent& event) {
+    if (event.GetEventObject() == mVertical) {
+        mGrid.SetTopRow(event.GetPosition() + mGrid.FixedRows());
+    } else {
+        mGrid.SetLeftCol(event.GetPosition() + mGrid.FixedCols());
+    }
+}
+
+bool GridView::TakeKey(const KeyStroke& stroke) {
+    if (mEditor->HasFocus() && BelongsToField(stroke)) return false;
+    bool used = false;
+    mHost.Form().RunEvent("KeyDown", [&] { used = mGrid.KeyDown(stroke.key, stroke.shift); });
+    return used;
+}
+
+bool GridView::TakeCharacter(char32_t character) {
+    if (!mEditor->HasFocus() || !mGrid.TakesCharacter(character)) {
+        mHost.Form().RunEvent("KeyPress", [&] { mGrid.KeyPress(character); });
+        return true;
+    }
+    mEditor->ExpectCharacter(character);
+    return false;
+}
+
+void GridView::TypeCharacter(char32_t character) {
+    mEditor->Type(character);
+}
+
+bool GridView::OpenDropDown() {
+    const int row = mGrid.Row();
+    if (row < mGrid.FixedRows()) return false;
+    if (mGrid.CanPressReference()) return mGrid.PressReference();
+    if (mGrid.HasList(mGrid.Col()) && !mGrid.ReadOnly() && !mGrid.IsLocked(row, mGrid.Col())) {
+        ShowList();
+        return true;
+    }
+    const wxRect cell = mCanvas->Metrics().CellRect(row, mGrid.Col());
+    for (controls::Control* control : mHost.Form().Controls()) {
+        auto* button = dynamic_cast<controls::Button*>(control);
+        if (button == nullptr || !button->Visible() || !button->Enabled()) continue;
+        wxPoint offset;
+        if (&mHost.ParentOf(*button, offset) != mCanvas) continue;
+        wxRect place = ToPixels(*mCanvas, *button);
+        place.Offset(-offset.x, -offset.y);
+        if (!cell.Intersects(place)) continue;
+        button->Press();
+        return true;
+    }
+    return false;
+}
+
+void GridView::ShowList() {
+    const std::vector<std::string> items = mGrid.OpenList();
+    if (items.empty()) return;
+    const wxRect cell = mCanvas->Metrics().CellRect(mGrid.Row(), mGrid.Col());
+    wxMenu menu;
+    const int first = wxID_HIGHEST + 1;
+    for (std::size_t index = 0; index < items.size(); ++index) {
+        // An item without a text would be taken for a stock item's caption.
+        const wxString caption = items[index].empty() ? wxString(" ") : Text(items[index]);
+        menu.Append(first + static_cast<int>(index), wxControl::EscapeMnemonics(caption));
+    }
+    const int chosen = mCanvas->GetPopupMenuSelectionFromUser(menu, cell.GetBottomLeft());
+    if (chosen == wxID_NONE) return;
+    mGrid.ChooseListItem(items[static_cast<std::size_t>(chosen - first)]);
+}
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,66 @@
+#include "adapters/desktop/look.h"
+
+#include <wx/fontenum.h>
+#include <wx/settings.h>
+
+#include <array>
+#include <cmath>
+
+namespace kelvane::desktop {
+
+namespace {
+
+// Long enough that rounding to whole pixels does not show.
+constexpr int kProbe = 9600;
+
+double PixelsPerTwip(const wxWindow& window) {
+    return static_cast<double>(window.FromDIP(kProbe)) / kProbe / kTwipsPerPixel;
+}
+
+wxString FindFace() {
+    static constexpr std::array kFaces{"Microsoft YaHei UI", "Noto Sans CJK SC",
+                                       "Source Han Sans SC", "WenQuanYi Micro Hei"};
+    for (const char* face : kFaces) {
+        if (wxFontEnumerator::IsValidFacename(face)) return face;
+    }
+    return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName();
+}
+
+}  // namespace
+
+wxString Text(const std::string& utf8) {
+    return wxString::FromUTF8(utf8);
+}
+
+std::string Utf8(const wxString& text) {
+    return text.utf8_string();
+}
+
+wxColour ToColour(controls::Color color) {
+    return wxColour(static_cast<unsigned long>(color));
+}
+
+int ToPixels(const wxWindow& window, int twips) {
+    return static_cast<int>(std::lround(twips * PixelsPerTwip(window)));
+}
+
+int ToTwips(const wxWindow& window, int pixels) {
+    return static_cast<int>(std::lround(pixels / PixelsPerTwip(window)));
+}
+
+wxRect ToPixels(const wxWindow& window, const controls::Control& control) {
+    const wxPoint from(ToPixels(window, control.Left()), ToPixels(window, control.Top()));
+    const wxPoint to(ToPixels(window, control.Left() + control.Width()),
+                     ToPixels(window, control.Top() + control.Height()));
+    return {from.x, from.y, to.x - from.x, to.y - from.y};
+}
+
+wxFont UiFont(int points, bool bold) {
+    static const wxString face = FindFace();
+    wxFontInfo info(points);
+    info.FaceName(face);
+    if (bold) info.Bold();
+    return wxFont(info);
+}
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,59 @@
+// ToolbarView: draws a row of toolbar buttons, plain or in the suite's look, and clicks them by
+// mouse or keyboard. Both kinds of toolbar hand it the same items.
+#pragma once
+
+#include <wx/dc.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "adapters/desktop/view.h"
+#include "adapters/desktop/view_host.h"
+#include "controls/toolbar.h"
+#include "controls/toolbar_style_control.h"
+
+namespace kelvane::desktop {
+
+class ToolbarView : public View {
+public:
+    ToolbarView(wxWindow& parent, controls::Toolbar& toolbar, ViewHost& host);
+    ToolbarView(wxWindow& parent, controls::ToolbarStyleControl& control, ViewHost& host);
+
+    wxWindow& Window() override { return *mWindow; }
+    // Puts the keyboard on the first button that can be clicked; false when there is none.
+    bool Enter();
+
+protected:
+    void Update() override;
+
+private:
+    using Item = controls::ToolbarStyleControl::Item;
+    struct Source {
+        std::function<std::vector<Item>()> items;
+        std::function<void(const std::string&)> click;
+    };
+
+    ToolbarView(wxWindow& parent, controls::Control& control, ViewHost& host, Source source,
+                bool suite);
+    void LayOut(wxDC& dc);
+    void Paint();
+    void PaintItem(wxDC& dc, std::size_t index);
+    int ItemAt(wxPoint point) const;
+    bool CanClick(int index) const;
+    void SetHot(int index);
+    void Click(int index);
+    void OnKey(wxKeyEvent& event);
+
+    ViewHost& mHost;
+    Source mSource;
+    bool mSuite;
+    wxWindow* mWindow;
+    std::vector<Item> mItems;
+    std::vector<wxRect> mPlaces;
+    bool mCaptionBelow = false;
+    int mHot = -1;
+    bool mPressed = false;
+};
+
+}  // namespace kelvane::desktop

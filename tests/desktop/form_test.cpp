@@ -1,0 +1,171 @@
+// A form's window: its life, its size, its fields and its notice line.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/desktop/person.h"
+#include "tests/desktop/sample_forms.h"
+
+namespace kelvane::test {
+
+namespace {
+
+constexpr const char* kTitle = "项目期初";
+
+using Events = std::vector<std::string>;
+
+// Counts what the window tells it, and can refuse to be closed.
+class StubbornForm : public ListForm {
+public:
+    int refusals = 0;
+    Events life;
+
+protected:
+    void Form_Load() override { life.emplace_back("load"); }
+    void Form_Activate() override { life.emplace_back("activate"); }
+    void Form_QueryUnload(bool& cancel, controls::UnloadMode mode) override {
+        life.emplace_back(mode == controls::UnloadMode::CloseBox ? "close box" : "code");
+        cancel = refusals-- > 0;
+    }
+    void Form_Unload() override { life.emplace_back("unload"); }
+};
+
+}  // namespace
+
+TEST(DesktopForm, LivesFromLoadToUnload) {
+    StubbornForm form;
+    ShowTo(form, [&](Person&) {});
+    EXPECT_EQ(form.life, (Events{"load", "activate", "code", "unload"}));
+    EXPECT_FALSE(form.IsLoaded());
+}
+
+TEST(DesktopForm, CanRefuseItsCloseBox) {
+    StubbornForm form;
+    form.refusals = 1;
+    ShowTo(form, [&](Person& person) {
+        person.Keys({"alt+F4"});
+        person.See("asked", [&] { return form.life.size() == 3; });
+        EXPECT_TRUE(person.Look([&] { return form.IsLoaded(); }));
+        person.Keys({"alt+F4"});
+        person.See("closed", [&] { return !form.IsLoaded(); });
+    });
+    EXPECT_EQ(form.life, (Events{"load", "activate", "close box", "close box", "unload"}));
+}
+
+TEST(DesktopForm, IsShownAgainAfterItsUnload) {
+    ListForm form;
+    for (int round = 1; round <= 2; ++round) {
+        ShowTo(form, [&](Person& person) {
+            person.Keys({"Down"});
+            person.See("next row", [&] { return form.grid.Row() == round + 1; });
+        });
+    }
+}
+
+TEST(DesktopForm, FollowsItsWindowsSize) {
+    ListForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Resize(900, 600);
+        person.See("wider", [&] { return form.ScaleWidth() == 900 * 15; });
+        EXPECT_TRUE(person.Look([&] {
+            return form.ScaleHeight() == (600 - 22) * 15 && form.grid.Width() == form.ScaleWidth();
+        }));
+        person.Resize(200, 150);
+        person.See("no smaller than its least size",
+                   [&] { return form.Width() <= 9195 + 15 && form.Height() <= 6190 + 15; });
+    });
+    EXPECT_GE(form.Width(), 9195 - 15);
+    EXPECT_GE(form.Height(), 6190 - 15);
+}
+
+TEST(DesktopForm, ChangesItsWindowsSizeByCode) {
+    ListForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Look([&] {
+            form.SetSize(15000, 9000);
+            return true;
+        });
+        // The scroll bar's thumb tells that the window has followed.
+        person.Click(kTitle, (15000 - 90) / 15 - 60, 300);
+        person.See("cell in the part that was added", [&] { return form.grid.Row() > 1; });
+        EXPECT_TRUE(person.Look([&] { return form.Width() == 15000 && form.Height() == 9000; }));
+    });
+}
+
+TEST(DesktopForm, FieldsTakeTextAndKeys) {
+    FieldForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Type("XM01项目");
+        person.See("typed", [&] { return form.code.Text() == "XM01项目"; });
+        person.Keys({"BackSpace", "Tab", "space"});
+        person.See("button by keyboard", [&] { return form.events == Events{"reference"}; });
+        person.Look([&] {
+            form.code.SetText("XM02");
+            form.code.SetFocus();
+            return true;
+        });
+        person.Keys({"End"});
+        person.Type("3");
+        person.See("typed on", [&] { return form.code.Text() == "XM023"; });
+        person.Keys({"Return"});
+        person.See("closed by the default button", [&] { return !form.IsLoaded(); });
+    });
+    EXPECT_EQ(form.events, (Events{"reference", "ok XM023 "}));
+}
+
+TEST(DesktopForm, EscapePressesTheCancelButton) {
+    FieldForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Keys({"Escape"});
+        person.See("closed", [&] { return !form.IsLoaded(); });
+    });
+    EXPECT_EQ(form.events, Events{"cancel"});
+}
+
+TEST(DesktopForm, AComboBoxFillsItsListWhenItOpens) {
+    FieldForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Click("定位", (1400 + 3060) / 15 - 8, (700 + 165) / 15);
+        person.See("dropped", [&] { return form.events == Events{"drop"}; });
+        std::this_thread::sleep_for(
+            std::chrono::milliseconds(300));  // the list has no state to see
+        person.Keys({"Down", "Return"});
+        person.See("chosen", [&] { return form.key.ListIndex() >= 0; });
+        EXPECT_TRUE(person.Look([&] {
+            return form.key.Text() ==
+                   form.key.Items()[static_cast<std::size_t>(form.key.ListIndex())];
+        }));
+    });
+}
+
+TEST(DesktopForm, WritesAPictureOfItself) {
+    ListForm form;
+    form.SetNotice("保存失败：账套被占用");
+    const auto path = std::filesystem::temp_directory_path() / "kelvane_desktop_test.png";
+    std::filesystem::remove(path);
+    ShowTo(form, [&](Person& person) {
+        EXPECT_TRUE(person.Look([&] { return Windows().SaveScreenshot(path.string()); }));
+    });
+    EXPECT_GT(std::filesystem::file_size(path), 10000U);
+    std::filesystem::remove(path);
+    EXPECT_FALSE(Windows().SaveScreenshot(path.string()));
+}
+
+TEST(DesktopForm, AMissingHelpFileIsSaidInTheNoticeLine) {
+    ListForm form;
+    Windows().SetHelpFile("/nowhere/help/项目管理.chm");
+    ShowTo(form, [&](Person& person) {
+        person.Keys({"F1"});
+        person.See("notice", [&] { return !form.Notice().empty(); });
+    });
+    EXPECT_EQ(form.Notice(), "没有找到帮助文件：/nowhere/help/项目管理.chm");
+}
+
+TEST(DesktopForm, TheScreenIsMeasuredInTwips) {
+    EXPECT_EQ(Windows().TwipsPerPixelX(), 15);
+    EXPECT_EQ(Windows().TwipsPerPixelY(), 15);
+    EXPECT_GE(Windows().ScreenWidth(), 1200 * 15);
+    EXPECT_GE(Windows().ScreenHeight(), 800 * 15);
+}
+
+}  // namespace kelvane::test

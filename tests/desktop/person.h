@@ -1,0 +1,62 @@
+// Person: somebody in front of the windows, on a thread of its own: presses real keys and mouse
+// buttons of the display and looks at the state on the windows' thread.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "adapters/desktop/desktop_windows.h"
+#include "controls/form.h"
+
+namespace kelvane::test {
+
+// The windows of this test program.
+desktop::DesktopWindows& Windows();
+void SetWindows(desktop::DesktopWindows* windows);
+
+class Person {
+public:
+    // Starts doing `deeds` at once; the destructor waits until they are done.
+    explicit Person(std::function<void(Person&)> deeds);
+    ~Person();
+    Person(const Person&) = delete;
+    Person& operator=(const Person&) = delete;
+
+    // Real input by the display's test extension. Keys by their names ("F2", "ctrl+p").
+    void Keys(const std::vector<std::string>& keys);
+    void Type(const std::string& text);
+    void Hold(const std::string& key);
+    void Release(const std::string& key);
+    // Places in the inner area of the window titled `window`, in pixels at 100 % scaling.
+    void MoveTo(const std::string& window, int x, int y);
+    void Click(const std::string& window, int x, int y, int times = 1);
+    void Drag(const std::string& window, int x, int y, int toX, int toY);
+    void Wheel(const std::string& window, int x, int y, int steps);
+    // The only shown window.
+    void Resize(int width, int height);
+
+    // Runs `look` on the windows' thread and returns what it returns.
+    bool Look(const std::function<bool()>& look);
+    // Looks again and again until `look` is true; a failed expectation named `what` after some
+    // seconds.
+    bool See(const std::string& what, const std::function<bool()>& look);
+    // Waits until a window with this title is shown, and puts the keyboard on it.
+    void SeeWindow(const std::string& window);
+
+private:
+    struct Place {
+        int x = 0;
+        int y = 0;
+    };
+    Place Find(const std::string& window);
+    void Input(const std::string& arguments);
+
+    std::thread mThread;
+};
+
+// Shows `form` to a person who does `deeds`; the form is closed when they are done, if it was not.
+void ShowTo(controls::Form& form, const std::function<void(Person&)>& deeds);
+
+}  // namespace kelvane::test

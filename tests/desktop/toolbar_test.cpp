@@ -1,0 +1,98 @@
+// Both toolbars on the screen.
+#include <gtest/gtest.h>
+
+#include "tests/desktop/person.h"
+#include "tests/desktop/sample_forms.h"
+
+namespace kelvane::test {
+
+namespace {
+
+constexpr const char* kTitle = "项目期初";
+
+using Events = std::vector<std::string>;
+
+class DesktopToolbar : public testing::TestWithParam<bool> {
+protected:
+    // The middle of the second button, and of the one with key "Add".
+    int PreviewX() const { return GetParam() ? 73 : 112; }
+    int AddX() const { return GetParam() ? 174 : 265; }
+};
+
+}  // namespace
+
+TEST_P(DesktopToolbar, AButtonIsClicked) {
+    ListForm form(5, GetParam());
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, PreviewX(), 20);
+        person.See("click", [&] { return form.events == Events{"click PreView"}; });
+        person.Click(kTitle, AddX(), 20);
+        person.See("click", [&] { return form.events == Events{"click PreView", "click Add"}; });
+    });
+}
+
+TEST_P(DesktopToolbar, ADisabledButtonDoesNothing) {
+    ListForm form(5, GetParam());
+    form.toolbar.Button("Add")->SetEnabled(false);
+    form.style.Refresh();
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, AddX(), 20);
+        person.Click(kTitle, PreviewX(), 20);
+        person.See("the other one", [&] { return form.events == Events{"click PreView"}; });
+        person.Look([&] {
+            form.toolbar.Button("Add")->SetEnabled(true);
+            form.style.Refresh();
+            return true;
+        });
+        person.Click(kTitle, AddX(), 20);
+        person.See("click", [&] { return form.events == Events{"click PreView", "click Add"}; });
+    });
+}
+
+TEST_P(DesktopToolbar, AClickLeavesTheOpenCellOpen) {
+    ListForm form(5, GetParam());
+    ShowTo(form, [&](Person& person) {
+        person.Keys({"Right", "Right"});
+        person.Type("ab");
+        person.See("typed", [&] { return form.grid.EditText() == "ab"; });
+        person.Click(kTitle, PreviewX(), 20);
+        person.See("click", [&] { return form.events == Events{"click PreView"}; });
+        person.Type("c");
+        person.See("typed on", [&] { return form.grid.EditText() == "abc"; });
+        person.Keys({"Escape"});
+        person.See("closed", [&] { return !form.grid.IsEditing(); });
+    });
+}
+
+TEST_P(DesktopToolbar, IsWorkedByTheKeyboard) {
+    ListForm form(5, GetParam());
+    ShowTo(form, [&](Person& person) {
+        person.Keys({"F10", "Right", "Right", "Right", "Return"});
+        person.See("over the separator", [&] { return form.events == Events{"click Add"}; });
+        person.Keys({"Down"});
+        person.See("keyboard back in the grid", [&] { return form.grid.Row() == 2; });
+        person.Keys({"F10", "Escape", "Down"});
+        person.See("and again", [&] { return form.grid.Row() == 3; });
+    });
+    EXPECT_EQ(form.events, (Events{"click Add", "leave 1", "leave 2"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Look, DesktopToolbar, testing::Bool(), [](const auto& look) {
+    return look.param ? std::string("Suite") : std::string("Plain");
+});
+
+TEST(DesktopToolbarSwitch, TheOtherToolbarTakesThePlace) {
+    ListForm form(5, false);
+    ShowTo(form, [&](Person& person) {
+        person.Look([&] {
+            form.toolbar.SetVisible(false);
+            form.style.SetVisible(true);
+            form.Form_Resize();
+            return true;
+        });
+        person.Click(kTitle, 73, 20);
+        person.See("click", [&] { return form.events == Events{"click PreView"}; });
+    });
+}
+
+}  // namespace kelvane::test

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/button.h"
 #include "controls/grid.h"
@@ -161,6 +163,8 @@ private:
     bool InsertEntry(int row, platform::StatementText& detailSql);
 
     void OpenDetailsFromGrid(std::string& value, int row);
+    void KeepCellsOfItem(int row, const std::string& chosenCode);
+    void DropChosenItem(int row);
     void PlaceDetailButton();
     void ClickButton(std::string_view key);
     void DisableMissingCommands();
@@ -169,6 +173,12 @@ private:
     // Caption of the item-name field, read at each load.
     std::string mItemNameCaption;
     data::KeyedCollection<std::int16_t> mElementDetails;
+    // The item chosen while its cell is open, and what its choice overwrote beside it.
+    struct ChosenItem {
+        std::string code;
+        std::vector<std::string> cellsBefore;
+    };
+    std::optional<ChosenItem> mChosenItem;
     // True while keystrokes that this window sent itself are on their way.
     bool mSendingOpenKeys = false;
 };

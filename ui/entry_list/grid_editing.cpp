@@ -15,7 +15,6 @@ namespace kelvane::ui {
 
 using controls::GridAnswer;
 using data::gConn;
-using data::gEnv;
 using platform::Money;
 using platform::StatementText;
 
@@ -122,10 +121,35 @@ std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, i
     const auto service = data::gServices->createReferenceList();
     const auto record = service->ListOnConnection(gConn, statement, titles, widths, chosen);
     if (!chosen || record == nullptr) return "";
+    const std::string code = record->Field(0).ToText();
+    KeepCellsOfItem(row, code);
     GridPeriodItem.SetText(row, col + 1, record->Field(1).ToText());
     if (keywords > 0) GridPeriodItem.SetText(row, col + 2, record->Field(2).ToText());
     if (keywords == 2) GridPeriodItem.SetText(row, col + 3, record->Field(3).ToText());
-    return record->Field(0).ToText();
+    // Another keyword of the same item leaves the item's cell as it was.
+    GridPeriodItem.SetRowTouched(true);
+    return code;
+}
+
+// A chosen item can still be refused and given up: its name and keywords must then give way to
+// those of the item that stays.
+void frmPeriodItem::KeepCellsOfItem(int row, const std::string& chosenCode) {
+    if (!mChosenItem) {
+        mChosenItem.emplace();
+        for (int col = kItemNameColumn; col <= kKey2Column; ++col) {
+            mChosenItem->cellsBefore.push_back(CellText(row, col));
+        }
+    }
+    mChosenItem->code = chosenCode;
+}
+
+void frmPeriodItem::DropChosenItem(int row) {
+    if (!mChosenItem) return;
+    const ChosenItem chosen = *mChosenItem;
+    mChosenItem.reset();
+    if (data::Trim(CellText(row, kItemColumn)) == data::Trim(chosen.code)) return;
+    int col = kItemNameColumn;
+    for (const std::string& text : chosen.cellsBefore) GridPeriodItem.SetText(row, col++, text);
 }
 
 void frmPeriodItem::GridPeriodItem_CellValidate(std::string& text, GridAnswer& answer, int row,
@@ -173,6 +197,7 @@ void frmPeriodItem::GridPeriodItem_ComboDropDown(int row, int col, controls::Gri
 void frmPeriodItem::GridPeriodItem_EditModeChange(bool editing) {
     mEditText = editing ? CellText(GridPeriodItem.Row(), GridPeriodItem.Col()) : "";
     mEditing = editing;
+    if (!editing) DropChosenItem(GridPeriodItem.Row());
 }
 
 void frmPeriodItem::GridPeriodItem_CellChanged(int /*row*/, int col) {
@@ -230,7 +255,7 @@ void frmPeriodItem::CheckBeforeEntry(bool& ok) {
     ok = false;
     try {
         const auto anyRow = [](const StatementText& statement) {
-            return !gEnv->DataAccess().Query(statement)->EndOfFile();
+            return !gConn->OpenRecordSet(statement)->EndOfFile();
         };
         const int row = GridPeriodItem.Row();
         const char* message = nullptr;

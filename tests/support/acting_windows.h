@@ -1,0 +1,32 @@
+// Windows without a screen in which a test acts on each form that is shown.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <stdexcept>
+#include <utility>
+
+#include "controls/form.h"
+#include "tests/support/recording_windows.h"
+
+namespace kelvane::support {
+
+class ActingWindows : public RecordingWindows {
+public:
+    // What is done in the windows to come, in their order. A form that is still loaded afterwards
+    // is closed by its close box.
+    std::deque<std::function<void(controls::Form&)>> acts;
+
+    void ShowModal(platform::Window& window) override {
+        auto& form = dynamic_cast<controls::Form&>(window);
+        form.Load();
+        form.Activate();
+        if (acts.empty()) throw std::logic_error("nobody acts in " + form.Name());
+        const auto act = std::move(acts.front());
+        acts.pop_front();
+        act(form);
+        form.Unload(controls::UnloadMode::CloseBox);
+    }
+};
+
+}  // namespace kelvane::support

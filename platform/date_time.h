@@ -17,6 +17,7 @@ struct DateTime {
     int second = 0;
     int millisecond = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): a false alarm on defaulted comparisons.
     friend constexpr auto operator<=>(const DateTime&, const DateTime&) = default;
 
     // True when the fields name a day that exists, year 1 to 9999.

@@ -5,8 +5,6 @@
 namespace kelvane::data {
 namespace {
 
-using platform::StatementText;
-
 class EntryCounter : public DataTest {
 protected:
     std::int32_t Next(std::optional<std::int32_t> largest = std::nullopt) {

@@ -1,9 +1,11 @@
 #include "adapters/sqlite/account_file.h"
 
+#include <sqlite3.h>
+
 #include <array>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 #include <string_view>
 
 #include "adapters/sqlite/failures.h"
@@ -25,16 +27,37 @@ constexpr std::size_t kUserVersionAt = 60;
 constexpr std::size_t kApplicationIdAt = 68;
 constexpr std::size_t kVersionValidForAt = 92;
 
+using HeaderBytes = std::array<char, kHeaderSize>;
+
+// Reads the header through the engine's own file layer; false when the file cannot be opened. A
+// program that opens and closes the file by itself thereby drops the locks of all its connections
+// to it, and the next other program to leave removes the log that they still write.
+bool ReadHeader(const std::string& path, HeaderBytes& bytes) {
+    sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
+    const std::unique_ptr<const char, void (*)(const char*)> name(
+        sqlite3_create_filename(fs::absolute(path).c_str(), "", "", 0, nullptr),
+        sqlite3_free_filename);
+    const std::unique_ptr<void, void (*)(void*)> memory(sqlite3_malloc(layer->szOsFile),
+                                                        sqlite3_free);
+    if (!name || !memory) throw std::bad_alloc();
+    auto* file = static_cast<sqlite3_file*>(memory.get());
+    file->pMethods = nullptr;
+    const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB;
+    bool read = layer->xOpen(layer, name.get(), file, flags, nullptr) == SQLITE_OK;
+    if (read) {
+        const int outcome =
+            file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), 0);
+        read = outcome == SQLITE_OK || outcome == SQLITE_IOERR_SHORT_READ;
+    }
+    if (file->pMethods != nullptr) file->pMethods->xClose(file);
+    return read;
+}
+
 class Header {
 public:
-    explicit Header(std::istream& file) {
-        file.read(mBytes.data(), kHeaderSize);
-        mSize = static_cast<std::size_t>(file.gcount());
-    }
+    explicit Header(const HeaderBytes& bytes) : mBytes(bytes) {}
 
-    bool IsDatabase() const {
-        return mSize == kHeaderSize && std::string_view(mBytes.data(), kMagic.size()) == kMagic;
-    }
+    bool IsDatabase() const { return std::string_view(mBytes.data(), kMagic.size()) == kMagic; }
     std::uint32_t Number(std::size_t at, std::size_t length = 4) const {
         std::uint32_t number = 0;
         for (std::size_t i = 0; i < length; ++i) {
@@ -52,8 +75,7 @@ public:
     }
 
 private:
-    std::array<char, kHeaderSize> mBytes{};
-    std::size_t mSize = 0;
+    HeaderBytes mBytes;
 };
 
 bool IsWriteProtected(const std::string& path) {
@@ -62,7 +84,10 @@ bool IsWriteProtected(const std::string& path) {
     std::error_code failure;
     const fs::perms perms = fs::status(path, failure).permissions();
     if (failure || (perms & kWriters) == fs::perms::none) return true;
-    return !std::fstream(path, std::ios::in | std::ios::out | std::ios::binary);
+    sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
+    int allowed = 0;
+    return layer->xAccess(layer, path.c_str(), SQLITE_ACCESS_READWRITE, &allowed) != SQLITE_OK ||
+           allowed == 0;
 }
 
 }  // namespace
@@ -72,9 +97,9 @@ void RequireAccountFile(const std::string& path) {
     const fs::file_status status = fs::status(path, failure);
     if (!fs::exists(status)) throw AccountError(path, "不存在");
     if (!fs::is_regular_file(status)) throw AccountError(path, "不是账套文件");
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw AccountError(path, "无法读取");
-    const Header header(file);
+    HeaderBytes bytes{};
+    if (!ReadHeader(path, bytes)) throw AccountError(path, "无法读取");
+    const Header header(bytes);
     if (!header.IsDatabase() ||
         header.Number(kApplicationIdAt) != static_cast<std::uint32_t>(kApplicationId)) {
         throw AccountError(path, "不是账套文件");

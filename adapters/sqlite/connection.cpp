@@ -74,12 +74,20 @@ private:
         return *mSession;
     }
 
+    // Damage is found now and not in the middle of a day's work.
+    static void RequireIntact(Database& database) {
+        Statement check(database, "pragma quick_check(1)", false);
+        const int code = check.Step();
+        if (code != SQLITE_ROW) database.Fail(code);
+        const std::string answer = check.Text(0);
+        if (answer != "ok") throw AccountError(database.Path(), "已损坏（" + answer + "）");
+    }
+
     void Prepare(Session& session) {
         Database& database = session.Engine();
         database.Run(kSettings);
         const std::string& path = database.Path();
-        // Reads the schema, and with it everything the engine can tell about a damaged file early.
-        database.Number("select count(*) from sqlite_schema");
+        RequireIntact(database);
         for (const std::string& table : mRequiredTables) {
             Statement statement(database,
                                 "select count(*) from sqlite_schema where type = 'table' and name "

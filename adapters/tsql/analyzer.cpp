@@ -49,6 +49,7 @@ private:
 ExpressionPtr ColumnOf(const TableSource& source, const ColumnInfo& info) {
     auto column = std::make_unique<Expression>(Kind::Column);
     column->name = info.name;
+    column->qualifier = source.CorrelationName();
     column->table = source.CorrelationName();
     column->type = info.type;
     return column;

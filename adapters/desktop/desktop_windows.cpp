@@ -103,6 +103,7 @@ public:
     explicit DesktopApp(const std::function<int(DesktopWindows&)>& body) : mBody(body) {}
 
     bool OnInit() override {
+        wxLog::EnableLogging(true);
         wxImage::AddHandler(new wxPNGHandler);
         SetExitOnFrameDelete(false);
         return true;
@@ -136,6 +137,8 @@ int RunDesktop(const std::function<int(DesktopWindows&)>& body) {
     int count = 1;
     char name[] = "kelvane";
     char* arguments[] = {name, nullptr};
+    // Without a screen the toolkit would try to show a window that says so.
+    wxLog::EnableLogging(false);
     wxEntry(count, arguments);
     if (!DesktopApp::started) throw std::runtime_error("the screen cannot be opened");
     if (DesktopApp::failure) std::rethrow_exception(DesktopApp::failure);

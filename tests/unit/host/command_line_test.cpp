@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "host/screen.h"
 #include "tests/unit/host/plain_sqlite.h"
 #include "tests/unit/host/program.h"
 #include "tests/unit/host/temporary_folder.h"
@@ -87,6 +88,18 @@ TEST_F(CommandLineTest, InitRefusesAFolder) {
     const auto result = RunProgram("init --force " + ShellQuoted(mFolder.Path().string()));
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, "kelvane: " + mFolder.Path().string() + " is a folder\n");
+}
+
+TEST_F(CommandLineTest, WithoutAScreenThereAreNoWindows) {
+    RunProgram("init --sample " + Account());
+    const std::string reason = host::HasScreen() ? "the screen cannot be opened" : host::kNoScreen;
+    const auto shown = RunProgram("open " + Account(), "", "DISPLAY= WAYLAND_DISPLAY=");
+    EXPECT_EQ(shown.status, 1);
+    EXPECT_EQ(shown.errors, "kelvane: " + reason + "\n");
+    const auto driven =
+        RunProgram("drive --window " + Account(), "init\n", "DISPLAY= WAYLAND_DISPLAY=");
+    EXPECT_EQ(driven.status, 1);
+    EXPECT_EQ(driven.errors, "kelvane: " + reason + "\n");
 }
 
 TEST_F(CommandLineTest, AScriptThatFailsHasStatusOne) {

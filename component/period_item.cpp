@@ -2,20 +2,13 @@
 
 #include <stdexcept>
 
+#include "controls/control.h"
 #include "data/login_context.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::component {
 
 using namespace data;  // the g… values of the login context
-
-namespace {
-
-constexpr Color Rgb(unsigned red, unsigned green, unsigned blue) {
-    return red | (green << 8U) | (blue << 16U);
-}
-
-}  // namespace
 
 PeriodItem::PeriodItem(platform::Services& services) {
     gServices = &services;
@@ -37,9 +30,9 @@ bool PeriodItem::Init(platform::HostLogin& objLogin, platform::HostEnvironment& 
     gAccountYear = std::to_string(objEnv.Account().Year());
     gPrintStylePath = AppPath + "\\printStyle\\";
     gColorWhite = 0xFFFFFF;
-    gColorLocked = Rgb(205, 208, 215);
-    gColorPink = Rgb(247, 237, 236);
-    gColorCream = Rgb(238, 238, 214);
+    gColorLocked = controls::Rgb(205, 208, 215);
+    gColorPink = controls::Rgb(247, 237, 236);
+    gColorCream = controls::Rgb(238, 238, 214);
     mInitialized = true;
     return true;
 }

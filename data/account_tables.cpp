@@ -41,11 +41,13 @@ constexpr AccountColumn kAccInformation[] = {
     {"cSysID", "varchar(10)", kKey}, {"cName", kCode, kKey}, {"cValue", kText}};
 
 // Project items of item class 97.
+// Without a key: the first and the second key field are told apart by the order of their rows
+// alone.
 constexpr AccountColumn kItemStructure[] = {
-    {"citem_class", "varchar(10)", kKey},
-    {"cfield_name", kCode, kKey},
+    {"citem_class", "varchar(10)"},
+    {"cfield_name", kCode},
     {"itype", kInteger},
-    {"iSubItem", kFlag, kKey},
+    {"iSubItem", kFlag},
     {"bPrimaryKey", kFlag},
     {"ctext", kText},
 };

@@ -73,7 +73,7 @@ frmPeriodItem::frmPeriodItem()
       cmdRef(*this, "cmdRef"),
       mFailureNotice([this](const std::string& text) { SetNotice(text); }) {
     SetCaption("项目期初录入");
-    SetSize(12000, 7800);
+    SetSize(14400, 8700);
     SetMinSize(kMinWidth, kMinHeight);
     Toolbar1.AddButton("Print", "打印");
     Toolbar1.AddButton("PreView", "预览");

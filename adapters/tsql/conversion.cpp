@@ -264,14 +264,13 @@ Datum Loaded(Datum stored, Type column) {
         }
         return stored;
     }
-    const bool isText = std::holds_alternative<std::string>(stored);
-    if (column.kind == Kind::DateTime && isText) {
-        return TextToDate(std::get<std::string>(stored), {Kind::VarChar, 0});
-    }
-    if (isText == column.IsText() || column.kind == Kind::DateTime) return stored;
-    if (isText) return Convert(stored, {Kind::VarChar, 0}, column);
-    const bool real = std::holds_alternative<double>(stored);
-    return Convert(stored, {real ? Kind::Float : Kind::BigInt, 0}, column);
+    Type held{Kind::BigInt, 0};
+    if (std::holds_alternative<std::string>(stored)) held.kind = Kind::VarChar;
+    if (std::holds_alternative<double>(stored)) held.kind = Kind::Float;
+    if (column.kind == Kind::DateTime && !held.IsText()) return stored;
+    if (held.kind == column.kind || (held.IsInteger() && column.IsInteger())) return stored;
+    // A text column's own text is never cut.
+    return Convert(stored, held, column.IsText() ? Type{column.kind, 0} : column);
 }
 
 std::string MoneyText(std::int64_t units) {

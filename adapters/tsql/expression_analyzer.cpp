@@ -151,6 +151,7 @@ void ExpressionAnalyzer::Column(Expression& expression) {
             found = &source;
         }
         if (column == nullptr) continue;
+        mMetOuterColumn = mMetOuterColumn || scope != &mScope;
         expression.table = found->CorrelationName();
         expression.name = column->name;
         expression.type = column->type;
@@ -217,8 +218,10 @@ void ExpressionAnalyzer::Aggregate(Expression& expression) {
     if (!countsRows && expression.operands.size() != 1) throw ArgumentCount(expression.name, 1);
     mMetAggregate = true;
     mAggregatesAllowed = false;
+    mMetOuterColumn = false;
     for (ExpressionPtr& operand : expression.operands) Value(operand);
     mAggregatesAllowed = true;
+    if (mMetOuterColumn) throw NotTranslated(expression.name + " of an outer query's column");
     if (expression.name == "count") {
         expression.type = {Type::Kind::Int, 0};
         return;

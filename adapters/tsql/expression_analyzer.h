@@ -45,6 +45,7 @@ private:
     AnalyzeQuery mAnalyzeQuery;
     bool mAggregatesAllowed = true;
     bool mMetAggregate = false;
+    bool mMetOuterColumn = false;
 };
 
 // Makes `expression` yield `type`.

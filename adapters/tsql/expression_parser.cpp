@@ -42,14 +42,20 @@ public:
     ExpressionPtr Condition() {
         const TokenReader::Depth depth(mReader);
         ExpressionPtr left = Conjunction();
-        while (mReader.TakeWord("or")) left = Make(Kind::Or, std::move(left), Conjunction());
+        while (mReader.TakeWord("or")) {
+            mReader.CountLink();
+            left = Make(Kind::Or, std::move(left), Conjunction());
+        }
         return left;
     }
 
 private:
     ExpressionPtr Conjunction() {
         ExpressionPtr left = Negation();
-        while (mReader.TakeWord("and")) left = Make(Kind::And, std::move(left), Negation());
+        while (mReader.TakeWord("and")) {
+            mReader.CountLink();
+            left = Make(Kind::And, std::move(left), Negation());
+        }
         return left;
     }
 
@@ -140,6 +146,7 @@ private:
                                              [&](auto symbol) { return mReader.IsSymbol(symbol); });
             if (found == symbols.end()) return left;
             mReader.Advance();
+            mReader.CountLink();
             left = Make(Kind::Arithmetic, std::move(left), next());
             left->symbol = *found;
         }

@@ -221,6 +221,7 @@ std::vector<Statement> ParseBatch(TokenReader& reader) {
     while (reader.TakeSymbol(";")) {
     }
     while (!reader.AtEnd()) {
+        reader.BeginStatement();
         statements.push_back(ParseStatement(reader));
         while (reader.TakeSymbol(";")) {
         }

@@ -12,6 +12,7 @@ namespace kelvane::tsql {
 namespace {
 
 constexpr int kDeepest = 100;
+constexpr int kMostLinks = 500;
 
 // Words that are never a name unless they are quoted.
 constexpr std::string_view kReserved[] = {
@@ -115,6 +116,10 @@ void TokenReader::Refuse() const {
         throw NotTranslated(token.text);
     }
     throw SyntaxError(token.text);
+}
+
+void TokenReader::CountLink() {
+    if (++mLinks > kMostLinks) throw NestedTooDeeply();
 }
 
 TokenReader::Depth::Depth(TokenReader& reader) : mReader(reader) {

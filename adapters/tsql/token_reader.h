@@ -51,6 +51,11 @@ public:
 
     const std::vector<FixedLiteral>& FixedLiterals() const { return mFixed; }
 
+    // Counts an operator of a chain ("a or b or …"), which nests as well; each statement has its
+    // own count. Throws when there are too many.
+    void CountLink();
+    void BeginStatement() { mLinks = 0; }
+
     // Keeps a statement from exhausting the stack; throws when it is nested too deeply.
     class Depth {
     public:
@@ -69,6 +74,7 @@ private:
     const LexedText& mText;
     std::size_t mAt = 0;
     int mDepth = 0;
+    int mLinks = 0;
     std::vector<FixedLiteral> mFixed;
 };
 

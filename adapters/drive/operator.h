@@ -30,8 +30,8 @@ public:
     virtual void Focused(const std::string& control) = 0;
     virtual void Refused(int row, int column) = 0;
     virtual void Beeped() = 0;
-    // The help file came up; `file` is its name without the folder.
-    virtual void HelpShown(const std::string& /*file*/) {}
+    // The help file came up.
+    virtual void HelpShown(const std::string& /*path*/) {}
 
     // What the operator answers to a message box; notes the box and the answer.
     virtual platform::MessageAnswer Answer(const platform::Message& message) = 0;

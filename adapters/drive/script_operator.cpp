@@ -150,6 +150,11 @@ void ScriptOperator::Refused(int row, int column) {
     mTranscript.Line("refused " + std::to_string(row) + " " + std::to_string(column));
 }
 
+// The folder is the machine's; both kinds of separator occur, whatever the machine.
+void ScriptOperator::HelpShown(const std::string& path) {
+    mTranscript.Line("help " + path.substr(path.find_last_of("/\\") + 1));
+}
+
 MessageAnswer ScriptOperator::Answer(const Message& message) {
     std::string line = "[" + message.caption + "|" + NameOf(message.icon) + "] " + message.text;
     MessageAnswer answer = MessageAnswer::Ok;

@@ -44,7 +44,7 @@ public:
     void Focused(const std::string& control) override { mTranscript.Line("focus " + control); }
     void Refused(int row, int column) override;
     void Beeped() override { mTranscript.Line("beep"); }
-    void HelpShown(const std::string& file) override { mTranscript.Line("help " + file); }
+    void HelpShown(const std::string& path) override;
     platform::MessageAnswer Answer(const platform::Message& message) override;
     std::optional<std::size_t> Pick(const std::vector<std::string>& titles,
                                     const std::vector<std::vector<std::string>>& rows) override;

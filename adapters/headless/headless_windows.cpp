@@ -51,14 +51,9 @@ void HeadlessWindows::DeliverKeys(Form& form) {
         const drive::KeyStroke stroke = mSentKeys.front();
         mSentKeys.pop_front();
         const bool used = drive::PressKey(form, stroke);
-        if (!used && stroke.key == platform::Key::F1) ShowHelp();
+        if (used || stroke.key != platform::Key::F1 || mHelpFile.empty()) continue;
+        mOperator.HelpShown(mHelpFile);
     }
-}
-
-void HeadlessWindows::ShowHelp() {
-    if (mHelpFile.empty()) return;
-    const std::size_t folder = mHelpFile.find_last_of("/\\");
-    mOperator.HelpShown(folder == std::string::npos ? mHelpFile : mHelpFile.substr(folder + 1));
 }
 
 platform::MessageAnswer HeadlessWindows::ShowMessage(const platform::Message& message) {

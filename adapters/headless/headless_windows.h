@@ -37,7 +37,6 @@ private:
 
     void RunModal(controls::Form& form);
     void DeliverKeys(controls::Form& form);
-    void ShowHelp();
 
     drive::Operator& mOperator;
     std::string mHelpFile;

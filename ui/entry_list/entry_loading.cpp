@@ -36,9 +36,10 @@ struct ColumnLayout {
 };
 
 // Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class.
+// Dates and amounts have no greatest length: cut short, they would be others.
 constexpr std::array kColumns{
     ColumnLayout{0, "", 0, Alignment::Left, {}, false, false},
-    ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 10}, false, false},
+    ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 0}, false, false},
     ColumnLayout{
         kCenterColumn, "责任中心", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
     ColumnLayout{
@@ -46,14 +47,15 @@ constexpr std::array kColumns{
     ColumnLayout{kItemNameColumn, "", 2500, Alignment::Left, {InputKind::Text, 255}, false, false},
     ColumnLayout{kKey1Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
     ColumnLayout{kKey2Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
-    ColumnLayout{kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 60}, true, false},
     ColumnLayout{
-        kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 120}, false, false},
+        kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 255}, true, false},
+    ColumnLayout{
+        kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 255}, false, false},
     ColumnLayout{kAmountColumn,
                  "未结转期初",
                  1500,
                  Alignment::Right,
-                 {InputKind::Number, 20, 2, true},
+                 {InputKind::Number, 0, 2, true},
                  true,
                  false},
 };

@@ -127,8 +127,12 @@ public:
     int DefaultRowHeight() const { return mDefaultRowHeight; }
     void SetDefaultRowHeight(int twips) { mDefaultRowHeight = twips; }
 
-    // A text that describes the columns: the same for an unchanged layout.
+    // The columns and the data rows as the texts of platform/grid_text.h: the format text stays the
+    // same for an unchanged layout.
     std::string FormatText() const;
+    std::string DataText() const;
+    // One row's cells joined by a tab.
+    std::string RowText(int row) const { return std::string(CellsAt(row)); }
 
     Color BackColor() const { return mBackColor; }
     void SetBackColor(Color color) { Assign(mBackColor, color); }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "controls/grid.h"
+#include "platform/grid_text.h"
 
 namespace kelvane::controls {
 
@@ -203,14 +204,22 @@ void Grid::SetRowHeight(int row, int twips) {
 }
 
 std::string Grid::FormatText() const {
-    std::string format;
+    std::vector<platform::ColumnText> columns;
     for (int col = 0; col < Cols(); ++col) {
-        if (col > 0) format += '|';
-        format += kMarks[static_cast<std::size_t>(ColumnAt(col).alignment)];
-        if (Rows() > 0) format += Text(0, col);
-        format += ':' + std::to_string(ColumnAt(col).width);
+        const Column& column = ColumnAt(col);
+        columns.push_back({.title = Rows() > 0 ? Text(0, col) : "",
+                           .width = column.width,
+                           .alignment = static_cast<platform::ColumnAlignment>(column.alignment),
+                           .kind = static_cast<platform::ColumnKind>(column.input.kind),
+                           .decimals = column.input.decimals});
     }
-    return format;
+    return platform::EncodeColumns(columns);
+}
+
+std::string Grid::DataText() const {
+    std::string text;
+    for (int row = mFixedRows; row < Rows(); ++row) platform::AppendRow(text, CellsAt(row));
+    return text;
 }
 
 const Grid::GridRow& Grid::RowAt(int row) const {

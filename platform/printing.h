@@ -1,61 +1,73 @@
-// Printing and export of a grid: the print control, the print-style service that describes a page,
-// and the grid-format service that describes a grid's columns and data as text.
+// Printing and export of a grid: the print-style service, which describes what stands on a page,
+// and the print control, which shows, prints and writes it. A window asks for a new one of each.
+// Grids travel as the texts of platform/grid_text.h.
 #pragma once
 
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace kelvane::platform {
 
-class Window;
+// The style name under which a page's layout is kept.
+inline constexpr std::string_view kDefaultStyle = "Default";
 
 // Result of writing to a file when the operator cancelled; 0 is success, anything else a failure.
 inline constexpr int kExportCancelled = 3999;
 
-// A caption with its value at a position of the page ("700,0").
+// Position texts are "LEFT,TOP", sizes are whole numbers, both in tenths of a millimetre: the title
+// block and the columns are placed from the page's upper margin, header items from it as well,
+// footer items from the lower end of the page's content.
 struct PrintItem {
     std::string caption;
     std::string value;
     std::string position;
-    std::string width;
-};
-
-// What a page shows beside the grid's rows.
-struct PrintLayout {
-    std::string title;
-    std::string titlePosition;
-    std::string titleHeight;
-    std::vector<PrintItem> header;
-    std::vector<PrintItem> footer;
-    std::string columnsPosition;
-    std::string columnFormat;
-    std::vector<std::string> rows;  // cells joined by a tab
+    std::string size;
 };
 
 class PrintStyleService {
 public:
     virtual ~PrintStyleService() = default;
-    // Opens the style file at `path`; a file that is missing or holds no style is laid out afresh.
+
+    // Opens the style file at `path`. A file that is missing or holds no style of this kind is
+    // laid out afresh; throws nothing for it.
     virtual void Open(std::string_view path, std::string_view title) = 0;
-    // True when the header block takes the positions handed over and not the stored ones.
-    virtual bool LaysOutAfresh() const = 0;
-    virtual void SetLayout(const PrintLayout& layout) = 0;
-    virtual std::string StyleXml() const = 0;
+
+    // What stands on the page. Positions and sizes are used when the service lays the block out
+    // afresh; a stored style keeps its own.
+    virtual void SetTitle(std::string_view position, std::string_view height) = 0;
+    virtual void AddHeaderItem(const PrintItem& item) = 0;
+    virtual void AddFooterItem(const PrintItem& item) = 0;
+
+    // The columns, as a format text. With `replaceStored` they take the place of the stored
+    // style's columns, otherwise they are used when it has none.
+    virtual void SetColumns(std::string_view position, std::string_view formatText,
+                            bool replaceStored) = 0;
+
+    // All data rows: `count` of them, `cells` gives those of one, counted from 0, joined by a tab.
+    virtual void SetRows(int count, std::function<std::string(int)> cells) = 0;
+
+    // What was wrong when the print control did not take this style; fit to be shown.
     virtual std::string ErrorText() const = 0;
 };
 
 class PrintControl {
 public:
     virtual ~PrintControl() = default;
+
+    // Whether the operator may save settings from the print window.
     virtual void SetEnableSave(bool enabled) = 0;
-    // Applies data and style under the style name; 0 on success.
+
+    // Takes data and layout from `style` under `styleName`; 0 on success.
     virtual int SetDataStyleXml(PrintStyleService& style, std::string_view styleName) = 0;
+
+    // Both show what SetDataStyleXml took.
     virtual void Preview() = 0;
     virtual void Print() = 0;
-    // Asks the operator for a file; 0, kExportCancelled or a failure number.
+
+    // Asks the operator for a file and writes the grid to it; 0, kExportCancelled or a failure.
     virtual int WriteToFile(std::string_view dataText, std::string_view formatText) = 0;
+
     // Raised when the operator saves the print settings, with the settings' two XML texts.
     std::function<void(const std::string&, const std::string&)> SaveSettings;
 };

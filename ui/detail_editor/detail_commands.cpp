@@ -23,9 +23,9 @@ void frmQCEdit::Toolbar1_ButtonClick(controls::ToolbarButton& button) {
         void (frmQCEdit::*run)();
     };
     static constexpr std::array kCommands{
-        Command{"Addnew", &frmQCEdit::AddDetailRow},
-        Command{"Delete", &frmQCEdit::DeleteDetailRow},
-        Command{"Save", &frmQCEdit::SaveDetails},
+        Command{"Preview", &frmQCEdit::PreviewDetails}, Command{"Print", &frmQCEdit::PrintDetails},
+        Command{"Output", &frmQCEdit::ExportDetails},   Command{"Addnew", &frmQCEdit::AddDetailRow},
+        Command{"Delete", &frmQCEdit::DeleteDetailRow}, Command{"Save", &frmQCEdit::SaveDetails},
         Command{"Quit", &frmQCEdit::QuitEditor},
     };
     const auto* command =

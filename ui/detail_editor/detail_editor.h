@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "controls/label.h"
 #include "controls/picture.h"
 #include "platform/database.h"
+#include "platform/printing.h"
 #include "platform/statement_text.h"
 #include "ui/common/toolbar_form.h"
 
@@ -31,6 +33,8 @@ public:
     controls::Label Label3;
     controls::Label lblDutyCenter;
     controls::Grid Grid1;
+    // Made anew for each print, preview and export.
+    std::unique_ptr<platform::PrintControl> xmlPrt;
 
     // Set before opening: equipment lines instead of inventory lines; lines only to be looked at.
     bool bEquipment = false;
@@ -61,6 +65,7 @@ public:
     void Grid1_CellReference(std::string& text, int row, int col);
     void Grid1_CellValidate(std::string& text, controls::GridAnswer& answer, int row, int col);
     void Grid1_RowValidate(controls::GridAnswer& answer, int row, int& col);
+    void Grid1_EditModeChange(bool editing);
 
     // Commands (detail_commands.cpp).
     void Toolbar1_ButtonClick(controls::ToolbarButton& button) override;
@@ -69,6 +74,13 @@ public:
     void QuitEditor();
     void TakeSnapshot();
     bool HasChanged() const;
+
+    // Printing (detail_printing.cpp). False, after a message, when there is nothing to print.
+    bool BuildDetailPrintStyle(const std::string& title);
+    bool PreparePrint();
+    void PreviewDetails();
+    void PrintDetails();
+    void ExportDetails();
 
 protected:
     void Form_Load() override;
@@ -90,13 +102,28 @@ private:
     int AmountColumn() const { return Grid1.Cols() - 1; }
     int UnitColumn() const { return Grid1.Cols() - 4; }
 
+    // An equipment or inventory item as a line shows it; equipment has no unit.
+    struct LineItem {
+        std::string code;
+        std::string name;
+        std::string model;
+        platform::Value price;
+        std::optional<std::string> unit;
+    };
+    LineItem ItemOf(const platform::RecordSet& found) const;
+    // Fills the line but for column `kept`. Throws before anything is written.
+    void FillLine(int row, int kept, const LineItem& item);
+    std::string AmountText(const std::string& price, int row) const;
+    bool ValidateItem(const std::string& text, int row, int col);
+    void DropPickedItem();
+
     bool MayLoseChanges();
+    void AllowChanges(bool allowed);
     void ShadeRow(int row);
     void AppendLine(const platform::RecordSet& line);
     void LayOutGrid();
     std::string CellText(int row, int col) const { return Grid1.Text(row, col); }
     std::string LineText(int row) const;
-    void SetPrice(int row, const platform::Value& price);
     // The cell of a line that its row check refuses, with the message to be shown; no message when
     // the line is complete.
     struct Incomplete {
@@ -107,6 +134,17 @@ private:
 
     // The lines' texts as they were loaded, header included.
     std::vector<std::string> mSnapshot;
+    // What was picked from a list for an open cell, and the line as it was before: the pick can
+    // still be refused or given up.
+    struct PickedItem {
+        int row = 0;
+        int col = 0;
+        std::string text;
+        std::vector<std::string> before;
+    };
+    std::optional<PickedItem> mPickedItem;
+    // Layout of the grid as it stood after loading.
+    std::string mGridLayoutText;
 };
 
 // The one instance; created on first use.

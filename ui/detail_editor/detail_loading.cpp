@@ -4,6 +4,7 @@
 
 #include "data/login_context.h"
 #include "data/number_format.h"
+#include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
@@ -102,6 +103,7 @@ frmQCEdit::frmQCEdit()
     Grid1.RowValidate = [this](controls::GridAnswer& answer, int row, int& col) {
         Grid1_RowValidate(answer, row, col);
     };
+    Grid1.EditModeChange = [this](bool editing) { Grid1_EditModeChange(editing); };
     Grid1.Beep = [] { data::gServices->windows->Beep(); };
 }
 
@@ -117,6 +119,7 @@ void frmQCEdit::Form_Load() {
     SetupToolbar();
     LoadDetailGrid();
     TakeSnapshot();
+    mGridLayoutText = Grid1.FormatText();
     for (const char* key : {"Addnew", "Delete", "Save"}) {
         Toolbar1.Button(key)->SetEnabled(!bReadOnly);
     }
@@ -134,8 +137,9 @@ void frmQCEdit::SetupToolbar() {
         Toolbar1.AddImage(use.key, use.picture);
         Toolbar1.Button(use.key)->SetImage(use.key);
     }
-    // Their print set-up is not there yet.
-    for (const char* key : {"Print", "Preview", "Output"}) Toolbar1.Button(key)->SetEnabled(false);
+    for (const char* key : {"Print", "Preview", "Output"}) {
+        Toolbar1.Button(key)->SetEnabled(CanPrint());
+    }
 }
 
 void frmQCEdit::LayOutGrid() {
@@ -249,7 +253,8 @@ void frmQCEdit::Form_Resize() {
 
 void frmQCEdit::Trapped(std::string_view place, std::string_view detail) noexcept {
     data::ReportTrapped(place, detail);
-    SetNotice("操作时出错，该操作没有完成，已录入的明细仍保留在表格中。");
+    SetNotice(place == "Form_Load" ? "读取明细时出错，明细没有显示，现在不能修改，请退出后重试。"
+                                   : "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。");
 }
 
 }  // namespace kelvane::ui

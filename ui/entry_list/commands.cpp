@@ -6,6 +6,7 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "ui/common/flag_scope.h"
+#include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
@@ -35,12 +36,10 @@ struct frmPeriodItem::Command {
 
 const frmPeriodItem::Command* frmPeriodItem::FindCommand(std::string_view key) {
     static constexpr auto always = [] { return true; };
-    static constexpr auto never = [] { return false; };
-    static constexpr auto nothing = [](frmPeriodItem&) {};
     static constexpr std::array kCommands{
-        Command{"PreView", false, never, nothing},
-        Command{"Print", true, never, nothing},
-        Command{"DataOut", true, never, nothing},
+        Command{"PreView", false, CanPrint, [](frmPeriodItem& form) { form.PreviewList(); }},
+        Command{"Print", true, CanPrint, [](frmPeriodItem& form) { form.PrintList(); }},
+        Command{"DataOut", true, CanPrint, [](frmPeriodItem& form) { form.ExportList(); }},
         Command{"Add", true, always, [](frmPeriodItem& form) { form.AddEntryRow(); }},
         Command{"Delete", true, always,
                 [](frmPeriodItem& form) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@
 #include "data/messages.h"
 #include "platform/database.h"
 #include "platform/date_time.h"
+#include "platform/printing.h"
 #include "platform/statement_text.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/entry_list/failure_notice.h"
@@ -49,6 +51,8 @@ public:
     controls::Label CapLable;
     controls::Grid GridPeriodItem;
     controls::Button cmdRef;
+    // Made anew for each print, preview and export.
+    std::unique_ptr<platform::PrintControl> xmlPrt;
 
     // What the find dialog hands over: whether it was left by OK, and what to look for (an empty
     // keyword stands for any).
@@ -119,6 +123,14 @@ public:
 
     // Printing (printing.cpp).
     void CaptureGridLayout();
+    // Modes of the print set-up: print or preview, and export.
+    static constexpr int kPrintMode = 1;
+    static constexpr int kExportMode = 2;
+    void PreparePrint(int mode, bool& ok);
+    void PreviewList();
+    void PrintList();
+    void ExportList();
+    void xmlPrt_SaveSettings(const std::string& text1, const std::string& text2);
 
     // The element-detail flag of a row's element, 0 when it is kept without detail lines.
     std::int16_t ElementDetailFlag(int row) const;

@@ -1,0 +1,45 @@
+// The detail lines on paper and in files.
+#include "data/login_context.h"
+#include "ui/common/print_setup.h"
+#include "ui/detail_editor/detail_editor.h"
+
+namespace kelvane::ui {
+
+using platform::PrintItem;
+
+bool frmQCEdit::BuildDetailPrintStyle(const std::string& title) {
+    const std::vector<PrintItem> header = {
+        {"项目要素", lblElement.Caption(), "0,200", "500"},
+        {"项目", lblItem.Caption(), "600,200", "500"},
+        {"责任中心", lblDutyCenter.Caption(), "1200,200", "375"},
+    };
+    std::vector<PrintItem> footer = SignatureItems();
+    for (PrintItem& item : footer) item.size = "375";
+    return SetUpPrint(*xmlPrt, {.grid = Grid1,
+                                .title = title,
+                                .loadedLayout = mGridLayoutText,
+                                .header = header,
+                                .footer = footer});
+}
+
+bool frmQCEdit::PreparePrint() {
+    xmlPrt = data::gServices->createPrintControl();
+    xmlPrt->SaveSettings = SavePrintSettings;
+    return BuildDetailPrintStyle(lblTitle.Caption());
+}
+
+void frmQCEdit::PreviewDetails() {
+    if (PreparePrint()) xmlPrt->Preview();
+}
+
+void frmQCEdit::PrintDetails() {
+    if (Grid1.FinishEdit() == controls::GridAnswer::Refuse) return;
+    if (PreparePrint()) xmlPrt->Print();
+}
+
+void frmQCEdit::ExportDetails() {
+    if (Grid1.FinishEdit() == controls::GridAnswer::Refuse) return;
+    if (PreparePrint()) ExportGrid(*xmlPrt, Grid1);
+}
+
+}  // namespace kelvane::ui

@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 fs::path Resolved(const fs::path& path) {
     std::error_code error;
     if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
-    const fs::path target = fs::weakly_canonical(path, error);
+    fs::path target = fs::weakly_canonical(path, error);
     if (error) throw FileRefused(path.string() + ": " + error.message());
     return target;
 }

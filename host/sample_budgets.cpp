@@ -85,11 +85,11 @@ std::vector<TableRows> SampleBudgets::Rows(std::uint64_t seed) const {
         const auto& [line, code] = key;
         if (!detailed.contains(line)) continue;
         const Money money = Grown(recorded.money, 20);
-        const auto quantity = static_cast<double>(recorded.halfUnits / 2 * 6 / 5 + 10);
+        const std::int64_t quantity = recorded.halfUnits / 2 * 6 / 5 + 10;
         details.rows.push_back({Value(kControllingVersion),
                                 Value(SampleProjects()[line.first].code),
                                 Value(SampleElements()[line.second].code), Value(code),
-                                Value(money), Value(money), Value(quantity)});
+                                Value(money), Value(money), Value(static_cast<double>(quantity))});
     }
     // Lines that nothing has been recorded for yet.
     for (std::size_t project = 0; project < SampleProjects().size(); ++project) {

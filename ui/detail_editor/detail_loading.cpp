@@ -117,13 +117,25 @@ void frmQCEdit::Form_Load() {
     lblItem.SetCaption(entries.Text(row, kItemColumn));
     lblDutyCenter.SetCaption(entries.Text(row, kCenterColumn));
     SetupToolbar();
-    LoadDetailGrid();
+    // Lines that could not be read must not be replaced by what the grid shows.
+    AllowChanges(false);
+    try {
+        LoadDetailGrid();
+    } catch (...) {
+        LayOutGrid();
+        TakeSnapshot();
+        throw;
+    }
     TakeSnapshot();
     mGridLayoutText = Grid1.FormatText();
+    AllowChanges(!bReadOnly);
+}
+
+void frmQCEdit::AllowChanges(bool allowed) {
     for (const char* key : {"Addnew", "Delete", "Save"}) {
-        Toolbar1.Button(key)->SetEnabled(!bReadOnly);
+        Toolbar1.Button(key)->SetEnabled(allowed);
     }
-    Grid1.SetReadOnly(bReadOnly);
+    Grid1.SetReadOnly(!allowed);
 }
 
 void frmQCEdit::Form_Activate() {

@@ -1,5 +1,5 @@
 // Filling a line from the code or the name that the operator typed.
-#include <array>
+#include <optional>
 
 #include "data/login_context.h"
 #include "data/messages.h"
@@ -19,14 +19,10 @@ using platform::StatementText;
 struct frmQCEdit::Lookup {
     FixedText equipment;
     FixedText inventory;
-    FixedText classBefore;
-    FixedText classAfter;
+    void (*restrictClass)(StatementText& statement, const std::string& allowed);
     std::string_view equipmentUnknown;
     std::string_view inventoryUnknown;
-    // The cell that the lookup fills beside the one it goes by.
-    int otherColumn;
-    const char* otherEquipmentField;
-    const char* otherInventoryField;
+    int column;
 };
 
 namespace {
@@ -52,13 +48,14 @@ bool frmQCEdit::FillByCode(const std::string& code, int row) {
     static const Lookup kByCode{
         .equipment = "select * from pm_equipment where cEquipCode=",
         .inventory = " where a.cInvCode=",
-        .classBefore = " and a.cInvCCode like '",
-        .classAfter = "%'",
+        .restrictClass =
+            [](StatementText& statement, const std::string& allowed) {
+                statement << " and a.cInvCCode like '";
+                statement.Inside(allowed) << "%'";
+            },
         .equipmentUnknown = "设备编码不存在或不是末级",
         .inventoryUnknown = "存货编码不存在或所属分类不正确",
-        .otherColumn = 1,
-        .otherEquipmentField = "cEquipName",
-        .otherInventoryField = "cInvName",
+        .column = 0,
     };
     if (data::Trim(code).empty()) return true;
     const std::string own = CellText(row, 0);
@@ -75,13 +72,14 @@ bool frmQCEdit::FillByName(const std::string& name, int row) {
     static const Lookup kByName{
         .equipment = "select * from pm_equipment where cEquipName=",
         .inventory = " where a.cInvName=",
-        .classBefore = " and a.cInvCCode='",
-        .classAfter = "'",
+        .restrictClass =
+            [](StatementText& statement, const std::string& allowed) {
+                statement << " and a.cInvCCode=";
+                statement.Quoted(allowed);
+            },
         .equipmentUnknown = "设备名称不存在或不是末级",
         .inventoryUnknown = "存货名称不存在或所属分类不正确",
-        .otherColumn = 0,
-        .otherEquipmentField = "cEquipCode",
-        .otherInventoryField = "cInvCode",
+        .column = 1,
     };
     if (data::Trim(name).empty()) return true;
     return Fill(kByName, name, row);
@@ -98,10 +96,7 @@ bool frmQCEdit::Fill(const Lookup& by, const std::string& sought, int row) {
                      "inventory a left join computationunit b on a.cSAComUnitCode=b.cComUnitCode";
         statement << by.inventory;
         statement.Quoted(sought);
-        if (allowed != kNoClass) {
-            statement << by.classBefore;
-            statement.Inside(data::Trim(allowed)) << by.classAfter;
-        }
+        if (allowed != kNoClass) by.restrictClass(statement, allowed);
     }
     const auto found = gConn->OpenRecordSet(statement);
     if (found->EndOfFile()) {
@@ -109,25 +104,38 @@ bool frmQCEdit::Fill(const Lookup& by, const std::string& sought, int row) {
                               data::kModuleCaption);
         return false;
     }
-    const auto fill = [&](int col, const char* field) {
-        Grid1.SetText(row, col, found->Field(field).ToText());
-    };
-    if (bEquipment) {
-        fill(by.otherColumn, by.otherEquipmentField);
-        fill(2, "cEquipModel");
-        SetPrice(row, found->Field("dblTbUPrice"));
-    } else {
-        fill(by.otherColumn, by.otherInventoryField);
-        fill(2, "cInvStd");
-        fill(3, "cComUnitName");
-        SetPrice(row, found->Field("iInvRCost"));
+    LineItem item = ItemOf(*found);
+    // Several items may bear one name: the line's own stays, or the one that was picked.
+    const std::string own = data::Trim(CellText(row, 0));
+    for (; by.column == 1 && !found->EndOfFile(); found->MoveNext()) {
+        const LineItem candidate = ItemOf(*found);
+        if (candidate.code != own) continue;
+        item = candidate;
+        break;
     }
-    RecalcAmount(row);
+    FillLine(row, by.column, item);
     return true;
 }
 
-void frmQCEdit::SetPrice(int row, const platform::Value& price) {
-    Grid1.SetText(row, PriceColumn(), data::NumFormatText(price, data::kPriceKind, true));
+frmQCEdit::LineItem frmQCEdit::ItemOf(const platform::RecordSet& found) const {
+    const auto text = [&](const char* field) { return found.Field(field).ToText(); };
+    if (bEquipment) {
+        return {text("cEquipCode"), text("cEquipName"), text("cEquipModel"),
+                found.Field("dblTbUPrice"), std::nullopt};
+    }
+    return {text("cInvCode"), text("cInvName"), text("cInvStd"), found.Field("iInvRCost"),
+            text("cComUnitName")};
+}
+
+void frmQCEdit::FillLine(int row, int kept, const LineItem& item) {
+    const std::string price = data::NumFormatText(item.price, data::kPriceKind, true);
+    const std::string amount = AmountText(price, row);
+    if (kept != 0) Grid1.SetText(row, 0, item.code);
+    if (kept != 1) Grid1.SetText(row, 1, item.name);
+    Grid1.SetText(row, 2, item.model);
+    if (item.unit) Grid1.SetText(row, UnitColumn(), *item.unit);
+    Grid1.SetText(row, PriceColumn(), price);
+    Grid1.SetText(row, AmountColumn(), amount);
 }
 
 }  // namespace kelvane::ui

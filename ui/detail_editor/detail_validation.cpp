@@ -1,4 +1,6 @@
 // What happens while the operator edits a line, and the checks of a finished one.
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "data/budget_control.h"
@@ -37,21 +39,35 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 void frmQCEdit::Grid1_CellValidate(std::string& text, GridAnswer& answer, int row, int col) {
     answer = GridAnswer::Accept;
     if (col == 0 || col == 1) {
+        if (!ValidateItem(text, row, col)) answer = GridAnswer::Refuse;
+    } else if (col == PriceColumn() || col == QuantityColumn()) {
+        if (!IsValidAmount(text)) {
+            data::ShowInformation("非法金额数量", data::kModuleCaption);
+            answer = GridAnswer::Refuse;
+            return;
+        }
+        const std::int16_t kind = col == PriceColumn() ? data::kPriceKind : data::kQuantityKind;
+        if (!text.empty()) text = data::NumFormatText(Value("0" + text), kind, true);
+        // The amount is reckoned from what the line shows.
+        Grid1.SetText(row, col, text);
+        RecalcAmount(row);
+    }
+    if (answer == GridAnswer::Accept) SetNotice("");
+}
+
+bool frmQCEdit::ValidateItem(const std::string& text, int row, int col) {
+    try {
         const bool filled = col == 0 ? FillByCode(text, row) : FillByName(text, row);
-        if (!filled) answer = GridAnswer::Refuse;
-        return;
+        if (filled) {
+            mPickedItem.reset();
+        } else {
+            DropPickedItem();
+        }
+        return filled;
+    } catch (...) {
+        DropPickedItem();
+        throw;
     }
-    if (col != PriceColumn() && col != QuantityColumn()) return;
-    if (!IsValidAmount(text)) {
-        data::ShowInformation("非法金额数量", data::kModuleCaption);
-        answer = GridAnswer::Refuse;
-        return;
-    }
-    const std::int16_t kind = col == PriceColumn() ? data::kPriceKind : data::kQuantityKind;
-    text = data::NumFormatText(Value(text), kind, true);
-    // The amount is reckoned from what the line shows.
-    Grid1.SetText(row, col, text);
-    RecalcAmount(row);
 }
 
 bool frmQCEdit::IsValidAmount(const std::string& text) {
@@ -63,10 +79,13 @@ bool frmQCEdit::IsValidAmount(const std::string& text) {
     }
 }
 
+std::string frmQCEdit::AmountText(const std::string& price, int row) const {
+    const Money amount = MoneyOfDisplay(price) * MoneyOfDisplay(CellText(row, QuantityColumn()));
+    return data::NumFormatText(Value(amount), data::kMoneyKind, true);
+}
+
 void frmQCEdit::RecalcAmount(int row) {
-    const Money amount = MoneyOfDisplay(CellText(row, PriceColumn())) *
-                         MoneyOfDisplay(CellText(row, QuantityColumn()));
-    Grid1.SetText(row, AmountColumn(), data::NumFormatText(Value(amount), data::kMoneyKind, true));
+    Grid1.SetText(row, AmountColumn(), AmountText(CellText(row, PriceColumn()), row));
 }
 
 void frmQCEdit::Grid1_CellReference(std::string& text, int row, int col) {
@@ -76,14 +95,38 @@ void frmQCEdit::Grid1_CellReference(std::string& text, int row, int col) {
     SelectReference(bEquipment ? kEquipmentReference : kInventoryReference, code, description);
     if (code.empty()) return;
     std::vector<std::string> fields = Split(description, ',');
-    fields.resize(std::max<std::size_t>(fields.size(), 3));
-    const std::string& name = fields[0];
-    text = col == 0 ? code : name;
-    Grid1.SetText(row, col == 0 ? 1 : 0, col == 0 ? name : code);
-    Grid1.SetText(row, 2, fields[1]);
-    SetPrice(row, Value(fields[2]));
-    if (fields.size() == 4) Grid1.SetText(row, UnitColumn(), fields[3]);
-    RecalcAmount(row);
+    const bool hasUnit = fields.size() == 4;
+    fields.resize(4);
+    LineItem item{code, fields[0], fields[1], Value(fields[2]), std::nullopt};
+    if (hasUnit) item.unit = fields[3];
+
+    PickedItem picked{row, col, col == 0 ? item.code : item.name, {}};
+    for (int each = 0; each < Grid1.Cols(); ++each) picked.before.push_back(CellText(row, each));
+    FillLine(row, col, item);
+    if (mPickedItem) picked.before = mPickedItem->before;
+    text = picked.text;
+    mPickedItem = std::move(picked);
+    Grid1.SetRowTouched(true);
+}
+
+// The cells beside the one picked for come back.
+void frmQCEdit::DropPickedItem() {
+    const auto dropped = std::exchange(mPickedItem, std::nullopt);
+    if (!dropped) return;
+    for (int col = 0; col < Grid1.Cols(); ++col) {
+        if (col == dropped->col) continue;
+        Grid1.SetText(dropped->row, col, dropped->before[static_cast<std::size_t>(col)]);
+    }
+}
+
+void frmQCEdit::Grid1_EditModeChange(bool editing) {
+    if (editing || !mPickedItem) return;
+    const bool stays = CellText(mPickedItem->row, mPickedItem->col) == mPickedItem->text;
+    if (stays) {
+        mPickedItem.reset();
+    } else {
+        DropPickedItem();
+    }
 }
 
 frmQCEdit::Incomplete frmQCEdit::FindIncomplete(int row) const {
@@ -106,7 +149,9 @@ void frmQCEdit::Grid1_RowValidate(GridAnswer& answer, int row, int& col) {
         col = missing.col;
         return;
     }
-    if (CheckDetailBudget(row)) answer = GridAnswer::Accept;
+    if (!CheckDetailBudget(row)) return;
+    answer = GridAnswer::Accept;
+    SetNotice("");
 }
 
 bool frmQCEdit::CheckDetailBudget(int row) {

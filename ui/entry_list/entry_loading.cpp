@@ -7,6 +7,7 @@
 #include "data/messages.h"
 #include "data/number_format.h"
 #include "data/text_conversion.h"
+#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -107,6 +108,7 @@ void frmPeriodItem::ResetToDesign() {
     cmdRef.SetVisible(false);
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
     mDetailSql = {};
+    GetDetailEditorForm().mColTempValues = {};
     mSendingOpenKeys = false;
 }
 

@@ -79,8 +79,8 @@ ComboBoxView::ComboBoxView(wxWindow& parent, controls::ComboBox& box, ViewHost& 
     mField->SetFont(UiFont());
     host.Keys().Attach(*mField->GetTextCtrl());
     FollowFocus(*mField->GetTextCtrl(), box, host);
-    mField->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) {
-        if (!mUpdating) mBox.SetListIndex(mField->GetSelection());
+    mField->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent& event) {
+        if (!mUpdating) mBox.SetListIndex(event.GetSelection());
     });
     mField->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
         if (!mUpdating) mBox.SetText(Utf8(mField->GetValue()));

@@ -75,8 +75,10 @@ wxWindow* GridView::FocusWindow() {
 void GridView::LayOut() {
     const wxSize size = mPane->GetClientSize();
     const int bar = ToPixels(*mPane, controls::Grid::kScrollBar);
-    const int width = std::max(0, size.x - bar);
-    const int height = std::max(0, size.y - bar);
+    const int width = size.x - bar;
+    const int height = size.y - bar;
+    // A scroll bar shorter than its own ends cannot be drawn.
+    if (width < 2 * bar || height < 2 * bar) return;
     mCanvas->SetSize(0, 0, width, height);
     mVertical->SetSize(width, 0, bar, height);
     mHorizontal->SetSize(0, height, width, bar);

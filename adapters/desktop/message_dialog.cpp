@@ -24,6 +24,7 @@ constexpr int kIconSize = 36;
 constexpr int kTextWidth = 440;
 constexpr int kMargin = 16;
 constexpr int kButtonWidth = 88;
+constexpr int kButtonPoints = 10;
 
 int PictureOf(MessageIcon icon) {
     switch (icon) {
@@ -48,6 +49,23 @@ struct Choice {
 std::vector<Choice> ChoicesOf(MessageButtons buttons) {
     if (buttons == MessageButtons::Ok) return {{MessageAnswer::Ok, "确定", 0}};
     return {{MessageAnswer::Yes, "是", 'Y'}, {MessageAnswer::No, "否", 'N'}};
+}
+
+// `text` in lines of at most `width` pixels. Chinese breaks between any two characters, but no line
+// begins with a closing mark.
+wxString Wrap(const wxWindow& window, const wxString& text, int width) {
+    static const wxString closing = wxString::FromUTF8("，。！？、；：）》”’,.!?;:)");
+    wxString wrapped;
+    wxString line;
+    for (const wxUniChar character : text) {
+        const bool full = window.GetTextExtent(line + character).x > width;
+        if (character == '\n' || (full && closing.Find(character) == wxNOT_FOUND)) {
+            wrapped += line + '\n';
+            line.clear();
+        }
+        if (character != '\n') line += character;
+    }
+    return wrapped + line;
 }
 
 }  // namespace
@@ -84,8 +102,7 @@ wxWindow* MessageDialog::CreateBody() {
     auto* text = new wxStaticText(body, wxID_ANY, wxString());
     text->SetForegroundColour(look::kText);
     text->SetFont(UiFont());
-    text->SetLabelText(Text(mMessage.text));
-    text->Wrap(FromDIP(kTextWidth));
+    text->SetLabelText(Wrap(*text, Text(mMessage.text), FromDIP(kTextWidth)));
     row->Add(text, wxSizerFlags(1).CenterVertical().Border(wxALL, FromDIP(kMargin)));
     body->SetSizer(row);
     return body;
@@ -102,6 +119,8 @@ wxSizer* MessageDialog::CreateButtons() {
         row->Add(button, wxSizerFlags().Border(wxLEFT, FromDIP(kMargin) / 2));
         if (first == nullptr || choice.answer == mMessage.preselected) first = button;
     }
+    // What Enter presses is told by its caption; the toolkit frames it only after the first key.
+    if (mMessage.buttons == MessageButtons::YesNo) first->SetFont(UiFont(kButtonPoints, true));
     first->SetDefault();
     first->SetFocus();
     return row;

@@ -3,9 +3,12 @@
 #include <wx/filename.h>
 #include <wx/utils.h>
 
+#include <vector>
+
 #include "adapters/desktop/form_window.h"
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/message_dialog.h"
+#include "controls/grid.h"
 #include "controls/pick_window.h"
 
 namespace kelvane::desktop {
@@ -16,8 +19,37 @@ namespace {
 // behind others may never be painted.
 constexpr int kMostWaits = 200;
 constexpr int kWaitMilliseconds = 5;
-constexpr int kPoliteCloseAttempts = 2;
-constexpr int kForcedCloseAttempts = 4;
+constexpr int kCloseAttempts = 2;
+
+// While a form is shown: lets its grids beep where its code does not, and tells the operator, when
+// there is one, what can be seen of it.
+class FormWatch {
+public:
+    FormWatch(controls::Form& form, Stage& stage, drive::Operator* who) : mForm(form) {
+        for (controls::Control* control : form.Controls()) {
+            auto* grid = dynamic_cast<controls::Grid*>(control);
+            if (grid == nullptr || grid->Beep) continue;
+            grid->Beep = [&stage] { stage.Beep(); };
+            mBeeping.push_back(grid);
+        }
+        if (who == nullptr) return;
+        form.FocusMoved = [who](controls::Control& control) { who->Focused(control.Name()); };
+        form.Refused = [who](controls::Control&, int row, int column) {
+            who->Refused(row, column);
+        };
+    }
+    ~FormWatch() {
+        mForm.FocusMoved = nullptr;
+        mForm.Refused = nullptr;
+        for (controls::Grid* grid : mBeeping) grid->Beep = nullptr;
+    }
+    FormWatch(const FormWatch&) = delete;
+    FormWatch& operator=(const FormWatch&) = delete;
+
+private:
+    controls::Form& mForm;
+    std::vector<controls::Grid*> mBeeping;
+};
 
 }  // namespace
 
@@ -47,25 +79,18 @@ void Stage::ShowForm(controls::Form& form) {
     {
         FormWindow window(*this, form, TopWindow());
         mLevels.push_back({&window});
-        if (told) {
-            form.FocusMoved = [this](controls::Control& control) {
-                mOperator->Focused(control.Name());
-            };
-            form.Refused = [this](controls::Control&, int row, int column) {
-                mOperator->Refused(row, column);
-            };
-        }
+        const FormWatch watch(form, *this, told ? mOperator : nullptr);
         window.Show();
         form.Activate();
+        ScheduleKeys();
         Wake();
         if (form.IsLoaded()) {
             window.Sync();
             window.ShowModal();
         }
-        form.FocusMoved = nullptr;
-        form.Refused = nullptr;
         mLevels.pop_back();
     }
+    if (mLevels.empty()) mStrokes.clear();
     if (told) mOperator->Closed(form.Name());
     // The window below may have been unloaded meanwhile.
     if (!mLevels.empty() && mLevels.back().form != nullptr) {
@@ -83,29 +108,28 @@ platform::MessageAnswer Stage::Ask(const platform::Message& message) {
     Wake();
     const platform::MessageAnswer answer = box.Ask();
     mLevels.pop_back();
+    ScheduleKeys();
     Wake();
     return answer;
 }
 
 void Stage::SendKeys(std::string_view keys) {
     for (const KeyStroke& stroke : ParseKeys(keys)) mStrokes.push_back(stroke);
-    CallAfter([this] { DeliverKeys(); });
+    ScheduleKeys();
 }
 
+void Stage::ScheduleKeys() {
+    if (!mStrokes.empty()) CallAfter([this] { DeliverKeys(); });
+}
+
+// A stroke may open a window and come back only when that is closed: the rest is delivered there.
+// A message box takes no sent keys; they wait until it is answered.
 void Stage::DeliverKeys() {
-    if (mDelivering) return;
-    mDelivering = true;
-    while (!mStrokes.empty() && !mLevels.empty()) {
+    while (!mStrokes.empty() && !mLevels.empty() && mLevels.back().form != nullptr) {
         const KeyStroke stroke = mStrokes.front();
         mStrokes.pop_front();
-        // A message box takes no sent keys; the next form below it does.
-        for (auto level = mLevels.rbegin(); level != mLevels.rend(); ++level) {
-            if (level->form == nullptr) continue;
-            level->form->Keys().Send(stroke);
-            break;
-        }
+        mLevels.back().form->Keys().Send(stroke);
     }
-    mDelivering = false;
     Wake();
 }
 
@@ -115,11 +139,12 @@ void Stage::Beep() {
 }
 
 void Stage::ShowHelp() {
-    const wxFileName file(Text(mHelpFile));
     if (mOperator != nullptr) {
-        mOperator->HelpShown(Utf8(file.GetFullName()));
+        if (!mHelpFile.empty()) mOperator->HelpShown(mHelpFile);
         return;
     }
+    // The windows' code parts folders as its own platform does.
+    const wxFileName file(Text(mHelpFile), wxPATH_DOS);
     if (file.FileExists() && wxLaunchDefaultApplication(file.GetFullPath())) return;
     if (!mLevels.empty() && mLevels.back().form != nullptr) {
         mLevels.back().form->Form().SetNotice("没有找到帮助文件：" + mHelpFile);
@@ -135,7 +160,7 @@ void Stage::OnTimer() {
     Level& top = mLevels.back();
     const bool modal = top.message != nullptr ? top.message->IsModal() : top.form->IsModal();
     const bool painted = top.message != nullptr ? top.message->IsPainted() : top.form->IsSettled();
-    if (!modal || !mStrokes.empty() || (!painted && ++top.waits < kMostWaits)) {
+    if (!modal || (!painted && ++top.waits < kMostWaits)) {
         Wake(kWaitMilliseconds);
         return;
     }
@@ -145,7 +170,9 @@ void Stage::OnTimer() {
         return;
     }
     if (top.acting || !top.form->Form().IsLoaded()) return;
-    if (mOperatorLeft) {
+    if (!mStrokes.empty()) {
+        DeliverKeys();
+    } else if (mOperatorLeft) {
         CloseTopmost();
     } else {
         LetOperatorAct();
@@ -168,14 +195,12 @@ void Stage::LetOperatorAct() {
 void Stage::CloseTopmost() {
     Level& level = mLevels.back();
     controls::Form& form = level.form->Form();
-    const int attempt = ++level.closeAttempts;
-    if (attempt > kForcedCloseAttempts) {
+    if (++level.closeAttempts > kCloseAttempts) {
         level.form->EndModal(wxID_CLOSE);
         return;
     }
     level.acting = true;
-    form.Unload(attempt <= kPoliteCloseAttempts ? controls::UnloadMode::CloseBox
-                                                : controls::UnloadMode::Code);
+    if (!form.Unload(controls::UnloadMode::CloseBox)) form.Unload(controls::UnloadMode::Code);
     level.acting = false;
 }
 

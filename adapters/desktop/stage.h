@@ -55,6 +55,7 @@ private:
 
     void Wake(int milliseconds = 1);
     void OnTimer();
+    void ScheduleKeys();
     void DeliverKeys();
     void LetOperatorAct();
     void CloseTopmost();
@@ -64,7 +65,6 @@ private:
     std::string mHelpFile;
     drive::Operator* mOperator = nullptr;
     bool mOperatorLeft = false;
-    bool mDelivering = false;
     std::exception_ptr mFailure;
     wxTimer mTimer;
 };

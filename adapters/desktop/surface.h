@@ -3,6 +3,7 @@
 #pragma once
 
 #include <wx/dc.h>
+#include <wx/panel.h>
 #include <wx/window.h>
 
 #include "controls/form.h"
@@ -10,7 +11,7 @@
 
 namespace kelvane::desktop {
 
-class Surface : public wxWindow {
+class Surface : public wxPanel {
 public:
     Surface(wxWindow& parent, const controls::Form& form);
     // Repaints when a strip or a label has changed.

@@ -41,8 +41,6 @@ public:
         Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE);
         SetFont(UiFont());
     }
-    // A click works a command of the window; the keyboard stays where it was.
-    bool AcceptsFocusFromKeyboard() const override { return false; }
 };
 
 }  // namespace
@@ -98,18 +96,20 @@ void ToolbarView::Update() {
     mWindow->Refresh(false);
 }
 
-void ToolbarView::LayOut(wxDC& dc) {
+const std::vector<wxRect>& ToolbarView::Places() {
+    if (mPlaces.size() == mItems.size()) return mPlaces;
+    mPlaces.clear();
     const int height = mWindow->GetClientSize().y;
     const int icon = mWindow->FromDIP(kIconSize);
     const int padding = mWindow->FromDIP(kPadding);
-    mCaptionBelow = height >= icon + dc.GetCharHeight() + mWindow->FromDIP(kGap);
+    mCaptionBelow = height >= icon + mWindow->GetCharHeight() + mWindow->FromDIP(kGap);
     int x = mWindow->FromDIP(kEdgeMargin);
     for (const Item& item : mItems) {
         int width = 0;
         if (item.visible && item.separator) {
             width = mWindow->FromDIP(kSeparatorWidth);
         } else if (item.visible) {
-            const int caption = dc.GetTextExtent(Text(item.caption)).x;
+            const int caption = mWindow->GetTextExtent(Text(item.caption)).x;
             width =
                 mCaptionBelow ? std::max(caption, icon) : caption + icon + mWindow->FromDIP(kGap);
             width = std::max(width + 2 * padding, mWindow->FromDIP(kLeastButtonWidth));
@@ -117,6 +117,7 @@ void ToolbarView::LayOut(wxDC& dc) {
         mPlaces.emplace_back(x, 2, width, height - 5);
         x += width;
     }
+    return mPlaces;
 }
 
 void ToolbarView::Paint() {
@@ -132,16 +133,12 @@ void ToolbarView::Paint() {
     dc.SetPen(wxPen(mSuite ? look::kStripEdge : look::kEdge));
     dc.DrawLine(0, area.GetBottom(), area.width, area.GetBottom());
     dc.SetFont(mWindow->GetFont());
-    if (mPlaces.size() != mItems.size()) {
-        mPlaces.clear();
-        LayOut(dc);
-    }
     for (std::size_t index = 0; index < mItems.size(); ++index) PaintItem(dc, index);
 }
 
 void ToolbarView::PaintItem(wxDC& dc, std::size_t index) {
     const Item& item = mItems[index];
-    const wxRect place = mPlaces[index];
+    const wxRect place = Places()[index];
     if (!item.visible) return;
     if (item.separator) {
         const int x = place.x + place.width / 2;
@@ -175,9 +172,10 @@ void ToolbarView::PaintItem(wxDC& dc, std::size_t index) {
     dc.DrawText(caption, captionAt);
 }
 
-int ToolbarView::ItemAt(wxPoint point) const {
-    for (std::size_t index = 0; index < mPlaces.size() && index < mItems.size(); ++index) {
-        if (mPlaces[index].Contains(point)) {
+int ToolbarView::ItemAt(wxPoint point) {
+    const auto& places = Places();
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        if (places[index].Contains(point)) {
             return CanClick(static_cast<int>(index)) ? static_cast<int>(index) : -1;
         }
     }

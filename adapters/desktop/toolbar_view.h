@@ -36,10 +36,11 @@ private:
 
     ToolbarView(wxWindow& parent, controls::Control& control, ViewHost& host, Source source,
                 bool suite);
-    void LayOut(wxDC& dc);
+    // Where the buttons lie; found out once for each state of the items.
+    const std::vector<wxRect>& Places();
     void Paint();
     void PaintItem(wxDC& dc, std::size_t index);
-    int ItemAt(wxPoint point) const;
+    int ItemAt(wxPoint point);
     bool CanClick(int index) const;
     void SetHot(int index);
     void Click(int index);

@@ -185,7 +185,7 @@ TEST(DesktopGrid, TheDropDownListFillsTheCell) {
         person.Click(kTitle, kColumnMiddles[7], RowY(2));
         person.See("cell", [&] { return form.grid.Col() == 7; });
         person.Keys({"alt+Down"});
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));  // a menu has no state to see
+        Person::Blink();
         person.Keys({"Down", "Return"});
         person.See("chosen", [&] { return form.grid.Text(2, 7) == "材料费"; });
     });
@@ -247,6 +247,40 @@ TEST(DesktopGrid, ARangeOfCellsIsSelectedWithShift) {
         person.Keys({"Down"});
         person.See("one cell again", [&] { return form.grid.SelectionEnd() == 1; });
     });
+}
+
+// The toolkit's built-in input method: a character by its number, ended by a key that would
+// otherwise belong to the grid.
+TEST(DesktopGrid, AnInputMethodSeesKeysBeforeTheGrid) {
+    ListForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, kColumnMiddles[8], RowY(1));
+        person.See("cell", [&] { return form.grid.Col() == 8; });
+        person.Keys({"F2"});
+        person.See("open", [&] { return form.grid.IsEditing(); });
+        person.Keys({"ctrl+shift+u", "9", "9", "8", "4", "Return"});
+        person.See("composed", [&] { return form.grid.EditText() == "期初馄"; });
+        EXPECT_TRUE(person.Look([&] { return form.grid.IsEditing() && form.grid.Row() == 1; }));
+        person.Keys({"ctrl+shift+u", "4", "e", "2", "d", "Escape", "Return"});
+        person.See("stored without what was given up",
+                   [&] { return !form.grid.IsEditing() && form.grid.Text(1, 8) == "期初馄"; });
+    });
+}
+
+TEST(DesktopGrid, AnInputMethodOpensACell) {
+    ListForm form;
+    form.refusedCharacter = U'中';
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, kColumnMiddles[8], RowY(1));
+        person.See("cell", [&] { return form.grid.Col() == 8; });
+        person.Keys({"dead_acute", "e"});
+        person.See("a new text", [&] { return form.grid.EditText() == "é"; });
+        person.Keys({"ctrl+shift+u", "4", "e", "2", "d", "space"});
+        person.See("the form has refused it", [&] { return form.events.size() == 1; });
+        person.Keys({"Return"});
+        person.See("stored", [&] { return form.grid.Text(1, 8) == "é"; });
+    });
+    EXPECT_EQ(form.events.front(), "refused 中");
 }
 
 TEST(DesktopGrid, SentKeysOpenTheCell) {

@@ -33,7 +33,7 @@ public:
         notes.push_back("refused " + std::to_string(row) + " " + std::to_string(column));
     }
     void Beeped() override { notes.emplace_back("beep"); }
-    void HelpShown(const std::string& file) override { notes.push_back("help " + file); }
+    void HelpShown(const std::string& path) override { notes.push_back("help " + path); }
     platform::MessageAnswer Answer(const platform::Message& message) override {
         notes.push_back("[" + message.caption + "] " + message.text);
         return message.buttons == platform::MessageButtons::Ok ? platform::MessageAnswer::Ok
@@ -120,7 +120,7 @@ TEST_F(DesktopOperator, AnswersMessageBoxes) {
 
 TEST_F(DesktopOperator, NotesRefusalsBeepsAndHelp) {
     ListForm form;
-    Windows().SetHelpFile("/nowhere/help/项目管理.chm");
+    Windows().SetHelpFile("/nowhere\\help\\项目管理.chm");
     Do([&](controls::Form&) {
         form.grid.MoveTo(1, 4);
         form.grid.BeginEdit();
@@ -129,8 +129,26 @@ TEST_F(DesktopOperator, NotesRefusalsBeepsAndHelp) {
     });
     Do([](controls::Form&) {});
     Windows().ShowModal(form);
-    EXPECT_EQ(mOperator.notes,
-              (Notes{"open frmList", "refused 1 4", "beep", "help 项目管理.chm", "close frmList"}));
+    EXPECT_EQ(mOperator.notes, (Notes{"open frmList", "refused 1 4", "beep",
+                                      "help /nowhere\\help\\项目管理.chm", "close frmList"}));
+}
+
+TEST_F(DesktopOperator, SentKeysGoToTheWindowThatOneOfThemOpens) {
+    ListForm list;
+    FieldForm fields;
+    list.grid.CellReference = [&](std::string&, int, int) { Windows().ShowModal(fields); };
+    Do([&](controls::Form&) {
+        list.grid.MoveTo(1, 2);
+        Windows().SendKeys(" {f2}7{f2}");
+        Windows().ShowMessage(Notice("先"));
+    });
+    Do([&](controls::Form& top) {
+        EXPECT_EQ(&top, &fields);
+        EXPECT_EQ(fields.code.Text(), "7");
+    });
+    Windows().ShowModal(list);
+    EXPECT_EQ(mOperator.notes, (Notes{"open frmList", "[提示信息] 先", "open frmFields",
+                                      "close frmFields", "close frmList"}));
 }
 
 TEST_F(DesktopOperator, AFormThatRefusesToCloseIsForced) {

@@ -1,8 +1,10 @@
 #include "tests/desktop/person.h"
 
 #include <gtest/gtest.h>
+#include <wx/app.h>
 #include <wx/toplevel.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -58,9 +60,17 @@ void SetWindows(desktop::DesktopWindows* windows) {
 }
 
 Person::Person(std::function<void(Person&)> deeds)
-    : mThread([this, deeds = std::move(deeds)] { deeds(*this); }) {}
+    : mThread([this, deeds = std::move(deeds)] {
+          deeds(*this);
+          mDone = true;
+      }) {}
 
 Person::~Person() {
+    // He may still look at things when the last window has gone.
+    while (!mDone) {
+        wxTheApp->ProcessPendingEvents();
+        std::this_thread::sleep_for(kGlance);
+    }
     mThread.join();
 }
 
@@ -76,7 +86,9 @@ void Person::Keys(const std::vector<std::string>& keys) {
 }
 
 void Person::Type(const std::string& text) {
-    Input("type --delay 15 '" + text + "'");
+    // A character that no key has needs a moment for the new keyboard table to be known.
+    const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return c > 0; });
+    Input(std::string("type --delay ") + (plain ? "15" : "120") + " '" + text + "'");
 }
 
 void Person::Hold(const std::string& key) {
@@ -131,6 +143,10 @@ bool Person::See(const std::string& what, const std::function<bool()>& look) {
     }
     ADD_FAILURE() << "never seen: " << what;
     return false;
+}
+
+void Person::Blink() {
+    std::this_thread::sleep_for(300ms);
 }
 
 Person::Place Person::Find(const std::string& window) {

@@ -2,6 +2,7 @@
 // buttons of the display and looks at the state on the windows' thread.
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <string>
 #include <thread>
@@ -42,6 +43,8 @@ public:
     // Looks again and again until `look` is true; a failed expectation named `what` after some
     // seconds.
     bool See(const std::string& what, const std::function<bool()>& look);
+    // Waits a moment for what has no state to look at: a menu, a new size on its way to the screen.
+    static void Blink();
     // Waits until a window with this title is shown, and puts the keyboard on it.
     void SeeWindow(const std::string& window);
 
@@ -53,6 +56,7 @@ private:
     Place Find(const std::string& window);
     void Input(const std::string& arguments);
 
+    std::atomic<bool> mDone = false;
     std::thread mThread;
 };
 

@@ -1,0 +1,45 @@
+#include "bench/entry_windows.h"
+
+#include <chrono>
+#include <stdexcept>
+
+namespace kelvane::bench {
+
+double Now() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+void EntryWindows::ShowModal(platform::Window& window) {
+    auto& form = dynamic_cast<ui::frmPeriodItem&>(window);
+    const double start = Now();
+    form.Load();
+    loadSeconds = Now() - start;
+    form.Activate();
+    if (whileShown) whileShown(form);
+    form.Unload();
+}
+
+platform::MessageAnswer EntryWindows::ShowMessage(const platform::Message& message) {
+    ++messages;
+    return message.buttons == platform::MessageButtons::Ok ? platform::MessageAnswer::Ok
+                                                           : message.preselected;
+}
+
+double ShowList(const std::string& account, std::int64_t rows,
+                std::function<void(ui::frmPeriodItem&, EntryWindows&)> whileShown,
+                drive::StatementLog* statements) {
+    EntryWindows windows;
+    std::int64_t loaded = 0;
+    windows.whileShown = [&](ui::frmPeriodItem& form) {
+        loaded = form.GridPeriodItem.Rows() - 1;
+        if (whileShown) whileShown(form, windows);
+    };
+    host::Session session(account, windows, statements);
+    session.LogIn({}, platform::DateTime{2004, 6, 30});
+    session.Show();
+    if (loaded != rows) throw std::runtime_error("the list of " + account + " is not complete");
+    return windows.loadSeconds;
+}
+
+}  // namespace kelvane::bench

@@ -1,0 +1,29 @@
+// kelvane_bench: how fast and how small the component's main job is, compared with the least that
+// the same statements cost. Prints one table; the exit status is 1 when a limit is not kept. Takes
+// the usual options of the benchmark library, such as --benchmark_filter.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "bench/memory.h"
+#include "bench/table_reporter.h"
+
+int main(int count, char** arguments) {
+    using namespace kelvane::bench;
+    try {
+        const std::string first = count > 1 ? arguments[1] : "";
+        if (first.starts_with(kMemoryOption)) {
+            return WriteMemoryOf(first.substr(std::string(kMemoryOption).size()));
+        }
+        benchmark::Initialize(&count, arguments);
+        if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;
+        TableReporter reporter;
+        benchmark::RunSpecifiedBenchmarks(&reporter);
+        return reporter.HasFailed() ? 1 : 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "kelvane_bench: %s\n", error.what());
+        return 1;
+    }
+}

@@ -11,6 +11,10 @@ from pathlib import Path
 
 NOTE = "[提示信息|information] "
 MODULE_NOTE = "[项目管理|information] "
+INVENTORY = (
+    "gConn select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from inventory a"
+    " left join computationunit b on a.cSAComUnitCode=b.cComUnitCode where "
+)
 
 MESSAGES = [
     NOTE + "出现冲突，请稍后再试！",
@@ -50,6 +54,21 @@ MESSAGES = [
     "[提示信息|exclamation] 如果你修改了项目期初的数据，请重新做分配计算，以免计算结果出现数据错误！",
     "[项目管理|question] 数据尚未保存,确认退出吗? -> yes",
     "[项目管理|question] 数据尚未保存,确认退出吗? -> no",
+    # detail lines
+    MODULE_NOTE + "编码不能重复",
+    MODULE_NOTE + "设备编码不存在或不是末级",
+    MODULE_NOTE + "设备名称不存在或不是末级",
+    MODULE_NOTE + "存货编码不存在或所属分类不正确",
+    MODULE_NOTE + "存货名称不存在或所属分类不正确",
+    MODULE_NOTE + "非法金额数量",
+    MODULE_NOTE + "编码不能为空",
+    MODULE_NOTE + "名称不能为空",
+    MODULE_NOTE + "单价不能为空或0",
+    MODULE_NOTE + "数量不能为空或0",
+    MODULE_NOTE + "数量超出项目预算中的项目期初数量",
+    MODULE_NOTE + "期初余额不能为空,只剩一行不能删除",
+    "[项目管理|question] 确实要删除当前行吗? -> yes",
+    "[项目管理|question] 确实要删除当前行吗? -> no",
 ]
 
 STATEMENTS = [
@@ -120,6 +139,29 @@ STATEMENTS = [
     "gConn insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,cElementCode,"
     "cDigest,mQC,iEleVid) values ( '2004-06-30','D01','P01','二标段','','E01','基础工程',2500.5,6) ",
     "gConn delete from pm_itemQC where iEleVid=2",
+    # detail lines
+    "gConn select a.cEquipCode,a.cEquipName,a.cEquipModel,convert(varchar,b.iuprice,1),b.iNum,"
+    "convert(varchar,b.mQC,1) from pm_equipment a,pm_itemQCSub b where a.cEquipCode=b.cCodeMx"
+    " and b.iEleVid=6",
+    "gConn select a.cInvCode,a.cInvName,a.cInvStd,b.cComUnitName,c.iuprice,c.iNum,c.mQC from"
+    " inventory a left join computationUnit b on a.cSAComUnitCode=b.cComUnitCode inner join"
+    " pm_itemQCSub c on a.cInvCode=c.cCodeMx and c.iEleVid=2",
+    "gConn select * from pm_equipment where cEquipCode='J03' and bEquipEnd=1",
+    "gConn select * from pm_equipment where cEquipName='塔吊' and bEquipEnd=1",
+    "gConn select cInvCCode from pm_itemelement where cElementName='材料费'",
+    INVENTORY + "a.cInvCode='M11' and a.cInvCCode like '01%'",
+    INVENTORY + "a.cInvCode='M21'",
+    INVENTORY + "a.cInvName='水泥' and a.cInvCCode='01'",
+    INVENTORY + "a.cInvName='角钢'",
+    "gConn select iBudget,imoneysum,inumberSum from pm_budgetsub where iVerID=(select iverid from"
+    " pm_BudgetVer where bControl=1) and citemCode='P01' and cElementCode='E02'and cCodeMx='M01'",
+    "gConn select sum(a.inum) as SumAmount,sum(a.mQc) as sumQC  from pm_itemqcsub a inner join"
+    " pm_itemqc b on a.ielevid=b.ielevid  where b.citemcode='P01' and b.celementcode='E02'"
+    " and a.ielevid<>2 and a.cCodeMx='M01'",
+    "gConn delete from PM_ItemQCsub where iEleVid=6"
+    " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(6,'J04',1234.5,2,2469)"
+    " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(6,'J01',8,10,80)"
+    " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(6,'J03',50,4,200)",
     # the find dialog
     "gEnv select cItemCode from Fitemss97",
     "gConn select * from fitemss97sub where cItemCode = 'P01'",

@@ -15,6 +15,7 @@ struct Sentence {
 
 constexpr std::array kSentences{
     Sentence{"LoadEntryGrid", Work::Load, "读取期初列表时出错，列表可能不完整，请重新打开。"},
+    Sentence{"Form_Load", Work::Load, "打开窗口时出错，内容可能不完整，请重新打开。"},
     Sentence{"LoadNumPoints", Work::Load, "读取小数位数设置时出错。"},
     Sentence{"LoadItemKeyFields", Work::Load, "读取项目大类的关键字设置时出错。"},
     Sentence{"LoadPmStartDate", Work::Load, "读取项目管理启用日期时出错。"},

@@ -308,7 +308,8 @@ bool frmPeriodItem::SelectRow(int row) {
 
 std::int16_t frmPeriodItem::ElementDetailFlag(int row) const {
     const std::string key = std::to_string(GridPeriodItem.RowData(row));
-    return data::CollectionHasKey(key, mElementDetails) ? mElementDetails.Item(key) : 0;
+    constexpr std::int16_t kNoLines = 0;
+    return data::CollectionHasKey(key, mElementDetails) ? mElementDetails.Item(key) : kNoLines;
 }
 
 }  // namespace kelvane::ui

@@ -121,7 +121,7 @@ std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, i
     const auto service = data::gServices->createReferenceList();
     const auto record = service->ListOnConnection(gConn, statement, titles, widths, chosen);
     if (!chosen || record == nullptr) return "";
-    const std::string code = record->Field(0).ToText();
+    std::string code = record->Field(0).ToText();
     KeepCellsOfItem(row, code);
     GridPeriodItem.SetText(row, col + 1, record->Field(1).ToText());
     if (keywords > 0) GridPeriodItem.SetText(row, col + 2, record->Field(2).ToText());

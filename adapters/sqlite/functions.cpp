@@ -11,6 +11,7 @@
 #include "adapters/sqlite/function_support.h"
 #include "adapters/tsql/arithmetic.h"
 #include "adapters/tsql/conversion.h"
+#include "adapters/tsql/stored_value.h"
 #include "adapters/tsql/text_rules.h"
 
 namespace kelvane::sqlite {

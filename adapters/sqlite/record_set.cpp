@@ -12,12 +12,9 @@ using platform::DatabaseError;
 using platform::LockType;
 using platform::Value;
 
-SqliteRecordSet::SqliteRecordSet(std::shared_ptr<Session> session, Result result, LockType lock,
-                                 bool holdsLock)
-    : mSession(std::move(session)),
-      mResult(std::move(result)),
-      mLock(lock),
-      mHoldsLock(holdsLock) {}
+SqliteRecordSet::SqliteRecordSet(const std::shared_ptr<Session>& session, Result result,
+                                 LockType lock, bool holdsLock)
+    : mSession(session), mResult(std::move(result)), mLock(lock), mHoldsLock(holdsLock) {}
 
 SqliteRecordSet::~SqliteRecordSet() {
     if (mOpen) SqliteRecordSet::Close();

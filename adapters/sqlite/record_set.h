@@ -14,7 +14,7 @@ class SqliteRecordSet : public platform::RecordSet {
 public:
     // `lock`: LockType::Pessimistic means that the caller has added a locker to the session's
     // Transactions when `holdsLock`; closing the set removes it.
-    SqliteRecordSet(std::shared_ptr<Session> session, Result result, platform::LockType lock,
+    SqliteRecordSet(const std::shared_ptr<Session>& session, Result result, platform::LockType lock,
                     bool holdsLock);
     ~SqliteRecordSet() override;
 

@@ -6,7 +6,10 @@ namespace kelvane::sqlite {
 
 namespace {
 
-enum Tag : char { kNull, kInteger, kNumber, kText };
+constexpr char kNull = 0;
+constexpr char kInteger = 1;
+constexpr char kNumber = 2;
+constexpr char kText = 3;
 
 template <typename Plain>
 void AppendPlain(std::string& bytes, Plain value) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "adapters/sqlite/quoting.h"
 #include "adapters/tsql/ascii.h"
+#include "adapters/tsql/sqlite_name.h"
 #include "adapters/tsql/type.h"
 
 namespace kelvane::sqlite {
@@ -39,10 +39,10 @@ bool IsRowNumber(const TableDescription& table, const ColumnDescription& column)
 }
 
 std::string CreateTable(const TableDescription& table) {
-    std::string text = "create table " + QuotedName(table.name) + "(";
+    std::string text = "create table " + tsql::QuotedForSqlite(table.name) + "(";
     for (const ColumnDescription& column : table.columns) {
         if (&column != &table.columns.front()) text += ", ";
-        text += QuotedName(column.name) + ' ';
+        text += tsql::QuotedForSqlite(column.name) + ' ';
         if (IsRowNumber(table, column)) {
             text += "integer primary key not null";
             continue;
@@ -61,12 +61,12 @@ std::string CreateIndex(const TableDescription& table, const std::vector<std::st
         const ColumnDescription& column = ColumnOf(table, wanted);
         name += '_' + column.name;
         if (!list.empty()) list += ", ";
-        const std::string quoted = QuotedName(column.name);
+        const std::string quoted = tsql::QuotedForSqlite(column.name);
         list += TypeOf(column.type).IsText() ? "rtrim(" + quoted + ") collate nocase" : quoted;
     }
     return std::string("create ") + (unique ? "unique " : "") + "index " +
-           QuotedName(name + (unique ? "_key" : "_index")) + " on " + QuotedName(table.name) + '(' +
-           list + ')';
+           tsql::QuotedForSqlite(name + (unique ? "_key" : "_index")) + " on " +
+           tsql::QuotedForSqlite(table.name) + '(' + list + ')';
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "adapters/sqlite/quoting.h"
 #include "adapters/tsql/errors.h"
+#include "adapters/tsql/sqlite_name.h"
 
 namespace kelvane::sqlite {
 
@@ -167,7 +167,7 @@ Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable)
 void Session::Change(const RowChange& change) {
     mTransactions.RequireIntact();
     mTransactions.RegainLock();
-    std::string text = "update " + QuotedName(change.table) + " set ";
+    std::string text = "update " + tsql::QuotedForSqlite(change.table) + " set ";
     std::string unchanged;
     std::vector<const tsql::Datum*> values;
     const auto place = [&](const tsql::Datum& value) {
@@ -175,7 +175,7 @@ void Session::Change(const RowChange& change) {
         return '?' + std::to_string(values.size());
     };
     for (const RowChange::Column& column : change.columns) {
-        const std::string name = QuotedName(column.name);
+        const std::string name = tsql::QuotedForSqlite(column.name);
         if (&column != &change.columns.front()) text += ", ";
         text += name + " = " + place(column.value);
         if (!change.compareOriginals) continue;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "adapters/tsql/errors.h"
+#include "adapters/tsql/stored_value.h"
 
 namespace kelvane::sqlite {
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "adapters/tsql/sqlite_name.h"
+
 namespace kelvane::tsql {
 
 namespace {
@@ -22,15 +24,6 @@ std::string TextLiteral(std::string_view text) {
 }
 
 }  // namespace
-
-std::string QuotedForSqlite(std::string_view name) {
-    std::string result = "\"";
-    for (const char c : name) {
-        if (c == '"') result += '"';
-        result += c;
-    }
-    return result + '"';
-}
 
 std::string SqliteExpressionWriter::AddParameter(const Expression& literal, Parameter::Use use,
                                                  Type type, std::string_view column) {

@@ -9,8 +9,6 @@
 
 namespace kelvane::tsql {
 
-std::string QuotedForSqlite(std::string_view name);
-
 class SqliteExpressionWriter {
 public:
     using WriteQuery = std::string (*)(const Select& query, SqliteExpressionWriter& writer);

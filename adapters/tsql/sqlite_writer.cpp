@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "adapters/tsql/sqlite_expression_writer.h"
+#include "adapters/tsql/sqlite_name.h"
 
 namespace kelvane::tsql {
 
@@ -149,8 +150,8 @@ Translated WriteUpdate(const Statement& statement) {
             text += ", ";
             differs += " or ";
         }
-        text += column + " = " + value;
-        differs += column + " is not " + value + " collate binary";
+        text.append(column).append(" = ").append(value);
+        differs.append(column).append(" is not ").append(value).append(" collate binary");
     }
     const std::string where = statement.where ? writer.Value(*statement.where) : "";
     // Rows that hold the constants already are left alone, so that nothing needs to be made durable

@@ -5,6 +5,7 @@
 
 #include "adapters/tsql/analyzer.h"
 #include "adapters/tsql/parser.h"
+#include "adapters/tsql/stored_value.h"
 #include "adapters/tsql/text_rules.h"
 
 namespace kelvane::tsql {

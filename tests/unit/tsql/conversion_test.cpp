@@ -6,6 +6,7 @@
 
 #include "adapters/tsql/arithmetic.h"
 #include "adapters/tsql/errors.h"
+#include "adapters/tsql/stored_value.h"
 
 namespace kelvane::tsql {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace kelvane::sqlite {
+namespace kelvane::tsql {
 
-inline std::string QuotedName(std::string_view name) {
+inline std::string QuotedForSqlite(std::string_view name) {
     std::string result = "\"";
     for (const char c : name) {
         if (c == '"') result += '"';
@@ -15,4 +15,4 @@ inline std::string QuotedName(std::string_view name) {
     return result + '"';
 }
 
-}  // namespace kelvane::sqlite
+}  // namespace kelvane::tsql

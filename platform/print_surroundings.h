@@ -1,0 +1,51 @@
+// What a print control needs of the surroundings it runs in: a file dialog, the system's printing,
+// and a place to show how far a long piece of work is. Everything is called on the user-interface
+// thread.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/page.h"
+
+namespace kelvane::platform {
+
+struct FileType {
+    std::string name;    // "Excel 工作簿"
+    std::string ending;  // "xlsx"
+};
+
+struct FileQuestion {
+    std::string title;
+    std::string suggestedName;  // without a folder
+    std::vector<FileType> types;
+};
+
+// Shown from its making to its end.
+class Progress {
+public:
+    virtual ~Progress() = default;
+    // Shows that `done` of `total` steps are done. False when the operator wants the work to stop.
+    virtual bool Show(std::size_t done, std::size_t total) = 0;
+};
+
+class PrintSurroundings {
+public:
+    virtual ~PrintSurroundings() = default;
+
+    // The file to write to (UTF-8), with the ending of one of the types unless the operator typed
+    // another; an existing file may be replaced. Nothing when the operator cancelled.
+    virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+
+    // Lets the operator choose a printer and prints `pages` on it. False when the operator
+    // cancelled. Throws std::runtime_error when it cannot be printed.
+    virtual bool PrintPages(const PageSource& pages) = 0;
+
+    // Called when a piece of work has taken a second; null when there is nothing to show it on.
+    virtual std::unique_ptr<Progress> StartProgress(const std::string& title) = 0;
+};
+
+}  // namespace kelvane::platform

@@ -7,7 +7,6 @@
 namespace kelvane::database_test {
 namespace {
 
-using platform::DatabaseError;
 using platform::DateTime;
 using platform::Money;
 using platform::StatementText;

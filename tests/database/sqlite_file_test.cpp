@@ -14,7 +14,6 @@ namespace kelvane::database_test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::LockType;
 using platform::Money;
 using platform::StatementText;
 using platform::Value;
@@ -74,7 +73,7 @@ protected:
         const std::size_t files = FileCount();
         const auto connection = sqlite::CreateConnection(std::move(required));
         connection->SetConnectionString("Data Source=" + path + ";Timeout=50");
-        const std::string text = TextOfError([&] { connection->Open("", "", -1); });
+        std::string text = TextOfError([&] { connection->Open("", "", -1); });
         EXPECT_EQ(connection->State(), 0);
         EXPECT_EQ(fs::is_regular_file(path) ? Content(path) : "", before);
         EXPECT_EQ(FileCount(), files);
@@ -160,7 +159,8 @@ TEST_F(SqliteFile, RefusesDamagedFiles) {
     EXPECT_EQ(Refusal(Other("short.kva")),
               "账套文件 " + Other("short.kva") + " 已损坏：文件不完整");
     std::string scribbled = good;
-    scribbled.replace(4096, 3 * 4096, 3 * 4096, '\x5A');
+    constexpr std::size_t kPages = std::size_t{3} * 4096;
+    scribbled.replace(4096, kPages, kPages, '\x5A');
     std::ofstream(Other("bad.kva"), std::ios::binary) << scribbled;
     EXPECT_TRUE(
         Refusal(Other("bad.kva")).starts_with("账套文件 " + Other("bad.kva") + " 已损坏（"));

@@ -8,7 +8,6 @@ namespace {
 
 using platform::DateTime;
 using platform::Money;
-using platform::StatementText;
 using platform::Value;
 
 class Statements : public AccountTest {

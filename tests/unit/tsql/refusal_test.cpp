@@ -16,7 +16,7 @@ struct Refusal {
 
 std::string TextOf(const char* statement, int& code) {
     try {
-        const std::string text = Written(statement);
+        std::string text = Written(statement);
         const TranslatedText result = TranslateText(statement);
         if (const TranslationError& error = result.translation.statements.at(0).error) {
             code = error->NativeCode();
@@ -140,8 +140,8 @@ TEST(Nesting, IsLimited) {
 // Broken statements are refused or translated; nothing else happens.
 TEST(Malformed, NeverDoesHarm) {
     constexpr const char* kSeeds[] = {
-        "select a.id,convert(varchar,a.amount,1) from Entry a left join Item b on a.code=b.code "
-        "where isnull(a.code,'') like 'x%' and id in (1,2) order by a.code desc",
+        "select a.id,convert(varchar,a.amount,1) from Entry a left join Item b on a.code=b.code",
+        "select id from Entry where isnull(code,'') like 'x%' and id in (1,2) order by code desc",
         "update Entry set amount = -1.5, code = 'a''b' where id = (select max(id) from Entry)",
         "delete from Entry where id=5 insert into Item(code,title) values('a',N'中')",
         "select count(*),sum(amount) from Entry with (HOLDLOCK) group by code having sum(id) > = 3",

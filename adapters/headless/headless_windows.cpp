@@ -12,28 +12,37 @@ namespace kelvane::headless {
 using controls::Form;
 using controls::UnloadMode;
 
-void HeadlessWindows::ShowModal(platform::Window& window) {
+namespace {
+
+Form& FormOf(platform::Window& window) {
     auto* form = dynamic_cast<Form*>(&window);
     if (form == nullptr) throw std::invalid_argument(window.Name() + " is no form");
-    if (std::find(mOpen.begin(), mOpen.end(), form) != mOpen.end()) {
-        throw std::logic_error(window.Name() + " is already shown");
-    }
-    form->Load();
-    if (!form->IsLoaded()) return;
+    return *form;
+}
 
-    mOpen.push_back(form);
+}  // namespace
+
+void HeadlessWindows::ShowModal(platform::Window& window) {
+    Form& form = FormOf(window);
+    if (std::find(mOpen.begin(), mOpen.end(), &form) != mOpen.end()) {
+        throw std::logic_error(form.Name() + " is already shown");
+    }
+    form.Load();
+    if (!form.IsLoaded()) return;
+
+    mOpen.push_back(&form);
     // What happens in a pick list is told by its choice alone.
-    const bool told = dynamic_cast<controls::PickWindow*>(form) == nullptr;
+    const bool told = dynamic_cast<const controls::PickWindow*>(&form) == nullptr;
     {
         std::optional<FormWatch> watch;
-        if (told) watch.emplace(*form, mOperator);
-        if (told) mOperator.Opened(form->Name());
-        form->Activate();
-        RunModal(*form);
+        if (told) watch.emplace(form, mOperator);
+        if (told) mOperator.Opened(form.Name());
+        form.Activate();
+        RunModal(form);
     }
     mOpen.pop_back();
     if (mOpen.empty()) mSentKeys.clear();
-    if (told) mOperator.Closed(form->Name());
+    if (told) mOperator.Closed(form.Name());
 }
 
 void HeadlessWindows::RunModal(Form& form) {

@@ -61,16 +61,14 @@ void GridCanvas::OnLeftDown(wxMouseEvent& event) {
         return;
     }
     const GridMetrics::Cell cell = metrics.CellAt(point);
-    const bool header = cell.row >= 0 && cell.row < mGrid.FixedRows();
-    if (header && cell.col >= mGrid.FixedCols() && mGrid.HeaderClick) {
-        mHost.Form().RunEvent("HeaderClick", [&] { mGrid.HeaderClick(cell.col); });
-    }
     if (cell.row >= mGrid.FixedRows() && cell.col >= mGrid.FixedCols()) {
         if (event.ShiftDown() && cell.row == mGrid.Row() && !mGrid.IsEditing()) {
             mGrid.SetSelectionEnd(cell.col);
         } else {
             mGrid.MoveTo(cell.row, cell.col);
         }
+    } else if (cell.row >= 0 && cell.col >= 0 && mGrid.HeaderClick) {
+        mHost.Form().RunEvent("HeaderClick", [&] { mGrid.HeaderClick(cell.col); });
     }
     mHost.FocusActive();
 }
@@ -90,8 +88,7 @@ void GridCanvas::OnDoubleClick(wxMouseEvent& event) {
                               [&] { mGrid.CellDoubleClick(cell.row, cell.col); });
         return;
     }
-    if (cell.col != mGrid.Col()) return;
-    if (metrics.CurrentButton().Contains(event.GetPosition())) return;
+    if (cell.col != mGrid.Col() || metrics.CurrentButton().Contains(event.GetPosition())) return;
     mGrid.BeginEdit();
 }
 

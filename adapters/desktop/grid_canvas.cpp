@@ -33,6 +33,7 @@ GridCanvas::GridCanvas(wxWindow& parent, controls::Grid& grid, ViewHost& host,
     Bind(wxEVT_MOUSEWHEEL, &GridCanvas::OnWheel, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { mResizedColumn = -1; });
     Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        mHost.OperatorFocused(mGrid);
         Refresh();
         event.Skip();
     });

@@ -58,7 +58,13 @@ private:
         mDc.SetPen(wxPen(fixed ? look::kFixedLine : look::kGridLine));
         mDc.DrawLine(cell.GetRight(), cell.y, cell.GetRight(), cell.y + cell.height);
         mDc.DrawLine(cell.x, cell.GetBottom(), cell.x + cell.width, cell.GetBottom());
-        PaintText(cell, mGrid.Text(row.index, column.index),
+        wxRect room = cell;
+        // The text of the current cell stays clear of the cell's button.
+        if (row.index == mGrid.Row() && column.index == mGrid.Col() && !fixed) {
+            const wxRect button = mMetrics.CurrentButton();
+            if (!button.IsEmpty()) room.width -= button.width;
+        }
+        PaintText(room, mGrid.Text(row.index, column.index),
                   mGrid.CellAlignment(row.index, column.index));
     }
 

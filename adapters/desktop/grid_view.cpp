@@ -55,6 +55,9 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
       mEditor(std::make_unique<CellEditor>(*mCanvas, grid, host)) {
     mPane->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { LayOut(); });
     mPane->SetBackgroundColour(look::kWindow);
+    // The keyboard scrolls by moving in the grid.
+    mVertical->SetCanFocus(false);
+    mHorizontal->SetCanFocus(false);
     for (const auto& type :
          {wxEVT_SCROLL_TOP, wxEVT_SCROLL_BOTTOM, wxEVT_SCROLL_LINEUP, wxEVT_SCROLL_LINEDOWN,
           wxEVT_SCROLL_PAGEUP, wxEVT_SCROLL_PAGEDOWN, wxEVT_SCROLL_THUMBTRACK,

@@ -201,6 +201,24 @@ TEST(DesktopGrid, AColumnIsDraggedWider) {
     });
 }
 
+TEST(DesktopGrid, HeaderClicksAndDoubleClicksAreTold) {
+    ListForm form;
+    form.grid.HeaderClick = [&](int col) {
+        form.events.push_back("header " + std::to_string(col));
+    };
+    form.grid.CellDoubleClick = [&](int row, int col) {
+        form.events.push_back("double " + std::to_string(row) + " " + std::to_string(col));
+    };
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, kColumnMiddles[3], kGridTop + 10);
+        person.See("header", [&] { return form.events.size() == 1; });
+        person.Click(kTitle, kColumnMiddles[8], RowY(1), 2);
+        person.See("double click", [&] { return form.events.size() == 2; });
+        EXPECT_FALSE(person.Look([&] { return form.grid.IsEditing(); }));
+    });
+    EXPECT_EQ(form.events, (std::vector<std::string>{"header 3", "double 1 8"}));
+}
+
 TEST(DesktopGrid, WheelAndScrollBarScroll) {
     ListForm form(1000);
     ShowTo(form, [&](Person& person) {

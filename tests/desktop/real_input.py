@@ -1,0 +1,201 @@
+#!/usr/bin/env python3
+"""Works the program's own windows as a person does, and compares what is then in the account.
+
+Keys and mouse clicks are real events of the display (xdotool); run it under scripts/with-display.
+What it waits for is what a person waits for: a window that appears or goes, a row that is saved.
+"""
+
+import argparse
+import os
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from contextlib import closing
+from pathlib import Path
+
+PATIENCE_SECONDS = 20
+GLANCE_SECONDS = 0.05
+BLINK_SECONDS = 0.3
+DATA = Path(__file__).resolve().parent.parent / "scenario" / "small.sql"
+LIST = "项目期初录入"
+MESSAGE = "提示信息"
+HINT = "项目管理"
+SCALE = int(os.environ.get("GDK_SCALE", "1"))
+program = None
+
+
+def xdotool(*arguments):
+    done = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True,
+                          encoding="utf-8", check=False)
+    return done.stdout.strip()
+
+
+class Window:
+    """One shown window of the program, by its title."""
+
+    def __init__(self, title):
+        self.title = title
+
+    @staticmethod
+    def shown():
+        """The identities of the program's shown windows by their titles."""
+        titles = {}
+        for identity in xdotool("search", "--onlyvisible", "--class", "kelvane").split():
+            titles[xdotool("getwindowname", identity)] = identity
+        return titles
+
+    def place(self):
+        """Screen position and size in pixels."""
+        lines = xdotool("getwindowgeometry", "--shell", self.shown()[self.title]).splitlines()
+        values = dict(line.split("=") for line in lines)
+        return [int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")]
+
+
+class RealInput(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="kelvane-desktop-")
+        self.addCleanup(folder.cleanup)
+        self.account = Path(folder.name) / "account.kelvane"
+        self.environment = dict(os.environ, HOME=folder.name, XDG_CONFIG_HOME=folder.name,
+                                KELVANE_SETTINGS=str(Path(folder.name) / "settings.ini"))
+        subprocess.run([program, "init", "--keywords", "1", self.account], check=True,
+                       env=self.environment, capture_output=True)
+        with closing(sqlite3.connect(self.account)) as database:
+            database.executescript(DATA.read_text(encoding="utf-8"))
+        self.process = None
+        self.addCleanup(self.end)
+
+    def open(self):
+        self.process = subprocess.Popen([program, "open", self.account], env=self.environment)
+        self.see(LIST)
+
+    def end(self):
+        if self.process is not None and self.process.poll() is None:
+            self.process.kill()
+        if self.process is not None:
+            self.process.wait()
+
+    def rows(self, query):
+        with closing(sqlite3.connect(self.account)) as database:
+            return database.execute(query).fetchall()
+
+    def wait(self, what, condition):
+        end = time.monotonic() + PATIENCE_SECONDS
+        while time.monotonic() < end:
+            if condition():
+                return
+            time.sleep(GLANCE_SECONDS)
+        self.fail("never seen: " + what)
+
+    def see(self, title):
+        """Waits for a window and puts the keyboard on it: without a window manager the keyboard
+        follows the mouse."""
+        self.wait("window " + title, lambda: title in Window.shown())
+        left, top, _, _ = Window(title).place()
+        xdotool("mousemove", left + 3, top + 3)
+        time.sleep(BLINK_SECONDS)
+
+    def gone(self, title):
+        self.wait("window closed: " + title, lambda: title not in Window.shown())
+        time.sleep(BLINK_SECONDS)
+
+    def keys(self, *names):
+        xdotool("key", "--delay", 40, *names)
+
+    def type(self, text):
+        # A character that no key has needs a moment for the new keyboard table to be known.
+        xdotool("type", "--delay", 40 if text.isascii() else 150, text)
+
+    def click(self, title, right, down):
+        """Clicks in a window, at pixels as 100 % scaling counts them."""
+        left, top, _, _ = Window(title).place()
+        xdotool("mousemove", left + right * SCALE, top + down * SCALE, "click", 1)
+        time.sleep(BLINK_SECONDS)
+
+    def answer(self, *keys, title=MESSAGE):
+        self.see(title)
+        self.keys(*keys)
+        self.gone(title)
+
+    def close(self):
+        self.keys("alt+F4")
+        self.answer("Return")
+        self.assertEqual(self.process.wait(PATIENCE_SECONDS), 0)
+
+    def test_an_entry_is_added_by_keyboard_and_found_again(self):
+        self.open()
+        self.keys("ctrl+i", "ctrl+End")
+        self.answer("Return", title=HINT)  # the last cell, the amount, asks for the element first
+        self.see(LIST)
+        self.keys("Home", "Right")
+        self.type("D02")
+        self.keys("Tab", "F2")
+        time.sleep(BLINK_SECONDS)
+        self.keys("F2")  # in the open cell: its list
+        self.wait("pick list", lambda: len(Window.shown()) == 2)
+        time.sleep(BLINK_SECONDS)
+        pick = next(title for title in Window.shown() if title != LIST)
+        self.see(pick)
+        self.type("p02")
+        self.keys("Return")
+        self.gone(pick)
+        self.see(LIST)
+        self.keys("Tab")
+        self.type("人工费")
+        self.keys("Tab")
+        self.type("二月 人工")
+        self.keys("Tab")
+        self.type("2000.5")
+        self.keys("Return")
+        self.wait("saved row", lambda: len(self.rows("select * from PM_ItemQC")) == 6)
+        saved = self.rows("select cCenterCode, cItemCode, cKeyCode1, cElementCode, cDigest, mQC "
+                          "from PM_ItemQC where iEleVid = 6")
+        self.assertEqual(saved, [("D02", "P02", "一标段", "E01", "二月 人工", "2000.5000")])
+        self.close()
+
+        self.open()
+        self.close()
+        self.assertEqual(len(self.rows("select * from PM_ItemQC")), 6)
+
+    def test_a_cell_is_changed_by_mouse_and_saved_on_leaving_its_row(self):
+        self.open()
+        first_row = 42 + 28 + 27 + 10
+        digest = (1300 + 1200 + 1200 + 2500 + 1500 + 1500) // 15 + 40
+        left, top, _, _ = Window(LIST).place()
+        xdotool("mousemove", left + digest * SCALE, top + first_row * SCALE,
+                "click", "--repeat", 2, "--delay", 80, 1)
+        time.sleep(BLINK_SECONDS)
+        self.keys("End")
+        self.type("x9")
+        self.click(LIST, digest, first_row + 20)
+        self.wait("saved digest", lambda: self.rows(
+            "select count(*) from PM_ItemQC where cDigest like '%x9'") == [(1,)])
+        self.close()
+
+    def test_a_refused_entry_is_not_saved(self):
+        self.open()
+        before = self.rows("select * from PM_ItemQC order by iEleVid")
+        self.keys("ctrl+Home", "Right")
+        self.type("D99")
+        self.keys("Down")
+        self.answer("Return")
+        self.see(LIST)
+        self.keys("Escape", "Down")
+        self.close()
+        self.assertEqual(self.rows("select * from PM_ItemQC order by iEleVid"), before)
+
+
+def main():
+    global program
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--program", required=True, help="the program kelvane")
+    arguments, rest = parser.parse_known_args()
+    program = str(Path(arguments.program).resolve())
+    unittest.main(argv=[sys.argv[0], *rest], verbosity=2)
+
+
+if __name__ == "__main__":
+    main()

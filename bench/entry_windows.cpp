@@ -11,12 +11,17 @@ double Now() {
 }
 
 void EntryWindows::ShowModal(platform::Window& window) {
-    auto& form = dynamic_cast<ui::frmPeriodItem&>(window);
+    auto& form = dynamic_cast<controls::Form&>(window);
     const double start = Now();
     form.Load();
     loadSeconds = Now() - start;
     form.Activate();
-    if (whileShown) whileShown(form);
+    if (auto* list = dynamic_cast<ui::frmPeriodItem*>(&form); list != nullptr && whileShown) {
+        whileShown(*list);
+    }
+    if (auto* details = dynamic_cast<ui::frmQCEdit*>(&form); details != nullptr && whileDetails) {
+        whileDetails(*details);
+    }
     form.Unload();
 }
 

@@ -7,6 +7,7 @@
 
 #include "host/session.h"
 #include "platform/windows.h"
+#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::bench {
@@ -15,6 +16,8 @@ class EntryWindows : public platform::Windows {
 public:
     // What to do while the entry list is shown.
     std::function<void(ui::frmPeriodItem&)> whileShown;
+    // The same for the detail editor, once it has loaded.
+    std::function<void(ui::frmQCEdit&)> whileDetails;
     // How long the last window took to load, in seconds, and how many messages there were.
     double loadSeconds = 0;
     int messages = 0;

@@ -6,16 +6,33 @@
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <string_view>
 
 #include "bench/memory.h"
 #include "bench/table_reporter.h"
+#include "bench/window.h"
+
+namespace {
+
+// What this program answers when it has started itself.
+struct Answer {
+    std::string_view option;
+    int (*give)(const std::string& account);
+};
+
+constexpr Answer kAnswers[] = {
+    {kelvane::bench::kMemoryOption, kelvane::bench::WriteMemoryOf},
+    {kelvane::bench::kWindowOption, kelvane::bench::WriteTimesOfWindow},
+};
+
+}  // namespace
 
 int main(int count, char** arguments) {
     using namespace kelvane::bench;
     try {
-        const std::string first = count > 1 ? arguments[1] : "";
-        if (first.starts_with(kMemoryOption)) {
-            return WriteMemoryOf(first.substr(std::string(kMemoryOption).size()));
+        const std::string_view option = count > 1 ? arguments[1] : "";
+        for (const auto& [name, answer] : kAnswers) {
+            if (option.starts_with(name)) return answer(std::string(option.substr(name.size())));
         }
         benchmark::Initialize(&count, arguments);
         if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;

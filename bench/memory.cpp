@@ -2,10 +2,10 @@
 
 #include <cstdio>
 #include <fstream>
-#include <memory>
 #include <stdexcept>
 
 #include "bench/accounts.h"
+#include "bench/child.h"
 #include "bench/entry_windows.h"
 #include "bench/samples.h"
 
@@ -15,10 +15,9 @@ namespace {
 
 constexpr double kMostBytes = 1536;
 
-struct Memory {
-    double shown = 0;  // bytes
-    double most = 0;
-};
+// Places of the numbers that a child answers with.
+constexpr std::size_t kShown = 0;
+constexpr std::size_t kMost = 1;
 
 // What the system says of this program, in bytes.
 double StatusBytes(const std::string& name) {
@@ -29,37 +28,24 @@ double StatusBytes(const std::string& name) {
     throw std::runtime_error("the system does not tell " + name);
 }
 
-Memory MemoryOf(const std::string& account) {
-    char program[4096] = {};
-    std::ifstream("/proc/self/cmdline").getline(program, sizeof program, '\0');
-    const std::string command = std::string(program) + " '" + kMemoryOption + account + "'";
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"),
-                                                                 pclose);
-    Memory memory;
-    if (!output || std::fscanf(output.get(), "%lf %lf", &memory.shown, &memory.most) != 2) {
-        throw std::runtime_error("no answer from: " + command);
-    }
-    return memory;
-}
-
-// `of`: which of the two numbers.
-void Report(benchmark::State& state, const std::string& metric, double Memory::*of) {
+// `of`: which of a child's numbers.
+void Report(benchmark::State& state, const std::string& metric, std::size_t of) {
     const std::int64_t entries = state.range(0);
     Samples samples;
     for (auto _ : state) {
-        const Memory empty = MemoryOf(AccountWith(0));
-        const Memory full = MemoryOf(AccountWith(entries));
-        samples.Add(kMostBytes, (full.*of - empty.*of) / static_cast<double>(entries));
+        const double empty = AskChild(kMemoryOption, AccountWith(0), 2)[of];
+        const double full = AskChild(kMemoryOption, AccountWith(entries), 2)[of];
+        samples.Add(kMostBytes, (full - empty) / static_cast<double>(entries));
     }
     samples.Report(state, metric, 1, 1);
 }
 
 void MemoryShown(benchmark::State& state) {
-    Report(state, "memory of a row while shown, bytes", &Memory::shown);
+    Report(state, "memory of a row while shown, bytes", kShown);
 }
 
 void MemoryMost(benchmark::State& state) {
-    Report(state, "memory of a row at most, bytes", &Memory::most);
+    Report(state, "memory of a row at most, bytes", kMost);
 }
 
 BENCHMARK(MemoryShown)->Arg(100'000)->Iterations(3);

@@ -99,6 +99,33 @@ constexpr std::array kRules{
          "{7}, {8$}, (select cast(cValue as integer) from PM_SettingInf where rtrim(cName) = "
          "'NumMax_EleQc' collate nocase))\n"
          "commit"},
+
+    // Detail lines.
+    Rule{"select a.cInvCode,a.cInvName,a.cInvStd,b.cComUnitName,c.iuprice,c.iNum,c.mQC from "
+         "inventory a left join computationUnit b on a.cSAComUnitCode=b.cComUnitCode inner join "
+         "pm_itemQCSub c on a.cInvCode=c.cCodeMx and c.iEleVid=%",
+         "select a.cInvCode, a.cInvName, a.cInvStd, b.cComUnitName, c.iUprice, c.iNum, c.mQC from "
+         "PM_ItemQCsub c join inventory a on rtrim(a.cInvCode) = rtrim(c.cCodeMx) collate nocase "
+         "left join computationunit b on rtrim(b.cComUnitCode) = rtrim(a.cSAComUnitCode) collate "
+         "nocase where c.iEleVid = {1#}"},
+    Rule{"select cInvCCode from pm_itemelement where cElementName='%'",
+         "select cInvCCode from PM_ItemElement where rtrim(cElementName) = {1} collate nocase"},
+    Rule{"select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from inventory a left "
+         "join computationunit b on a.cSAComUnitCode=b.cComUnitCode where a.cInvCode='%' and "
+         "a.cInvCCode like '%'",
+         "select a.cInvCode, a.cInvName, a.cInvStd, a.iInvRCost, b.cComUnitName from inventory a "
+         "left join computationunit b on rtrim(b.cComUnitCode) = rtrim(a.cSAComUnitCode) collate "
+         "nocase where rtrim(a.cInvCode) = {1} collate nocase and a.cInvCCode like {2}"},
+    Rule{"select iBudget,imoneysum,inumberSum from pm_budgetsub where iVerID=(select iverid from "
+         "pm_BudgetVer where bControl=1) and citemCode='%' and cElementCode='%'and cCodeMx='%'",
+         "select iBudget, imoneysum, inumberSum from pm_budgetsub where iVerID = (select iverid "
+         "from pm_BudgetVer where bControl = 1) and rtrim(citemCode) = {1} collate nocase and "
+         "rtrim(cElementCode) = {2} collate nocase and rtrim(cCodeMx) = {3} collate nocase"},
+    Rule{"delete from PM_ItemQCsub where iEleVid=%",
+         "delete from PM_ItemQCsub where iEleVid = {1#}"},
+    Rule{"insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(%,'%',%,%,%)",
+         "insert into PM_ItemQCsub(iEleVid, cCodeMx, iUprice, iNum, mQC) values ({1#}, {2}, {3$}, "
+         "{4#}, {5$})"},
 };
 
 // Statements of one rule at most.
@@ -183,8 +210,19 @@ void AddPlain(std::vector<PlainStatement>& statements, std::string_view noted) {
 }  // namespace
 
 std::vector<PlainStatement> PlainStatementsOf(const std::vector<std::string>& noted) {
+    // Where an entry's script goes on with its next line.
+    static constexpr std::string_view kNextLine = " insert into PM_ItemQCsub(";
     std::vector<PlainStatement> statements;
-    for (const std::string& line : noted) AddPlain(statements, line);
+    for (const std::string_view line : noted) {
+        const std::string path(line.substr(0, line.find(' ')));
+        std::size_t end = line.find(kNextLine);
+        AddPlain(statements, line.substr(0, end));
+        while (end != std::string_view::npos) {
+            const std::size_t start = end;
+            end = line.find(kNextLine, start + 1);
+            AddPlain(statements, path + std::string(line.substr(start, end - start)));
+        }
+    }
     return statements;
 }
 

@@ -78,14 +78,20 @@ void AppendRow(std::string& dataText, std::string_view cells) {
     dataText += '\n';
 }
 
+void SplitCells(std::string_view row, std::vector<std::string_view>& cells) {
+    for (std::string_view& cell : cells) cell = TakeField(row, '\t');
+}
+
+bool RowReader::Next() {
+    if (mRest.empty()) return false;
+    SplitCells(TakeField(mRest, '\n'), mCells);
+    return true;
+}
+
 std::vector<std::vector<std::string>> DecodeRows(std::string_view dataText, std::size_t columns) {
     std::vector<std::vector<std::string>> rows;
-    while (!dataText.empty()) {
-        std::string_view line = TakeField(dataText, '\n');
-        std::vector<std::string> cells;
-        cells.reserve(columns);
-        for (std::size_t col = 0; col < columns; ++col) cells.emplace_back(TakeField(line, '\t'));
-        rows.push_back(std::move(cells));
+    for (RowReader reader(dataText, columns); reader.Next();) {
+        rows.emplace_back(reader.Cells().begin(), reader.Cells().end());
     }
     return rows;
 }

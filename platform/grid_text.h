@@ -33,4 +33,22 @@ void AppendRow(std::string& dataText, std::string_view cells);
 // The rows of a data text, each with exactly `columns` cells.
 std::vector<std::vector<std::string>> DecodeRows(std::string_view dataText, std::size_t columns);
 
+// The cells of one row that are joined by a tab, exactly as many as `cells` has room for.
+void SplitCells(std::string_view row, std::vector<std::string_view>& cells);
+
+// The same rows one after the other, where they stand in the text.
+class RowReader {
+public:
+    // `dataText` outlives the reader.
+    RowReader(std::string_view dataText, std::size_t columns) : mRest(dataText), mCells(columns) {}
+
+    // False past the last row.
+    bool Next();
+    const std::vector<std::string_view>& Cells() const { return mCells; }
+
+private:
+    std::string_view mRest;
+    std::vector<std::string_view> mCells;
+};
+
 }  // namespace kelvane::platform

@@ -19,6 +19,7 @@ ALLOWED = {
     "adapters/drive": ["platform", "controls"],
     "adapters/headless": ["platform", "controls", "adapters/drive"],
     "adapters/reference": ["platform", "controls"],
+    "adapters/output": ["platform", "controls"],
     "adapters/desktop": ["platform", "controls", "adapters/drive"],
 }
 
@@ -27,6 +28,11 @@ PRODUCTS = {
     "sqlite3.h": ["adapters/sqlite"],
     "wx/": ["adapters/desktop"],
     "CLI/": ["host"],
+    "cairo": ["adapters/output"],
+    "pango/": ["adapters/output"],
+    "libxml/": ["adapters/output"],
+    "minizip/": ["adapters/output"],
+    "xlsxwriter": ["adapters/output"],
 }
 
 STANDARD_HEADER = re.compile(r"^[a-z0-9_]+$")

@@ -1,0 +1,33 @@
+// Disk: the system calls that writing a file safely is made of, so that a failure of each can be
+// tried.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kelvane::output {
+
+class Disk {
+public:
+    virtual ~Disk() = default;
+
+    // Each throws std::system_error when the system refuses.
+
+    // Whether an existing file may be written; there is none: true.
+    virtual void CheckWritable(const std::string& path);
+    // Makes a new file and returns its descriptor; fails when there is one.
+    virtual int Create(const std::string& path);
+    virtual void Write(int file, std::string_view bytes);
+    // Gives the file the access rights of `model`, or those of a new file when that is missing.
+    virtual void CopyRights(int file, const std::string& model);
+    virtual void Sync(int file);
+    virtual void Close(int file);
+    virtual void Rename(const std::string& from, const std::string& to);
+    // What has happened in the folder outlasts a crash.
+    virtual void SyncFolder(const std::string& folder);
+};
+
+// The system's own.
+Disk& SystemDisk();
+
+}  // namespace kelvane::output

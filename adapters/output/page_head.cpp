@@ -1,0 +1,91 @@
+#include "adapters/output/page_head.h"
+
+#include <algorithm>
+#include <string>
+
+#include "adapters/output/line_breaking.h"
+
+namespace kelvane::output {
+
+using platform::PageAlignment;
+using platform::PageBox;
+
+namespace {
+
+constexpr int kItemGap = 20;
+constexpr int kAroundFoot = 20;
+constexpr int kThousandths = 100;  // of a millimetre in a tenth
+
+// Appends `text` broken to `width`; returns the lower end.
+int AppendLines(std::vector<platform::PageText>& texts, std::string_view text, Letters letters,
+                PageBox place, PageAlignment alignment, TextMeasurer& measurer) {
+    letters.size = FittingSize(text, letters, place.width, measurer);
+    place.height = LineHeight(letters.size);
+    for (const auto line : BreakLines(text, letters, place.width * kThousandths, measurer)) {
+        texts.push_back({std::string(line), place, alignment, letters.size, letters.bold});
+        place.top += place.height;
+    }
+    return place.top;
+}
+
+// An item's own width, or all that its line leaves up to the next item.
+int RoomOf(const SheetItem& item, const std::vector<SheetItem>& items, int printable) {
+    int end = printable;
+    for (const SheetItem& other : items) {
+        const bool behind =
+            other.position.top == item.position.top && other.position.left > item.position.left;
+        if (behind) end = std::min(end, other.position.left - kItemGap);
+    }
+    const int room = std::max(item.width, end - item.position.left);
+    return std::max(1, std::min(room, printable - item.position.left));
+}
+
+int AppendItems(std::vector<platform::PageText>& texts, const std::vector<SheetItem>& items,
+                int above, const PageSettings& settings, TextMeasurer& measurer) {
+    const int printable = PrintableWidth(settings);
+    int end = 0;
+    for (const SheetItem& item : items) {
+        const int left = std::clamp(item.position.left, 0, std::max(0, printable - 1));
+        SheetItem placed = item;
+        placed.position.left = left;
+        const PageBox place{settings.marginLeft + left, above + item.position.top,
+                            RoomOf(placed, items, printable), 0};
+        end = std::max(
+            end, AppendLines(texts, item.caption + "：" + item.value, {settings.bodySize, false},
+                             place, PageAlignment::Left, measurer));
+    }
+    return end;
+}
+
+}  // namespace
+
+int FittingSize(std::string_view text, Letters letters, int width, TextMeasurer& measurer) {
+    const long needed = measurer.Width(text, letters);
+    const long room = static_cast<long>(width) * kThousandths;
+    if (needed <= room) return letters.size;
+    return static_cast<int>(std::max<long>(letters.size / 2, letters.size * room / needed));
+}
+
+TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer) {
+    TextBlock head;
+    const PageSettings& settings = sheet.settings;
+    const Letters letters{settings.titleSize, true};
+    const int left = std::clamp(sheet.titleEnd.left, 0, PrintableWidth(settings) - 1);
+    const PageBox band{settings.marginLeft + left, 0, PrintableWidth(settings) - left, 0};
+    const int end =
+        AppendLines(head.texts, sheet.title, letters, band, PageAlignment::Center, measurer);
+    const int free = std::max(0, sheet.titleEnd.top - end) / 2;
+    for (platform::PageText& line : head.texts) line.box.top += free;
+    head.height = AppendItems(head.texts, sheet.header, 0, settings, measurer);
+    head.height = std::max({head.height, end + free, sheet.table.top});
+    return head;
+}
+
+TextBlock MakeFoot(const Sheet& sheet, TextMeasurer& measurer) {
+    TextBlock foot;
+    if (sheet.footer.empty()) return foot;
+    foot.height = AppendItems(foot.texts, sheet.footer, kAroundFoot, sheet.settings, measurer);
+    return foot;
+}
+
+}  // namespace kelvane::output

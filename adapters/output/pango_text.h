@@ -1,0 +1,35 @@
+// The pages' fonts as Pango has them, for measuring and for painting.
+#pragma once
+
+#include <pango/pangocairo.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "adapters/output/text_measurer.h"
+
+namespace kelvane::output {
+
+template <auto Release>
+struct Releaser {
+    template <typename T>
+    void operator()(T* object) const {
+        Release(object);
+    }
+};
+
+using PangoContextPointer = std::unique_ptr<PangoContext, Releaser<g_object_unref>>;
+using PangoLayoutPointer = std::unique_ptr<PangoLayout, Releaser<g_object_unref>>;
+using PangoFontPointer =
+    std::unique_ptr<PangoFontDescription, Releaser<pango_font_description_free>>;
+
+// One unit is a point, and letters keep their proportions at every size.
+PangoContextPointer MakePageContext();
+
+PangoFontPointer MakePageFont(const Letters& letters);
+
+// `text` with U+FFFD for every byte that is no UTF-8 and for what cannot be shown on one line.
+std::string ReadableUtf8(std::string_view text);
+
+}  // namespace kelvane::output

@@ -1,0 +1,52 @@
+// A grid written to a file as data: what the writers of all formats start from.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/output/page_settings.h"
+#include "adapters/output/safe_file.h"
+#include "adapters/output/work_meter.h"
+#include "platform/grid_text.h"
+#include "platform/page.h"
+
+namespace kelvane::output {
+
+struct Export {
+    std::string title;
+    PageSettings settings;
+    std::vector<platform::ColumnText> columns;  // all of them
+    std::vector<std::size_t> shown;             // those with a width
+    std::string_view dataText;
+    // The same as pages, made when they are asked for.
+    std::function<const platform::PageSource&()> pages;
+    platform::PrintSurroundings* surroundings = nullptr;
+
+    std::size_t Rows() const;
+    const platform::ColumnText& Column(std::size_t place) const { return columns[shown[place]]; }
+    WorkMeter Meter(std::size_t steps) const { return {surroundings, "正在输出到文件…", steps}; }
+};
+
+// One format a file's ending stands for.
+struct FileFormat {
+    std::string_view ending;
+    std::string_view name;
+    void (*write)(const Export&, SafeFile&);
+};
+
+// Each writes the whole file but for SafeFile::Finish(). Throws FileFailure and WorkCancelled.
+void WriteXlsx(const Export& data, SafeFile& file);
+void WriteCsv(const Export& data, SafeFile& file);
+void WritePdfExport(const Export& data, SafeFile& file);
+void WriteXml(const Export& data, SafeFile& file);
+
+// All formats, the usual one first.
+const std::vector<FileFormat>& FileFormats();
+
+// The format of a file by its ending, whatever the case; null when there is none.
+const FileFormat* FindFormat(std::string_view path);
+
+}  // namespace kelvane::output

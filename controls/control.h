@@ -45,6 +45,11 @@ public:
     bool Enabled() const { return mEnabled; }
     void SetEnabled(bool enabled) { Assign(mEnabled, enabled); }
 
+    // Whether the operator can put the focus on it; a grid that is moved in from a field beside it
+    // says no.
+    bool TakesFocus() const { return mTakesFocus; }
+    void SetTakesFocus(bool takes) { mTakesFocus = takes; }
+
     // Gives this control the focus of its form.
     void SetFocus();
 
@@ -70,6 +75,7 @@ private:
     int mHeight = 0;
     bool mVisible = true;
     bool mEnabled = true;
+    bool mTakesFocus = true;
     std::uint64_t mRevision = 1;
 };
 

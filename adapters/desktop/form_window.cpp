@@ -88,7 +88,7 @@ View* FormWindow::FindView(const controls::Control* control) const {
 }
 
 void FormWindow::OperatorFocused(controls::Control& control) {
-    if (mForm.ActiveControl() == &control) return;
+    if (mForm.ActiveControl() == &control || !control.TakesFocus()) return;
     // Only a focus that the program moves is told.
     auto told = std::exchange(mForm.FocusMoved, nullptr);
     mForm.SetFocus(control);

@@ -24,6 +24,7 @@ GridCanvas::GridCanvas(wxWindow& parent, controls::Grid& grid, ViewHost& host,
     : mGrid(grid), mHost(host), mPressButton(std::move(pressButton)) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE);
+    SetCanFocus(grid.TakesFocus());
     mHost.Keys().Attach(*this);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
     Bind(wxEVT_LEFT_DOWN, &GridCanvas::OnLeftDown, this);
@@ -83,13 +84,18 @@ void GridCanvas::OnLeftUp(wxMouseEvent& event) {
 void GridCanvas::OnDoubleClick(wxMouseEvent& event) {
     const GridMetrics metrics = Metrics();
     const GridMetrics::Cell cell = metrics.CellAt(event.GetPosition());
-    if (cell.row < mGrid.FixedRows() || cell.row != mGrid.Row()) return;
-    if (mGrid.CellDoubleClick) {
+    const bool takesRows = static_cast<bool>(mGrid.CellDoubleClick);
+    const bool current = cell.row >= mGrid.FixedRows() && cell.row == mGrid.Row() &&
+                         (takesRows || cell.col == mGrid.Col());
+    if (!current || metrics.CurrentButton().Contains(event.GetPosition())) {
+        OnLeftDown(event);  // two quick clicks, as far as anything else goes
+        return;
+    }
+    if (takesRows) {
         mHost.Form().RunEvent("CellDoubleClick",
                               [&] { mGrid.CellDoubleClick(cell.row, cell.col); });
         return;
     }
-    if (cell.col != mGrid.Col() || metrics.CurrentButton().Contains(event.GetPosition())) return;
     mGrid.BeginEdit();
 }
 

@@ -48,7 +48,7 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
     : View(grid),
       mGrid(grid),
       mHost(host),
-      mPane(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)),
+      mPane(new wxWindow(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)),
       mVertical(new wxScrollBar(mPane, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSB_VERTICAL)),
       mHorizontal(new wxScrollBar(mPane, wxID_ANY)),
       mCanvas(new GridCanvas(*mPane, grid, host, [this] { OpenDropDown(); })),
@@ -56,6 +56,7 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
     mPane->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { LayOut(); });
     mPane->SetBackgroundColour(look::kWindow);
     // The keyboard scrolls by moving in the grid.
+    mPane->SetCanFocus(false);
     mVertical->SetCanFocus(false);
     mHorizontal->SetCanFocus(false);
     for (const auto& type :

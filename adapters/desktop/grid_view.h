@@ -42,7 +42,7 @@ private:
 
     controls::Grid& mGrid;
     ViewHost& mHost;
-    wxPanel* mPane;
+    wxWindow* mPane;
     wxScrollBar* mVertical;
     wxScrollBar* mHorizontal;
     GridCanvas* mCanvas;

@@ -70,6 +70,7 @@ void Surface::PaintLabel(wxDC& dc, const controls::Label& label) const {
 NoticeStrip::NoticeStrip(wxWindow& parent) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
+    SetCanFocus(false);
     SetFont(UiFont(9));
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
 }

@@ -19,7 +19,7 @@ using platform::Key;
 namespace {
 
 bool CanFocus(Control* control) {
-    if (!control->Visible() || !control->Enabled()) return false;
+    if (!control->Visible() || !control->Enabled() || !control->TakesFocus()) return false;
     return dynamic_cast<controls::KeyTarget*>(control) != nullptr ||
            dynamic_cast<controls::ComboBox*>(control) != nullptr ||
            dynamic_cast<Button*>(control) != nullptr;

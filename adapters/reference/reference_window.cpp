@@ -54,7 +54,6 @@ void Place(Control& control, int left, int top, int width, int height) {
 
 }  // namespace
 
-// The grid joins last: the focus goes from the search field over the buttons to it and back.
 ReferenceWindow::ReferenceWindow(platform::Windows& windows, PickRows rows, ListLayout layout)
     : Form("frmReference"),
       lblSearch(*this, "lblSearch"),
@@ -75,6 +74,7 @@ ReferenceWindow::ReferenceWindow(platform::Windows& windows, PickRows rows, List
     cmdOK.SetDefault(true);
     cmdCancel.SetCaption("取消");
     cmdCancel.SetCancel(true);
+    GridReference.SetTakesFocus(false);
     WireControls();
 }
 
@@ -153,11 +153,10 @@ void ReferenceWindow::ShowRows(std::size_t current) {
     }
 }
 
-// The whole row is the selection, and what is typed next belongs to the search field.
+// The whole row is the selection.
 void ReferenceWindow::SelectRow() {
     GridReference.SetCol(0);
     GridReference.SetSelectionEnd(GridReference.Cols() - 1);
-    if (GridHasFocus()) txtSearch.SetFocus();
 }
 
 void ReferenceWindow::ChooseCurrent() {
@@ -204,20 +203,10 @@ void ReferenceWindow::Form_KeyDown(Key& key, int shift) {
         ChooseCurrent();
     } else if (shift == platform::kCtrl && number >= 1 && number <= 9) {
         SortBy(number - 1);
-    } else if (key == Key::Backspace && GridHasFocus()) {
-        txtSearch.SetFocus();
-        txtSearch.KeyDown(key, shift);
     } else {
         return;
     }
     key = Key::None;
-}
-
-void ReferenceWindow::Form_KeyPress(char32_t& character) {
-    if (!GridHasFocus()) return;
-    txtSearch.SetFocus();
-    txtSearch.KeyPress(character);
-    character = 0;
 }
 
 }  // namespace kelvane::reference

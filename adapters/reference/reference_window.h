@@ -53,7 +53,6 @@ protected:
     void Form_Load() override;
     void Form_Resize() override;
     void Form_KeyDown(platform::Key& key, int shift) override;
-    void Form_KeyPress(char32_t& character) override;
 
 private:
     void WireControls();
@@ -62,7 +61,6 @@ private:
     void SelectRow();
     void ChooseCurrent();
     void SortBy(int column);
-    bool GridHasFocus() const { return ActiveControl() == &GridReference; }
 
     platform::Windows& mWindows;
     PickRows mRows;

@@ -108,20 +108,34 @@ TEST(DesktopPickList, AClickMovesAndADoubleClickChooses) {
     EXPECT_EQ(list.Chosen(), 2U);
 }
 
-TEST(DesktopPickList, WhatIsTypedOnTheGridGoesToTheSearch) {
+TEST(DesktopPickList, TabLeavesTheRowsOut) {
     CenterList list;
     ShowTo(list, [&](Person& person) {
         person.SeeWindow(kTitle);
-        person.Keys({"Tab", "Tab", "Tab"});
-        person.See("focus on the grid",
-                   [&] { return list.ActiveControl() == &list.GridReference; });
-        person.Type("lq");
-        person.See("narrowed", [&] {
-            return list.txtSearch.Text() == "lq" && list.Current() == "D03" &&
-                   list.SearchHasFocus();
-        });
-        person.Type("s");
-        person.See("typed on", [&] { return list.txtSearch.Text() == "lqs"; });
+        for (const controls::Control* next : {static_cast<controls::Control*>(&list.cmdOK),
+                                              static_cast<controls::Control*>(&list.cmdCancel),
+                                              static_cast<controls::Control*>(&list.txtSearch)}) {
+            person.Keys({"Tab"});
+            person.See(next->Name(), [&] { return list.ActiveControl() == next; });
+        }
+        person.Keys({"Tab", "Down"});
+        person.See("second row", [&] { return list.Current() == "D01"; });
+        person.Keys({"Return"});
+        person.See("choice", [&] { return !list.IsLoaded(); });
+    });
+    EXPECT_EQ(list.Chosen(), 1U);
+}
+
+TEST(DesktopPickList, AClickLeavesTheKeyboardInTheSearch) {
+    CenterList list;
+    ShowTo(list, [&](Person& person) {
+        person.SeeWindow(kTitle);
+        person.Type("g");
+        person.See("two rows", [&] { return list.GridReference.Rows() == 3; });
+        // The current row, which a click does not change.
+        person.Click(kTitle, kName, RowY(1));
+        person.Type("ce");
+        person.See("typed on", [&] { return list.txtSearch.Text() == "gce"; });
     });
 }
 

@@ -127,10 +127,12 @@ ButtonView::ButtonView(wxWindow& parent, controls::Button& button, ViewHost& hos
         mHot = mPressed = false;
         mWindow->Refresh();
     });
-    mWindow->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) {
+    const auto press = [this](wxMouseEvent&) {
         mPressed = true;
         mWindow->Refresh();
-    });
+    };
+    mWindow->Bind(wxEVT_LEFT_DOWN, press);
+    mWindow->Bind(wxEVT_LEFT_DCLICK, press);
     mWindow->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) {
         const bool clicked = std::exchange(mPressed, false);
         mWindow->Refresh();

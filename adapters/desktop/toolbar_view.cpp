@@ -71,11 +71,13 @@ ToolbarView::ToolbarView(wxWindow& parent, controls::Control& control, ViewHost&
         mPressed = false;
         SetHot(-1);
     });
-    mWindow->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+    const auto press = [this](wxMouseEvent& event) {
         SetHot(ItemAt(event.GetPosition()));
         mPressed = mHot >= 0;
         mWindow->Refresh(false);
-    });
+    };
+    mWindow->Bind(wxEVT_LEFT_DOWN, press);
+    mWindow->Bind(wxEVT_LEFT_DCLICK, press);
     mWindow->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
         const bool clicked = mPressed && mHot >= 0 && ItemAt(event.GetPosition()) == mHot;
         mPressed = false;

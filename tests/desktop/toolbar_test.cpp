@@ -31,6 +31,16 @@ TEST_P(DesktopToolbar, AButtonIsClicked) {
     });
 }
 
+TEST_P(DesktopToolbar, TwoQuickClicksAreTwo) {
+    ListForm form(5, GetParam());
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, PreviewX(), 20, 2);
+        person.See("clicks", [&] {
+            return form.events == Events{"click PreView", "click PreView"};
+        });
+    });
+}
+
 TEST_P(DesktopToolbar, ADisabledButtonDoesNothing) {
     ListForm form(5, GetParam());
     form.toolbar.Button("Add")->SetEnabled(false);

@@ -1,9 +1,8 @@
 #include "platform/date_time.h"
 
-#include <array>
 #include <chrono>
-#include <cstdio>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/blanks.h"
@@ -68,6 +67,13 @@ private:
     std::size_t mLastCount = 0;
 };
 
+// A list has a date in every row, so this does without the formatting of the standard library.
+void AppendPadded(std::string& text, int number, std::size_t width) {
+    const std::string digits = std::to_string(number);
+    if (digits.size() < width) text.append(width - digits.size(), '0');
+    text += digits;
+}
+
 }  // namespace
 
 bool DateTime::IsValid() const {
@@ -120,17 +126,26 @@ DateTime DateTime::AddDays(long days) const {
 }
 
 std::string DateTime::DateText(char separator) const {
-    std::array<char, 48> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%04d%c%02d%c%02d", year,
-                                     separator, month, separator, day);
-    return {buffer.data(), static_cast<std::size_t>(length)};
+    std::string text;
+    AppendPadded(text, year, 4);
+    text += separator;
+    AppendPadded(text, month, 2);
+    text += separator;
+    AppendPadded(text, day, 2);
+    return text;
 }
 
 std::string DateTime::FullText() const {
-    std::array<char, 64> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), " %02d:%02d:%02d.%03d", hour,
-                                     minute, second, millisecond);
-    return DateText().append(buffer.data(), static_cast<std::size_t>(length));
+    std::string text = DateText();
+    text += ' ';
+    AppendPadded(text, hour, 2);
+    text += ':';
+    AppendPadded(text, minute, 2);
+    text += ':';
+    AppendPadded(text, second, 2);
+    text += '.';
+    AppendPadded(text, millisecond, 3);
+    return text;
 }
 
 bool DateTime::Parse(std::string_view text, DateTime& result) {

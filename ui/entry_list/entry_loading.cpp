@@ -231,6 +231,7 @@ void frmPeriodItem::LoadEntryGrid() {
             "cKeyCode1,cKeyCode2,cCenterCode,cDigest,cElementCode,mQC from PM_ItemQC inner join "
             "fitemss97 on fitemss97.citemcode = PM_ItemQC.cItemCode order by PM_ItemQC.cItemCode "
             "asc"));
+        mElementDetails.Reserve(static_cast<std::size_t>(entries->RecordCount()));
         for (; !entries->EndOfFile(); entries->MoveNext()) AppendEntry(*entries);
         LockRows();
         CTBCtrl1.Refresh();

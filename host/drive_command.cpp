@@ -5,6 +5,7 @@
 
 #include "adapters/drive/script_operator.h"
 #include "adapters/headless/headless_windows.h"
+#include "adapters/output/file_printing.h"
 #include "host/commands.h"
 #include "host/screen.h"
 #include "host/session.h"
@@ -34,7 +35,9 @@ private:
 
 int Drive(const std::string& account, drive::ScriptOperator& script, platform::Windows& windows) {
     drive::StatementLog statements;
-    Session session(account, windows, &statements);
+    output::FilePrinting printing(
+        [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
+    Session session(account, windows, &statements, &printing);
     script.SetHost({
         .init =
             [&session](const drive::InitOptions& options) {

@@ -10,9 +10,10 @@ namespace {
 
 constexpr const char* kCaption = "项目管理";
 
-int Open(const OpenArguments& arguments, platform::Windows& windows) {
+int Open(const OpenArguments& arguments, const Screen& screen) {
+    platform::Windows& windows = screen.windows;
     try {
-        Session session(arguments.account, windows, nullptr);
+        Session session(arguments.account, windows, nullptr, screen.printing);
         session.LogIn(arguments.login, arguments.today);
         session.Show();
         return 0;
@@ -32,8 +33,7 @@ int RunOpen(const OpenArguments& arguments) {
     if (!DiagnosticsLog(LogPath()).IsWritable()) {
         return Fail("the log " + LogPath().string() + " cannot be written");
     }
-    return RunOnScreen(nullptr,
-                       [&](const Screen& screen) { return Open(arguments, screen.windows); });
+    return RunOnScreen(nullptr, [&](const Screen& screen) { return Open(arguments, screen); });
 }
 
 }  // namespace kelvane::host

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "adapters/drive/operator.h"
+#include "platform/print_surroundings.h"
 #include "platform/windows.h"
 
 namespace kelvane::host {
@@ -17,6 +18,8 @@ struct Screen {
     platform::Windows& windows;
     // Writes what the topmost window shows to a PNG file; false when it cannot.
     std::function<bool(const std::string& path)> saveScreenshot;
+    // The file dialog and the printers for a real operator; null where there are none.
+    platform::PrintSurroundings* printing = nullptr;
 };
 
 // Starts the windows, does `work` on them and returns its result. `script`: who acts on them in

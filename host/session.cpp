@@ -1,16 +1,32 @@
 #include "host/session.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
+#include "adapters/output/output_print_control.h"
+#include "adapters/output/style_service.h"
+#include "adapters/output/xml_text_document.h"
 #include "adapters/reference/reference_list_service.h"
 #include "data/login_context.h"
 #include "host/account_place.h"
 #include "host/local_time.h"
 #include "host/user_folders.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
-Session::Session(std::string account, platform::Windows& windows, drive::StatementLog* statements)
+namespace {
+
+// The component's own folder, for what it keeps of its users.
+std::filesystem::path ComponentFolder() {
+    return UserFolder("XDG_DATA_HOME", ".local/share") / "kelvane";
+}
+
+}  // namespace
+
+Session::Session(std::string account, platform::Windows& windows, drive::StatementLog* statements,
+                 platform::PrintSurroundings* printing)
     : mAccount(std::move(account)),
       mStatements(statements),
       mSettings(SettingsPath()),
@@ -21,14 +37,6 @@ Session::Session(std::string account, platform::Windows& windows, drive::Stateme
     mServices.diagnostics = &mLog;
     mServices.createConnection = [this] { return CreateConnection(); };
     mServices.today = [this] { return mToday ? *mToday : LocalNow(); };
-    mServices.createReferenceList = [this, &windows] {
-        return std::make_unique<reference::ReferenceListService>(
-            reference::ListSurroundings{windows,
-                                        [this]() -> platform::HostDataAccess& {
-                                            return mLogins.back()->Environment().DataAccess();
-                                        },
-                                        [] { return data::gRefCenterCode; }});
-    };
     mServices.createReferenceList = [&windows] {
         return std::make_unique<reference::ReferenceListService>(reference::ListSurroundings{
             windows,
@@ -36,6 +44,23 @@ Session::Session(std::string account, platform::Windows& windows, drive::Stateme
             [] { return data::gRefCenterCode; },
         });
     };
+    if (printing != nullptr) OfferPrinting(*printing);
+}
+
+void Session::OfferPrinting(platform::PrintSurroundings& printing) {
+    mServices.createPrintControl = [this, &printing] {
+        // Where print settings are saved. When it cannot be made, saving them says so.
+        std::error_code refused;
+        std::filesystem::create_directories(platform::NativePath(data::gPrintStylePath), refused);
+        return std::make_unique<output::OutputPrintControl>(output::PrintEnvironment{
+            .windows = *mServices.windows,
+            .surroundings = printing,
+            .failed = [](std::string_view place,
+                         std::string_view reason) { data::ReportTrapped(place, reason); },
+        });
+    };
+    mServices.createPrintStyle = [] { return std::make_unique<output::StyleService>(); };
+    mServices.createXmlDocument = [] { return std::make_unique<output::XmlTextDocument>(); };
 }
 
 Session::~Session() {
@@ -63,8 +88,8 @@ void Session::LogIn(const LoginRequest& request, std::optional<platform::DateTim
     }
     mLogins.push_back(std::move(login));
     mToday = today;
-    const auto folder = UserFolder("XDG_DATA_HOME", ".local/share") / "kelvane";
-    mComponent.Init(mLogins.back()->Login(), mLogins.back()->Environment(), folder.string());
+    mComponent.Init(mLogins.back()->Login(), mLogins.back()->Environment(),
+                    ComponentFolder().string());
 }
 
 }  // namespace kelvane::host

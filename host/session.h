@@ -12,15 +12,17 @@
 #include "host/account_host.h"
 #include "host/diagnostics_log.h"
 #include "host/settings_file.h"
+#include "platform/print_surroundings.h"
 #include "platform/services.h"
 
 namespace kelvane::host {
 
 class Session {
 public:
-    // `windows` and `statements` outlive the session; `statements` is null when nobody wants to
-    // know what reaches the database.
-    Session(std::string account, platform::Windows& windows, drive::StatementLog* statements);
+    // All outlive the session. `statements` is null when nobody wants to know what reaches the
+    // database, `printing` where nothing can be printed or written to files.
+    Session(std::string account, platform::Windows& windows, drive::StatementLog* statements,
+            platform::PrintSurroundings* printing = nullptr);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
@@ -35,6 +37,7 @@ public:
 
 private:
     std::shared_ptr<platform::Connection> CreateConnection();
+    void OfferPrinting(platform::PrintSurroundings& printing);
 
     std::string mAccount;
     drive::StatementLog* mStatements;

@@ -13,7 +13,8 @@ int RunOnScreen(drive::Operator* script, const std::function<int(const Screen&)>
     return desktop::RunDesktop([&](desktop::DesktopWindows& windows) {
         windows.SetOperator(script);
         return work({windows,
-                     [&windows](const std::string& path) { return windows.SaveScreenshot(path); }});
+                     [&windows](const std::string& path) { return windows.SaveScreenshot(path); },
+                     script == nullptr ? &windows.Printing() : nullptr});
     });
 }
 

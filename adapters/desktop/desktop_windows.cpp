@@ -7,8 +7,8 @@
 #include <wx/image.h>
 
 #include <stdexcept>
-#include <utility>
 
+#include "adapters/desktop/desktop_printing.h"
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/stage.h"
 
@@ -31,7 +31,8 @@ wxSize ScreenSize() {
 
 }  // namespace
 
-DesktopWindows::DesktopWindows() : mStage(std::make_unique<Stage>()) {}
+DesktopWindows::DesktopWindows()
+    : mStage(std::make_unique<Stage>()), mPrinting(std::make_unique<DesktopPrinting>(*mStage)) {}
 
 DesktopWindows::~DesktopWindows() = default;
 
@@ -75,6 +76,10 @@ int DesktopWindows::ScreenHeight() const {
     return ScreenSize().y * TwipsPerPixel();
 }
 
+platform::PrintSurroundings& DesktopWindows::Printing() {
+    return *mPrinting;
+}
+
 bool DesktopWindows::SaveScreenshot(const std::string& path) const {
     const wxWindow* window = mStage->TopWindow();
     if (window == nullptr) return false;
@@ -88,8 +93,8 @@ bool DesktopWindows::SaveScreenshot(const std::string& path) const {
     return bitmap.SaveFile(Text(path), wxBITMAP_TYPE_PNG);
 }
 
-void DesktopWindows::Post(std::function<void()> task) {
-    mStage->CallAfter(std::move(task));
+void DesktopWindows::Post(const std::function<void()>& task) {
+    mStage->CallAfter(task);
 }
 
 void DesktopWindows::RethrowFailure() {

@@ -7,10 +7,12 @@
 #include <string>
 
 #include "adapters/drive/operator.h"
+#include "platform/print_surroundings.h"
 #include "platform/windows.h"
 
 namespace kelvane::desktop {
 
+class DesktopPrinting;
 class Stage;
 
 class DesktopWindows : public platform::Windows {
@@ -34,19 +36,23 @@ public:
     int ScreenWidth() const override;
     int ScreenHeight() const override;
 
+    // The file dialog, the printers and the progress window of a person at the screen.
+    platform::PrintSurroundings& Printing();
+
     // Writes what the topmost window shows to `path` as PNG; false when no window is shown or the
     // file cannot be written.
     bool SaveScreenshot(const std::string& path) const;
 
     // Runs `task` on the windows' thread as soon as it waits for events. May be called from any
     // thread.
-    void Post(std::function<void()> task);
+    void Post(const std::function<void()>& task);
 
     // Throws again what a scripted operator's Act() threw, if it did and was not told yet.
     void RethrowFailure();
 
 private:
     std::unique_ptr<Stage> mStage;
+    std::unique_ptr<DesktopPrinting> mPrinting;
 };
 
 // Opens the screen, runs `body` with the windows on it and returns what `body` returns; what it

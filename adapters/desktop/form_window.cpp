@@ -7,6 +7,7 @@
 
 #include "adapters/desktop/field_views.h"
 #include "adapters/desktop/grid_view.h"
+#include "adapters/desktop/page_desk.h"
 #include "adapters/desktop/pictures.h"
 #include "adapters/desktop/stage.h"
 #include "adapters/desktop/toolbar_view.h"
@@ -76,6 +77,9 @@ std::unique_ptr<View> FormWindow::CreateView(controls::Control& control) {
     }
     if (auto* button = dynamic_cast<controls::Button*>(&control)) {
         return std::make_unique<ButtonView>(*mSurface, *button, *this);
+    }
+    if (auto* pages = dynamic_cast<controls::PageView*>(&control)) {
+        return std::make_unique<PageDesk>(*mSurface, *pages, *this);
     }
     return nullptr;  // strips and labels are painted by the surface
 }

@@ -34,12 +34,13 @@ bool BelongsToField(const KeyStroke& stroke) {
 
 void SetScrollBar(wxScrollBar& bar, int position, int page, int range) {
     page = std::clamp(page, 1, std::max(1, range));
+    // With nothing to scroll the toolkit draws it as a dark block.
+    bar.Show(range > page);
     if (bar.GetThumbPosition() == position && bar.GetThumbSize() == page &&
         bar.GetRange() == range) {
         return;
     }
     bar.SetScrollbar(position, page, std::max(1, range), page);
-    bar.Enable(range > page);
 }
 
 }  // namespace

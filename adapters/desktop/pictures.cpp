@@ -93,6 +93,47 @@ constexpr const char* kExclamation =
     R"( stroke-linejoin="round"/><path d="M12 9v6" stroke="#4a3500" stroke-width="2.400")"
     R"( stroke-linecap="round"/><circle cx="12" cy="18.200" r="1.300" fill="#4a3500"/>)";
 
+constexpr const char* kPageSetup =
+    R"(<path d="M4 2.500h9l4 4V21.500H4z" fill="#fff" stroke="#5a6472"/><path d="M13 2.500v4h4")"
+    R"( fill="#dfe6ee" stroke="#5a6472"/><rect x="6.500" y="8.500" width="8" height="10.500")"
+    R"( fill="none" stroke="#9db0c8" stroke-dasharray="1.500 1"/><circle cx="17" cy="17" r="3")"
+    R"( fill="none" stroke="#44566e" stroke-width="2"/><path d="M17 11.500v2.500M17 20v2.500M11.500)"
+    R"( 17h2.500M20 17h2.500M13.100 13.100l1.800 1.800M19.100 19.100l1.800 1.800M13.100 20.900)"
+    R"(l1.800-1.800M19.100 14.900l1.800-1.800" stroke="#44566e" stroke-width="2"/>)";
+
+constexpr const char* kZoomIn =
+    R"(<circle cx="10" cy="10" r="7" fill="#e3f0fc" stroke="#2c5f9e" stroke-width="1.800"/>)"
+    R"(<path d="M15.300 15.300l5.700 5.700" stroke="#2c5f9e" stroke-width="3")"
+    R"( stroke-linecap="round"/><path d="M10 6.500v7M6.500 10h7" stroke="#2c7a38")"
+    R"( stroke-width="2"/>)";
+
+constexpr const char* kZoomOut =
+    R"(<circle cx="10" cy="10" r="7" fill="#e3f0fc" stroke="#2c5f9e" stroke-width="1.800"/>)"
+    R"(<path d="M15.300 15.300l5.700 5.700" stroke="#2c5f9e" stroke-width="3")"
+    R"( stroke-linecap="round"/><path d="M6.500 10h7" stroke="#a02f2b" stroke-width="2"/>)";
+
+constexpr const char* kWholePage =
+    R"(<rect x="6.500" y="4.500" width="11" height="15" fill="#fff" stroke="#5a6472"/><path)"
+    R"( d="M9 8.500h6M9 11.500h6M9 14.500h4" stroke="#8a94a3"/><path d="M1.500 7V2.500H6M18)"
+    R"( 2.500h4.500V7M22.500 17v4.500H18M6 21.500H1.500V17" fill="none" stroke="#2c5f9e")"
+    R"( stroke-width="2"/>)";
+
+constexpr const char* kFirstPage =
+    R"(<path d="M19 4.500v15L8.500 12z" fill="#4a86c5" stroke="#27507e" stroke-linejoin="round"/>)"
+    R"(<path d="M5.500 4.500v15" stroke="#27507e" stroke-width="2.500"/>)";
+
+constexpr const char* kPreviousPage =
+    R"(<path d="M16.500 4.500v15L6 12z" fill="#4a86c5" stroke="#27507e")"
+    R"( stroke-linejoin="round"/>)";
+
+constexpr const char* kNextPage =
+    R"(<path d="M7.500 4.500v15L18 12z" fill="#4a86c5" stroke="#27507e")"
+    R"( stroke-linejoin="round"/>)";
+
+constexpr const char* kLastPage =
+    R"(<path d="M5 4.500v15L15.500 12z" fill="#4a86c5" stroke="#27507e" stroke-linejoin="round"/>)"
+    R"(<path d="M18.500 4.500v15" stroke="#27507e" stroke-width="2.500"/>)";
+
 constexpr std::array kDrawings{
     Drawing{kPictureInformation, kInformation},
     Drawing{kPictureExclamation, kExclamation},
@@ -108,6 +149,14 @@ constexpr std::array kDrawings{
     Drawing{108, kDetail},
     Drawing{109, kSave},
     Drawing{110, kHelp},
+    Drawing{111, kPageSetup},
+    Drawing{112, kZoomIn},
+    Drawing{113, kZoomOut},
+    Drawing{114, kWholePage},
+    Drawing{115, kFirstPage},
+    Drawing{116, kPreviousPage},
+    Drawing{117, kNextPage},
+    Drawing{118, kLastPage},
 };
 
 }  // namespace

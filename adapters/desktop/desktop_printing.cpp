@@ -1,0 +1,107 @@
+#include "adapters/desktop/desktop_printing.h"
+
+#include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/print.h>
+#include <wx/stdpaths.h>
+
+#include <stdexcept>
+
+#include "adapters/desktop/file_name.h"
+#include "adapters/desktop/look.h"
+#include "adapters/desktop/paper.h"
+#include "adapters/desktop/printout.h"
+#include "adapters/desktop/progress_window.h"
+#include "adapters/desktop/stage.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+// While it lives the toolkit's complaints are kept instead of shown.
+class KeptLog {
+public:
+    KeptLog() : mBefore(wxLog::SetActiveTarget(&mKept)) {}
+    ~KeptLog() { wxLog::SetActiveTarget(mBefore); }
+    KeptLog(const KeptLog&) = delete;
+    KeptLog& operator=(const KeptLog&) = delete;
+
+    std::string Complaints() const { return Utf8(mKept.GetBuffer()); }
+
+private:
+    // Nothing is shown of what is left at its end.
+    class Buffer : public wxLogBuffer {
+    public:
+        void Flush() override {}
+    };
+
+    Buffer mKept;
+    wxLog* mBefore;
+};
+
+}  // namespace
+
+DesktopPrinting::DesktopPrinting(Stage& stage)
+    : mStage(stage), mFolder(Utf8(wxStandardPaths::Get().GetDocumentsDir())) {}
+
+std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuestion& question) {
+    // The kind that is chosen in the dialog gives the name its ending.
+    std::string name = WithoutEnding(question.suggestedName, question.types);
+    int type = 0;
+    for (;;) {
+        wxFileDialog dialog(mStage.TopWindow(), Text(question.title), Text(mFolder), Text(name),
+                            Text(FilterOf(question.types)), wxFD_SAVE);
+        dialog.SetFilterIndex(type);
+        if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+        mFolder = Utf8(dialog.GetDirectory());
+        name = Utf8(dialog.GetFilename());
+        type = dialog.GetFilterIndex();
+        std::string path =
+            WithEnding(Utf8(dialog.GetPath()), question.types.at(static_cast<std::size_t>(type)),
+                       question.types);
+        if (MayReplace(path, question.title)) return path;
+    }
+}
+
+// The dialog's own question would be about the name before it was given its ending.
+bool DesktopPrinting::MayReplace(const std::string& path, const std::string& title) {
+    const wxFileName file(Text(path));
+    if (!file.Exists()) return true;
+    return mStage.Ask({.text = "文件“" + Utf8(file.GetFullName()) + "”已经存在，要替换它吗？",
+                       .caption = title,
+                       .icon = platform::MessageIcon::Question,
+                       .buttons = platform::MessageButtons::YesNo,
+                       .preselected = platform::MessageAnswer::No}) == platform::MessageAnswer::Yes;
+}
+
+bool DesktopPrinting::PrintPages(const platform::PageSource& pages) {
+    SetPaper(mPrinter, pages.PageWidth(), pages.PageHeight());
+    wxPrintDialogData choice(mPrinter);
+    choice.SetMinPage(1);
+    choice.SetMaxPage(pages.PageCount());
+    choice.SetFromPage(1);
+    choice.SetToPage(pages.PageCount());
+    choice.EnableSelection(false);
+    wxPrinter printer(&choice);
+    Printout printout(pages, [this] { return StartProgress("打印"); });
+    const KeptLog log;
+    if (printer.Print(mStage.TopWindow(), &printout, mAsksForPrinter)) {
+        mPrinter = printer.GetPrintDialogData().GetPrintData();
+        return true;
+    }
+    if (wxPrinter::GetLastError() == wxPRINTER_CANCELLED || printout.IsCancelled()) return false;
+    throw std::runtime_error("the system did not print: " + log.Complaints());
+}
+
+std::unique_ptr<platform::Progress> DesktopPrinting::StartProgress(const std::string& title) {
+    return std::make_unique<ProgressWindow>(mStage.TopWindow(), title);
+}
+
+void DesktopPrinting::PrintToFile(const std::string& path) {
+    mPrinter.SetPrintMode(wxPRINT_MODE_FILE);
+    mPrinter.SetFilename(Text(path));
+    mAsksForPrinter = false;
+}
+
+}  // namespace kelvane::desktop

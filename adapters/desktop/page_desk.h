@@ -1,0 +1,50 @@
+// PageDesk: a page view on the screen: the current page as a white sheet on a grey desk, with
+// scroll bars when it is larger than the desk.
+//
+// The wheel scrolls, and turns the page where there is nothing left to scroll; with Ctrl it zooms.
+#pragma once
+
+#include <wx/bitmap.h>
+#include <wx/scrolwin.h>
+
+#include <optional>
+
+#include "adapters/desktop/view.h"
+#include "adapters/desktop/view_host.h"
+#include "controls/page_view.h"
+
+namespace kelvane::desktop {
+
+class PageDesk : public View {
+public:
+    PageDesk(wxWindow& parent, controls::PageView& pages, ViewHost& host);
+
+    wxWindow& Window() override { return *mDesk; }
+    wxWindow* FocusWindow() override { return mDesk; }
+    bool TakeKey(const KeyStroke& stroke) override;
+
+protected:
+    void Update() override;
+
+private:
+    // The sheet in the pixels of the desk's visible part.
+    wxRect Sheet() const;
+    wxSize SheetSize() const;
+    void Paint();
+    void DrawDesk(const wxRect& sheet);
+    void OnWheel(wxMouseEvent& event);
+    void ScrollOrTurn(int steps);
+    // Scrolls to the share of what can be scrolled; the middle of the desk is what it counts from.
+    void LookAt(double x, double y);
+
+    controls::PageView& mPages;
+    wxScrolledCanvas* mDesk;
+    std::optional<platform::Page> mContent;  // of the shown page
+    wxBitmap mDrawn;                         // the visible part of the desk
+    wxRect mDrawnSheet;
+    int mShownPage = 0;
+    bool mTurnedBack = false;
+    int mWheelRest = 0;
+};
+
+}  // namespace kelvane::desktop

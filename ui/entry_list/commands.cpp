@@ -155,11 +155,16 @@ void frmPeriodItem::Form_KeyUp(Key& key, int shift) {
     ClickButton(hotKey->button);
 }
 
-void frmPeriodItem::Form_KeyDown(Key& key, int /*shift*/) {
+void frmPeriodItem::Form_KeyDown(Key& key, int shift) {
     const controls::Grid& grid = GridPeriodItem;
     if (key == Key::F1 || ActiveControl() != &grid || grid.Row() < 1) return;
     const int row = grid.Row();
     const int col = grid.Col();
+    if (key == Key::Enter && shift == kCtrl && cmdRef.Visible()) {
+        key = Key::None;
+        cmdRef.Press();
+        return;
+    }
     if (key == Key::F2 && mSendingOpenKeys) {
         // Our own keystroke. The blank before it opens every cell but an amount made of detail
         // lines, which takes no character.
@@ -204,8 +209,11 @@ void frmPeriodItem::Form_KeyPress(char32_t& character) {
 void frmPeriodItem::cmdRef_Click() {
     frmQCEdit& editor = GetDetailEditorForm();
     editor.bEquipment = ElementDetailFlag(GridPeriodItem.Row()) == kEquipmentDetail;
-    const FlagScope readOnly(editor.bReadOnly);
-    data::gServices->windows->ShowModal(editor);
+    {
+        const FlagScope readOnly(editor.bReadOnly);
+        data::gServices->windows->ShowModal(editor);
+    }
+    if (ActiveControl() == &cmdRef) GridPeriodItem.SetFocus();
 }
 
 void frmPeriodItem::Form_Resize() {
@@ -225,7 +233,7 @@ void frmPeriodItem::Form_Resize() {
         CapLable.SetTop(Picture1.Top() + (Picture1.Height() - CapLable.Height()) / 2);
         GridPeriodItem.SetTop(Picture1.Top() + Picture1.Height() - pixel);
         Picture1.SetWidth(ScaleWidth());
-        cmdRef.SetVisible(false);
+        HideDetailButton();
     } catch (...) {
         data::ReportTrapped("Form_Resize");
     }

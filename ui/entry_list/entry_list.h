@@ -173,11 +173,16 @@ private:
     std::string ElementCodeOf(const std::string& elementName);
     bool UpdateEntry(int row, std::int32_t identity, platform::StatementText& detailSql);
     bool InsertEntry(int row, platform::StatementText& detailSql);
+    void TakeIdentity(int row, std::int32_t identity);
+    // Reports the error being handled as trapped in `place`, and tells what came of the write.
+    struct WriteSentences;
+    void TellFailedWrite(std::string_view place, const WriteSentences& sentences);
 
     void OpenDetailsFromGrid(std::string& value, int row);
     void KeepCellsOfItem(int row, const std::string& chosenCode);
     void DropChosenItem(int row);
     void PlaceDetailButton();
+    void HideDetailButton();
     void ClickButton(std::string_view key);
     void DisableMissingCommands();
 

@@ -87,6 +87,8 @@ std::unique_ptr<RecordSet> Query(const StatementText& statement) {
 
 void frmPeriodItem::Form_Load() {
     ResetToDesign();
+    // The one setting that is never read but always set, when the others could be read.
+    if (data::gNumPointMoney == 0) mFailureNotice.Failed("LoadNumPoints");
     SetIconPicture(kPictureWindow);
     data::gServices->windows->SetHelpFile(HelpFilePath());
     data::gToolbarStyle = ReadToolbarStyle() == 1 ? 0 : 1;
@@ -103,9 +105,13 @@ void frmPeriodItem::Form_Load() {
 // The window is one instance: what an earlier opening left is undone.
 void frmPeriodItem::ResetToDesign() {
     mFailureNotice.Clear();
+    // A list that cannot be loaded must not show the entries of an earlier opening.
+    GridPeriodItem.SetRows(0);
+    GridPeriodItem.SetCols(kEntryColumnCount);
+    GridPeriodItem.SetRows(1);
     GridPeriodItem.SetReadOnly(false);
     GridPeriodItem.SetRowTouched(false);
-    cmdRef.SetVisible(false);
+    HideDetailButton();
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
     mDetailSql = {};
     GetDetailEditorForm().mColTempValues = {};
@@ -235,7 +241,6 @@ void frmPeriodItem::LoadEntryGrid() {
         for (; !entries->EndOfFile(); entries->MoveNext()) AppendEntry(*entries);
         LockRows();
         CTBCtrl1.Refresh();
-        mFailureNotice.Succeeded(Work::Load);
     } catch (...) {
         data::ReportTrapped("LoadEntryGrid");
     }
@@ -245,9 +250,10 @@ void frmPeriodItem::LoadEntryGrid() {
 bool frmPeriodItem::EntryIsLocked() {
     const bool closed = CheckPeriodClosed();
     const bool carriedOver = CheckYearCarriedOver();
+    if (closed || carriedOver) return true;
     const std::string start = gEnv->ModuleSetting("PM", "dPMStartDatePeriod");
     const int startYear = Value(start).ToDateTime().year;
-    return closed || carriedOver || startYear != data::gLogin->Year();
+    return startYear != data::gLogin->Year();
 }
 
 void frmPeriodItem::SetupToolbar() {

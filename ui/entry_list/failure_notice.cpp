@@ -33,6 +33,9 @@ constexpr std::array kSentences{
     Sentence{"CheckBeforeEntry", Work::Check, "录入前检查时出错。"},
     Sentence{"ValidateCell", Work::Check, "检查单元格内容时出错，该内容未被接受。"},
     Sentence{"SelectReference", Work::Check, "打开参照列表时出错。"},
+    Sentence{"GridPeriodItem_CellReference", Work::Check, "打开参照列表或明细时出错。"},
+    Sentence{"GridPeriodItem_ComboDropDown", Work::Check, "读取关键字列表时出错。"},
+    Sentence{"GetItemBudget", Work::Save, "读取项目预算时出错，没有保存。"},
 };
 
 }  // namespace
@@ -41,19 +44,21 @@ void FailureNotice::Failed(std::string_view place) {
     const auto* known = std::find_if(kSentences.begin(), kSentences.end(),
                                      [&](const Sentence& entry) { return entry.place == place; });
     if (known == kSentences.end()) {
-        mWork = Work::Check;
-        mShow("操作时出错（" + std::string(place) + "），该操作没有完成。");
+        Show(Work::Check, "操作时出错，该操作没有完成。");
     } else {
-        mWork = known->work;
-        mShow(std::string(known->text));
+        Show(known->work, std::string(known->text));
     }
-    mShown = true;
 }
 
 void FailureNotice::FailedSave(const std::string& sentence) {
-    mWork = Work::Save;
+    Show(Work::Save, sentence);
+}
+
+void FailureNotice::Show(Work work, const std::string& sentence) {
+    mWork = work;
     mShow(sentence);
     mShown = true;
+    ++mFailures;
 }
 
 void FailureNotice::Succeeded(Work work) {

@@ -1,6 +1,7 @@
 // FailureNotice: the line at the window's lower edge that names the last trapped failure of a save,
-// a load or a check, until the same kind of work succeeds again. Routines that end a failure
-// without a message box would otherwise leave the operator guessing.
+// a load or a check, until the same kind of work succeeds again (loading again is opening the list
+// again). Routines that end a failure without a message box would otherwise leave the operator
+// guessing.
 #pragma once
 
 #include <functional>
@@ -20,13 +21,18 @@ public:
     void Failed(std::string_view place);
     // Shows a sentence of the caller's own for a failed save.
     void FailedSave(const std::string& sentence);
+    // How many failures there were so far: work in which one was trapped is no success.
+    int Failures() const { return mFailures; }
     // Clears the line when it speaks of this kind of work; a success of saving clears it in any
     // case.
     void Succeeded(Work work);
     void Clear();
 
 private:
+    void Show(Work work, const std::string& sentence);
+
     std::function<void(const std::string&)> mShow;
+    int mFailures = 0;
     Work mWork = Work::Check;
     bool mShown = false;
 };

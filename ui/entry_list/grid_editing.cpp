@@ -216,7 +216,7 @@ void frmPeriodItem::GridPeriodItem_EditCheck() {
 }
 
 void frmPeriodItem::GridPeriodItem_EnterCell() {
-    cmdRef.SetVisible(false);
+    HideDetailButton();
     const int row = GridPeriodItem.Row();
     if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
     if (CellText(row, kElementColumn).empty()) {
@@ -239,8 +239,14 @@ void frmPeriodItem::PlaceDetailButton() {
     cmdRef.SetVisible(true);
 }
 
+// A button that goes away with the focus on it would leave the keys nowhere.
+void frmPeriodItem::HideDetailButton() {
+    cmdRef.SetVisible(false);
+    if (ActiveControl() == &cmdRef) GridPeriodItem.SetFocus();
+}
+
 void frmPeriodItem::GridPeriodItem_ViewChange() {
-    if (cmdRef.Visible()) cmdRef.SetVisible(false);
+    if (cmdRef.Visible()) HideDetailButton();
 }
 
 // A row that was never saved can be given up; a saved one is deleted by its command alone.

@@ -23,7 +23,16 @@ namespace {
 constexpr const char* kCounterName = "NumMax_EleQc";
 constexpr std::int32_t kLargestIdentity = std::numeric_limits<std::int16_t>::max();
 
+constexpr const char* kExhausted =
+    "期初编号已经用完（最大 32767），当前行没有保存，没有写入数据库。";
+
 }  // namespace
+
+// What the operator is told of a write that failed in a way of its own.
+struct frmPeriodItem::WriteSentences {
+    const char* busy;
+    const char* inDoubt;
+};
 
 std::string frmPeriodItem::ElementCodeOf(const std::string& elementName) {
     StatementText statement("select cElementCode from PM_ItemElement where cElementName = '");
@@ -41,21 +50,29 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
         GridPeriodItem.SetRowTouched(false);
         mFailureNotice.Succeeded(Work::Save);
         return true;
-    } catch (const data::CounterExhausted&) {
-        data::ReportTrapped("SaveRow");
-        mFailureNotice.FailedSave(
-            "期初编号已经用完（最大 32767），当前行没有保存，没有写入数据库。");
-    } catch (const platform::CommitInDoubt&) {
-        data::ReportTrapped("SaveRow");
-        mFailureNotice.FailedSave(
-            "保存当前行时没有收到数据库的答复，不能确定是否已经保存，请重新打开核对。");
-    } catch (const platform::DatabaseBusy&) {
-        data::ReportTrapped("SaveRow");
-        mFailureNotice.FailedSave("数据库正被他人占用，当前行没有保存，请稍后再离开该行重试。");
     } catch (...) {
-        data::ReportTrapped("SaveRow");
+        TellFailedWrite(
+            "SaveRow",
+            {.busy = "数据库正被他人占用，当前行没有保存，请稍后再离开该行重试。",
+             .inDoubt =
+                 "保存当前行时没有收到数据库的答复，不能确定是否已经保存，请重新打开核对。"});
     }
     return false;
+}
+
+void frmPeriodItem::TellFailedWrite(std::string_view place, const WriteSentences& sentences) {
+    data::ReportTrapped(place);
+    try {
+        throw;
+    } catch (const data::CounterExhausted&) {
+        mFailureNotice.FailedSave(kExhausted);
+    } catch (const platform::CommitInDoubt&) {
+        mFailureNotice.FailedSave(sentences.inDoubt);
+    } catch (const platform::DatabaseBusy&) {
+        mFailureNotice.FailedSave(sentences.busy);
+    } catch (...) {
+        // The report has said it.
+    }
 }
 
 bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& detailSql) {
@@ -89,7 +106,7 @@ bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& d
 
 bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
     const std::int32_t identity = data::NextSettingNumber(kCounterName, *gConn, kLargestIdentity);
-    if (identity == -1) return false;
+    if (identity == data::kNoNumber) return false;
     const std::string elementCode = ElementCodeOf(CellText(row, kElementColumn));
 
     StatementText insert(
@@ -110,13 +127,22 @@ bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
     Transaction transaction(*gConn);
     if (!detailSql.IsEmpty()) gConn->Execute(detailSql.WithEntry(identity));
     gConn->Execute(insert);
-    transaction.Commit();
+    try {
+        transaction.Commit();
+    } catch (const platform::CommitInDoubt&) {
+        // The entry may be there: saved once more under another identity it would be there twice.
+        TakeIdentity(row, identity);
+        throw;
+    }
+    TakeIdentity(row, identity);
+    return true;
+}
 
+void frmPeriodItem::TakeIdentity(int row, std::int32_t identity) {
     const std::int16_t flag = ElementDetailFlag(row);
     GridPeriodItem.SetRowData(row, identity);
     if (data::CollectionHasKey("0", mElementDetails)) mElementDetails.Remove("0");
     mElementDetails.Replace(std::to_string(identity), flag);
-    return true;
 }
 
 bool frmPeriodItem::CheckRowDeletable(int row) {
@@ -152,7 +178,11 @@ void frmPeriodItem::DeleteRow() {
         GridPeriodItem.RemoveItem(row);
         mFailureNotice.Succeeded(Work::Save);
     } catch (...) {
-        data::ReportTrapped("DeleteRow");
+        TellFailedWrite(
+            "DeleteRow",
+            {.busy = "数据库正被他人占用，当前行没有删除，请稍后重试。",
+             .inDoubt =
+                 "删除当前行时没有收到数据库的答复，不能确定是否已经删除，请重新打开核对。"});
     }
 }
 

@@ -22,6 +22,7 @@ bool frmPeriodItem::Refuse(std::string_view message, std::string_view caption) {
 }
 
 bool frmPeriodItem::ValidateCell(int row, int col, bool changed, std::string& text) {
+    const int failuresBefore = mFailureNotice.Failures();
     try {
         const std::string raw = CellText(row, col);
         text = data::Trim(raw);
@@ -49,7 +50,9 @@ bool frmPeriodItem::ValidateCell(int row, int col, bool changed, std::string& te
             default:
                 return true;
         }
-        if (accepted) mFailureNotice.Succeeded(Work::Check);
+        if (accepted && mFailureNotice.Failures() == failuresBefore) {
+            mFailureNotice.Succeeded(Work::Check);
+        }
         return accepted;
     } catch (...) {
         data::ReportTrapped("ValidateCell");

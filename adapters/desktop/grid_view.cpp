@@ -99,6 +99,8 @@ void GridView::Update() {
                  mGrid.Cols() - lastLeft, mGrid.Cols() - mGrid.FixedCols());
     mEditor->Sync(mCanvas->Metrics().CurrentField());
     mCanvas->Refresh(false);
+    // At once, not with the next frame: who holds a key down sees every page.
+    mCanvas->Update();
 }
 
 void GridView::OnScroll(wxScrollEvent& event) {

@@ -81,6 +81,7 @@ platform::PrintSurroundings& DesktopWindows::Printing() {
 }
 
 bool DesktopWindows::SaveScreenshot(const std::string& path) const {
+    mStage->Settle();
     const wxWindow* window = mStage->TopWindow();
     if (window == nullptr) return false;
     const wxRect place = window->GetScreenRect();

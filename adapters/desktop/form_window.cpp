@@ -1,6 +1,7 @@
 #include "adapters/desktop/form_window.h"
 
 #include <wx/display.h>
+#include <wx/evtloop.h>
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +18,8 @@ namespace kelvane::desktop {
 namespace {
 
 constexpr int kIconSizes[] = {16, 32, 48};
+constexpr int kMostWaits = 200;
+constexpr unsigned long kWaitMilliseconds = 10;
 
 long Style(const controls::Form& form) {
     const long style = wxCAPTION | wxCLOSE_BOX | wxSYSTEM_MENU | wxCLIP_CHILDREN;
@@ -150,6 +153,17 @@ void FormWindow::Sync() {
     mSurface->Sync();
     for (const auto& view : mViews) view->Sync();
     if (mFocused != mForm.ActiveControl()) FocusActive();
+}
+
+// All that is to be painted anew is painted together.
+void FormWindow::Settle() {
+    Sync();
+    mPainted = false;
+    mSurface->Refresh();
+    auto* loop = wxEventLoopBase::GetActive();
+    for (int wait = 0; wait < kMostWaits && !mPainted && loop != nullptr; ++wait) {
+        loop->DispatchTimeout(kWaitMilliseconds);
+    }
 }
 
 void FormWindow::SyncFrame() {

@@ -33,6 +33,8 @@ public:
     // Brings the window up to the form's state at once; ends its modal loop when the form is
     // unloaded and the window is the topmost one.
     void Sync();
+    // Waits until the screen shows the form's present state, but not for long.
+    void Settle();
     // True when the window was painted and shows the form's present state.
     bool IsSettled() const { return mPainted && !mSyncPending; }
 

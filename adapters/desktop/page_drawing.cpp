@@ -2,11 +2,10 @@
 
 #include <wx/brush.h>
 #include <wx/font.h>
-#include <wx/pen.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
-#include <memory>
 #include <utility>
 
 #include "adapters/desktop/look.h"
@@ -18,51 +17,62 @@ using platform::PageAlignment;
 namespace {
 
 // Letters are placed in whole units of the drawing, so those are finer than what pages measure in.
-constexpr int kUnitsPerTenth = 10;
-constexpr double kUnitsPerInch = 254.0 * kUnitsPerTenth;
+constexpr double kUnitsPerTenth = 10;
+constexpr double kUnitsPerInch = 254 * kUnitsPerTenth;
 // What the toolkit takes for an inch when it makes letters of a size in points.
 constexpr double kDotsPerInch = 96;
 
 class PageDrawing {
 public:
-    PageDrawing(wxGraphicsContext& target, double thinnest)
-        : mTarget(target), mThinnest(thinnest) {}
+    PageDrawing(wxGraphicsContext& target, double scale, double pixel)
+        : mTarget(target), mScale(scale), mPixel(pixel) {}
 
     void Draw(const platform::PageArea& area) {
-        mTarget.SetPen(wxGraphicsPen());
+        const double left = Snap(area.box.left * mScale);
+        const double top = Snap(area.box.top * mScale);
         mTarget.SetBrush(wxBrush(ToColour(area.color)));
-        mTarget.DrawRectangle(Units(area.box.left), Units(area.box.top), Units(area.box.width),
-                              Units(area.box.height));
+        mTarget.DrawRectangle(left, top, Snap((area.box.left + area.box.width) * mScale) - left,
+                              Snap((area.box.top + area.box.height) * mScale) - top);
     }
 
     void Draw(const platform::PageLine& line) {
-        const double width = std::max(Units(line.width), mThinnest);
-        mTarget.SetPen(mTarget.CreatePen(
-            wxGraphicsPenInfo(*wxBLACK, width, wxPENSTYLE_SOLID).Cap(wxCAP_PROJECTING)));
-        mTarget.StrokeLine(Units(line.left), Units(line.top), Units(line.right),
-                           Units(line.bottom));
+        const double width = std::max(Snap(line.width * mScale), mPixel);
+        const auto edge = [&](int tenths) { return Snap(tenths * mScale - width / 2); };
+        mTarget.SetBrush(*wxBLACK_BRUSH);
+        mTarget.DrawRectangle(edge(line.left), edge(line.top),
+                              edge(line.right) - edge(line.left) + width,
+                              edge(line.bottom) - edge(line.top) + width);
     }
 
     void Draw(const platform::PageText& text) {
         const wxString shown = Text(text.text);
+        const double unit = mScale / kUnitsPerTenth;
+        mTarget.PushState();
+        mTarget.Translate(text.box.left * mScale, text.box.top * mScale);
+        mTarget.Scale(unit, unit);
         mTarget.SetFont(FontOf(text));
         double needed = 0;
         double height = 0;
-        mTarget.GetTextExtent(shown, &needed, &height);
-        const double room = Units(text.box.width);
+        double descent = 0;
+        mTarget.GetTextExtent(shown, &needed, &height, &descent);
+        const double room = text.box.width * kUnitsPerTenth;
         // What this device's letters make wider than was measured is drawn narrower.
         const double narrowed = needed > room ? room / needed : 1;
-        mTarget.PushState();
-        mTarget.Translate(
-            Units(text.box.left) + (room - needed * narrowed) * ShareBefore(text.alignment),
-            Units(text.box.top) + (Units(text.box.height) - height) / 2);
+        const double ascent = height - descent;
+        const double middle = (text.box.height * kUnitsPerTenth - height) / 2;
+        const double baseline = Snap(text.box.top * mScale + (middle + ascent) * unit);
+        mTarget.Translate((room - needed * narrowed) * ShareBefore(text.alignment),
+                          (baseline - text.box.top * mScale) / unit - ascent);
         mTarget.Scale(narrowed, 1);
         mTarget.DrawText(shown, 0, 0);
         mTarget.PopState();
     }
 
 private:
-    static double Units(int tenths) { return static_cast<double>(tenths) * kUnitsPerTenth; }
+    // The nearest whole dot.
+    double Snap(double place) const {
+        return mPixel > 0 ? std::round(place / mPixel) * mPixel : place;
+    }
 
     static double ShareBefore(PageAlignment alignment) {
         if (alignment == PageAlignment::Left) return 0;
@@ -82,22 +92,19 @@ private:
     }
 
     wxGraphicsContext& mTarget;
-    double mThinnest;
+    double mScale;
+    double mPixel;
     std::map<std::pair<int, bool>, wxGraphicsFont> mFonts;
 };
 
 }  // namespace
 
 void DrawPage(wxGraphicsContext& target, const platform::Page& page, double scale, double pixel) {
-    target.PushState();
-    target.Scale(scale / kUnitsPerTenth, scale / kUnitsPerTenth);
-    PageDrawing drawing(target, pixel / scale * kUnitsPerTenth);
-    if (pixel > 0) target.SetAntialiasMode(wxANTIALIAS_NONE);
+    PageDrawing drawing(target, scale, pixel);
+    target.SetPen(wxGraphicsPen());
     for (const platform::PageArea& area : page.areas) drawing.Draw(area);
     for (const platform::PageLine& line : page.lines) drawing.Draw(line);
-    target.SetAntialiasMode(wxANTIALIAS_DEFAULT);
     for (const platform::PageText& text : page.texts) drawing.Draw(text);
-    target.PopState();
 }
 
 }  // namespace kelvane::desktop

@@ -66,6 +66,10 @@ wxWindow* Stage::TopWindow() const {
     return top.form;
 }
 
+void Stage::Settle() {
+    if (!mLevels.empty() && mLevels.back().form != nullptr) mLevels.back().form->Settle();
+}
+
 bool Stage::IsTopmost(const FormWindow& window) const {
     return !mLevels.empty() && mLevels.back().form == &window;
 }

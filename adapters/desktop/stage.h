@@ -40,6 +40,8 @@ public:
     bool IsTopmost(const FormWindow& window) const;
     // The topmost window; null when none is shown.
     wxWindow* TopWindow() const;
+    // Waits until the topmost window is painted as it is.
+    void Settle();
     // Hands out what stopped the operator, if anything did.
     std::exception_ptr TakeFailure() { return std::exchange(mFailure, nullptr); }
 

@@ -19,7 +19,7 @@ namespace kelvane::desktop {
 class Stage;
 class ToolbarView;
 
-class FormWindow : public wxDialog, public ViewHost {
+class FormWindow final : public wxDialog, public ViewHost {
 public:
     FormWindow(Stage& stage, controls::Form& form, wxWindow* parent);
     ~FormWindow() override;

@@ -59,6 +59,7 @@ void Form::SetFocus(Control& control) {
 void Form::Load() {
     if (mLoaded) return;
     mLoaded = true;
+    mActive = nullptr;
     RunEvent("Form_Load", [this] { Form_Load(); });
     RunEvent("Form_Resize", [this] { Form_Resize(); });
     if (mActive == nullptr) {

@@ -39,11 +39,12 @@ inline std::vector<sqlite::TableDescription> EmbeddedTables() {
 class EmbeddedAccount {
 public:
     // `name` makes the file's name distinct among tests that run at the same time.
-    explicit EmbeddedAccount(const std::string& name)
+    explicit EmbeddedAccount(const std::string& name,
+                             const std::vector<sqlite::TableDescription>& tables = EmbeddedTables())
         : mFolder(std::filesystem::temp_directory_path() / ("kelvane_" + name)) {
         std::filesystem::remove_all(mFolder);
         std::filesystem::create_directories(mFolder);
-        sqlite::CreateAccount(Path(), EmbeddedTables());
+        sqlite::CreateAccount(Path(), tables);
     }
     ~EmbeddedAccount() {
         std::error_code ignored;
@@ -54,11 +55,15 @@ public:
 
     std::string Path() const { return (mFolder / "account.db").string(); }
 
-    // An open connection that waits `timeout` milliseconds for another's lock.
+    // For a connection that waits `timeout` milliseconds for another's lock.
+    std::string ConnectionString(int timeout = 50) const {
+        return "Data Source=\"" + Path() + "\";Timeout=" + std::to_string(timeout);
+    }
+
+    // An open connection.
     std::shared_ptr<platform::Connection> Connect(int timeout = 50) const {
         auto connection = sqlite::CreateConnection();
-        connection->SetConnectionString("Data Source=\"" + Path() +
-                                        "\";Timeout=" + std::to_string(timeout));
+        connection->SetConnectionString(ConnectionString(timeout));
         connection->SetCursorLocation(platform::CursorLocation::Client);
         connection->Open("", "", -1);
         return connection;

@@ -22,6 +22,9 @@ struct StatementLog {
     std::vector<RecordedStatement> statements;
     // A statement that contains this text fails before it reaches the database; empty: none.
     std::string failing;
+    // The answer to a commit does not come; the transaction was saved, or it was not.
+    enum class LostAnswer { None, Saved, NotSaved };
+    LostAnswer lostAnswer = LostAnswer::None;
 
     void Add(RecordedStatement statement) {
         const bool fails = !failing.empty() && statement.text.find(failing) != std::string::npos;
@@ -61,7 +64,9 @@ public:
     }
     void Commit() override {
         mLog.Add({mPath, "commit"});
-        mInner->Commit();
+        using Lost = StatementLog::LostAnswer;
+        if (mLog.lostAnswer != Lost::NotSaved) mInner->Commit();
+        if (mLog.lostAnswer != Lost::None) throw platform::CommitInDoubt("没有收到答复");
     }
     void RollBack() override {
         mLog.Add({mPath, "roll back"});

@@ -15,6 +15,10 @@ public:
     std::vector<platform::Message> messages;
     // Answers to the next questions; No when there are none left.
     std::deque<platform::MessageAnswer> answers;
+    // What was sent by SendKeys, one text a call.
+    std::vector<std::string> sentKeys;
+    int beeps = 0;
+    std::string helpFile;
 
     void ShowModal(platform::Window&) override {}
 
@@ -27,9 +31,9 @@ public:
         return answer;
     }
 
-    void SendKeys(std::string_view) override {}
-    void Beep() override {}
-    void SetHelpFile(std::string_view) override {}
+    void SendKeys(std::string_view keys) override { sentKeys.emplace_back(keys); }
+    void Beep() override { ++beeps; }
+    void SetHelpFile(std::string_view path) override { helpFile = path; }
     int TwipsPerPixelX() const override { return 15; }
     int TwipsPerPixelY() const override { return 15; }
     int ScreenWidth() const override { return 1920 * 15; }

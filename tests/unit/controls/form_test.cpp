@@ -104,6 +104,17 @@ TEST(FormLife, ALoadedFormHasAnActiveControl) {
     EXPECT_EQ(form.ActiveControl(), &first);
 }
 
+TEST(FormLife, AFormOpenedAgainBeginsAtItsFirstControl) {
+    EventForm form;
+    EditBox first(form, "First");
+    EditBox second(form, "Second");
+    form.Load();
+    second.SetFocus();
+    form.Unload();
+    form.Load();
+    EXPECT_EQ(form.ActiveControl(), &first);
+}
+
 TEST(FormSize, ResizeRunsWhenTheSizeChanges) {
     EventForm form;
     form.SetSize(9195, 6190);

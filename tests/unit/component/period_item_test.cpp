@@ -1,0 +1,237 @@
+#include "component/period_item.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "data/login_context.h"
+#include "tests/support/embedded_account.h"
+#include "tests/support/recording_registry.h"
+#include "tests/support/recording_windows.h"
+#include "tests/support/test_host.h"
+
+namespace kelvane::component {
+namespace {
+
+using namespace data;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A connection in front of the embedded one that keeps what is asked of it, in order.
+class TracedConnection : public platform::Connection {
+public:
+    explicit TracedConnection(std::vector<std::string>& trace) : mTrace(trace) {}
+
+    void SetConnectionString(std::string_view text) override {
+        Note("string " + std::string(text));
+        mInner->SetConnectionString(text);
+    }
+    void SetCursorLocation(platform::CursorLocation location) override {
+        Note("cursors " + std::to_string(static_cast<int>(location)));
+        mInner->SetCursorLocation(location);
+    }
+    void Open(std::string_view user, std::string_view password, int options) override {
+        Note("open <" + std::string(user) + "> <" + std::string(password) + "> " +
+             std::to_string(options));
+        mInner->Open(user, password, options);
+    }
+    void Close() override {
+        Note("close");
+        mInner->Close();
+    }
+    int State() const override { return mInner->State(); }
+    void Begin() override { mInner->Begin(); }
+    void Commit() override { mInner->Commit(); }
+    void RollBack() override { mInner->RollBack(); }
+
+protected:
+    void DoExecute(const std::string& statement) override { ForwardExecute(*mInner, statement); }
+    std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
+        const std::string& statement, const platform::RecordSetOptions& options) override {
+        Note(statement);
+        return ForwardOpenRecordSet(*mInner, statement, options);
+    }
+
+private:
+    void Note(const std::string& line) { mTrace.push_back(line); }
+
+    std::vector<std::string>& mTrace;
+    std::shared_ptr<platform::Connection> mInner = sqlite::CreateConnection();
+};
+
+// Keeps the forms that are shown, with what stands in gToday then.
+class ShowingWindows : public support::RecordingWindows {
+public:
+    std::vector<std::string> shown;
+    void ShowModal(platform::Window& window) override {
+        shown.push_back(window.Name() + " " + gToday);
+    }
+};
+
+constexpr const char* kNumPoints =
+    "select cname, cValue from PM_SettingInf  where cName like 'NumPoint%' ";
+
+class PeriodItemTest : public testing::Test {
+protected:
+    PeriodItemTest() : account(Name()) {
+        services.windows = &windows;
+        services.registry = &registry;
+        services.createConnection = [this] {
+            ++connections;
+            return std::make_shared<TracedConnection>(trace);
+        };
+        services.today = [this] { return today; };
+        login.connectionString = account.ConnectionString();
+        for (const platform::FixedText& statement : kSettings) {
+            account.Connect()->Execute(statement);
+        }
+    }
+    ~PeriodItemTest() override {
+        gConn.reset();
+        gEnv = nullptr;
+        gLogin = nullptr;
+        gServices = nullptr;
+        gNumPointQty = gNumPointPrice = gNumPointRate = gNumPointMoney = 0;
+        gUnitName = gOperatorName = gAccountYear = gToday = gPrintStylePath = "";
+        gColorWhite = gColorLocked = gColorPink = gColorCream = 0;
+    }
+
+    static std::string Name() {
+        return std::string("PeriodItemTest_") +
+               testing::UnitTest::GetInstance()->current_test_info()->name();
+    }
+
+    static inline const std::vector<platform::FixedText> kSettings{
+        "insert into PM_SettingInf values('NumPoint_Num','3')",
+        "insert into PM_SettingInf values('NumPoint_Price','4')"};
+
+    support::EmbeddedAccount account;
+    std::vector<std::string> trace;
+    int connections = 0;
+    platform::DateTime today{2004, 7, 9, 15, 30};
+    ShowingWindows windows;
+    support::RecordingRegistry registry;
+    support::TestLogin login;
+    platform::ConnectionDataAccess dataAccess{account.Connect()};
+    support::TestEnvironment environment{dataAccess};
+    platform::Services services;
+};
+
+TEST_F(PeriodItemTest, InitFillsTheLoginContext) {
+    PeriodItem item(services);
+    environment.accountYear = 2011;
+    EXPECT_TRUE(item.Init(login, environment, "C:\\Kx"));
+    EXPECT_EQ(gLogin, &login);
+    EXPECT_EQ(gEnv, &environment);
+    EXPECT_EQ(gUnitName, "测试");
+    EXPECT_EQ(gOperatorName, "测试");
+    EXPECT_EQ(gAccountYear, "2011");
+    EXPECT_EQ(gPrintStylePath, "C:\\Kx\\printStyle\\");
+    EXPECT_EQ(gColorWhite, 0xFFFFFFU);
+    EXPECT_EQ(gColorLocked, 205U + 256U * 208U + 65536U * 215U);
+    EXPECT_EQ(gColorPink, 247U + 256U * 237U + 65536U * 236U);
+    EXPECT_EQ(gColorCream, 238U + 256U * 238U + 65536U * 214U);
+    EXPECT_EQ(gNumPointQty, 3);
+    EXPECT_EQ(gNumPointPrice, 4);
+    EXPECT_EQ(gNumPointRate, 0);
+    EXPECT_EQ(gNumPointMoney, 2);
+}
+
+TEST_F(PeriodItemTest, InitOpensTheConnectionBeforeItReadsTheSettings) {
+    PeriodItem item(services);
+    item.Init(login, environment, "");
+    EXPECT_EQ(connections, 1);
+    EXPECT_THAT(trace, ElementsAre("string " + login.connectionString, "cursors 3", "open <> <> -1",
+                                   kNumPoints));
+    EXPECT_EQ(gPrintStylePath, "\\printStyle\\");
+}
+
+TEST_F(PeriodItemTest, ASecondInitReconnectsWithTheNewLogin) {
+    PeriodItem item(services);
+    item.Init(login, environment, "");
+    const auto connection = gConn;
+    trace.clear();
+
+    const support::EmbeddedAccount other(Name() + "_other");
+    support::TestLogin second;
+    second.connectionString = other.ConnectionString();
+    platform::ConnectionDataAccess otherAccess{other.Connect()};
+    support::TestEnvironment otherEnvironment{otherAccess};
+    otherEnvironment.accountYear = 2005;
+    EXPECT_TRUE(item.Init(second, otherEnvironment, "D:"));
+    EXPECT_THAT(trace, ElementsAre("close", "string " + second.connectionString, "cursors 3",
+                                   "open <> <> -1", kNumPoints));
+    EXPECT_EQ(connections, 1);
+    EXPECT_EQ(gConn, connection);
+    EXPECT_EQ(gConn->State() & platform::kStateOpen, platform::kStateOpen);
+    EXPECT_EQ(gLogin, &second);
+    EXPECT_EQ(gEnv, &otherEnvironment);
+    EXPECT_EQ(gAccountYear, "2005");
+    EXPECT_EQ(gPrintStylePath, "D:\\printStyle\\");
+    // What the new account does not have keeps the value of before.
+    EXPECT_EQ(gNumPointPrice, 4);
+    gConn->Close();
+}
+
+TEST_F(PeriodItemTest, AConnectionThatDoesNotOpenIsTheHostsError) {
+    PeriodItem item(services);
+    login.connectionString = "Data Source=\"" + account.Path() + ".gone\"";
+    EXPECT_THROW(item.Init(login, environment, ""), platform::DatabaseError);
+    EXPECT_EQ(gEnv, nullptr);
+    EXPECT_THROW(item.Show(), std::logic_error);
+    EXPECT_THAT(windows.shown, IsEmpty());
+}
+
+TEST_F(PeriodItemTest, AHostPropertyThatFailsIsTheHostsError) {
+    PeriodItem item(services);
+    environment.fails = true;
+    EXPECT_THROW(item.Init(login, environment, "C:"), platform::HostError);
+    EXPECT_EQ(gPrintStylePath, "");
+    // The connection stands; the next attempt closes it first.
+    trace.clear();
+    environment.fails = false;
+    EXPECT_TRUE(item.Init(login, environment, "C:"));
+    EXPECT_THAT(trace, ElementsAre("close", "string " + login.connectionString, "cursors 3",
+                                   "open <> <> -1", kNumPoints));
+}
+
+TEST_F(PeriodItemTest, AnInitThatFailsTakesTheLoginBeforeAway) {
+    PeriodItem item(services);
+    item.Init(login, environment, "");
+    environment.fails = true;
+    EXPECT_THROW(item.Init(login, environment, ""), platform::HostError);
+    EXPECT_THROW(item.Show(), std::logic_error);
+    EXPECT_THAT(windows.shown, IsEmpty());
+}
+
+TEST_F(PeriodItemTest, SettingsThatCannotBeReadAreNoErrorOfInit) {
+    PeriodItem item(services);
+    auto tables = support::EmbeddedTables();
+    std::erase_if(tables, [](const auto& table) { return table.name == "PM_SettingInf"; });
+    const support::EmbeddedAccount without(Name() + "_without", tables);
+    login.connectionString = without.ConnectionString();
+    EXPECT_TRUE(item.Init(login, environment, ""));
+    EXPECT_EQ(gNumPointMoney, 0);
+    EXPECT_EQ(gUnitName, "测试");
+    gConn->Close();
+}
+
+TEST_F(PeriodItemTest, ShowNeedsAnInit) {
+    PeriodItem item(services);
+    EXPECT_THROW(item.Show(), std::logic_error);
+    EXPECT_THAT(windows.shown, IsEmpty());
+    EXPECT_EQ(gToday, "");
+}
+
+TEST_F(PeriodItemTest, ShowStampsTheDayEachTimeAndOpensTheList) {
+    PeriodItem item(services);
+    item.Init(login, environment, "");
+    item.Show();
+    today = {2005, 12, 31};
+    item.Show();
+    EXPECT_THAT(windows.shown, ElementsAre("frmPeriodItem 2004.07.09", "frmPeriodItem 2005.12.31"));
+}
+
+}  // namespace
+}  // namespace kelvane::component

@@ -252,6 +252,7 @@ private:
     const Column& ColumnAt(int col) const;
     Column& ColumnAt(int col);
     int InternColors(ColorSet colors);
+    int AddColorStep(int from, int col, Color color);
     bool CanEdit(int row, int col) const;
     bool RowCanBeEdited(int row) const;
     bool OpenEdit();
@@ -270,6 +271,14 @@ private:
     RowSource mSource;
     std::vector<ColorSet> mColorSets;
     std::map<ColorSet, int> mColorIndex;
+    // Which set a row comes to have when one of its cells gets a colour: rows are painted alike.
+    struct ColorStep {
+        int from;
+        int col;
+        Color color;
+        int to;
+    };
+    std::vector<ColorStep> mColorSteps;
     int mFixedRows = 1;
     int mFixedCols = 1;
     int mDefaultRowHeight = 300;

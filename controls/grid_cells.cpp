@@ -166,11 +166,23 @@ void Grid::SetCellColor(int row, int col, Color color) {
     if (row == Rows()) return;
     GridRow& target = RowAt(row);
     if (CellColor(row, col) == color) return;
-    ColorSet colors = mColorSets[static_cast<std::size_t>(target.colors)];
+    const auto known =
+        std::find_if(mColorSteps.begin(), mColorSteps.end(), [&](const ColorStep& step) {
+            return step.from == target.colors && step.col == col && step.color == color;
+        });
+    target.colors =
+        known != mColorSteps.end() ? known->to : AddColorStep(target.colors, col, color);
+    Touch();
+}
+
+int Grid::AddColorStep(int from, int col, Color color) {
+    constexpr std::size_t kMostSteps = 32;
+    ColorSet colors = mColorSets[static_cast<std::size_t>(from)];
     if (colors.size() < mColumns.size()) colors.resize(mColumns.size(), kOwnColor);
     colors[static_cast<std::size_t>(col)] = color;
-    target.colors = InternColors(std::move(colors));
-    Touch();
+    const int set = InternColors(std::move(colors));
+    if (mColorSteps.size() < kMostSteps) mColorSteps.push_back({from, col, color, set});
+    return set;
 }
 
 Color Grid::CellColor(int row, int col) const {

@@ -36,7 +36,10 @@ std::shared_ptr<const tsql::TableInfo> SqliteCatalog::FindTable(std::string_view
 std::shared_ptr<const tsql::TableInfo> SqliteCatalog::Read(const std::string& name) {
     Statement statement(mDatabase,
                         "select m.name, c.name, c.type, c.\"notnull\", c.pk, "
-                        "  (select count(*) from pragma_table_info(m.name) where pk > 0) "
+                        "  (select count(*) from pragma_table_info(m.name) where pk > 0), "
+                        "  exists (select 1 from sqlite_schema i where i.type = 'index' and "
+                        "    i.tbl_name = m.name and i.sql like 'create unique %' and instr(i.sql, "
+                        "    '(rtrim(\"' || c.name || '\") collate nocase)') > 0) "
                         "from sqlite_schema m join pragma_table_info(m.name) c "
                         "where m.type = 'table' and m.name = ?1 collate nocase "
                         "  and m.name not like 'sqlite\\_%' escape '\\' order by c.cid",
@@ -53,6 +56,7 @@ std::shared_ptr<const tsql::TableInfo> SqliteCatalog::Read(const std::string& na
         column.type = DialectType(table->name, column.name, declared);
         column.isRowNumber = statement.Integer(4) > 0 && statement.Integer(5) == 1 &&
                              tsql::EqualIgnoringCase(declared, "integer");
+        column.isTextKey = statement.Integer(6) != 0;
         column.nullable = statement.Integer(3) == 0 && statement.Integer(4) == 0;
         table->columns.push_back(std::move(column));
     }

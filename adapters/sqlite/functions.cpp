@@ -66,6 +66,22 @@ Datum Like(sqlite3_value** values) {
     return std::int64_t{matches ? 1 : 0};
 }
 
+// Behind whatever a text goes on with.
+constexpr std::string_view kLastCharacter = "\xFF\xFF\xFF\xFF";
+
+// Called for every row of a join, so without the detour over a value of ours.
+template <bool IsLast>
+void CallKey(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+    const std::string_view text = tsql::TrimEnd(TextArgument(values[0]));
+    const std::string_view part = tsql::AsciiCasedPart(text);
+    if (!IsLast || part.size() == text.size()) {
+        sqlite3_result_text64(context, part.data(), part.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+        return;
+    }
+    Guarded(context, [&] { SetResult(context, std::string(part).append(kLastCharacter)); });
+}
+
 template <Datum (*Function)(sqlite3_value**)>
 void Call(sqlite3_context* context, int, sqlite3_value** values) {
     Guarded(context, [&] { SetResult(context, Function(values)); });
@@ -86,6 +102,7 @@ constexpr ScalarFunction kFunctions[] = {
     {"kelvane_units", 1, Call<Units>},           {"kelvane_date", 1, Call<Date>},
     {"kelvane_convert", 5, Call<Convert>},       {"kelvane_store", 4, Call<Store>},
     {"kelvane_arithmetic", 4, Call<Arithmetic>}, {"kelvane_like", 2, Call<Like>},
+    {"kelvane_first_key", 1, CallKey<false>},    {"kelvane_last_key", 1, CallKey<true>},
 };
 
 }  // namespace

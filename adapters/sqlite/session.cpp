@@ -74,10 +74,15 @@ std::shared_ptr<PreparedBatch> Session::Prepare(bool changeable) {
 
 Statement& Session::PreparedAt(PreparedBatch& batch, std::size_t place) {
     Statement& statement = batch.prepared[place];
-    if (!statement) {
-        statement =
-            Statement(mDatabase, batch.translation->statements[place].translated.text, true);
+    if (statement) return statement;
+    const auto textAt = [&](std::size_t at) -> const std::string& {
+        return batch.translation->statements[at].translated.text;
+    };
+    // Neighbours that differ in their values alone take turns with one prepared statement.
+    if (place > 0 && textAt(place) == textAt(place - 1)) {
+        statement = std::move(batch.prepared[place - 1]);
     }
+    if (!statement) statement = Statement(mDatabase, textAt(place), true);
     return statement;
 }
 

@@ -7,9 +7,12 @@ namespace kelvane::sqlite {
 
 namespace {
 constexpr std::size_t kMostEntries = 128;
-}
+// A longer batch, which a script with many lines makes, would fill the memory and hardly return.
+constexpr std::size_t kMostStatements = 64;
+}  // namespace
 
 bool PreparedBatch::IsLasting() const {
+    if (translation->statements.size() > kMostStatements) return false;
     return std::none_of(translation->statements.begin(), translation->statements.end(),
                         [](const auto& statement) { return statement.error.has_value(); });
 }

@@ -18,7 +18,7 @@ struct PreparedBatch {
     std::shared_ptr<const tsql::Translation> translation;
     std::vector<Statement> prepared;  // one for each statement of the translation
 
-    // Whether running it again may find it: a missing table may exist then.
+    // Whether it is worth keeping and running it again may find it: a missing table may exist then.
     bool IsLasting() const;
 };
 

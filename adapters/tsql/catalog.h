@@ -16,6 +16,8 @@ struct ColumnInfo {
     bool nullable = true;
     // The target engine numbers the rows by this column and would fill in a Null by itself.
     bool isRowNumber = false;
+    // A text that is its table's whole key: the target engine finds a row by it.
+    bool isTextKey = false;
 };
 
 struct TableInfo {

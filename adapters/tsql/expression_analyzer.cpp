@@ -155,6 +155,7 @@ void ExpressionAnalyzer::Column(Expression& expression) {
         expression.table = found->CorrelationName();
         expression.name = column->name;
         expression.type = column->type;
+        expression.isTextKey = column->isTextKey;
         return;
     }
     if (!hasTables) {

@@ -216,13 +216,44 @@ std::unique_ptr<Select> ParseSelect(TokenReader& reader) {
     return select;
 }
 
+namespace {
+
+// A statement that a batch may have many of, with other values.
+struct KnownStatement {
+    TokenReader::Run run;
+    std::size_t place;
+};
+
+bool TakeKnown(TokenReader& reader, const std::vector<KnownStatement>& known,
+               std::vector<Statement>& statements) {
+    for (const KnownStatement& candidate : known) {
+        std::size_t shift = 0;
+        if (!reader.TakeSame(candidate.run, shift)) continue;
+        Statement& statement = statements.emplace_back();
+        statement.sameAs = candidate.place;
+        statement.literalShift = shift;
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
 std::vector<Statement> ParseBatch(TokenReader& reader) {
+    constexpr std::size_t kMostKnown = 16;
     std::vector<Statement> statements;
+    std::vector<KnownStatement> known;
     while (reader.TakeSymbol(";")) {
     }
     while (!reader.AtEnd()) {
+        if (TakeKnown(reader, known, statements)) continue;
         reader.BeginStatement();
+        const std::size_t start = reader.Place();
+        const std::size_t fixedLiterals = reader.FixedLiterals().size();
         statements.push_back(ParseStatement(reader));
+        if (known.size() < kMostKnown && fixedLiterals == reader.FixedLiterals().size()) {
+            known.push_back({{start, reader.Place() - start}, statements.size() - 1});
+        }
         while (reader.TakeSymbol(";")) {
         }
     }

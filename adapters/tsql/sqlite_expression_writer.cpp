@@ -157,7 +157,21 @@ std::string SqliteExpressionWriter::CompareCondition(const Expression& expressio
         }
     }
     const std::string first = Value(left);
-    return first + ' ' + expression.symbol + ' ' + Comparable(right);
+    std::string text = first + ' ' + expression.symbol + ' ' + Comparable(right);
+    if (expression.symbol == "=" && left.kind == Kind::Column && right.kind == Kind::Column) {
+        if (left.isTextKey) text += KeyRange(left, right);
+        if (right.isTextKey) text += KeyRange(right, left);
+    }
+    return text;
+}
+
+// The keys' index knows the letter case of ASCII alone. A key that equals `sought` lies between
+// these two, which are one and the same unless other letters with a case are in it.
+std::string SqliteExpressionWriter::KeyRange(const Expression& key, const Expression& sought) {
+    const std::string indexed = "rtrim(" + StoredColumn(key) + ')';
+    const std::string text = StoredColumn(sought);
+    return " and " + indexed + " >= kelvane_first_key(" + text + ") collate nocase and " + indexed +
+           " <= kelvane_last_key(" + text + ") collate nocase";
 }
 
 std::string SqliteExpressionWriter::Condition(const Expression& expression) {

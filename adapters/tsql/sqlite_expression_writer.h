@@ -36,6 +36,7 @@ private:
     std::string ConvertValue(const Expression& expression);
     std::string QueryValue(const Select& query);
     std::string CompareCondition(const Expression& expression);
+    static std::string KeyRange(const Expression& key, const Expression& sought);
     std::string Condition(const Expression& expression);
 
     WriteQuery mWriteQuery;

@@ -7,6 +7,9 @@
 //   kelvane_store(x,type,n,column)    a value as its column stores it
 //   kelvane_arithmetic(op,type,a,b)   + - * / % within one type
 //   kelvane_like(pattern,text)        LIKE
+//   kelvane_first_key(x), kelvane_last_key(x)
+//                                     between which every text equal to x lies, blanks at its end
+//                                     removed, where only ASCII's letter case is ignored
 //   kelvane_single(x)                 aggregate: the value of at most one row
 //   kelvane_sum(x), kelvane_sum_int(x), kelvane_avg(x), kelvane_avg_int(x)
 //                                     aggregates of ten-thousandths and of integers

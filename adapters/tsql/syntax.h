@@ -60,7 +60,8 @@ struct Expression {
 
     // Filled in by the analyzer. Of a literal, `type` is what it is converted to before it runs.
     Type type;
-    std::string table;  // correlation name of a column
+    std::string table;       // correlation name of a column
+    bool isTextKey = false;  // of a column, as its ColumnInfo says
     bool wide = false;
 };
 
@@ -108,6 +109,11 @@ struct Assignment {
 
 struct Statement {
     enum class Kind { Select, Insert, Update, Delete };
+
+    // An earlier statement of the batch that this one differs from in its literals' values alone;
+    // the rest is empty then. Its literals lie `literalShift` behind the other's.
+    std::optional<std::size_t> sameAs;
+    std::size_t literalShift = 0;
 
     Kind kind = Kind::Select;
     std::unique_ptr<Select> select;  // of a select, and of an insert that takes its rows from one

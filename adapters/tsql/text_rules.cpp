@@ -127,12 +127,23 @@ int CompareText(std::string_view a, std::string_view b) {
     return static_cast<int>(!a.empty()) - static_cast<int>(!b.empty());
 }
 
-bool HasOnlyAsciiCase(std::string_view text) {
-    while (!text.empty()) {
-        const char32_t character = TakeCharacter(text);
-        if (character >= 0x80 && HasCase(character)) return false;
+std::string_view AsciiCasedPart(std::string_view text) {
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        if (static_cast<unsigned char>(rest.front()) < 0x80) {
+            rest.remove_prefix(1);
+            continue;
+        }
+        std::string_view behind = rest;
+        const char32_t character = TakeCharacter(behind);
+        if (HasCase(character)) break;
+        rest = behind;
     }
-    return true;
+    return text.substr(0, text.size() - rest.size());
+}
+
+bool HasOnlyAsciiCase(std::string_view text) {
+    return AsciiCasedPart(text).size() == text.size();
 }
 
 bool MatchesPattern(std::string_view text, std::string_view pattern) {

@@ -15,6 +15,10 @@ int CompareText(std::string_view a, std::string_view b);
 // than ASCII's letter case.
 bool HasOnlyAsciiCase(std::string_view text);
 
+// The beginning of the text before its first letter with a case that is not ASCII's; the whole
+// text when there is none.
+std::string_view AsciiCasedPart(std::string_view text);
+
 // The text without its trailing blanks.
 std::string_view TrimEnd(std::string_view text);
 

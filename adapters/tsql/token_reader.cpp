@@ -35,6 +35,9 @@ constexpr std::string_view kUntranslated[] = {
     "use",      "view",   "waitfor", "when",        "while",
 };
 
+// What a statement starts with, and no statement goes on with.
+constexpr std::string_view kFirstWords[] = {"insert", "delete", "update", "select"};
+
 template <std::size_t N>
 bool Contains(const std::string_view (&words)[N], std::string_view word) {
     return std::any_of(std::begin(words), std::end(words),
@@ -47,6 +50,33 @@ bool TokenReader::IsWordAt(std::size_t place, std::string_view word) const {
     if (place >= mText.tokens.size()) return false;
     const Token& token = mText.tokens[place];
     return token.kind == Token::Kind::Name && EqualIgnoringCase(token.text, word);
+}
+
+bool TokenReader::IsSameToken(const Token& a, const Token& b) const {
+    if (a.kind != b.kind) return false;
+    if (a.kind != Token::Kind::Literal) return a.text == b.text;
+    const Literal& x = LiteralOf(a);
+    const Literal& y = LiteralOf(b);
+    return x.form == y.form && x.wide == y.wide && x.type.kind == y.type.kind;
+}
+
+bool TokenReader::TakeSame(const Run& run, std::size_t& literalShift) {
+    const std::size_t end = mAt + run.length;
+    if (end >= mText.tokens.size()) return false;
+    // What follows must not belong to the statement.
+    const bool ends = mText.tokens[end].kind == Token::Kind::End ||
+                      std::any_of(std::begin(kFirstWords), std::end(kFirstWords),
+                                  [&](std::string_view word) { return IsWordAt(end, word); });
+    if (!ends) return false;
+    literalShift = 0;
+    for (std::size_t at = 0; at < run.length; ++at) {
+        const Token& known = mText.tokens[run.start + at];
+        const Token& token = mText.tokens[mAt + at];
+        if (!IsSameToken(known, token)) return false;
+        if (token.kind == Token::Kind::Literal) literalShift = token.literal - known.literal;
+    }
+    mAt = end;
+    return true;
 }
 
 bool TokenReader::IsSymbol(std::string_view symbol) const {

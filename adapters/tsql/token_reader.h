@@ -51,6 +51,16 @@ public:
 
     const std::vector<FixedLiteral>& FixedLiterals() const { return mFixed; }
 
+    // A whole statement's tokens, to be recognised when it comes again with other values.
+    struct Run {
+        std::size_t start = 0;
+        std::size_t length = 0;
+    };
+    std::size_t Place() const { return mAt; }
+    // Takes the statement if it is the one of `run` but for its literals' values; tells how far
+    // behind that one's its literals are.
+    bool TakeSame(const Run& run, std::size_t& literalShift);
+
     // Counts an operator of a chain ("a or b or …"), which nests as well; each statement has its
     // own count. Throws when there are too many.
     void CountLink();
@@ -70,6 +80,7 @@ public:
 
 private:
     bool IsWordAt(std::size_t place, std::string_view word) const;
+    bool IsSameToken(const Token& a, const Token& b) const;
 
     const LexedText& mText;
     std::size_t mAt = 0;

@@ -12,6 +12,12 @@ namespace kelvane::tsql {
 
 namespace {
 
+// The same statement with the values that lie further back in the text.
+TranslatedStatement Shifted(TranslatedStatement statement, std::size_t literals) {
+    for (Parameter& parameter : statement.translated.parameters) parameter.literal += literals;
+    return statement;
+}
+
 bool IsErrorOfItsStatement(int code) {
     return code == error::kUnknownTable || code == error::kNullRefused;
 }
@@ -31,6 +37,11 @@ Translation Translate(const LexedText& text, Catalog& catalog, StatementWriter& 
     Translation translation;
     translation.fixedLiterals = reader.FixedLiterals();
     for (Statement& statement : statements) {
+        if (statement.sameAs) {
+            translation.statements.push_back(
+                Shifted(translation.statements[*statement.sameAs], statement.literalShift));
+            continue;
+        }
         TranslatedStatement& result = translation.statements.emplace_back();
         try {
             Analyze(statement, catalog);

@@ -327,5 +327,55 @@ TEST_F(Dialect, TreatsEqualShapesWithTheirOwnValues) {
     EXPECT_EQ(Rows("select id from Probe where id = -2"), "");
 }
 
+TEST_F(Dialect, JoinsTextsAsItComparesThem) {
+    Execute(
+        "insert into Coded(code,name) values('J01','a') insert into Coded(code,name) "
+        "values('Ä1x','b') insert into Coded(code,name) values('ＡＢ ','c') "
+        "insert into Coded(code,name) values('Ä1','d') insert into Coded(code,name) "
+        "values('大桥','e')");
+    Execute(
+        "insert into Probe(id,c) values(1,'j01  ') insert into Probe(id,c) values(2,'ä1X') "
+        "insert into Probe(id,c) values(3,'ａｂ') insert into Probe(id,c) values(4,'ä1') "
+        "insert into Probe(id,c) values(5,'大桥 ') insert into Probe(id,c) values(6,'大') "
+        "insert into Probe(id,c) values(7,null) insert into Probe(id,c) values(8,' J01') "
+        "insert into Probe(id,c) values(9,'')");
+    EXPECT_EQ(
+        Rows("select p.id,k.name from Probe p inner join Coded k on k.code=p.c order by p.id"),
+        "1|a\n2|b\n3|c\n4|d\n5|e\n");
+    EXPECT_EQ(Rows("select p.id,k.name from Probe p,Coded k where p.c=k.code order by p.id"),
+              "1|a\n2|b\n3|c\n4|d\n5|e\n");
+    EXPECT_EQ(Rows("select p.id,k.name from Probe p left join Coded k on p.c=k.code and p.id>3 "
+                   "where p.id>2 order by p.id"),
+              "3|NULL\n4|d\n5|e\n6|NULL\n7|NULL\n8|NULL\n9|NULL\n");
+    EXPECT_EQ(Rows("select p.id from Probe p,Coded k where not p.c=k.code and k.name='a' "
+                   "order by p.id"),
+              "2\n3\n4\n5\n6\n8\n9\n");
+}
+
+TEST_F(Dialect, ALongBatchWritesEachStatementsValues) {
+    constexpr int kLines = 300;
+    StatementText script("delete from PM_ItemQCsub where iEleVid=");
+    script.Number(7);
+    for (int line = 0; line < kLines; ++line) {
+        script << " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(";
+        script.Number(7) << ",";
+        script.Quoted("L" + std::to_string(line)) << ",";
+        script.Amount(Money::FromUnits(line * 5000L)) << ",";
+        script.Double(line % 3 * 0.5) << ",";
+        script.Amount(Money::FromUnits(line * 10000L)) << ")";
+    }
+    for (int turn = 0; turn < 2; ++turn) {
+        Execute(script);
+        const auto lines = Open("select cCodeMx,iUprice,iNum,mQC from PM_ItemQCsub order by mQC");
+        ASSERT_EQ(lines->RecordCount(), kLines);
+        for (int line = 0; line < kLines; ++line, lines->MoveNext()) {
+            EXPECT_EQ(lines->Field(0), Value("L" + std::to_string(line)));
+            EXPECT_EQ(lines->Field(1), Value(Money::FromUnits(line * 5000L)));
+            EXPECT_EQ(lines->Field(2), Value(line % 3 * 0.5));
+            EXPECT_EQ(lines->Field(3), Value(Money::FromUnits(line * 10000L)));
+        }
+    }
+}
+
 }  // namespace
 }  // namespace kelvane::database_test

@@ -49,28 +49,18 @@ void frmQCEdit::DeleteDetailRow() {
     if (data::AskQuestion("确实要删除当前行吗?")) Grid1.RemoveItem(row);
 }
 
-std::string frmQCEdit::LineText(int row) const {
-    std::string line;
-    for (int col = 0; col < Grid1.Cols(); ++col) {
-        if (col > 0) line += '\t';
-        line += CellText(row, col);
-    }
-    return line;
-}
-
 void frmQCEdit::TakeSnapshot() {
     mSnapshot.clear();
-    for (int row = 0; row < Grid1.Rows(); ++row) mSnapshot.push_back(LineText(row));
+    for (int row = 0; row < Grid1.Rows(); ++row) mSnapshot.push_back(Grid1.RowText(row));
 }
 
 // A code is not compared: changing it always rewrites the name, which is.
 bool frmQCEdit::HasChanged() const {
     if (static_cast<std::size_t>(Grid1.Rows()) != mSnapshot.size()) return true;
-    const auto withoutCode = [](const std::string& line) { return line.substr(line.find('\t')); };
+    const auto withoutCode = [](std::string_view line) { return line.substr(line.find('\t')); };
     for (int row = 0; row < Grid1.Rows(); ++row) {
-        if (withoutCode(LineText(row)) != withoutCode(mSnapshot[static_cast<std::size_t>(row)])) {
-            return true;
-        }
+        const std::string line = Grid1.RowText(row);
+        if (withoutCode(line) != withoutCode(mSnapshot[static_cast<std::size_t>(row)])) return true;
     }
     return false;
 }
@@ -97,7 +87,7 @@ void frmQCEdit::SaveDetails() {
         script.Amount(MoneyOfDisplay(CellText(row, PriceColumn()))) << ",";
         script.Double(data::DoubleOfDisplay(CellText(row, QuantityColumn()))) << ",";
         script.Amount(MoneyOfDisplay(CellText(row, AmountColumn()))) << ")";
-        lines.push_back(LineText(row));
+        lines.push_back(Grid1.RowText(row));
     }
     mColTempValues = std::move(lines);
     RetValue = total.IsZero() ? "" : data::NumFormatText(Value(total), data::kMoneyKind, true);

@@ -123,7 +123,6 @@ private:
     void AppendLine(const platform::RecordSet& line);
     void LayOutGrid();
     std::string CellText(int row, int col) const { return Grid1.Text(row, col); }
-    std::string LineText(int row) const;
     // The cell of a line that its row check refuses, with the message to be shown; no message when
     // the line is complete.
     struct Incomplete {

@@ -23,6 +23,8 @@ public:
                       {"flag", *ParseType("bit")}});
         Add("Item",
             {{"code", *ParseType("varchar(20)"), false}, {"title", *ParseType("varchar(40)")}});
+        Add("Unit", {{"code", *ParseType("varchar(20)"), false, false, true},
+                     {"title", *ParseType("varchar(40)")}});
     }
 
     std::shared_ptr<const TableInfo> FindTable(std::string_view name) override {

@@ -32,6 +32,14 @@ TEST(TextRules, KnowsWhenAsciiCaseIsEnough) {
     EXPECT_FALSE(HasOnlyAsciiCase("ａ"));
 }
 
+TEST(TextRules, FindsThePartThatAsciiCaseIsEnoughFor) {
+    EXPECT_EQ(AsciiCasedPart("P01 大桥"), "P01 大桥");
+    EXPECT_EQ(AsciiCasedPart("大桥 Ä1"), "大桥 ");
+    EXPECT_EQ(AsciiCasedPart("äB"), "");
+    EXPECT_EQ(AsciiCasedPart(""), "");
+    EXPECT_EQ(AsciiCasedPart("a\xE4\xBD"), "a");
+}
+
 TEST(TextRules, MatchesPatterns) {
     EXPECT_TRUE(MatchesPattern("NumPoint_Num", "numpoint%"));
     EXPECT_FALSE(MatchesPattern("NumMax", "NumPoint%"));

@@ -39,6 +39,22 @@ TEST(Translation, JoinsAndSorts) {
               R"(("a"."code" = "b"."code" collate kelvane_text))");
 }
 
+TEST(Translation, LooksForKeysInTheirIndex) {
+    EXPECT_EQ(Written("select a.id from Entry a inner join Unit b on a.code=b.code"),
+              R"(select "a"."id" from "Entry" as "a" inner join "Unit" as "b" on )"
+              R"(("a"."code" = "b"."code" collate kelvane_text and )"
+              R"(rtrim("b"."code") >= kelvane_first_key("a"."code") collate nocase and )"
+              R"(rtrim("b"."code") <= kelvane_last_key("a"."code") collate nocase))");
+    EXPECT_EQ(Written("select a.id from Entry a, Unit b where b.code=a.name"),
+              R"(select "a"."id" from "Entry" as "a", "Unit" as "b" where )"
+              R"(("b"."code" = "a"."name" collate kelvane_text and )"
+              R"(rtrim("b"."code") >= kelvane_first_key("a"."name") collate nocase and )"
+              R"(rtrim("b"."code") <= kelvane_last_key("a"."name") collate nocase))");
+    EXPECT_EQ(Written("select a.id from Entry a, Unit b where a.name<>b.code"),
+              R"(select "a"."id" from "Entry" as "a", "Unit" as "b" where )"
+              R"(("a"."name" <> "b"."code" collate kelvane_text))");
+}
+
 TEST(Translation, ConvertsLiteralsToTheColumnsType) {
     const TranslatedText result = TranslateText(
         "select id from Entry where id = '5' and amount = '1.5' and day = '2004/6/30'");
@@ -126,6 +142,65 @@ TEST(Translation, SplitsBatches) {
         EXPECT_EQ(result.translation.statements[i].translated.kind, kinds[i]) << i;
     }
     EXPECT_TRUE(TranslateText(" ;; ").translation.statements.empty());
+}
+
+// The value of parameter `parameter` of statement `place`.
+Datum ValueAt(const TranslatedText& result, std::size_t place, std::size_t parameter) {
+    const Translated& translated = result.translation.statements.at(place).translated;
+    return ValueOf(translated.parameters.at(parameter), result.text.literals);
+}
+
+TEST(Translation, StatementsOfABatchKeepTheirOwnValues) {
+    const TranslatedText result = TranslateText(
+        "delete from Entry where id=5 insert into Entry(id,code,amount) values(5,'a',10) "
+        "insert into Entry(id,code,amount) values(5,'b',-2.5) insert into Entry(id,code,amount) "
+        "values(6,'c',30) insert into Entry(id,code,amount) values(7,'d',2.25) "
+        "insert into Item(code) values('e')");
+    const auto& statements = result.translation.statements;
+    ASSERT_EQ(statements.size(), 6U);
+    for (std::size_t place = 2; place <= 4; ++place) {
+        EXPECT_EQ(statements[place].translated.text, statements[1].translated.text) << place;
+    }
+    EXPECT_EQ(ValueAt(result, 0, 0), Datum(std::int64_t{5}));
+    const char* codes[] = {"a", "b", "c", "d"};
+    const char* amounts[] = {"10.0000", "-2.5000", "30.0000", "2.2500"};
+    for (std::size_t place = 1; place <= 4; ++place) {
+        EXPECT_EQ(ValueAt(result, place, 1), Datum(codes[place - 1]));
+        EXPECT_EQ(ValueAt(result, place, 2), Datum(amounts[place - 1]));
+    }
+    EXPECT_EQ(ValueAt(result, 5, 0), Datum("e"));
+    EXPECT_EQ(statements[5].translated.table, "Item");
+}
+
+TEST(Translation, AStatementThatGoesOnIsNoRepetition) {
+    const TranslatedText result = TranslateText(
+        "insert into Item(code) values('a') insert into Item(code) values('b'),('c') "
+        "select id from Entry where id=1 select id from Entry where id=2 and code='d' "
+        "select id from Entry where id=3");
+    const auto& statements = result.translation.statements;
+    ASSERT_EQ(statements.size(), 5U);
+    EXPECT_EQ(statements[1].translated.parameters.size(), 2U);
+    EXPECT_EQ(statements[3].translated.parameters.size(), 2U);
+    EXPECT_EQ(ValueAt(result, 3, 1), Datum("d"));
+    EXPECT_EQ(ValueAt(result, 4, 0), Datum(std::int64_t{3}));
+}
+
+TEST(Translation, RepeatedStatementsFailEachWhenTheirTurnComes) {
+    const TranslatedText result =
+        TranslateText("insert into Gone(code) values('a') insert into Gone(code) values('b')");
+    ASSERT_EQ(result.translation.statements.size(), 2U);
+    for (const TranslatedStatement& statement : result.translation.statements) {
+        ASSERT_TRUE(statement.error);
+        EXPECT_EQ(statement.error->NativeCode(), error::kUnknownTable);
+    }
+}
+
+TEST(Translation, FixedValuesAreTheirOwnStatements) {
+    const TranslatedText result =
+        TranslateText("select top 1 id from Entry select top 2 id from Entry");
+    ASSERT_EQ(result.translation.statements.size(), 2U);
+    EXPECT_NE(result.translation.statements[0].translated.text,
+              result.translation.statements[1].translated.text);
 }
 
 TEST(Translation, ServesItsOwnFixedValuesOnly) {

@@ -115,6 +115,7 @@ void frmPeriodItem::ResetToDesign() {
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
     mDetailSql = {};
     GetDetailEditorForm().mColTempValues = {};
+    mChosenItem.reset();
     mSendingOpenKeys = false;
 }
 

@@ -35,6 +35,8 @@ constexpr std::array kSentences{
     Sentence{"SelectReference", Work::Check, "打开参照列表时出错。"},
     Sentence{"GridPeriodItem_CellReference", Work::Check, "打开参照列表或明细时出错。"},
     Sentence{"GridPeriodItem_ComboDropDown", Work::Check, "读取关键字列表时出错。"},
+    Sentence{"ComKey1_DropDown", Work::Check, "读取关键字列表时出错。"},
+    Sentence{"ComKey2_DropDown", Work::Check, "读取关键字列表时出错。"},
     Sentence{"GetItemBudget", Work::Save, "读取项目预算时出错，没有保存。"},
 };
 

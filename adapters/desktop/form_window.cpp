@@ -220,7 +220,14 @@ void FormWindow::OnSize() {
     const int pixel = ToTwips(*this, 1);
     if (std::abs(width - mFormSize.x) < pixel && std::abs(height - mFormSize.y) < pixel) return;
     mFormSize = {width, height};
-    mForm.SetSize(width, height);
+    mForm.SetSize(std::max(width, mForm.MinWidth()), std::max(height, mForm.MinHeight()));
+    // A window manager keeps the least size, a bare screen does not: the next sync brings it back,
+    // once for each size that something else insists on.
+    const bool tooSmall = mForm.Width() != width || mForm.Height() != height;
+    if (tooSmall && mTooSmall != mFormSize) {
+        mTooSmall = mFormSize;
+        ScheduleSync();
+    }
 }
 
 }  // namespace kelvane::desktop

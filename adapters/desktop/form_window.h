@@ -57,6 +57,7 @@ private:
     std::vector<std::unique_ptr<View>> mViews;
     const controls::Control* mFocused = nullptr;
     wxSize mFormSize;  // the form's outer size, place and least size last seen, in twips
+    wxSize mTooSmall;
     wxPoint mFormPlace;
     wxSize mLeastSize;
     int mIconPicture = 0;

@@ -86,7 +86,7 @@ bool DesktopPrinting::PrintPages(const platform::PageSource& pages) {
     wxPrinter printer(&choice);
     Printout printout(pages, [this] { return StartProgress("打印"); });
     const KeptLog log;
-    if (printer.Print(mStage.TopWindow(), &printout, mAsksForPrinter)) {
+    if (printer.Print(mStage.TopWindow(), &printout, true)) {
         mPrinter = printer.GetPrintDialogData().GetPrintData();
         return true;
     }
@@ -96,12 +96,6 @@ bool DesktopPrinting::PrintPages(const platform::PageSource& pages) {
 
 std::unique_ptr<platform::Progress> DesktopPrinting::StartProgress(const std::string& title) {
     return std::make_unique<ProgressWindow>(mStage.TopWindow(), title);
-}
-
-void DesktopPrinting::PrintToFile(const std::string& path) {
-    mPrinter.SetPrintMode(wxPRINT_MODE_FILE);
-    mPrinter.SetFilename(Text(path));
-    mAsksForPrinter = false;
 }
 
 }  // namespace kelvane::desktop

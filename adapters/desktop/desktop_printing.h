@@ -24,16 +24,12 @@ public:
     bool PrintPages(const platform::PageSource& pages) override;
     std::unique_ptr<platform::Progress> StartProgress(const std::string& title) override;
 
-    // Prints to a file in the system's own format from now on, without its print dialog.
-    void PrintToFile(const std::string& path);
-
 private:
     bool MayReplace(const std::string& path, const std::string& title);
 
     Stage& mStage;
     std::string mFolder;
     wxPrintData mPrinter;
-    bool mAsksForPrinter = true;
 };
 
 }  // namespace kelvane::desktop

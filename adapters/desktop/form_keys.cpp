@@ -25,10 +25,11 @@ void FormKeys::Attach(wxWindow& window) {
     });
 }
 
-bool FormKeys::Release(KeyStroke stroke) {
-    if (stroke.key == Key::None) return false;
-    if (const auto pressed = mPressed.extract(stroke.key)) stroke.shift = pressed.mapped();
-    return mForm.KeyUp(stroke.key, stroke.shift);
+bool FormKeys::Release(const KeyStroke& stroke) {
+    // A key that closed the window above is released here, and means nothing here.
+    const auto pressed = mPressed.extract(stroke.key);
+    if (stroke.key == Key::None || !pressed) return false;
+    return mForm.KeyUp(stroke.key, pressed.mapped());
 }
 
 void FormKeys::Send(const KeyStroke& stroke) {

@@ -35,7 +35,7 @@ public:
 
 private:
     bool Stroke(KeyStroke stroke);
-    bool Release(KeyStroke stroke);
+    bool Release(const KeyStroke& stroke);
     bool DialogKey(const KeyStroke& stroke);
     bool PressButton(bool (controls::Button::*chosen)() const);
 

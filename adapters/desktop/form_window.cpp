@@ -110,6 +110,13 @@ void FormWindow::FocusActive() {
     if (window != nullptr && wxWindow::FindFocus() != window) window->SetFocus();
 }
 
+void FormWindow::TakeKeyboard() {
+    if (!mForm.IsLoaded() || !mStage.IsTopmost(*this)) return;
+    Sync();
+    const wxWindow* focused = wxWindow::FindFocus();
+    if (focused == nullptr || !focused->IsShownOnScreen()) FocusActive();
+}
+
 wxWindow& FormWindow::ParentOf(const controls::Control& control, wxPoint& offset) {
     const wxRect place = ToPixels(*mSurface, control);
     const wxPoint middle(place.x + place.width / 2, place.y + place.height / 2);
@@ -149,6 +156,8 @@ void FormWindow::Sync() {
         if (IsModal() && mStage.IsTopmost(*this)) EndModal(wxID_CLOSE);
         return;
     }
+    // A field that opens or takes the keyboard now would come before the window above.
+    if (mStage.IsCovered(*this)) return;
     SyncFrame();
     mSurface->Sync();
     for (const auto& view : mViews) view->Sync();

@@ -30,6 +30,8 @@ public:
     void FocusActive() override;
     wxWindow& ParentOf(const controls::Control& control, wxPoint& offset) override;
 
+    // After a box was answered: the active control has the keyboard again, if nobody has it.
+    void TakeKeyboard();
     // Brings the window up to the form's state at once; ends its modal loop when the form is
     // unloaded and the window is the topmost one.
     void Sync();

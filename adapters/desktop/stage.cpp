@@ -3,6 +3,7 @@
 #include <wx/filename.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "adapters/desktop/form_window.h"
@@ -74,6 +75,14 @@ bool Stage::IsTopmost(const FormWindow& window) const {
     return !mLevels.empty() && mLevels.back().form == &window;
 }
 
+bool Stage::IsCovered(const FormWindow& window) const {
+    const auto own = std::find_if(mLevels.begin(), mLevels.end(),
+                                  [&](const Level& level) { return level.form == &window; });
+    if (own == mLevels.end()) return false;
+    return std::any_of(own + 1, mLevels.end(),
+                       [](const Level& level) { return level.form != nullptr; });
+}
+
 void Stage::ShowForm(controls::Form& form) {
     form.Load();
     if (!form.IsLoaded()) return;
@@ -112,6 +121,11 @@ platform::MessageAnswer Stage::Ask(const platform::Message& message) {
     Wake();
     const platform::MessageAnswer answer = box.Ask();
     mLevels.pop_back();
+    // The field that had the keyboard may have gone while the box was shown.
+    if (!mLevels.empty() && mLevels.back().form != nullptr) {
+        FormWindow* below = mLevels.back().form;
+        below->CallAfter([below] { below->TakeKeyboard(); });
+    }
     ScheduleKeys();
     Wake();
     return answer;

@@ -38,6 +38,8 @@ public:
     void ShowHelp();
 
     bool IsTopmost(const FormWindow& window) const;
+    // Whether another form's window is shown above it.
+    bool IsCovered(const FormWindow& window) const;
     // The topmost window; null when none is shown.
     wxWindow* TopWindow() const;
     // Waits until the topmost window is painted as it is.

@@ -19,8 +19,10 @@ from pathlib import Path
 PATIENCE_SECONDS = 20
 GLANCE_SECONDS = 0.05
 BLINK_SECONDS = 0.3
-DATA = Path(__file__).resolve().parent.parent / "scenario" / "small.sql"
+SCENARIOS = Path(__file__).resolve().parent.parent / "scenario"
+DATA = [SCENARIOS / "small.sql", SCENARIOS / "small_details.sql"]
 LIST = "项目期初录入"
+DETAILS = "期初余额"
 MESSAGE = "提示信息"
 HINT = "项目管理"
 SCALE = int(os.environ.get("GDK_SCALE", "1"))
@@ -64,7 +66,8 @@ class RealInput(unittest.TestCase):
         subprocess.run([program, "init", "--keywords", "1", self.account], check=True,
                        env=self.environment, capture_output=True)
         with closing(sqlite3.connect(self.account)) as database:
-            database.executescript(DATA.read_text(encoding="utf-8"))
+            for data in DATA:
+                database.executescript(data.read_text(encoding="utf-8"))
         self.process = None
         self.addCleanup(self.end)
 
@@ -186,6 +189,97 @@ class RealInput(unittest.TestCase):
         self.keys("Escape", "Down")
         self.close()
         self.assertEqual(self.rows("select * from PM_ItemQC order by iEleVid"), before)
+
+    def open_details(self):
+        """Opens the lines of the second entry, an amount of inventory lines, by keyboard."""
+        self.open()
+        self.keys("ctrl+Home", "Down", "End", "F2")
+        time.sleep(BLINK_SECONDS)
+        self.keys("F2")
+        self.see(DETAILS)
+
+    def lines(self):
+        return self.rows("select cCodeMx, iUprice, iNum, mQC from PM_ItemQCsub"
+                         " where iEleVid = 2 order by rowid")
+
+    def leave_details(self):
+        self.gone(DETAILS)
+        self.see(LIST)
+
+    def test_detail_lines_are_entered_by_keyboard_and_saved_with_their_row(self):
+        self.open_details()
+        self.keys("F5")
+        self.type("M03")
+        self.keys("Return", "Return", "Return")
+        self.type("2.5")
+        self.keys("Return", "F6")
+        self.leave_details()
+        before = self.lines()
+        self.assertEqual(before, [("M01", "10.0000", 20.0, "200.0000"),
+                                  ("M02", "5.0000", 30.0, "150.0000")])
+        self.keys("Up")
+        self.wait("saved lines", lambda: len(self.lines()) == 3)
+        self.assertEqual(self.lines(), before + [("M03", "20.0000", 2.5, "50.0000")])
+        self.assertEqual(self.rows("select mQC from PM_ItemQC where iEleVid = 2"),
+                         [("400.0000",)])
+        self.close()
+
+    def test_a_line_is_picked_and_another_deleted_by_mouse(self):
+        self.open()
+        row = 42 + 28 + 27 + 20 + 10
+        amount = (1300 + 1200 + 1200 + 2500 + 1500 + 1500 + 1500) // 15
+        self.click(LIST, amount + 80, row)
+        self.keys("Home", "End", "F2")
+        time.sleep(BLINK_SECONDS)
+        self.keys("F2")
+        self.see(DETAILS)
+        self.click(DETAILS, 40, 42 + 60 + 27 + 10)
+        self.click(DETAILS, 70, 42 + 60 + 27 + 10)  # the code's reference button
+        self.wait("pick list", lambda: len(Window.shown()) == 3)
+        time.sleep(BLINK_SECONDS)
+        pick = next(title for title in Window.shown() if title not in (LIST, DETAILS))
+        self.see(pick)
+        self.type("M03")
+        self.keys("Return")
+        self.gone(pick)
+        self.see(DETAILS)
+        self.click(DETAILS, 40, 42 + 60 + 27 + 30)
+        self.click(DETAILS, 330, 20)  # the toolbar's button
+        self.answer("Return", title=HINT)
+        self.see(DETAILS)
+        self.click(DETAILS, 410, 20)
+        self.leave_details()
+        self.keys("Down")
+        self.wait("saved lines", lambda: len(self.lines()) == 1)
+        self.assertEqual(self.lines(), [("M03", "20.0000", 20.0, "400.0000")])
+        self.close()
+
+    def test_quitting_details_leaves_the_list_open(self):
+        self.open()
+        self.keys("ctrl+End", "Up", "ctrl+Return")  # the lines of a settled item
+        self.see(DETAILS)
+        # A slow finger: the list sees the key released.
+        xdotool("keydown", "ctrl", "keydown", "F4")
+        self.leave_details()
+        xdotool("keyup", "F4", "keyup", "ctrl")
+        time.sleep(BLINK_SECONDS)
+        self.assertEqual(list(Window.shown()), [LIST])
+        self.close()
+
+    def test_changed_lines_are_not_quit_without_asking(self):
+        self.open_details()
+        self.keys("Down", "End", "Left")
+        self.type("7")
+        self.keys("alt+F4")
+        self.answer("Escape", title=HINT)
+        time.sleep(BLINK_SECONDS)
+        self.see(DETAILS)
+        self.keys("ctrl+F4")
+        self.answer("Return", title=HINT)
+        self.leave_details()
+        self.keys("Escape", "Up")
+        self.close()
+        self.assertEqual(len(self.lines()), 2)
 
 
 def main():

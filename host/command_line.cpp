@@ -86,6 +86,22 @@ void AddDrive(CLI::App& program, int& status) {
     drive->callback([arguments, &status] { status = RunDrive(*arguments); });
 }
 
+void AddExport(CLI::App& program, int& status) {
+    auto arguments = std::make_shared<ExportArguments>();
+    auto* command = program.add_subcommand("export", "Write the entry list to a file");
+    command->add_option("ACCOUNT", arguments->account, kAccountHelp)->required();
+    command
+        ->add_option("--to", arguments->file,
+                     "The file; its ending says what it becomes: .xlsx, .csv, .pdf or .xml. An "
+                     "existing one is replaced")
+        ->required();
+    command->add_option("--details", arguments->details,
+                        "Instead of the list, the detail lines of the entry with this identity");
+    command->add_option("--user", arguments->login.user,
+                        "Operator; the account's usual one if not given");
+    command->callback([arguments, &status] { status = RunExport(*arguments); });
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
@@ -96,6 +112,7 @@ int RunCommandLine(int argc, char** argv) {
     AddInit(program, status);
     AddOpen(program, status);
     AddDrive(program, status);
+    AddExport(program, status);
     try {
         program.parse(argc, argv);
         return status;

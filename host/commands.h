@@ -23,10 +23,21 @@ struct DriveArguments {
     std::string screenshot;  // where to save the last window; empty: nowhere
 };
 
+struct ExportArguments {
+    std::string account;
+    std::string file;
+    std::optional<int> details;  // an entry's identity; without one, the list
+    LoginRequest login;
+};
+
 int RunInit(const std::string& account, const NewAccount& content);
 int RunOpen(const OpenArguments& arguments);
 // Reads the script from standard input and writes the transcript to standard output.
 int RunDrive(const DriveArguments& arguments);
+
+// Writes the entry list, or an entry's detail lines, to a file by its ending. What the operator
+// would be told goes to standard error.
+int RunExport(const ExportArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

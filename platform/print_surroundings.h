@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/page.h"
@@ -46,6 +47,10 @@ public:
 
     // Called when a piece of work has taken a second; null when there is nothing to show it on.
     virtual std::unique_ptr<Progress> StartProgress(const std::string& title) = 0;
+
+    // Told why printing or writing to a file failed, for those who want to know more than the
+    // message that the operator sees.
+    virtual void Failed(std::string_view /*reason*/) {}
 };
 
 }  // namespace kelvane::platform

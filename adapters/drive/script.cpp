@@ -34,8 +34,9 @@ constexpr std::array kSyntaxes{
     Syntax{"click", Verb::Click, 1, 1, false, "click KEY"},
     Syntax{"press", Verb::Press, 1, 1, false, "press NAME"},
     Syntax{"set", Verb::Set, 1, 1, true, "set NAME TEXT"},
+    Syntax{"resize", Verb::Resize, 2, 2, false, "resize C TWIPS"},
     Syntax{"close", Verb::Close, 0, 0, false, "close"},
-    Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|sql"},
+    Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|page|sql"},
 };
 
 constexpr std::string_view kBlanks = " \t";

@@ -32,6 +32,7 @@ enum class Verb {
     Click,
     Press,
     Set,
+    Resize,
     Close,
     Print,
 };

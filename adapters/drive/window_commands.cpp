@@ -130,6 +130,13 @@ void SetField(const Arguments& arguments, Form& form, const CommandSurroundings&
     if (CanUse(combo)) combo.SetText(arguments[1]);
 }
 
+void Resize(const Arguments& arguments, Form& form, const CommandSurroundings& /*around*/) {
+    Grid& grid = NeedGrid(form);
+    const int col = ParseNumber(arguments[0]);
+    if (col >= grid.Cols()) throw ScriptError("no column " + arguments[0]);
+    grid.ResizeColumn(col, ParseNumber(arguments[1]));
+}
+
 void CloseWindow(const Arguments& /*arguments*/, Form& form,
                  const CommandSurroundings& /*around*/) {
     form.Unload(controls::UnloadMode::CloseBox);
@@ -140,6 +147,8 @@ void Print(const Arguments& arguments, Form& form, const CommandSurroundings& ar
         PrintGrid(NeedGrid(form), around.transcript);
     } else if (arguments[0] == "toolbar") {
         PrintToolbar(form, around.transcript);
+    } else if (arguments[0] == "page") {
+        PrintPage(form, around.transcript);
     } else if (arguments[0] == "window") {
         PrintWindow(form, around.transcript);
     } else {
@@ -162,6 +171,7 @@ constexpr std::array kWindowCommands{
     WindowCommand{Verb::Click, Click},
     WindowCommand{Verb::Press, PressButton},
     WindowCommand{Verb::Set, SetField},
+    WindowCommand{Verb::Resize, Resize},
     WindowCommand{Verb::Close, CloseWindow},
     WindowCommand{Verb::Print, Print},
 };

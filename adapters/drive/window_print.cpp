@@ -8,6 +8,7 @@
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/label.h"
+#include "controls/page_view.h"
 #include "controls/picture.h"
 
 namespace kelvane::drive {
@@ -25,6 +26,14 @@ struct Description {
     bool hasText = false;
 };
 
+std::string PagesText(const controls::PageView& pages) {
+    const std::string zoom = pages.Zoom() == controls::PageView::kWholePage
+                                 ? "whole page"
+                                 : std::to_string(pages.Zoom()) + " %";
+    return "page " + std::to_string(pages.Page()) + " of " + std::to_string(pages.PageCount()) +
+           ", " + zoom;
+}
+
 Description Describe(const Control& control) {
     if (const auto* label = dynamic_cast<const controls::Label*>(&control)) {
         return {"label", label->Caption(), true};
@@ -37,6 +46,9 @@ Description Describe(const Control& control) {
     }
     if (const auto* button = dynamic_cast<const controls::Button*>(&control)) {
         return {"button", button->Caption(), true};
+    }
+    if (const auto* pages = dynamic_cast<const controls::PageView*>(&control)) {
+        return {"pages", PagesText(*pages), true};
     }
     if (dynamic_cast<const Grid*>(&control) != nullptr) return {"grid", {}};
     if (dynamic_cast<const controls::Toolbar*>(&control) != nullptr) return {"toolbar", {}};
@@ -94,6 +106,28 @@ void PrintToolbar(const Form& form, Transcript& transcript) {
                         (button.enabled ? " enabled" : " disabled") +
                         (button.visible ? "" : " hidden"));
     }
+}
+
+void PrintPage(const Form& form, Transcript& transcript) {
+    const controls::PageView* pages = nullptr;
+    for (const Control* control : form.Controls()) {
+        if (pages == nullptr) pages = dynamic_cast<const controls::PageView*>(control);
+    }
+    if (pages == nullptr || pages->PageCount() == 0) {
+        throw ScriptError(form.Name() + " shows no page");
+    }
+    std::vector<std::string> sideBySide;
+    int top = 0;
+    const auto endLine = [&] {
+        if (!sideBySide.empty()) transcript.Line(Join(sideBySide, '|'));
+        sideBySide.clear();
+    };
+    for (const platform::PageText& text : pages->Source()->MakePage(pages->Page()).texts) {
+        if (text.box.top != top) endLine();
+        top = text.box.top;
+        sideBySide.push_back(text.text);
+    }
+    endLine();
 }
 
 void PrintWindow(const Form& form, Transcript& transcript) {

@@ -120,6 +120,7 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
 }
 
 void OutputPrintControl::Failed(std::string_view place, std::string_view reason) const {
+    mEnvironment.surroundings.Failed(reason);
     if (mEnvironment.failed) mEnvironment.failed(place, reason);
 }
 

@@ -24,6 +24,8 @@ constexpr int kLabelHeight = 330;
 constexpr int kMargin = 120;
 constexpr int kMinWidth = 9000;
 constexpr int kMinHeight = 6000;
+constexpr int kUsualWidth = 15000;
+constexpr int kUsualHeight = 12000;
 
 }  // namespace
 
@@ -92,9 +94,8 @@ PreviewWindow::PreviewWindow(platform::Windows& windows, PrintJob& job, PreviewA
 }
 
 void PreviewWindow::Form_Load() {
-    const auto share = [](int whole) { return whole / 10 * 9; };
-    const int width = std::max(kMinWidth, share(mWindows.ScreenWidth()));
-    const int height = std::max(kMinHeight, share(mWindows.ScreenHeight()));
+    const int width = std::min(kUsualWidth, mWindows.ScreenWidth());
+    const int height = std::min(kUsualHeight, mWindows.ScreenHeight());
     SetMinSize(kMinWidth, kMinHeight);
     SetSize(width, height);
     SetPosition((mWindows.ScreenWidth() - width) / 2, (mWindows.ScreenHeight() - height) / 2);

@@ -60,6 +60,16 @@ Stage::Stage() : mTimer(this) {
 
 Stage::~Stage() = default;
 
+Stage::SystemDialog::~SystemDialog() {
+    --mStage.mSystemDialogs;
+    if (mStage.mLevels.empty() || mStage.mLevels.back().form == nullptr) return;
+    FormWindow* below = mStage.mLevels.back().form;
+    below->CallAfter([below] {
+        below->Sync();
+        below->TakeKeyboard();
+    });
+}
+
 wxWindow* Stage::TopWindow() const {
     if (mLevels.empty()) return nullptr;
     const Level& top = mLevels.back();
@@ -72,7 +82,7 @@ void Stage::Settle() {
 }
 
 bool Stage::IsTopmost(const FormWindow& window) const {
-    return !mLevels.empty() && mLevels.back().form == &window;
+    return mSystemDialogs == 0 && !mLevels.empty() && mLevels.back().form == &window;
 }
 
 bool Stage::IsCovered(const FormWindow& window) const {

@@ -22,6 +22,18 @@ class MessageDialog;
 
 class Stage : public wxEvtHandler {
 public:
+    // While it lives a dialog of the system lies over the windows, and none of them is topmost.
+    class SystemDialog {
+    public:
+        explicit SystemDialog(Stage& stage) : mStage(stage) { ++mStage.mSystemDialogs; }
+        ~SystemDialog();
+        SystemDialog(const SystemDialog&) = delete;
+        SystemDialog& operator=(const SystemDialog&) = delete;
+
+    private:
+        Stage& mStage;
+    };
+
     Stage();
     ~Stage() override;
 
@@ -66,6 +78,7 @@ private:
 
     std::deque<Level> mLevels;  // a level stays where it is while others come and go above it
     std::deque<KeyStroke> mStrokes;
+    int mSystemDialogs = 0;
     std::string mHelpFile;
     drive::Operator* mOperator = nullptr;
     bool mOperatorLeft = false;

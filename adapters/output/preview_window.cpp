@@ -127,9 +127,11 @@ void PreviewWindow::SetUp() {
     SettingsWindow window(mWindows, mJob.Settings());
     mWindows.ShowModal(window);
     if (!window.Accepted()) return;
+    const int page = Pages.Page();
     Pages.SetSource(nullptr);
     mJob.ChangeSettings(*window.Accepted());
     Pages.SetSource(&mJob.Pages());
+    Pages.SetPage(page);
 }
 
 void PreviewWindow::Form_KeyDown(Key& key, int shift) {

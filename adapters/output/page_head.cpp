@@ -28,6 +28,20 @@ int AppendLines(std::vector<platform::PageText>& texts, std::string_view text, L
     return place.top;
 }
 
+// The items where they stand on the paper: as far apart as they were given, or closer together
+// when the paper is too narrow for that.
+std::vector<SheetItem> FitTo(int printable, std::vector<SheetItem> items) {
+    int extent = printable;
+    for (const SheetItem& item : items) {
+        extent = std::max(extent, item.position.left + item.width);
+    }
+    for (SheetItem& item : items) {
+        item.position.left = item.position.left * printable / extent;
+        item.width = std::max(1, item.width * printable / extent);
+    }
+    return items;
+}
+
 // An item's own width, or all that its line leaves up to the next item.
 int RoomOf(const SheetItem& item, const std::vector<SheetItem>& items, int printable) {
     int end = printable;
@@ -36,20 +50,17 @@ int RoomOf(const SheetItem& item, const std::vector<SheetItem>& items, int print
             other.position.top == item.position.top && other.position.left > item.position.left;
         if (behind) end = std::min(end, other.position.left - kItemGap);
     }
-    const int room = std::max(item.width, end - item.position.left);
-    return std::max(1, std::min(room, printable - item.position.left));
+    return std::max(item.width, end - item.position.left);
 }
 
-int AppendItems(std::vector<platform::PageText>& texts, const std::vector<SheetItem>& items,
-                int above, const PageSettings& settings, TextMeasurer& measurer) {
+int AppendItems(std::vector<platform::PageText>& texts, const std::vector<SheetItem>& given,
+                const PageSettings& settings, int above, TextMeasurer& measurer) {
     const int printable = PrintableWidth(settings);
+    const std::vector<SheetItem> items = FitTo(printable, given);
     int end = 0;
     for (const SheetItem& item : items) {
-        const int left = std::clamp(item.position.left, 0, std::max(0, printable - 1));
-        SheetItem placed = item;
-        placed.position.left = left;
-        const PageBox place{settings.marginLeft + left, above + item.position.top,
-                            RoomOf(placed, items, printable), 0};
+        const PageBox place{settings.marginLeft + item.position.left, above + item.position.top,
+                            RoomOf(item, items, printable), 0};
         end = std::max(
             end, AppendLines(texts, item.caption + "：" + item.value, {settings.bodySize, false},
                              place, PageAlignment::Left, measurer));
@@ -76,7 +87,7 @@ TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer) {
         AppendLines(head.texts, sheet.title, letters, band, PageAlignment::Center, measurer);
     const int free = std::max(0, sheet.titleEnd.top - end) / 2;
     for (platform::PageText& line : head.texts) line.box.top += free;
-    head.height = AppendItems(head.texts, sheet.header, 0, settings, measurer);
+    head.height = AppendItems(head.texts, sheet.header, settings, 0, measurer);
     head.height = std::max({head.height, end + free, sheet.table.top});
     return head;
 }
@@ -84,7 +95,7 @@ TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer) {
 TextBlock MakeFoot(const Sheet& sheet, TextMeasurer& measurer) {
     TextBlock foot;
     if (sheet.footer.empty()) return foot;
-    foot.height = AppendItems(foot.texts, sheet.footer, kAroundFoot, sheet.settings, measurer);
+    foot.height = AppendItems(foot.texts, sheet.footer, sheet.settings, kAroundFoot, measurer);
     return foot;
 }
 

@@ -20,7 +20,8 @@ constexpr int kPictureSave = 109;
 
 // Measures in twips.
 constexpr int kToolbarHeight = 630;
-constexpr int kLabelHeight = 330;
+constexpr int kStripHeight = 450;
+constexpr int kButtonWidth = 1200;
 constexpr int kMargin = 120;
 constexpr int kMinWidth = 9000;
 constexpr int kMinHeight = 6000;
@@ -68,6 +69,7 @@ PreviewWindow::PreviewWindow(platform::Windows& windows, PrintJob& job, PreviewA
       Toolbar1(*this, "Toolbar1"),
       Pages(*this, "Pages"),
       lblPage(*this, "lblPage"),
+      cmdClose(*this, "cmdClose"),
       mWindows(windows),
       mJob(job),
       mActions(std::move(actions)) {
@@ -91,6 +93,9 @@ PreviewWindow::PreviewWindow(platform::Windows& windows, PrintJob& job, PreviewA
         }
     };
     Pages.Change = [this] { ShowState(); };
+    cmdClose.SetCaption("关闭");
+    cmdClose.SetCancel(true);
+    cmdClose.Click = [this] { Unload(); };
 }
 
 void PreviewWindow::Form_Load() {
@@ -107,11 +112,17 @@ void PreviewWindow::Form_Resize() {
     Toolbar1.SetWidth(ScaleWidth());
     Pages.SetTop(kToolbarHeight);
     Pages.SetWidth(ScaleWidth());
-    Pages.SetHeight(std::max(0, ScaleHeight() - kToolbarHeight - kLabelHeight));
+    Pages.SetHeight(std::max(0, ScaleHeight() - kToolbarHeight - kStripHeight));
+    const int strip = kToolbarHeight + Pages.Height();
+    constexpr int kInStrip = kStripHeight - kMargin;
     lblPage.SetLeft(kMargin);
-    lblPage.SetTop(kToolbarHeight + Pages.Height());
-    lblPage.SetWidth(std::max(0, ScaleWidth() - 2 * kMargin));
-    lblPage.SetHeight(kLabelHeight);
+    lblPage.SetTop(strip + kMargin / 2);
+    lblPage.SetWidth(std::max(0, ScaleWidth() - 3 * kMargin - kButtonWidth));
+    lblPage.SetHeight(kInStrip);
+    cmdClose.SetLeft(std::max(0, ScaleWidth() - kMargin - kButtonWidth));
+    cmdClose.SetTop(strip + kMargin / 2);
+    cmdClose.SetWidth(kButtonWidth);
+    cmdClose.SetHeight(kInStrip);
 }
 
 void PreviewWindow::ShowState() {
@@ -135,13 +146,8 @@ void PreviewWindow::SetUp() {
 }
 
 void PreviewWindow::Form_KeyDown(Key& key, int shift) {
-    if (key == Key::Escape && shift == 0) {
-        Toolbar1.Click("Quit");
-    } else if (key == Key::P && shift == platform::kCtrl) {
-        Toolbar1.Click("Print");
-    } else {
-        return;
-    }
+    if (key != Key::P || shift != platform::kCtrl) return;
+    Toolbar1.Click("Print");
     key = Key::None;
 }
 

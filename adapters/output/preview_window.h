@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "adapters/output/print_job.h"
+#include "controls/button.h"
 #include "controls/form.h"
 #include "controls/label.h"
 #include "controls/page_view.h"
@@ -44,6 +45,7 @@ public:
     controls::Toolbar Toolbar1;
     controls::PageView Pages;
     controls::Label lblPage;
+    controls::Button cmdClose;
 
 protected:
     void Form_Load() override;

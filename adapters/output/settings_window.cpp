@@ -8,7 +8,6 @@ namespace kelvane::output {
 using controls::ComboBox;
 using controls::Control;
 using controls::EditBox;
-using platform::Key;
 
 namespace {
 
@@ -145,16 +144,6 @@ void SettingsWindow::Form_Resize() {
     PlaceControl(cmdCancel, right - kButtonWidth, top + kMargin, kButtonWidth, kButtonHeight);
     PlaceControl(cmdOK, right - 2 * kButtonWidth - kMargin, top + kMargin, kButtonWidth,
                  kButtonHeight);
-}
-
-void SettingsWindow::Form_KeyDown(Key& key, int shift) {
-    if (shift != 0 || (key != Key::Enter && key != Key::Escape)) return;
-    if (key == Key::Enter && ActiveControl() != &cmdCancel) {
-        cmdOK.Press();
-    } else {
-        cmdCancel.Press();
-    }
-    key = Key::None;
 }
 
 void SettingsWindow::Refuse(const char* text, Control& field) {

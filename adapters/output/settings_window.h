@@ -40,7 +40,6 @@ public:
 protected:
     void Form_Load() override;
     void Form_Resize() override;
-    void Form_KeyDown(platform::Key& key, int shift) override;
 
 private:
     // A field with its caption. A number is shown in whole millimetres or points with at most one

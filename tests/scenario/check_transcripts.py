@@ -69,6 +69,14 @@ MESSAGES = [
     MODULE_NOTE + "期初余额不能为空,只剩一行不能删除",
     "[项目管理|question] 确实要删除当前行吗? -> yes",
     "[项目管理|question] 确实要删除当前行吗? -> no",
+    # printing and writing to files
+    "[提示|information] 没有数据！",
+    MODULE_NOTE + "表格没有可打印的列！",
+    "[保存提示|question] 确定要保存现有的打印设置？ -> yes",
+    "[保存提示|question] 确定要保存现有的打印设置？ -> no",
+    "[提示|information] 格式保存成功！",
+    "[输出成功信息|information] 成功输出到文件。",
+    "[输出失败信息|information] 输出到文件失败！",
 ]
 
 STATEMENTS = [

@@ -240,7 +240,7 @@ TEST_F(PrintControlTest, TurnsPagesAndZooms) {
         EXPECT_EQ(preview.Pages.Zoom(), 90);
         preview.Toolbar1.Click("WholePage");
         EXPECT_EQ(preview.Pages.Zoom(), controls::PageView::kWholePage);
-        preview.KeyDown(platform::Key::Escape, 0);
+        preview.cmdClose.Press();
         EXPECT_FALSE(preview.IsLoaded());
     }};
     Accepted(100).Preview();

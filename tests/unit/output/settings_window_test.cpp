@@ -59,7 +59,7 @@ TEST_F(SettingsWindowTest, TakesWhatIsTyped) {
     window.cboOrientation.SetText("横向");
     window.txtBottom.SetText("20.5");
     window.txtBodySize.SetText("10");
-    window.KeyDown(platform::Key::Enter, 0);
+    window.cmdOK.Press();
     ASSERT_TRUE(window.Accepted());
     EXPECT_TRUE(window.Accepted()->landscape);
     EXPECT_EQ(window.Accepted()->marginBottom, 205);
@@ -69,7 +69,7 @@ TEST_F(SettingsWindowTest, TakesWhatIsTyped) {
 TEST_F(SettingsWindowTest, ForgetsWhatIsGivenUp) {
     SettingsWindow& window = Open();
     window.txtLeft.SetText("30");
-    window.KeyDown(platform::Key::Escape, 0);
+    window.cmdCancel.Press();
     EXPECT_FALSE(window.Accepted());
     EXPECT_FALSE(window.IsLoaded());
     EXPECT_THAT(mWindows.messages, IsEmpty());

@@ -210,6 +210,16 @@ TEST_F(SheetPagesTest, GivesALongFooterValueTheRoomItNeeds) {
     EXPECT_LE(mMeasurer.Width(unit.text, {unit.size, false}), unit.box.width * 100);
 }
 
+TEST_F(SheetPagesTest, MovesItemsCloserTogetherOnNarrowPaper) {
+    Sheet sheet = SampleSheet(1);
+    sheet.settings.paper = "A5";
+    const Page page = Lay(sheet).MakePage(1);
+    // 1180 of the 1725 that the items were given.
+    EXPECT_EQ(Find(page, "制表人：张三").box.left, 150 + 700 * 1180 / 1725);
+    EXPECT_EQ(Find(page, "打印日期：2004.06.30").box.left, 150 + 1350 * 1180 / 1725);
+    EXPECT_LE(Find(page, "打印日期：2004.06.30").box.width, 1180 - 1350 * 1180 / 1725);
+}
+
 TEST_F(SheetPagesTest, MovesTheTableBelowATallHead) {
     Sheet sheet = SampleSheet(1);
     sheet.header.push_back({"说明", "第二行", {0, 400}, 500});

@@ -5,6 +5,7 @@
 #include <wx/log.h>
 #include <wx/print.h>
 #include <wx/stdpaths.h>
+#include <wx/utils.h>
 
 #include <stdexcept>
 
@@ -53,15 +54,22 @@ std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuest
         wxFileDialog dialog(mStage.TopWindow(), Text(question.title), Text(mFolder), Text(name),
                             Text(FilterOf(question.types)), wxFD_SAVE);
         dialog.SetFilterIndex(type);
-        if (dialog.ShowModal() != wxID_OK) return std::nullopt;
-        mFolder = Utf8(dialog.GetDirectory());
-        name = Utf8(dialog.GetFilename());
+        if (Show(dialog) != wxID_OK) return std::nullopt;
+        // The dialog's own folder is not the one of a typed path.
+        const wxFileName file(dialog.GetPath());
+        mFolder = Utf8(file.GetPath());
+        name = Utf8(file.GetFullName());
         type = dialog.GetFilterIndex();
         std::string path =
             WithEnding(Utf8(dialog.GetPath()), question.types.at(static_cast<std::size_t>(type)),
                        question.types);
         if (MayReplace(path, question.title)) return path;
     }
+}
+
+int DesktopPrinting::Show(wxDialog& dialog) {
+    const Stage::SystemDialog above(mStage);
+    return dialog.ShowModal();
 }
 
 // The dialog's own question would be about the name before it was given its ending.
@@ -84,13 +92,16 @@ bool DesktopPrinting::PrintPages(const platform::PageSource& pages) {
     choice.SetToPage(pages.PageCount());
     choice.EnableSelection(false);
     wxPrinter printer(&choice);
-    Printout printout(pages, [this] { return StartProgress("打印"); });
+    Printout printout(pages);
     const KeptLog log;
+    const Stage::SystemDialog above(mStage);
+    // The pages must stay as they are while they are drawn.
+    const wxWindowDisabler others;
     if (printer.Print(mStage.TopWindow(), &printout, true)) {
         mPrinter = printer.GetPrintDialogData().GetPrintData();
         return true;
     }
-    if (wxPrinter::GetLastError() == wxPRINTER_CANCELLED || printout.IsCancelled()) return false;
+    if (wxPrinter::GetLastError() == wxPRINTER_CANCELLED) return false;
     throw std::runtime_error("the system did not print: " + log.Complaints());
 }
 

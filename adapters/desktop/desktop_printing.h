@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/cmndata.h>
+#include <wx/dialog.h>
 
 #include <memory>
 #include <optional>
@@ -25,6 +26,7 @@ public:
     std::unique_ptr<platform::Progress> StartProgress(const std::string& title) override;
 
 private:
+    int Show(wxDialog& dialog);
     bool MayReplace(const std::string& path, const std::string& title);
 
     Stage& mStage;

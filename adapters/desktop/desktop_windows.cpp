@@ -1,5 +1,6 @@
 #include "adapters/desktop/desktop_windows.h"
 
+#include <cairo.h>
 #include <wx/app.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
@@ -86,6 +87,8 @@ bool DesktopWindows::SaveScreenshot(const std::string& path) const {
     if (window == nullptr) return false;
     const wxRect place = window->GetScreenRect();
     wxScreenDC screen;
+    // Otherwise it would hand out what it has read of the screen before.
+    cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetHandle())));
     wxBitmap bitmap;
     bitmap.CreateWithDIPSize(place.GetSize(), window->GetContentScaleFactor());
     wxMemoryDC memory(bitmap);

@@ -40,7 +40,7 @@ public:
     platform::PrintSurroundings& Printing();
 
     // Writes what the topmost window shows to `path` as PNG; false when no window is shown or the
-    // file cannot be written. Once in a program: the toolkit reads the screen only the first time.
+    // file cannot be written.
     bool SaveScreenshot(const std::string& path) const;
 
     // Runs `task` on the windows' thread as soon as it waits for events. May be called from any

@@ -1,24 +1,39 @@
 #include "adapters/desktop/printout.h"
 
+#include <cairo.h>
 #include <wx/dcprint.h>
 #include <wx/graphics.h>
 
 #include <algorithm>
-#include <utility>
+#include <memory>
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/page_drawing.h"
 
 namespace kelvane::desktop {
 
-using std::chrono::steady_clock;
+namespace {
 
-Printout::Printout(const platform::PageSource& pages, StartProgress startProgress)
-    : wxPrintout(Text(pages.Title())), mPages(pages), mStartProgress(std::move(startProgress)) {}
-
-void Printout::OnBeginPrinting() {
-    mStart = steady_clock::now();
+// Puts the origin of `target` in the corner of a paper of `size`. The toolkit and the system do not
+// agree on which margin is the left one when the paper lies on its side.
+void MoveToCorner(wxGraphicsContext& target, const wxSize& size) {
+    auto* device = static_cast<cairo_t*>(target.GetNativeContext());
+    double left = 0;
+    double top = 0;
+    double right = size.x;
+    double bottom = size.y;
+    cairo_user_to_device(device, &left, &top);
+    cairo_user_to_device(device, &right, &bottom);
+    double x = -std::min(left, right);
+    double y = -std::min(top, bottom);
+    cairo_device_to_user_distance(device, &x, &y);
+    target.Translate(x, y);
 }
+
+}  // namespace
+
+Printout::Printout(const platform::PageSource& pages)
+    : wxPrintout(Text(pages.Title())), mPages(pages) {}
 
 bool Printout::HasPage(int number) {
     return number >= 1 && number <= mPages.PageCount();
@@ -37,19 +52,11 @@ bool Printout::OnPrintPage(int number) {
     // Fills the paper; on the paper the pages were made for that is their own size.
     const double scale = std::min(static_cast<double>(paper.width) / mPages.PageWidth(),
                                   static_cast<double>(paper.height) / mPages.PageHeight());
-    target->Translate(paper.x + (paper.width - scale * mPages.PageWidth()) / 2,
-                      paper.y + (paper.height - scale * mPages.PageHeight()) / 2);
+    MoveToCorner(*target, paper.GetSize());
+    target->Translate((paper.width - scale * mPages.PageWidth()) / 2,
+                      (paper.height - scale * mPages.PageHeight()) / 2);
     DrawPage(*target, mPages.MakePage(number), scale, 0);
-    return ShowProgress();
-}
-
-bool Printout::ShowProgress() {
-    ++mDone;
-    if (!mProgress && steady_clock::now() - mStart < std::chrono::seconds(1)) return true;
-    if (!mProgress) mProgress = mStartProgress();
-    const auto whole = static_cast<std::size_t>(mPages.PageCount());
-    mCancelled = mProgress && !mProgress->Show(mDone, whole);
-    return !mCancelled;
+    return true;
 }
 
 }  // namespace kelvane::desktop

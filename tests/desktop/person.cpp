@@ -51,6 +51,10 @@ std::string Point(int x, int y) {
 
 }  // namespace
 
+std::string OutputOf(const std::string& command) {
+    return Run(command).output;
+}
+
 desktop::DesktopWindows& Windows() {
     return *theWindows;
 }
@@ -170,6 +174,23 @@ void Person::SeeWindow(const std::string& window) {
     // Where no window manager hands out the keyboard, it follows the mouse.
     Input("mousemove " + Point(place.x + 3, place.y + 3));
     Look([] { return true; });
+}
+
+void Person::SeeSystemWindow(const std::string& window) {
+    std::string found;
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (found.empty() && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kGlance);
+        found = Run("for id in $(xdotool search --onlyvisible --class kelvane); do "
+                    "test \"$(xdotool getwindowname $id)\" = '" +
+                    window + "' && echo -n $id && break; done")
+                    .output;
+    }
+    EXPECT_NE(found, "") << "never seen: system window " << window;
+    Input("mousemove --window " + found + " 30 30");
+    // The system's dialogs have no state to look at: they are ready a moment after they are shown.
+    std::this_thread::sleep_for(1s);
+    Blink();
 }
 
 void ShowTo(controls::Form& form, const std::function<void(Person&)>& deeds) {

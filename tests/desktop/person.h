@@ -17,6 +17,9 @@ namespace kelvane::test {
 desktop::DesktopWindows& Windows();
 void SetWindows(desktop::DesktopWindows* windows);
 
+// What a shell command writes.
+std::string OutputOf(const std::string& command);
+
 class Person {
 public:
     // Starts doing `deeds` at once; the destructor waits until they are done.
@@ -47,6 +50,8 @@ public:
     static void Blink();
     // Waits until a window with this title is shown, and puts the keyboard on it.
     void SeeWindow(const std::string& window);
+    // The same for a window that is not the program's own, such as the system's dialogs.
+    void SeeSystemWindow(const std::string& window);
 
 private:
     struct Place {

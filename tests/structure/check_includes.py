@@ -28,7 +28,7 @@ PRODUCTS = {
     "sqlite3.h": ["adapters/sqlite"],
     "wx/": ["adapters/desktop"],
     "CLI/": ["host"],
-    "cairo": ["adapters/output"],
+    "cairo": ["adapters/desktop", "adapters/output"],
     "pango/": ["adapters/output"],
     "libxml/": ["adapters/output"],
     "minizip/": ["adapters/output"],

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "adapters/sqlite/values.h"
 #include "adapters/tsql/ascii.h"
 #include "adapters/tsql/errors.h"
+#include "adapters/tsql/value_conversion.h"
 
 namespace kelvane::sqlite {
 
@@ -84,9 +84,9 @@ Value SqliteRecordSet::Field(int index) const {
     const tsql::Type type = Columns()[static_cast<std::size_t>(index)].type;
     for (const auto* newer : {&mChanges, &mWritten}) {
         const auto found = newer->find(index);
-        if (found != newer->end()) return ToValue(found->second, type);
+        if (found != newer->end()) return tsql::ToValue(found->second, type);
     }
-    return ToValue(mResult.rows.At(mRow, index), type);
+    return tsql::ToValue(mResult.rows.At(mRow, index), type);
 }
 
 Value SqliteRecordSet::Field(std::string_view name) const {
@@ -103,7 +103,7 @@ void SqliteRecordSet::SetField(std::string_view name, const Value& value) {
         throw DatabaseError("The record set or the column '" + std::string(name) +
                             "' cannot be changed.");
     }
-    mChanges[index] = ToStored(value, column.type, column.baseColumn);
+    mChanges[index] = tsql::ToStored(value, column.type, column.baseColumn);
 }
 
 void SqliteRecordSet::Update() {

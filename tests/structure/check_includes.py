@@ -16,6 +16,7 @@ ALLOWED = {
     "component": ["platform", "controls", "data", "ui"],
     "adapters/tsql": ["platform"],
     "adapters/sqlite": ["platform", "adapters/tsql"],
+    "adapters/odbc": ["platform", "adapters/tsql"],
     "adapters/drive": ["platform", "controls"],
     "adapters/headless": ["platform", "controls", "adapters/drive"],
     "adapters/reference": ["platform", "controls"],
@@ -26,6 +27,9 @@ ALLOWED = {
 # Products whose headers only one folder may include.
 PRODUCTS = {
     "sqlite3.h": ["adapters/sqlite"],
+    "sql.h": ["adapters/odbc"],
+    "sqlext.h": ["adapters/odbc"],
+    "sqlucode.h": ["adapters/odbc"],
     "wx/": ["adapters/desktop"],
     "CLI/": ["host"],
     "cairo": ["adapters/desktop", "adapters/output"],

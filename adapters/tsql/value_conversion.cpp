@@ -1,4 +1,4 @@
-#include "adapters/sqlite/values.h"
+#include "adapters/tsql/value_conversion.h"
 
 #include <string>
 #include <utility>
@@ -6,16 +6,14 @@
 #include "adapters/tsql/errors.h"
 #include "adapters/tsql/stored_value.h"
 
-namespace kelvane::sqlite {
+namespace kelvane::tsql {
 
 namespace {
 
 using platform::DateTime;
 using platform::Money;
 using platform::Value;
-using tsql::Datum;
-using tsql::Type;
-using Kind = tsql::Type::Kind;
+using Kind = Type::Kind;
 
 // A value of the library with the dialect's type that comes closest.
 std::pair<Datum, Type> Typed(const Value& value) {
@@ -24,7 +22,7 @@ std::pair<Datum, Type> Typed(const Value& value) {
     if (const auto* amount = value.As<Money>()) return {amount->Units(), {Kind::Money, 0}};
     if (const auto* text = value.As<std::string>()) return {*text, {Kind::VarChar, 0}};
     if (const auto* date = value.As<DateTime>()) {
-        if (!date->IsValid()) throw tsql::OutOfRangeDate();
+        if (!date->IsValid()) throw OutOfRangeDate();
         return {date->FullText(), {Kind::VarChar, 0}};
     }
     return {};
@@ -42,7 +40,7 @@ Value ToValue(Datum stored, Type type) {
         type.kind == Kind::DateTime && text != nullptr && DateTime::Parse(*text, date)) {
         return Value(date);
     }
-    Datum loaded = tsql::Loaded(std::move(stored), type);
+    Datum loaded = Loaded(std::move(stored), type);
     if (const auto* integer = std::get_if<std::int64_t>(&loaded)) {
         return type.kind == Kind::Money ? Value(Money::FromUnits(*integer)) : Value(*integer);
     }
@@ -50,7 +48,7 @@ Value ToValue(Datum stored, Type type) {
     auto* text = std::get_if<std::string>(&loaded);
     if (text == nullptr) return {};
     if (type.kind != Kind::DateTime) return Value(std::move(*text));
-    if (!DateTime::Parse(*text, date)) throw tsql::OutOfRangeDate();
+    if (!DateTime::Parse(*text, date)) throw OutOfRangeDate();
     return Value(date);
 }
 
@@ -58,7 +56,7 @@ Datum ToStored(const Value& value, Type type, std::string_view column) {
     const auto [datum, from] = Typed(value);
     // A column judges the length of a text itself, it does not cut it.
     const Type to = type.IsText() ? Type{type.kind, 0} : type;
-    return tsql::Stored(tsql::Convert(datum, from, to), type, column);
+    return Stored(Convert(datum, from, to), type, column);
 }
 
-}  // namespace kelvane::sqlite
+}  // namespace kelvane::tsql

@@ -1,0 +1,128 @@
+// What one database engine does in its own way behind ODBC: the language its statements are sent
+// in, how it locks rows, and what its failures mean. Everything else is OdbcConnection's.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/odbc/result_rows.h"
+#include "platform/database.h"
+
+namespace kelvane::odbc {
+
+// What a driver says of a failure.
+struct Diagnostic {
+    std::string state;  // SQLSTATE, five characters
+    int native = 0;
+    std::string text;  // without the names in brackets that drivers put in front
+};
+
+enum class FailureKind {
+    Statement,          // of the statement alone
+    Busy,               // others hold what it needs
+    TransactionUndone,  // Busy, and the engine has undone the whole transaction: a deadlock's
+                        // victim
+    ConnectionLost,
+};
+
+struct Failure {
+    FailureKind kind = FailureKind::Statement;
+    int code = 0;      // the dialect's number where it has one for this, else the engine's
+    std::string text;  // fit to be shown
+};
+
+// What SQLSTATEs mean on every engine: 08… and HYT01 a lost connection, HYT00 busy, 40001 a
+// deadlock's victim; all others a failed statement, with the driver's own number and text.
+Failure FailureOf(const Diagnostic& diagnostic);
+
+// A statement's way to the engine, for what a dialect has to ask or set by itself.
+class Channel {
+public:
+    virtual ~Channel() = default;
+    // Runs a text in the engine's own language up to the end of its last result; returns the rows
+    // of the first result that has any columns. Throws as Connection::Execute() does.
+    virtual ResultRows Run(const std::string& text) = 0;
+    virtual bool InTransaction() const = 0;
+};
+
+// What a batch is run for.
+struct Purpose {
+    bool wantsRows = false;
+    bool changeable = false;  // the rows are opened to be changed
+    // The rows stay locked against other writers: LockType::Pessimistic.
+    bool locks = false;
+    // With `locks`: fail at once instead of waiting for others; the lock alone is wanted, no rows.
+    bool lockAgain = false;
+    bool inTransaction = false;
+};
+
+// One call of the driver: one or more statements of the engine's language.
+struct RunStep {
+    std::string text;
+    // The rows of its first result are the batch's result, unless an earlier step gave one.
+    bool givesRows = false;
+    // What the result's columns are. Empty: as the driver describes them.
+    std::vector<tsql::ResultColumn> columns;
+    // Columns behind those, which the record set does not show: the row's identity.
+    int hiddenColumns = 0;
+    // Thrown instead of sending the text, once the steps before are done.
+    std::optional<platform::DatabaseError> error;
+};
+
+// Where the rows of a changeable result come from.
+struct RowSource {
+    std::string table;      // empty: the rows cannot be changed
+    std::string condition;  // that the rows were chosen by, in the engine's language; may be empty
+};
+
+struct Plan {
+    std::vector<RunStep> steps;
+    RowSource source;
+};
+
+// A change to one row of a result. Amounts are texts with four decimals, dates texts too.
+struct RowChange {
+    struct Column {
+        std::string name;  // the table's
+        tsql::Type type;
+        tsql::Datum value;
+        tsql::Datum original;
+    };
+    const RowSource& source;
+    std::vector<Column> changed;
+    // The whole row as it was read or last written, for finding it: the result's columns that come
+    // from the table (value and original are the same), and what lies behind them.
+    std::vector<Column> row;
+    std::vector<tsql::Datum> hidden;
+    // Nobody else can have changed the row since it was read: only it has to be found.
+    bool locked = false;
+};
+
+class EngineDialect {
+public:
+    virtual ~EngineDialect() = default;
+    EngineDialect() = default;
+    EngineDialect(const EngineDialect&) = delete;
+    EngineDialect& operator=(const EngineDialect&) = delete;
+
+    // Keywords the driver needs beside those of the connection string: "A=1;B=0"; empty: none.
+    virtual std::string ConnectionKeywords() const { return {}; }
+    // After every connecting, outside a transaction: the session's settings.
+    virtual void Prepare(Channel& channel) = 0;
+
+    // How to run a batch of the dialect. Throws DatabaseError for what makes the dialect refuse the
+    // whole batch.
+    virtual Plan PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) = 0;
+    // The step that makes a change, exactly one row of it. The connection checks the row count.
+    virtual RunStep PlanChange(const RowChange& change, Channel& channel) = 0;
+
+    virtual Failure Judge(const Diagnostic& diagnostic) const { return FailureOf(diagnostic); }
+    // After a step failed inside a transaction: true when the transaction goes on without what the
+    // step did, false when the engine has undone it all.
+    virtual bool KeepTransaction(Channel& channel) = 0;
+};
+
+}  // namespace kelvane::odbc

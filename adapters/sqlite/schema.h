@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/tsql/table_description.h"
 #include "platform/database.h"
 
 namespace kelvane::sqlite {
@@ -26,18 +27,8 @@ namespace kelvane::sqlite {
 inline constexpr int kApplicationId = 0x4B4C5645;
 inline constexpr int kLayoutVersion = 1;
 
-struct ColumnDescription {
-    std::string name;
-    std::string type;  // in the dialect: "varchar(60)", "int", "bit", "money", "float", "datetime"
-    bool nullable = true;
-};
-
-struct TableDescription {
-    std::string name;
-    std::vector<ColumnDescription> columns;
-    std::vector<std::string> key;                   // may be empty
-    std::vector<std::vector<std::string>> indexes;  // each a list of columns
-};
+using tsql::ColumnDescription;
+using tsql::TableDescription;
 
 // The declaration of a column of dialect type `type`. Throws std::invalid_argument for a type that
 // an account cannot store.

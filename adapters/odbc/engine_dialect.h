@@ -81,6 +81,8 @@ struct RowSource {
 struct Plan {
     std::vector<RunStep> steps;
     RowSource source;
+    bool changes = true;      // something in the batch is no query
+    bool rowsLocked = false;  // the steps keep the source's rows locked to the transaction's end
 };
 
 // A change to one row of a result. Amounts are texts with four decimals, dates texts too.

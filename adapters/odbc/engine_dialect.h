@@ -54,7 +54,7 @@ struct Purpose {
     bool changeable = false;  // the rows are opened to be changed
     // The rows stay locked against other writers: LockType::Pessimistic.
     bool locks = false;
-    // With `locks`: fail at once instead of waiting for others; the lock alone is wanted, no rows.
+    // With `locks`: the lock alone is wanted, no rows, and rather not at all than after waiting.
     bool lockAgain = false;
     bool inTransaction = false;
 };
@@ -65,11 +65,14 @@ struct RunStep {
     // The rows of its first result are the batch's result, unless an earlier step gave one.
     bool givesRows = false;
     // What the result's columns are. Empty: as the driver describes them.
-    std::vector<tsql::ResultColumn> columns;
+    std::vector<tsql::ResultColumn> columns = {};
+    // Of columns that the driver describes: those of the source's table that they are, an empty
+    // name for a computed one. Empty: each is the one of its own name.
+    std::vector<std::string> baseColumns = {};
     // Columns behind those, which the record set does not show: the row's identity.
     int hiddenColumns = 0;
     // Thrown instead of sending the text, once the steps before are done.
-    std::optional<platform::DatabaseError> error;
+    std::optional<platform::DatabaseError> error = {};
 };
 
 // Where the rows of a changeable result come from.
@@ -94,11 +97,11 @@ struct RowChange {
         tsql::Datum original;
     };
     const RowSource& source;
-    std::vector<Column> changed;
+    std::vector<Column> changed = {};
     // The whole row as it was read or last written, for finding it: the result's columns that come
     // from the table (value and original are the same), and what lies behind them.
-    std::vector<Column> row;
-    std::vector<tsql::Datum> hidden;
+    std::vector<Column> row = {};
+    std::vector<tsql::Datum> hidden = {};
     // Nobody else can have changed the row since it was read: only it has to be found.
     bool locked = false;
 };

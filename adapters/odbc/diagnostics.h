@@ -1,0 +1,33 @@
+// What a driver reports behind a failed call.
+#pragma once
+
+#include <stdexcept>
+
+#include "adapters/odbc/engine_dialect.h"
+#include "adapters/odbc/odbc_api.h"
+
+namespace kelvane::odbc {
+
+// A call of the driver failed; a dialect has still to say what that means.
+class DriverFailure : public std::runtime_error {
+public:
+    explicit DriverFailure(Diagnostic diagnostic)
+        : std::runtime_error(diagnostic.text), mDiagnostic(std::move(diagnostic)) {}
+
+    const Diagnostic& Reported() const { return mDiagnostic; }
+
+private:
+    Diagnostic mDiagnostic;
+};
+
+// The error among the handle's records: a record that tells of a lost connection, a deadlock or a
+// time-out before any other, warnings never. A text that says so when there is none.
+Diagnostic ReportedError(SQLSMALLINT type, SQLHANDLE handle);
+
+// A driver's text without the names in brackets before it: "[A][B]text" is "text".
+std::string WithoutPrefixes(std::string_view text);
+
+// Throws the library's error for a failure: DatabaseBusy, ConnectionLost, DatabaseError.
+[[noreturn]] void Throw(const Failure& failure);
+
+}  // namespace kelvane::odbc

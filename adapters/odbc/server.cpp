@@ -1,0 +1,147 @@
+#include "adapters/odbc/server.h"
+
+#include <utility>
+
+#include "adapters/odbc/connection_words.h"
+
+namespace kelvane::odbc {
+
+Server::Server(const OdbcSettings& settings, std::string connectionString)
+    : mSettings(settings),
+      mConnectionString(std::move(connectionString)),
+      mSecrets(SecretsOf(mConnectionString)),
+      mLink(mSettings) {
+    try {
+        Connect();
+    } catch (const DriverFailure& failure) {
+        const Failure meaning = Meaning(failure);
+        throw platform::DatabaseError("无法连接数据库服务器（" + meaning.text + "）", meaning.code);
+    }
+}
+
+void Server::Connect() {
+    mLink.Connect(mConnectionString);
+    if (!mDialect) {
+        mEngine = EngineNamed(mLink.EngineName());
+        mDialect = MakeDialect(mEngine, mSettings);
+        if (const std::string words = mDialect->ConnectionKeywords(); !words.empty()) {
+            mConnectionString = WithWords(mConnectionString, words);
+            mLink.Connect(mConnectionString);
+        }
+    }
+    try {
+        mDialect->Prepare(*this);
+    } catch (...) {
+        Disconnect();
+        throw;
+    }
+}
+
+void Server::Disconnect() noexcept {
+    mLink.Disconnect();
+    mInTransaction = false;
+}
+
+void Server::RequireConnected() {
+    if (mInTransaction || (mLink.IsConnected() && !mLink.IsDead())) return;
+    try {
+        Connect();
+    } catch (const DriverFailure& failure) {
+        const Failure meaning = Meaning(failure);
+        throw platform::ConnectionLost(
+            "与数据库服务器的连接已经断开，暂时无法重新连接（" + meaning.text + "）", meaning.code);
+    }
+}
+
+Failure Server::Meaning(const DriverFailure& failure) const {
+    Failure meaning =
+        mDialect ? mDialect->Judge(failure.Reported()) : FailureOf(failure.Reported());
+    meaning.text = WithoutSecrets(std::move(meaning.text), mSecrets);
+    return meaning;
+}
+
+void Server::Settle(const Failure& failure) {
+    if (failure.kind == FailureKind::ConnectionLost) {
+        Disconnect();
+    } else if (failure.kind == FailureKind::TransactionUndone && mInTransaction) {
+        RollBack();
+    }
+}
+
+ResultRows Server::Run(const std::string& text) {
+    const WantedRows wanted;
+    try {
+        return mLink.Run(text, &wanted);
+    } catch (const DriverFailure& reported) {
+        Failure failure = Meaning(reported);
+        if (mLink.IsDead()) failure.kind = FailureKind::ConnectionLost;
+        Settle(failure);
+        Throw(failure);
+    }
+}
+
+ResultRows Server::RunOne(const RunStep& step, bool wantsRows) {
+    if (step.error) throw *step.error;
+    const WantedRows wanted{step.columns, step.hiddenColumns};
+    try {
+        return mLink.Run(step.text, wantsRows && step.givesRows ? &wanted : nullptr);
+    } catch (const DriverFailure& reported) {
+        Failure failure = Meaning(reported);
+        if (mLink.IsDead()) failure.kind = FailureKind::ConnectionLost;
+        Settle(failure);
+        if (mInTransaction && !mDialect->KeepTransaction(*this)) RollBack();
+        Throw(failure);
+    }
+}
+
+void Server::StartTransaction() {
+    try {
+        mLink.SetAutoCommit(false);
+    } catch (const DriverFailure& reported) {
+        const Failure failure = Meaning(reported);
+        Disconnect();
+        Throw(failure);
+    }
+    mInTransaction = true;
+}
+
+void Server::Commit() {
+    if (mLink.IsDead()) {
+        Disconnect();
+        Throw({FailureKind::ConnectionLost, 0, "没有提交，未保存任何更改"});
+    }
+    try {
+        mLink.EndTransaction(true);
+    } catch (const DriverFailure& reported) {
+        const Failure failure = Meaning(reported);
+        const bool unanswered = failure.kind == FailureKind::ConnectionLost ||
+                                reported.Reported().state.starts_with("HYT") || mLink.IsDead();
+        if (!unanswered) {
+            RollBack();
+            Throw(failure);
+        }
+        Disconnect();
+        throw platform::CommitInDoubt(
+            "保存时与数据库服务器的连接断开，保存结果无法确认（" + failure.text + "）",
+            failure.code);
+    }
+    mInTransaction = false;
+    try {
+        mLink.SetAutoCommit(true);
+    } catch (const DriverFailure&) {
+        // What was committed stays so; the next statement connects again.
+        Disconnect();
+    }
+}
+
+void Server::RollBack() noexcept {
+    mInTransaction = false;
+    try {
+        mLink.EndTransaction(false);
+        mLink.SetAutoCommit(true);
+    } catch (...) {
+        Disconnect();
+    }
+}
+
+}  // namespace kelvane::odbc

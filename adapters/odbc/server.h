@@ -1,0 +1,56 @@
+// One database server as a session sees it: connecting and connecting again, running the steps of a
+// plan, the engine's one transaction; and what its failures become.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/odbc/dialects.h"
+#include "adapters/odbc/engine_dialect.h"
+#include "adapters/odbc/link.h"
+
+namespace kelvane::odbc {
+
+class Server : public Channel {
+public:
+    // Connects. Throws DatabaseError.
+    Server(const OdbcSettings& settings, std::string connectionString);
+    ~Server() override { mLink.Disconnect(); }
+
+    EngineDialect& Dialect() const { return *mDialect; }
+    DatabaseEngine Engine() const { return mEngine; }
+
+    bool IsConnected() const { return mLink.IsConnected(); }
+    // Outside a transaction: connects again when the connection has been lost. Throws
+    // ConnectionLost.
+    void RequireConnected();
+
+    ResultRows Run(const std::string& text) override;
+    ResultRows RunOne(const RunStep& step, bool wantsRows);
+
+    // False also when a failure has undone the transaction.
+    bool InTransaction() const override { return mInTransaction; }
+    void StartTransaction();
+    // Throws CommitInDoubt when the answer was lost; after any other error nothing was saved.
+    void Commit();
+    // Throws nothing: when the server cannot be told, it undoes the transaction by itself.
+    void RollBack() noexcept;
+
+private:
+    void Connect();
+    void Disconnect() noexcept;
+    Failure Meaning(const DriverFailure& failure) const;
+    // What has to be done after a failure, so that the next statement finds things as they are.
+    void Settle(const Failure& failure);
+
+    const OdbcSettings mSettings;
+    std::string mConnectionString;
+    std::vector<std::string> mSecrets;
+    DatabaseEngine mEngine = DatabaseEngine::SqlServer;
+    std::unique_ptr<EngineDialect> mDialect;
+    Link mLink;
+    bool mInTransaction = false;
+};
+
+}  // namespace kelvane::odbc

@@ -1,0 +1,66 @@
+// An open account on a server: batches, changes to rows, and the two uses of the engine's one
+// transaction: the explicit one, and record sets that keep their rows locked outside of it. What is
+// changed under the record sets' lock alone is made durable at once.
+#pragma once
+
+#include <list>
+#include <string>
+#include <string_view>
+
+#include "adapters/odbc/server.h"
+
+namespace kelvane::odbc {
+
+// What a query returned.
+struct Result {
+    ResultRows rows;
+    RowSource source;
+    // The transaction that keeps the rows locked; 0: none does.
+    long lockedIn = 0;
+};
+
+class Session {
+public:
+    using Locker = std::list<std::string>::iterator;
+
+    Session(const OdbcSettings& settings, std::string connectionString)
+        : mServer(settings, std::move(connectionString)) {}
+
+    void Begin();
+    void Commit();
+    void RollBack();
+    bool IsExplicit() const { return mExplicit; }
+
+    // Runs a batch. Throws DatabaseError for the first statement that fails; outside a transaction
+    // those before it stay done.
+    Result Run(std::string_view batch, Purpose purpose);
+
+    // Runs a query whose rows stay locked until RemoveLocker(), outside an explicit transaction.
+    Result RunLocked(std::string_view batch, Locker& locker);
+    // Throws nothing.
+    void RemoveLocker(Locker locker) noexcept;
+
+    // Makes a change to exactly one row; `lockedIn` is the row's Result's. Throws DatabaseError
+    // when the row is gone or has been changed.
+    void Change(RowChange change, long lockedIn);
+
+    Server& Engine() { return mServer; }
+
+private:
+    bool IsHeld() const { return mHeld && mServer.InTransaction(); }
+    void RequireIntact() const;
+    void Start();
+    void Lock(bool again);
+    void TryRelock() noexcept;
+    void MakeDurable();
+    void DropChange() noexcept;
+    Result RunPlan(const Plan& plan, const Purpose& purpose);
+
+    Server mServer;
+    std::list<std::string> mLockers;  // the batches that lock rows outside a transaction
+    bool mExplicit = false;
+    bool mHeld = false;     // the engine's transaction is the lockers' own
+    long mTransaction = 0;  // counts the engine's transactions
+};
+
+}  // namespace kelvane::odbc

@@ -1,6 +1,5 @@
 # The library and its adapters as a CMake package and a pkg-config file. Headers keep their folders:
 # a host includes "component/period_item.h" as the project itself does.
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(kelvane_packaged

@@ -1,0 +1,47 @@
+"""Windows programs under Wine, for the tests: their paths, their runs, and what their scripts report.
+
+Runs inside scripts/with-wine, which gives the prefix, the display and the locale.
+"""
+
+import os
+import subprocess
+import tempfile
+from pathlib import Path
+
+RUN_SECONDS = 90
+HERE = Path(__file__).resolve().parent
+
+
+def windows_path(path):
+    """The path of a file of this system as Windows programs see it."""
+    return "Z:" + str(Path(path).resolve()).replace("/", "\\")
+
+
+def run(*command, seconds=RUN_SECONDS, environment=None):
+    """Runs a Windows program; its exit status and output in the completed process."""
+    if not Path(os.environ["WINEPREFIX"], "drive_c", "kelvane-throwaway-prefix").exists():
+        raise RuntimeError("this is no prefix of scripts/with-wine")
+    return subprocess.run(["wine", *map(str, command)], capture_output=True, check=False,
+                          timeout=seconds, env={**os.environ, **(environment or {})})
+
+
+def register(library):
+    """Registers a COM server; its exit status."""
+    return run("regsvr32", "/s", windows_path(library)).returncode
+
+
+def run_script(script, *arguments, seconds=RUN_SECONDS, environment=None):
+    """Runs a script of VBScript or JScript and returns the lines it reported.
+
+    The script's first argument is the file it writes them to: what it echoes would have to fit the
+    console's code page. A script that fails ends silently, so the lines may be fewer than expected.
+    """
+    with tempfile.TemporaryDirectory() as folder:
+        report = Path(folder, "report.txt")
+        result = run("cscript", "//nologo", windows_path(script), windows_path(report), *arguments,
+                     seconds=seconds, environment=environment)
+        text = report.read_bytes().decode("utf-16") if report.exists() else ""
+        lines = text.splitlines()
+        if not lines:
+            lines.append(f"(no report; status {result.returncode}; {result.stderr[-2000:]!r})")
+        return lines

@@ -61,7 +61,7 @@ struct Purpose {
 
 // One call of the driver: one or more statements of the engine's language.
 struct RunStep {
-    std::string text;
+    std::string text = {};
     // The rows of its first result are the batch's result, unless an earlier step gave one.
     bool givesRows = false;
     // What the result's columns are. Empty: as the driver describes them.

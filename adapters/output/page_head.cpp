@@ -19,7 +19,9 @@ constexpr int kThousandths = 100;  // of a millimetre in a tenth
 // Appends `text` broken to `width`; returns the lower end.
 int AppendLines(std::vector<platform::PageText>& texts, std::string_view text, Letters letters,
                 PageBox place, PageAlignment alignment, TextMeasurer& measurer) {
-    letters.size = FittingSize(text, letters, place.width, measurer);
+    // What needs letters of less than half their size is broken.
+    const int fitting = FittingSize(text, letters, place.width, measurer);
+    letters.size = std::max(letters.size / 2, fitting);
     place.height = LineHeight(letters.size);
     for (const auto line : BreakLines(text, letters, place.width * kThousandths, measurer)) {
         texts.push_back({std::string(line), place, alignment, letters.size, letters.bold});
@@ -74,7 +76,7 @@ int FittingSize(std::string_view text, Letters letters, int width, TextMeasurer&
     const long needed = measurer.Width(text, letters);
     const long room = static_cast<long>(width) * kThousandths;
     if (needed <= room) return letters.size;
-    return static_cast<int>(std::max<long>(letters.size / 2, letters.size * room / needed));
+    return static_cast<int>(std::max<long>(1, letters.size * room / needed));
 }
 
 TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer) {

@@ -23,8 +23,7 @@ TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer);
 // Footer items, from the lower end of the rows.
 TextBlock MakeFoot(const Sheet& sheet, TextMeasurer& measurer);
 
-// `text` in letters of `size`, or as much smaller as it needs to fit `width` tenths of a
-// millimetre; never less than half as large.
+// The size of `letters`, or as much smaller as `text` needs to fit `width` tenths of a millimetre.
 int FittingSize(std::string_view text, Letters letters, int width, TextMeasurer& measurer);
 
 }  // namespace kelvane::output

@@ -16,7 +16,7 @@
 
 namespace kelvane::output {
 
-class SheetPages : public platform::PageSource {
+class SheetPages final : public platform::PageSource {
 public:
     // `measurer` outlives the pages; the sheet's rows must not change meanwhile. Throws
     // std::invalid_argument for a sheet without shown columns or with unusable settings.

@@ -40,9 +40,7 @@ PlacedColumn Place(const Sheet& sheet, const Width& column, int left) {
     return {.cell = column.cell,
             .left = left,
             .width = static_cast<int>(column.tenths),
-            .alignment = static_cast<platform::PageAlignment>(text.alignment),
-            .number = text.kind == platform::ColumnKind::Number ||
-                      text.alignment == platform::ColumnAlignment::Right};
+            .alignment = static_cast<platform::PageAlignment>(text.alignment)};
 }
 
 }  // namespace

@@ -15,7 +15,6 @@ struct PlacedColumn {
     int left = 0;          // tenths of a millimetre from the page's left edge
     int width = 0;
     platform::PageAlignment alignment = platform::PageAlignment::Left;
-    bool number = false;
 };
 
 using ColumnGroup = std::vector<PlacedColumn>;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "adapters/output/line_breaking.h"
+#include "adapters/output/number_text.h"
 #include "adapters/output/page_head.h"
 
 namespace kelvane::output {
@@ -46,14 +47,19 @@ int TableRows::CountLines(const ColumnGroup& group) const {
     return static_cast<int>(lines);
 }
 
+// A number that is broken in two reads as two numbers.
+bool TableRows::MayBreak(const PlacedColumn& column) const {
+    const platform::ColumnText& kind = mSheet.columns[column.cell];
+    const std::string_view text = mCells[column.cell];
+    return mTitles || !(CellNumber(kind, text) || CellDate(kind, text));
+}
+
 CellLines TableRows::Cell(const PlacedColumn& column) const {
     const std::string_view text = mCells[column.cell];
-    Letters letters = Letter();
-    // A number that is broken in two reads as two numbers.
-    if (column.number && !mTitles) {
-        letters.size = FittingSize(text, letters, RoomOf(column), mMeasurer);
-    }
-    return {BreakLines(text, letters, RoomOf(column) * kThousandths, mMeasurer), letters.size};
+    const Letters letters = Letter();
+    const int room = RoomOf(column);
+    if (!MayBreak(column)) return {{text}, FittingSize(text, letters, room, mMeasurer)};
+    return {BreakLines(text, letters, room * kThousandths, mMeasurer), letters.size};
 }
 
 }  // namespace kelvane::output

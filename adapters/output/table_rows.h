@@ -40,6 +40,9 @@ public:
     Letters Letter() const;
 
 private:
+    // Whether the cell is broken into lines when it is too long.
+    bool MayBreak(const PlacedColumn& column) const;
+
     const Sheet& mSheet;
     TextMeasurer& mMeasurer;
     bool mTitles = false;

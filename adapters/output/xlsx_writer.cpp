@@ -16,7 +16,6 @@
 namespace kelvane::output {
 
 using platform::ColumnAlignment;
-using platform::ColumnKind;
 
 namespace {
 

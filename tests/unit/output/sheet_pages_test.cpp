@@ -183,6 +183,27 @@ TEST_F(SheetPagesTest, NeverBreaksANumber) {
     EXPECT_LE(mMeasurer.Width(amount.text, {amount.size, false}), amount.box.width * 100);
 }
 
+TEST_F(SheetPagesTest, BreaksNeitherNumberNorDateInTheNarrowestColumn) {
+    Sheet sheet = SampleSheet(1);
+    sheet.columns[1].width = 200;
+    sheet.columns[3].width = 200;
+    sheet.cells = [](int) { return "\t2004-06-01\tx\t922,337,203,685,477.58"; };
+    const Page page = Lay(sheet).MakePage(1);
+    for (const char* whole : {"2004-06-01", "922,337,203,685,477.58"}) {
+        const PageText text = Find(page, whole);
+        EXPECT_LE(mMeasurer.Width(whole, {text.size, false}), text.box.width * 100) << whole;
+    }
+}
+
+// A code is no number, and a text among numbers is a text.
+TEST_F(SheetPagesTest, BreaksTextsAmongNumbers) {
+    Sheet sheet = SampleSheet(1);
+    sheet.cells = [](int) { return "\t\t\t一二三四五六七八九十一二三四五"; };
+    const PageText text = Find(Lay(sheet).MakePage(1), "一二三四五六七");
+    EXPECT_EQ(text.size, 90);
+    EXPECT_EQ(text.alignment, PageAlignment::Right);
+}
+
 TEST_F(SheetPagesTest, ContinuesARowThatIsHigherThanAPage) {
     Sheet sheet = SampleSheet(3);
     std::string text;

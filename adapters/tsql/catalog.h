@@ -23,6 +23,9 @@ struct ColumnInfo {
 struct TableInfo {
     std::string name;
     std::vector<ColumnInfo> columns;
+    // Where an engine has no row number of its own: the column that identifies a row and stands for
+    // the order in which the rows came. It may be one that `columns` does not list.
+    std::string rowColumn = {};
 
     // The column of that name in any letter case; null when there is none.
     const ColumnInfo* Find(std::string_view column) const;

@@ -12,27 +12,42 @@ namespace kelvane::tsql {
 
 namespace {
 
-// Hints about locks. A target that lets one writer in at a time already does what they ask for.
-constexpr std::string_view kHints[] = {
-    "holdlock", "updlock", "xlock",         "rowlock",         "paglock",        "tablock",
-    "tablockx", "nolock",  "readcommitted", "readuncommitted", "repeatableread", "serializable",
+// Hints about locks: whether the rows are held to the end of the transaction. A target that lets
+// one writer in at a time already does what they ask for.
+struct Hint {
+    std::string_view name;
+    bool holds;
+};
+constexpr Hint kHints[] = {
+    {"holdlock", true},       {"updlock", true},        {"xlock", true},
+    {"repeatableread", true}, {"serializable", true},   {"rowlock", false},
+    {"paglock", false},       {"tablock", false},       {"tablockx", true},
+    {"nolock", false},        {"readcommitted", false}, {"readuncommitted", false},
 };
 
-bool IsHint(const Token& token) {
-    return token.kind == Token::Kind::Name &&
-           std::any_of(std::begin(kHints), std::end(kHints),
-                       [&](std::string_view hint) { return EqualIgnoringCase(hint, token.text); });
+bool TakeHint(TokenReader& reader) {
+    const Token& token = reader.Current();
+    const auto* hint = std::find_if(std::begin(kHints), std::end(kHints), [&](const Hint& known) {
+        return EqualIgnoringCase(known.name, token.text);
+    });
+    if (token.kind != Token::Kind::Name || hint == std::end(kHints)) {
+        throw NotTranslated(token.text);
+    }
+    reader.Advance();
+    return hint->holds;
 }
 
-void SkipHints(TokenReader& reader) {
-    if (!reader.IsWord("with")) return;
+// Whether one of the hints holds the rows.
+bool TakeHints(TokenReader& reader) {
+    if (!reader.IsWord("with")) return false;
     reader.Advance();
     reader.ExpectSymbol("(");
+    bool held = false;
     do {
-        if (!IsHint(reader.Current())) throw NotTranslated(reader.Current().text);
-        reader.Advance();
+        held = TakeHint(reader) || held;
     } while (reader.TakeSymbol(","));
     reader.ExpectSymbol(")");
+    return held;
 }
 
 TableSource ParseTable(TokenReader& reader) {
@@ -50,7 +65,7 @@ TableSource ParseSource(TokenReader& reader, TableSource::Join join) {
     TableSource source = ParseTable(reader);
     source.join = join;
     if (reader.TakeWord("as") || reader.IsName()) source.alias = reader.TakeName();
-    SkipHints(reader);
+    source.held = TakeHints(reader);
     return source;
 }
 
@@ -143,7 +158,7 @@ Statement ParseUpdate(TokenReader& reader) {
     Statement statement;
     statement.kind = Statement::Kind::Update;
     statement.target = ParseTable(reader);
-    SkipHints(reader);
+    TakeHints(reader);
     reader.ExpectWord("set");
     do {
         Assignment assignment;
@@ -163,7 +178,7 @@ Statement ParseDelete(TokenReader& reader) {
     statement.kind = Statement::Kind::Delete;
     reader.TakeWord("from");
     statement.target = ParseTable(reader);
-    SkipHints(reader);
+    TakeHints(reader);
     if (reader.IsWord("from")) throw NotTranslated("delete … from");
     if (reader.TakeWord("where")) statement.where = ParseExpression(reader);
     return statement;

@@ -14,15 +14,6 @@ std::string KindNumber(Type type) {
     return std::to_string(static_cast<int>(type.kind));
 }
 
-std::string TextLiteral(std::string_view text) {
-    std::string result = "'";
-    for (const char c : text) {
-        if (c == '\'') result += '\'';
-        result += c;
-    }
-    return result + '\'';
-}
-
 }  // namespace
 
 std::string SqliteExpressionWriter::AddParameter(const Expression& literal, Parameter::Use use,
@@ -101,7 +92,7 @@ std::string SqliteExpressionWriter::Stored(const Expression& expression, Type ty
                                  std::to_string(length), "0"});
     }
     return Call("store", {std::move(value), KindNumber(type), std::to_string(type.length),
-                          TextLiteral(column)});
+                          QuotedText(column)});
 }
 
 std::string SqliteExpressionWriter::FunctionValue(const Expression& expression) {

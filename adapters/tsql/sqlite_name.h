@@ -1,18 +1,12 @@
 // Names as SQLite's dialect writes them.
 #pragma once
 
-#include <string>
-#include <string_view>
+#include "adapters/tsql/quoted_text.h"
 
 namespace kelvane::tsql {
 
 inline std::string QuotedForSqlite(std::string_view name) {
-    std::string result = "\"";
-    for (const char c : name) {
-        if (c == '"') result += '"';
-        result += c;
-    }
-    return result + '"';
+    return QuotedName(name);
 }
 
 }  // namespace kelvane::tsql

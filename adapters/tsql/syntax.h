@@ -73,6 +73,7 @@ struct TableSource {
     Join join = Join::First;
     ExpressionPtr on;
     std::shared_ptr<const TableInfo> info;
+    bool held = false;  // its rows are to stay as they are until the transaction ends
 
     const std::string& CorrelationName() const { return alias.empty() ? name : alias; }
 };

@@ -79,6 +79,22 @@ std::u32string Folded(std::string_view text) {
     return result;
 }
 
+void AppendCharacter(std::string& text, char32_t character) {
+    const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
+    if (character < 0x80) return add(character);
+    int rest = 6;
+    if (character < 0x800) {
+        add(0xC0 | (character >> 6));
+    } else if (character < 0x10000) {
+        add(0xE0 | (character >> 12));
+        rest = 12;
+    } else {
+        add(0xF0 | (character >> 18));
+        rest = 18;
+    }
+    for (rest -= 6; rest >= 0; rest -= 6) add(0x80 | ((character >> rest) & 0x3F));
+}
+
 std::size_t Width(char32_t character, bool wide) {
     if (wide) return character > 0xFFFF ? 2 : 1;
     return character < 0x80 ? 1 : 2;
@@ -125,6 +141,24 @@ int CompareText(std::string_view a, std::string_view b) {
         if (x != y) return x < y ? -1 : 1;
     }
     return static_cast<int>(!a.empty()) - static_cast<int>(!b.empty());
+}
+
+std::string FoldedText(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) AppendCharacter(result, Fold(TakeCharacter(text)));
+    return result;
+}
+
+CaseLetters CasedLetters() {
+    CaseLetters letters;
+    for (const CaseRange& range : kCaseRanges) {
+        for (char32_t letter = range.first; letter <= range.last; letter += range.step) {
+            AppendCharacter(letters.upper, letter);
+            AppendCharacter(letters.lower, Fold(letter));
+        }
+    }
+    return letters;
 }
 
 std::string_view AsciiCasedPart(std::string_view text) {

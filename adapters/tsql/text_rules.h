@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace kelvane::tsql {
@@ -10,6 +11,17 @@ namespace kelvane::tsql {
 // Negative, 0 or positive as `a` sorts before, with or after `b`: without regard to letter case
 // (Latin, Greek, Cyrillic and full-width letters) and trailing blanks, by code point otherwise.
 int CompareText(std::string_view a, std::string_view b);
+
+// The text as texts are compared: two are equal when their folded texts are. Its trailing blanks
+// are kept.
+std::string FoldedText(std::string_view text);
+
+// The letters with a case that are not ASCII's, and at the same places what they are folded to.
+struct CaseLetters {
+    std::string upper;
+    std::string lower;
+};
+CaseLetters CasedLetters();
 
 // True when the text's only letters with a case are ASCII's, so that comparing it needs no more
 // than ASCII's letter case.

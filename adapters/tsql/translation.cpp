@@ -62,9 +62,9 @@ Datum ValueOf(const Parameter& parameter, const std::vector<Literal>& literals) 
         stored && parameter.type.IsText() ? Type{parameter.type.kind, 0} : parameter.type;
     Datum value = ConvertLiteral(literal, parameter.negated, type);
     if (stored) return Stored(std::move(value), parameter.type, parameter.column);
-    if (parameter.use == Parameter::Use::Trimmed) {
-        auto& text = std::get<std::string>(value);
-        text.resize(TrimEnd(text).size());
+    if (auto* text = std::get_if<std::string>(&value); text != nullptr && parameter.type.IsText()) {
+        if (parameter.use == Parameter::Use::Trimmed) text->resize(TrimEnd(*text).size());
+        if (parameter.use == Parameter::Use::Key) return FoldedText(TrimEnd(*text));
     }
     return value;
 }

@@ -20,6 +20,7 @@ struct Parameter {
     enum class Use {
         Value,    // as it is
         Trimmed,  // a text without its trailing blanks
+        Key,      // that, folded: as texts are compared
         Stored,   // into the column named `column`
     };
 
@@ -46,6 +47,8 @@ struct Translated {
     bool hasRowIdentity = false;  // the result has the row's identity behind its columns
     // Something in the text can fail after some rows have been changed.
     bool canFailMidway = false;
+    // The rows of a select that were to be locked are not: its result has none of a table's.
+    bool locksLeft = false;
 };
 
 // What a statement that cannot be translated fails with when its turn comes.

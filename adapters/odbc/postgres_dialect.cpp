@@ -1,0 +1,216 @@
+#include "adapters/odbc/postgres_dialect.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/odbc/postgres_functions.h"
+#include "adapters/tsql/definition.h"
+#include "adapters/tsql/errors.h"
+#include "adapters/tsql/postgres_definition.h"
+#include "adapters/tsql/quoted_text.h"
+
+namespace kelvane::odbc {
+
+namespace {
+
+using tsql::QuotedName;
+
+constexpr std::string_view kSavepoint = "savepoint kelvane_statement;";
+constexpr std::string_view kRelease = ";release savepoint kelvane_statement;";
+constexpr std::size_t kMostKnown = 128;
+// A longer batch, which a script with many lines makes, would fill the memory and hardly return.
+constexpr std::size_t kMostStatements = 64;
+// How much text one call carries.
+constexpr std::size_t kLongestStep = 256 * 1024;
+
+bool IsQuery(const tsql::Translated& statement) {
+    return statement.kind == tsql::Statement::Kind::Select;
+}
+
+bool IsLasting(const tsql::Translation& translation) {
+    return translation.statements.size() <= kMostStatements &&
+           std::none_of(translation.statements.begin(), translation.statements.end(),
+                        [](const auto& statement) { return statement.error.has_value(); });
+}
+
+// A statement that fails in a transaction goes back to here, and what ran before it is kept.
+std::string Guarded(const std::string& text, bool inTransaction) {
+    if (!inTransaction) return text;
+    return std::string(kSavepoint) + text + std::string(kRelease);
+}
+
+}  // namespace
+
+// The driver shall send a text as it is, in one call, without savepoints of its own, and give texts
+// back with their line ends.
+std::string PostgresDialect::ConnectionKeywords() const {
+    return "Protocol=7.4-0;UseServerSidePrepare=0;UseDeclareFetch=0;LFConversion=0";
+}
+
+void PostgresDialect::Prepare(Channel& channel) {
+    mCatalog.Clear();
+    mKnown.clear();
+    channel.Run(
+        "set client_encoding to 'UTF8';set standard_conforming_strings to on;"
+        "set datestyle to 'ISO, YMD';set extra_float_digits to 3;set client_min_messages to "
+        "warning;set default_transaction_isolation to 'read committed';set jit to off;"
+        "set lock_timeout to " +
+        std::to_string(std::max(mLockTimeout, 0)));
+}
+
+std::shared_ptr<const tsql::Translation> PostgresDialect::Translated(bool changeable,
+                                                                     tsql::RowLocks locks) {
+    const auto found = std::find_if(mKnown.begin(), mKnown.end(), [&](const Known& known) {
+        return known.changeable == changeable && known.locks == locks &&
+               known.shape == mText.shape && known.translation->Serves(mText);
+    });
+    if (found != mKnown.end()) {
+        mKnown.splice(mKnown.begin(), mKnown, found);
+        return found->translation;
+    }
+    tsql::PostgresWriter writer(locks);
+    const bool catalogMayBeStale = !mCatalog.IsEmpty();
+    const auto translate = [&] {
+        return std::make_shared<const tsql::Translation>(
+            tsql::Translate(mText, mCatalog, writer, changeable));
+    };
+    std::shared_ptr<const tsql::Translation> translation;
+    try {
+        translation = translate();
+    } catch (const platform::DatabaseError& error) {
+        if (error.NativeCode() != tsql::error::kUnknownColumn || !catalogMayBeStale) throw;
+        mCatalog.Clear();
+        translation = translate();
+    }
+    if (IsLasting(*translation)) {
+        mKnown.push_front({mText.shape, changeable, locks, translation});
+        if (mKnown.size() > kMostKnown) mKnown.pop_back();
+    }
+    return translation;
+}
+
+// Inside a transaction the steps from `firstStep` on go together in one call: each has its own
+// savepoint, so that the one that fails is undone alone and nothing behind it runs.
+void PostgresDialect::AddStatement(Plan& plan, const tsql::TranslatedStatement& statement,
+                                   const Purpose& purpose, std::size_t firstStep) {
+    const tsql::Translated& translated = statement.translated;
+    if (statement.error) {
+        plan.steps.push_back({.text = {}, .error = statement.error});
+        return;
+    }
+    if (translated.text.empty()) return;
+    std::string text;
+    try {
+        text = Guarded(tsql::FilledForPostgres(translated, mText.literals), purpose.inTransaction);
+    } catch (const platform::DatabaseError& error) {
+        plan.steps.push_back({.text = {}, .error = error});
+        return;
+    }
+    const bool hasRows = std::any_of(plan.steps.begin(), plan.steps.end(),
+                                     [](const RunStep& step) { return step.givesRows; });
+    const bool givesRows = IsQuery(translated) && purpose.wantsRows && !hasRows;
+    const bool joins = purpose.inTransaction && plan.steps.size() > firstStep &&
+                       !plan.steps.back().error &&
+                       plan.steps.back().text.size() + text.size() < kLongestStep;
+    if (!joins) plan.steps.push_back({});
+    RunStep& step = plan.steps.back();
+    step.text += text;
+    if (!givesRows) return;
+    step.givesRows = true;
+    step.columns = translated.columns;
+    step.hiddenColumns = translated.hasRowIdentity ? 1 : 0;
+    if (translated.hasRowIdentity) plan.source = {translated.table, ""};
+}
+
+Plan PostgresDialect::PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) {
+    mCatalog.Use(channel);
+    tsql::Lex(batch, mText);
+    if (tsql::IsDefinition(mText)) return PlanDefinitions();
+    tsql::RowLocks locks;
+    locks.all = purpose.locks && purpose.inTransaction;
+    locks.held = purpose.inTransaction;
+    locks.noWait = purpose.lockAgain;
+    Plan plan;
+    plan.changes = false;
+    const auto addLocks = [&] {
+        tsql::RowLocks alone = locks;
+        alone.only = true;
+        const auto locking = Translated(false, alone);
+        for (const auto& statement : locking->statements) {
+            if (!IsQuery(statement.translated) || statement.error) continue;
+            AddStatement(plan, statement, {.inTransaction = purpose.inTransaction}, 0);
+        }
+    };
+    if (purpose.lockAgain) {
+        addLocks();
+        return plan;
+    }
+    const auto translation = Translated(purpose.changeable, locks);
+    const auto& statements = translation->statements;
+    plan.rowsLocked = locks.all;
+    if (std::any_of(statements.begin(), statements.end(),
+                    [](const auto& statement) { return statement.translated.locksLeft; })) {
+        addLocks();
+    }
+    const std::size_t firstStep = plan.steps.size();
+    for (const tsql::TranslatedStatement& statement : statements) {
+        plan.changes = plan.changes || !IsQuery(statement.translated);
+        AddStatement(plan, statement, purpose, firstStep);
+    }
+    return plan;
+}
+
+Plan PostgresDialect::PlanDefinitions() {
+    Plan plan;
+    for (const tsql::Definition& definition : tsql::ParseDefinitions(mText)) {
+        const bool isNew = definition.kind == tsql::Definition::Kind::CreateTable;
+        if (isNew && mCatalog.FindTable(definition.table) != nullptr) {
+            throw platform::DatabaseError(
+                "There is already an object named '" + definition.table + "' in the database.",
+                2714);
+        }
+        const auto table = isNew ? nullptr : mCatalog.FindTable(definition.table);
+        std::string text = tsql::WrittenForPostgres(definition, table.get());
+        if (isNew && !mHasFunctions) {
+            plan.steps.push_back({.text = PostgresFunctions()});
+            mHasFunctions = true;
+        }
+        plan.steps.push_back({.text = std::move(text)});
+    }
+    mCatalog.Clear();
+    mKnown.clear();
+    return plan;
+}
+
+// Without the release behind it, so that the last count of rows is the change's own.
+RunStep PostgresDialect::PlanChange(const RowChange& change, Channel& channel) {
+    std::string text =
+        channel.InTransaction() ? std::string(kSavepoint) + "update " : std::string("update ");
+    text += QuotedName(change.source.table) + " set ";
+    std::string unchanged;
+    for (const RowChange::Column& column : change.changed) {
+        const std::string name = QuotedName(column.name);
+        if (&column != &change.changed.front()) text += ", ";
+        text += name + " = " + tsql::PostgresLiteral(column.value, column.type);
+        if (change.locked) continue;
+        unchanged += " and " + name + " is not distinct from " +
+                     tsql::PostgresLiteral(column.original, column.type);
+    }
+    mCatalog.Use(channel);
+    const auto table = mCatalog.FindTable(change.source.table);
+    if (!table || change.hidden.empty()) throw tsql::UnknownTable(change.source.table);
+    text += " where " + QuotedName(table->rowColumn) + " = " +
+            tsql::PostgresLiteral(change.hidden.front(), {tsql::Type::Kind::BigInt, 0}) + unchanged;
+    return {.text = text};
+}
+
+bool PostgresDialect::KeepTransaction(Channel& channel) {
+    try {
+        channel.Run("rollback to savepoint kelvane_statement;release savepoint kelvane_statement;");
+        return true;
+    } catch (const platform::DatabaseError&) {
+        return false;
+    }
+}
+
+}  // namespace kelvane::odbc

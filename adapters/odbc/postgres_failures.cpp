@@ -1,0 +1,107 @@
+// What the server's errors mean: the dialect's number and text where the dialect has one, by
+// SQLSTATE, because the server's own texts come in its operator's language.
+#include <algorithm>
+#include <charconv>
+
+#include "adapters/odbc/postgres_dialect.h"
+#include "adapters/tsql/errors.h"
+
+namespace kelvane::odbc {
+
+namespace {
+
+// Of the functions that an account has.
+constexpr std::string_view kOwnState = "KV000";
+constexpr std::string_view kDuplicate = "23505";
+constexpr std::string_view kNull = "23502";
+constexpr std::string_view kManyRows = "21000";
+constexpr std::string_view kDivision = "22012";
+
+struct Meaning {
+    std::string_view state;  // how the SQLSTATE begins
+    FailureKind kind;
+    int code;  // 0: the driver's own
+};
+
+constexpr Meaning kMeanings[] = {
+    {"55P03", FailureKind::Busy, 1222},               // lock_timeout, nowait
+    {"57014", FailureKind::Busy, 0},                  // statement_timeout
+    {"53300", FailureKind::Busy, 0},                  // too many connections
+    {"40P01", FailureKind::TransactionUndone, 1205},  // deadlock
+    {"40001", FailureKind::TransactionUndone, 1205},
+    {"57P", FailureKind::ConnectionLost, 0},  // the server shuts down
+    {"25P02", FailureKind::Statement, 3930},
+    {"22001", FailureKind::Statement, tsql::error::kTextTooLong},
+    {"22003", FailureKind::Statement, tsql::error::kOverflow},
+    {"22007", FailureKind::Statement, 241},
+    {"22008", FailureKind::Statement, tsql::error::kOutOfRangeDate},
+    {"22P02", FailureKind::Statement, tsql::error::kConversion},
+    {"42P01", FailureKind::Statement, tsql::error::kUnknownTable},
+    {"42703", FailureKind::Statement, tsql::error::kUnknownColumn},
+    {"42601", FailureKind::Statement, tsql::error::kSyntax},
+    {"42P07", FailureKind::Statement, 2714},
+    {"54001", FailureKind::Statement, tsql::error::kNestedTooDeeply},
+};
+
+// "ERROR: text;\nError while executing the query" and "ERROR: text\nDETAIL: …".
+std::string_view MessageIn(std::string_view text) {
+    const std::size_t colon = text.find(": ");
+    const bool hasSeverity =
+        colon != std::string_view::npos && text.find(' ') == colon + 1 && colon < 12;
+    if (hasSeverity) text.remove_prefix(colon + 2);
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    for (const std::string_view end : {";\nError while", "\nDETAIL:"}) {
+        text = text.substr(0, text.find(end));
+    }
+    return text;
+}
+
+std::vector<std::string> NamesIn(std::string_view text) {
+    std::vector<std::string> names;
+    for (std::size_t at = 0;;) {
+        const std::size_t open = text.find('"', at);
+        const std::size_t close = open == std::string_view::npos ? open : text.find('"', open + 1);
+        if (close == std::string_view::npos) return names;
+        names.emplace_back(text.substr(open + 1, close - open - 1));
+        at = close + 1;
+    }
+}
+
+Failure From(const platform::DatabaseError& error) {
+    return {FailureKind::Statement, error.NativeCode(), error.what()};
+}
+
+}  // namespace
+
+Failure PostgresDialect::Judge(const Diagnostic& diagnostic) const {
+    const std::string_view message = MessageIn(diagnostic.text);
+    const std::vector<std::string> names = NamesIn(message);
+    if (diagnostic.state == kOwnState) {
+        Failure failure;
+        const char* end = message.data() + message.size();
+        const char* stop = std::from_chars(message.data(), end, failure.code).ptr;
+        failure.text = message.substr(std::min<std::size_t>(
+            message.size(), static_cast<std::size_t>(stop - message.data()) + 1));
+        return failure;
+    }
+    if (diagnostic.state == kManyRows) return From(tsql::ManyRows());
+    if (diagnostic.state == kDivision) return From(tsql::DivisionByZero());
+    if (diagnostic.state == kDuplicate && !names.empty()) {
+        return From(tsql::DuplicateKey(mCatalog.TableOfIndex(names.back())));
+    }
+    if (diagnostic.state == kNull && names.size() > 1) {
+        return From(tsql::NullRefused(names[1], names[0]));
+    }
+    Failure failure = FailureOf(diagnostic);
+    failure.text = message;
+    const auto* meaning = std::find_if(
+        std::begin(kMeanings), std::end(kMeanings),
+        [&](const Meaning& known) { return diagnostic.state.starts_with(known.state); });
+    if (meaning != std::end(kMeanings)) {
+        failure.kind = meaning->kind;
+        if (meaning->code != 0) failure.code = meaning->code;
+    }
+    return failure;
+}
+
+}  // namespace kelvane::odbc

@@ -8,6 +8,7 @@
 #include <wx/utils.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "adapters/desktop/file_name.h"
 #include "adapters/desktop/look.h"
@@ -49,20 +50,20 @@ DesktopPrinting::DesktopPrinting(Stage& stage)
 std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuestion& question) {
     // The kind that is chosen in the dialog gives the name its ending.
     std::string name = WithoutEnding(question.suggestedName, question.types);
-    int type = 0;
+    std::size_t kind = 0;
     for (;;) {
         wxFileDialog dialog(mStage.TopWindow(), Text(question.title), Text(mFolder), Text(name),
                             Text(FilterOf(question.types)), wxFD_SAVE);
-        dialog.SetFilterIndex(type);
+        dialog.SetFilterIndex(static_cast<int>(kind));
         if (Show(dialog) != wxID_OK) return std::nullopt;
         // The dialog's own folder is not the one of a typed path.
         const wxFileName file(dialog.GetPath());
         mFolder = Utf8(file.GetPath());
         name = Utf8(file.GetFullName());
-        type = dialog.GetFilterIndex();
-        std::string path =
-            WithEnding(Utf8(dialog.GetPath()), question.types.at(static_cast<std::size_t>(type)),
-                       question.types);
+        const std::size_t offered =
+            std::exchange(kind, static_cast<std::size_t>(dialog.GetFilterIndex()));
+        std::string path = WithEnding(Utf8(dialog.GetPath()), question.types.at(offered),
+                                      question.types.at(kind), question.types);
         if (MayReplace(path, question.title)) return path;
     }
 }

@@ -1,17 +1,16 @@
 #include "adapters/desktop/desktop_windows.h"
 
-#include <cairo.h>
 #include <wx/app.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
 #include <wx/display.h>
-#include <wx/image.h>
 
 #include <stdexcept>
 
 #include "adapters/desktop/desktop_printing.h"
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/stage.h"
+#include "adapters/desktop/system.h"
 
 namespace kelvane::desktop {
 
@@ -88,13 +87,13 @@ bool DesktopWindows::SaveScreenshot(const std::string& path) const {
     const wxRect place = window->GetScreenRect();
     wxScreenDC screen;
     // Otherwise it would hand out what it has read of the screen before.
-    cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetHandle())));
+    ForgetPicture(screen);
     wxBitmap bitmap;
     bitmap.CreateWithDIPSize(place.GetSize(), window->GetContentScaleFactor());
     wxMemoryDC memory(bitmap);
     if (!memory.Blit(wxPoint(0, 0), place.GetSize(), &screen, place.GetTopLeft())) return false;
     memory.SelectObject(wxNullBitmap);
-    return bitmap.SaveFile(Text(path), wxBITMAP_TYPE_PNG);
+    return SavePng(bitmap, path);
 }
 
 void DesktopWindows::Post(const std::function<void()>& task) {
@@ -113,7 +112,6 @@ public:
 
     bool OnInit() override {
         wxLog::EnableLogging(true);
-        wxImage::AddHandler(new wxPNGHandler);
         SetExitOnFrameDelete(false);
         return true;
     }
@@ -142,6 +140,7 @@ private:
 }  // namespace
 
 int RunDesktop(const std::function<int(DesktopWindows&)>& body) {
+    SpeakChinese();
     wxApp::SetInstance(new DesktopApp(body));
     int count = 1;
     char name[] = "kelvane";

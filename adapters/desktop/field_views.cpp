@@ -67,7 +67,9 @@ void EditBoxView::TypeCharacter(char32_t character) {
 
 void EditBoxView::Update() {
     const wxString text = Text(mBox.Text());
-    if (mField->GetValue() != text) mField->ChangeValue(text);
+    if (mField->GetValue() == text) return;
+    mField->ChangeValue(text);
+    mField->SetInsertionPointEnd();
 }
 
 ComboBoxView::ComboBoxView(wxWindow& parent, controls::ComboBox& box, ViewHost& host)

@@ -47,9 +47,12 @@ bool IsEndingOf(std::string_view ending, const std::vector<FileType>& types) {
 
 }  // namespace
 
-std::string WithEnding(const std::string& path, const FileType& chosen,
+std::string WithEnding(const std::string& path, const FileType& offered, const FileType& chosen,
                        const std::vector<FileType>& types) {
     const std::string_view ending = EndingOf(path);
+    if (offered.ending != chosen.ending && Lower(ending) == Lower(offered.ending)) {
+        return path.substr(0, path.size() - ending.size()) + chosen.ending;
+    }
     const bool typed = !ending.empty() && ending.size() <= kLongestEnding &&
                        std::all_of(ending.begin(), ending.end(), IsLetter);
     if (typed || IsEndingOf(ending, types)) return path;

@@ -10,8 +10,10 @@
 namespace kelvane::desktop {
 
 // `path` with `chosen`'s ending, unless it has an ending already: one of `types`, or another that
-// looks like one (letters alone, not more than four). All UTF-8.
-std::string WithEnding(const std::string& path, const platform::FileType& chosen,
+// looks like one (letters alone, not more than four). The ending of `offered`, the kind that the
+// dialog opened with, gives way when another kind was chosen. All UTF-8.
+std::string WithEnding(const std::string& path, const platform::FileType& offered,
+                       const platform::FileType& chosen,
                        const std::vector<platform::FileType>& types);
 
 // `name` without the ending of one of `types`.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/desktop/held_keys.h"
 #include "controls/grid.h"
 
 namespace kelvane::desktop {
@@ -14,6 +15,9 @@ void FormKeys::Attach(wxWindow& window) {
     window.Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
         mDownCode = event.GetKeyCode();
         const KeyStroke stroke = StrokeOfKey(event);
+        if (HeldKeys::OfKeyboard().RepeatsFromElsewhere(stroke.key, this, event.GetTimestamp())) {
+            return;
+        }
         mPressed[stroke.key] = stroke.shift;
         event.Skip();
     });

@@ -1,6 +1,5 @@
 #include "adapters/desktop/printout.h"
 
-#include <cairo.h>
 #include <wx/dcprint.h>
 #include <wx/graphics.h>
 
@@ -9,28 +8,9 @@
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/page_drawing.h"
+#include "adapters/desktop/system.h"
 
 namespace kelvane::desktop {
-
-namespace {
-
-// Puts the origin of `target` in the corner of a paper of `size`. The toolkit and the system do not
-// agree on which margin is the left one when the paper lies on its side.
-void MoveToCorner(wxGraphicsContext& target, const wxSize& size) {
-    auto* device = static_cast<cairo_t*>(target.GetNativeContext());
-    double left = 0;
-    double top = 0;
-    double right = size.x;
-    double bottom = size.y;
-    cairo_user_to_device(device, &left, &top);
-    cairo_user_to_device(device, &right, &bottom);
-    double x = -std::min(left, right);
-    double y = -std::min(top, bottom);
-    cairo_device_to_user_distance(device, &x, &y);
-    target.Translate(x, y);
-}
-
-}  // namespace
 
 Printout::Printout(const platform::PageSource& pages)
     : wxPrintout(Text(pages.Title())), mPages(pages) {}
@@ -52,7 +32,7 @@ bool Printout::OnPrintPage(int number) {
     // Fills the paper; on the paper the pages were made for that is their own size.
     const double scale = std::min(static_cast<double>(paper.width) / mPages.PageWidth(),
                                   static_cast<double>(paper.height) / mPages.PageHeight());
-    MoveToCorner(*target, paper.GetSize());
+    MoveToCorner(*target, paper);
     target->Translate((paper.width - scale * mPages.PageWidth()) / 2,
                       (paper.height - scale * mPages.PageHeight()) / 2);
     DrawPage(*target, mPages.MakePage(number), scale, 0);

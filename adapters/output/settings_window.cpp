@@ -7,7 +7,6 @@ namespace kelvane::output {
 
 using controls::ComboBox;
 using controls::Control;
-using controls::EditBox;
 
 namespace {
 
@@ -132,6 +131,7 @@ void SettingsWindow::Form_Load() {
     const int height = 3 * kMargin + rows * kRowHeight + kButtonHeight + kFrameHeight;
     SetSize(width, height);
     SetPosition((mWindows.ScreenWidth() - width) / 2, (mWindows.ScreenHeight() - height) / 2);
+    cboPaper.SetFocus();
 }
 
 void SettingsWindow::Form_Resize() {

@@ -1,6 +1,8 @@
 // The system's own file and print dialogs, worked by real keys, and what comes of them.
 #include <gtest/gtest.h>
+#include <libintl.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <future>
@@ -60,11 +62,18 @@ protected:
                 printed = Windows().Printing().PrintPages(pages);
                 form.Unload();
             });
-            person.SeeSystemWindow("Print");
+            // The toolkit's own word for it, where its translations are installed.
+            person.SeeSystemWindow(dgettext("gtk30", "Print"));
             deeds(person);
             person.See("printed", [&] { return !form.IsLoaded(); });
         });
         return printed;
+    }
+
+    // Whether there is a printed file; its name is the toolkit's.
+    bool IsPrinted() const {
+        return std::any_of(fs::directory_iterator(mFolder), fs::directory_iterator(),
+                           [](const auto& entry) { return entry.path().extension() == ".pdf"; });
     }
 
     fs::path mBefore = fs::current_path();
@@ -96,6 +105,16 @@ TEST_F(DesktopPrinting, AFileIsChosenWithTheEndingOfItsKind) {
                   person.Keys({"Return"});
               }),
               PathOf("b.CSV"));
+}
+
+TEST_F(DesktopPrinting, TheSuggestedNameFollowsTheChosenKind) {
+    EXPECT_EQ(Choose([&](Person& person) {
+                  // From the name back to the list of kinds, and on to the dialog's last button.
+                  person.Keys({"shift+Tab", "shift+Tab", "shift+Tab", "Down"});
+                  Person::Blink();
+                  person.Keys({"Tab", "Tab", "space"});
+              }),
+              PathOf("期初 2024.12.csv"));
 }
 
 TEST_F(DesktopPrinting, NothingIsChosenWhenTheDialogIsLeft) {
@@ -136,27 +155,27 @@ TEST_F(DesktopPrinting, PagesArePrintedOnTheirPaper) {
     for (const Paper& paper : kPapers) {
         const SamplePages pages(3, paper.width, paper.height);
         EXPECT_TRUE(Print(pages, PrintToFile));
-        const std::string facts = OutputOf("pdfinfo output.pdf");
+        const std::string facts = OutputOf("pdfinfo *.pdf");
         EXPECT_NE(facts.find("Pages:           3"), std::string::npos) << facts;
         EXPECT_NE(facts.find(paper.points), std::string::npos) << facts;
-        const std::string text = OutputOf("pdftotext -layout output.pdf - | tr -d ' '");
+        const std::string text = OutputOf("pdftotext -layout *.pdf - | tr -d ' '");
         EXPECT_NE(text.find("第3页"), std::string::npos) << text;
         EXPECT_NE(text.find("12,345.67"), std::string::npos) << text;
         // A dot is a millimetre then: the area begins 20 mm from the paper's edges.
         const std::string dots = OutputOf(
-            "pdftoppm -r 25.4 -png -f 1 -l 1 -singlefile output.pdf page && "
+            "pdftoppm -r 25.4 -png -f 1 -l 1 -singlefile *.pdf page && "
             "convert page.png -fuzz 10% -fill black +opaque red -trim -format '%w %h %X %Y' info:");
         EXPECT_EQ(dots, "40 40 +20 +20") << paper.points;
-        fs::remove("output.pdf");
+        OutputOf("rm *.pdf");
     }
 }
 
 TEST_F(DesktopPrinting, NothingIsPrintedWhenTheDialogIsLeft) {
     const SamplePages pages(1, 2100, 2970);
     EXPECT_FALSE(Print(pages, [](Person& person) { person.Keys({"Escape"}); }));
-    EXPECT_FALSE(fs::exists("output.pdf"));
+    EXPECT_FALSE(IsPrinted());
     EXPECT_TRUE(Print(pages, PrintToFile));
-    EXPECT_TRUE(fs::exists("output.pdf"));
+    EXPECT_TRUE(IsPrinted());
 }
 
 TEST_F(DesktopPrinting, LongWorkIsShownAndCanBeEnded) {

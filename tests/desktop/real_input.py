@@ -19,6 +19,7 @@ from pathlib import Path
 PATIENCE_SECONDS = 20
 GLANCE_SECONDS = 0.05
 BLINK_SECONDS = 0.3
+HELD_SECONDS = 1.0  # long enough for a key to repeat
 SCENARIOS = Path(__file__).resolve().parent.parent / "scenario"
 DATA = [SCENARIOS / "small.sql", SCENARIOS / "small_details.sql"]
 LIST = "项目期初录入"
@@ -258,9 +259,10 @@ class RealInput(unittest.TestCase):
         self.open()
         self.keys("ctrl+End", "Up", "ctrl+Return")  # the lines of a settled item
         self.see(DETAILS)
-        # A slow finger: the list sees the key released.
+        # A slow finger: the list sees the key repeated and released.
         xdotool("keydown", "ctrl", "keydown", "F4")
         self.leave_details()
+        time.sleep(HELD_SECONDS)
         xdotool("keyup", "F4", "keyup", "ctrl")
         time.sleep(BLINK_SECONDS)
         self.assertEqual(list(Window.shown()), [LIST])

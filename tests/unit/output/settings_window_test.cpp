@@ -34,6 +34,7 @@ TEST_F(SettingsWindowTest, ShowsTheSettings) {
     EXPECT_EQ(window.txtTop.Text(), "15.5");
     EXPECT_EQ(window.txtLeft.Text(), "15");
     EXPECT_EQ(window.cboRepeatHead.Text(), "是");
+    EXPECT_EQ(window.ActiveControl(), &window.cboPaper);
 }
 
 TEST_F(SettingsWindowTest, GivesBackWhatWasShown) {

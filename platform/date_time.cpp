@@ -89,7 +89,7 @@ long DateTime::DayNumber() const {
     const std::chrono::year_month_day date{std::chrono::year(year),
                                            std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
-    return std::chrono::sys_days(date).time_since_epoch().count();
+    return static_cast<long>(std::chrono::sys_days(date).time_since_epoch().count());
 }
 
 DateTime DateTime::FromDayNumber(long dayNumber) {

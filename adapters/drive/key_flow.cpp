@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <iterator>
 #include <string>
 
 #include "controls/button.h"
@@ -31,9 +33,10 @@ Control* NextControl(const Form& form, int step) {
     std::copy_if(form.Controls().begin(), form.Controls().end(), std::back_inserter(stops),
                  CanFocus);
     if (stops.empty()) return nullptr;
-    const auto count = static_cast<long>(stops.size());
+    const auto count = static_cast<std::ptrdiff_t>(stops.size());
     const auto active = std::find(stops.begin(), stops.end(), form.ActiveControl());
-    const long at = active == stops.end() ? (step > 0 ? -1 : count) : active - stops.begin();
+    const std::ptrdiff_t at =
+        active == stops.end() ? (step > 0 ? -1 : count) : active - stops.begin();
     return stops[static_cast<std::size_t>((at + step + count) % count)];
 }
 

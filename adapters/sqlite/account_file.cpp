@@ -35,7 +35,7 @@ using HeaderBytes = std::array<char, kHeaderSize>;
 bool ReadHeader(const std::string& path, HeaderBytes& bytes) {
     sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
     const std::unique_ptr<const char, void (*)(const char*)> name(
-        sqlite3_create_filename(fs::absolute(path).c_str(), "", "", 0, nullptr),
+        sqlite3_create_filename(fs::absolute(path).string().c_str(), "", "", 0, nullptr),
         sqlite3_free_filename);
     const std::unique_ptr<void, void (*)(void*)> memory(sqlite3_malloc(layer->szOsFile),
                                                         sqlite3_free);

@@ -1,0 +1,27 @@
+// What the windowing system below the toolkit wants done its own way: one source for each system
+// holds all of it.
+#pragma once
+
+#include <wx/bitmap.h>
+#include <wx/dc.h>
+#include <wx/graphics.h>
+
+#include <string>
+
+namespace kelvane::desktop {
+
+// Called before the toolkit starts: its own dialogs speak the language of the windows, whatever the
+// session's is, where the system lets a program choose.
+void SpeakChinese();
+
+// Forgets what `screen` was read to show before, so that reading it gives what it shows now.
+void ForgetPicture(wxDC& screen);
+
+// Writes a PNG file; false when the file cannot be written.
+bool SavePng(const wxBitmap& picture, const std::string& path);
+
+// Moves the origin of `target`, which prints on `paper` (pixels, as the printout gives it), to the
+// paper's left upper corner.
+void MoveToCorner(wxGraphicsContext& target, const wxRect& paper);
+
+}  // namespace kelvane::desktop

@@ -1,0 +1,56 @@
+// GTK, which draws with cairo.
+
+#include <cairo.h>
+#include <wx/image.h>
+#include <wx/utils.h>
+#include <wx/wfstream.h>
+
+#include <algorithm>
+#include <clocale>
+#include <string_view>
+
+#include "adapters/desktop/look.h"
+#include "adapters/desktop/system.h"
+
+namespace kelvane::desktop {
+
+// Numbers stay as they are written everywhere else in the program.
+void SpeakChinese() {
+    wxSetEnv("LANGUAGE", "zh_CN");
+    for (const int category : {LC_CTYPE, LC_MESSAGES}) {
+        const char* session = std::setlocale(category, "");
+        // Without any language no text would be looked up.
+        if (session == nullptr || session == std::string_view("C") ||
+            session == std::string_view("POSIX")) {
+            std::setlocale(category, "C.UTF-8");
+        }
+    }
+}
+
+void ForgetPicture(wxDC& screen) {
+    cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetHandle())));
+}
+
+bool SavePng(const wxBitmap& picture, const std::string& path) {
+    wxFileOutputStream file(Text(path));
+    wxImage image = picture.ConvertToImage();
+    return file.IsOk() && wxPNGHandler().SaveFile(&image, file, false) && file.Close();
+}
+
+// The toolkit and the system do not agree on which margin is the left one when the paper lies on
+// its side.
+void MoveToCorner(wxGraphicsContext& target, const wxRect& paper) {
+    auto* device = static_cast<cairo_t*>(target.GetNativeContext());
+    double left = 0;
+    double top = 0;
+    double right = paper.width;
+    double bottom = paper.height;
+    cairo_user_to_device(device, &left, &top);
+    cairo_user_to_device(device, &right, &bottom);
+    double x = -std::min(left, right);
+    double y = -std::min(top, bottom);
+    cairo_device_to_user_distance(device, &x, &y);
+    target.Translate(x, y);
+}
+
+}  // namespace kelvane::desktop

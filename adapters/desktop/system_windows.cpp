@@ -1,0 +1,56 @@
+// Windows, which draws with GDI.
+
+#include <wx/msw/wrapwin.h>
+// Windows' own types come first.
+#include <wx/msw/wrapgdip.h>
+
+#include "adapters/desktop/look.h"
+#include "adapters/desktop/system.h"
+
+namespace kelvane::desktop {
+
+namespace {
+
+// The drawing library runs while it lives.
+class Drawing {
+public:
+    Drawing() { mRuns = Gdiplus::GdiplusStartup(&mToken, &mInput, nullptr) == Gdiplus::Ok; }
+    ~Drawing() {
+        if (mRuns) Gdiplus::GdiplusShutdown(mToken);
+    }
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+
+    bool Runs() const { return mRuns; }
+
+private:
+    Gdiplus::GdiplusStartupInput mInput;
+    ULONG_PTR mToken = 0;
+    bool mRuns = false;
+};
+
+// The system's writer of PNG files.
+constexpr CLSID kPngWriter = {
+    0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+
+}  // namespace
+
+// The system's dialogs speak its own language.
+void SpeakChinese() {}
+
+// The screen is read anew every time.
+void ForgetPicture(wxDC& /*screen*/) {}
+
+bool SavePng(const wxBitmap& picture, const std::string& path) {
+    const Drawing drawing;
+    if (!drawing.Runs()) return false;
+    Gdiplus::Bitmap bitmap(picture.GetHBITMAP(), nullptr);
+    return bitmap.Save(Text(path).wc_str(), &kPngWriter, nullptr) == Gdiplus::Ok;
+}
+
+// Printing starts in the corner of what the printer reaches.
+void MoveToCorner(wxGraphicsContext& target, const wxRect& paper) {
+    target.Translate(paper.x, paper.y);
+}
+
+}  // namespace kelvane::desktop

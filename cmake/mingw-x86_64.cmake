@@ -1,0 +1,4 @@
+# Cross-builds for 64-bit Windows.
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(kelvane_triplet x86_64-w64-mingw32)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

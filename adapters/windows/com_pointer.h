@@ -45,6 +45,9 @@ public:
         return &mObject;
     }
 
+    // Hands the reference over to the caller.
+    Interface* Detach() { return std::exchange(mObject, nullptr); }
+
     // The same object by another interface; null when it does not have that one.
     template <typename Other>
     ComPointer<Other> As() const {

@@ -1,0 +1,82 @@
+#include "host/windows/driven_show.h"
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "adapters/drive/script_operator.h"
+#include "adapters/headless/headless_windows.h"
+#include "adapters/windows/wide_text.h"
+#include "host/ending_script.h"
+#include "host/screen.h"
+#include "host/windows/host_windows.h"
+
+namespace kelvane::host {
+
+namespace {
+
+constexpr const wchar_t* kScript = L"KELVANE_DRIVE";
+constexpr const wchar_t* kTranscript = L"KELVANE_TRANSCRIPT";
+constexpr const wchar_t* kScreenshot = L"KELVANE_SCREENSHOT";
+
+// Opens the file that environment variable `variable` names.
+template <typename Stream>
+void OpenNamed(Stream& stream, const wchar_t* variable, std::ios::openmode mode) {
+    const std::wstring path = windows::EnvironmentText(variable);
+    stream.open(std::filesystem::path(path), mode);
+    if (!stream) {
+        throw std::runtime_error(windows::NarrowText(variable) + "：不能打开 " +
+                                 windows::NarrowText(path));
+    }
+}
+
+void RunDriven(drive::StatementLog* statements,
+               const std::function<void(platform::Windows&)>& work) {
+    std::ifstream lines;
+    std::ofstream transcript;
+    OpenNamed(lines, kScript, std::ios::in);
+    OpenNamed(transcript, kTranscript, std::ios::app | std::ios::binary);
+    EndingScript script(lines, transcript);
+    const auto run = [&](platform::Windows& windows) {
+        script.SetHost({.init = {},
+                        .show = {},
+                        .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
+                        .statements = statements});
+        work(windows);
+        return 0;
+    };
+    if (!HasScreen()) {
+        headless::HeadlessWindows windows(script);
+        run(windows);
+        return;
+    }
+    RunOnScreen(&script, [&](const Screen& screen) {
+        const std::wstring picture = windows::EnvironmentText(kScreenshot);
+        if (!picture.empty()) {
+            script.SetAtEnd([&, picture] {
+                if (!screen.saveScreenshot(windows::NarrowText(picture))) {
+                    transcript << "error: no screenshot\n" << std::flush;
+                }
+            });
+        }
+        return run(screen.windows);
+    });
+}
+
+}  // namespace
+
+bool IsDriven() {
+    return !windows::EnvironmentText(kScript).empty();
+}
+
+void RunWindows(drive::StatementLog* statements,
+                const std::function<void(platform::Windows&)>& work) {
+    const DisabledHostWindows disabled;
+    if (IsDriven()) return RunDriven(statements, work);
+    RunOnScreen(nullptr, [&](const Screen& screen) {
+        work(screen.windows);
+        return 0;
+    });
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,110 @@
+#include "host/windows/registration.h"
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "adapters/windows/error_report.h"
+#include "adapters/windows/module.h"
+#include "host/windows/class_identity.h"
+
+namespace kelvane::host {
+
+namespace {
+
+constexpr const wchar_t* kClasses = L"Software\\Classes\\";
+
+constexpr const wchar_t* kVersion = L"1.0";
+constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
+// The system's marshaller for interfaces that a type library describes.
+constexpr const wchar_t* kAutomationMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+
+struct Entry {
+    std::wstring key;  // below the classes
+    const wchar_t* name;
+    std::wstring value;
+};
+
+std::wstring TextOf(REFGUID id) {
+    std::array<wchar_t, 40> text{};
+    StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+std::wstring ClassKey() {
+    return L"CLSID\\" + TextOf(__uuidof(PeriodItem));
+}
+
+std::wstring InterfaceKey() {
+    return L"Interface\\" + TextOf(__uuidof(IPeriodItem));
+}
+
+std::wstring LibraryKey() {
+    return L"TypeLib\\" + TextOf(kLibraryId);
+}
+
+std::vector<Entry> Entries(const std::filesystem::path& module) {
+    const std::wstring library = LibraryKey() + L"\\" + kVersion;
+    return {
+        {kProgId, nullptr, kProgId},
+        {std::wstring(kProgId) + L"\\CLSID", nullptr, TextOf(__uuidof(PeriodItem))},
+        {ClassKey(), nullptr, kProgId},
+        {ClassKey() + L"\\InprocServer32", nullptr, module},
+        {ClassKey() + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
+        {ClassKey() + L"\\ProgID", nullptr, kProgId},
+        {ClassKey() + L"\\TypeLib", nullptr, TextOf(kLibraryId)},
+        {ClassKey() + L"\\Version", nullptr, kVersion},
+        {ClassKey() + L"\\Programmable", nullptr, L""},
+        {InterfaceKey(), nullptr, L"IPeriodItem"},
+        {InterfaceKey() + L"\\ProxyStubClsid32", nullptr, kAutomationMarshaller},
+        {InterfaceKey() + L"\\TypeLib", nullptr, TextOf(kLibraryId)},
+        {InterfaceKey() + L"\\TypeLib", L"Version", kVersion},
+        {library, nullptr, L"Kelvane opening balances 1.0"},
+        {library + L"\\0\\" + kPlatform, nullptr, module},
+        {library + L"\\FLAGS", nullptr, L"0"},
+        {library + L"\\HELPDIR", nullptr, module.parent_path()},
+    };
+}
+
+HKEY Branch(RegistrationScope scope) {
+    return scope == RegistrationScope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+HRESULT Write(HKEY branch, const Entry& entry) {
+    HKEY key = nullptr;
+    const std::wstring path = kClasses + entry.key;
+    LONG code =
+        RegCreateKeyExW(branch, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr);
+    if (code != ERROR_SUCCESS) return HRESULT_FROM_WIN32(code);
+    code = RegSetValueExW(key, entry.name, 0, REG_SZ,
+                          reinterpret_cast<const BYTE*>(entry.value.c_str()),
+                          static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t)));
+    RegCloseKey(key);
+    return HRESULT_FROM_WIN32(code);
+}
+
+}  // namespace
+
+HRESULT Register(RegistrationScope scope) noexcept try {
+    for (const Entry& entry : Entries(windows::ModulePath())) {
+        const HRESULT code = Write(Branch(scope), entry);
+        if (FAILED(code)) return code;
+    }
+    return S_OK;
+} catch (...) {
+    return windows::ReportOfCurrentException().code;
+}
+
+HRESULT Unregister(RegistrationScope scope) noexcept try {
+    for (const std::wstring& key :
+         {std::wstring(kProgId), ClassKey(), InterfaceKey(), LibraryKey()}) {
+        const LONG code = RegDeleteTreeW(Branch(scope), (kClasses + key).c_str());
+        if (code != ERROR_SUCCESS && code != ERROR_FILE_NOT_FOUND) return HRESULT_FROM_WIN32(code);
+    }
+    return S_OK;
+} catch (...) {
+    return windows::ReportOfCurrentException().code;
+}
+
+}  // namespace kelvane::host

@@ -52,9 +52,8 @@ Diagnostic ReportedError(SQLSMALLINT type, SQLHANDLE handle) {
     for (SQLSMALLINT number = 1; number <= kMostRecords; ++number) {
         std::optional<Diagnostic> record = Record(type, handle, number);
         if (!record) break;
-        if (IsWarning(*record)) continue;
         if (FailureOf(*record).kind != FailureKind::Statement) return *std::move(record);
-        if (!first) first = std::move(record);
+        if (!first || (IsWarning(*first) && !IsWarning(*record))) first = std::move(record);
     }
     if (first) return *std::move(first);
     return {"HY000", 0, "The driver reports an error without saying which."};

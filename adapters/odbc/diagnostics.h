@@ -21,7 +21,8 @@ private:
 };
 
 // The error among the handle's records: a record that tells of a lost connection, a deadlock or a
-// time-out before any other, warnings never. A text that says so when there is none.
+// time-out before any other, a warning only when there is nothing else. A text that says so when
+// there is no record at all.
 Diagnostic ReportedError(SQLSMALLINT type, SQLHANDLE handle);
 
 // A driver's text without the names in brackets before it: "[A][B]text" is "text".

@@ -54,7 +54,9 @@ struct Purpose {
     bool changeable = false;  // the rows are opened to be changed
     // The rows stay locked against other writers: LockType::Pessimistic.
     bool locks = false;
-    // With `locks`: the lock alone is wanted, no rows, and rather not at all than after waiting.
+    // With `locks`: the lock alone is wanted, no rows.
+    bool lockOnly = false;
+    // With `locks`: rather no lock at all than one after waiting for others.
     bool lockAgain = false;
     bool inTransaction = false;
 };

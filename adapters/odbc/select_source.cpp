@@ -102,8 +102,10 @@ BatchReading ReadBatch(std::string_view batch) {
         tsql::TokenReader reader(lexed);
         const std::vector<Statement> statements = tsql::ParseBatch(reader);
         reading.onlyQueries =
-            std::all_of(statements.begin(), statements.end(), [](const Statement& statement) {
-                return !statement.sameAs && statement.kind == Statement::Kind::Select;
+            std::all_of(statements.begin(), statements.end(), [&](const Statement& statement) {
+                const Statement& known =
+                    statement.sameAs ? statements[*statement.sameAs] : statement;
+                return known.kind == Statement::Kind::Select;
             });
         if (statements.size() != 1 || !reading.onlyQueries) return reading;
         const Select& select = *statements.front().select;

@@ -101,7 +101,8 @@ Result Session::Run(std::string_view batch, Purpose purpose) {
 void Session::Lock(bool again) {
     Start();
     mHeld = true;
-    const Purpose purpose{.locks = true, .lockAgain = again, .inTransaction = true};
+    const Purpose purpose{
+        .locks = true, .lockOnly = true, .lockAgain = again, .inTransaction = true};
     for (const std::string& batch : mLockers) {
         RunPlan(mServer.Dialect().PlanBatch(batch, purpose, mServer), purpose);
     }

@@ -75,7 +75,7 @@ Plan SqlServerDialect::PlanBatch(std::string_view batch, const Purpose& purpose,
         plan.rowsLocked = !lock.empty();
         if (plan.rowsLocked) plan.steps.push_back({.text = lock});
     }
-    if (!purpose.lockAgain) plan.steps.push_back(std::move(statement));
+    if (!purpose.lockOnly) plan.steps.push_back(std::move(statement));
     return plan;
 }
 

@@ -1,6 +1,7 @@
 #include "adapters/output/disk.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,9 +36,24 @@ void Disk::CheckWritable(const std::string& path) {
 }
 
 int Disk::Create(const std::string& path) {
-    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    Need(file >= 0);
-    return file;
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    for (;;) {
+        const int file = open(path.c_str(), kFlags, S_IRUSR | S_IWUSR);
+        Need(file >= 0);
+        // Where files cannot be locked, none is ever taken for one that was left behind.
+        flock(file, LOCK_EX);
+        struct stat found {};
+        if (fstat(file, &found) != 0 || found.st_nlink > 0) return file;
+        // Another process took it for one that was left behind before it was locked.
+        close(file);
+    }
+}
+
+void Disk::RemoveLeftBehind(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) return;
+    if (flock(file, LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+    close(file);
 }
 
 void Disk::Write(int file, std::string_view bytes) {

@@ -15,8 +15,11 @@ public:
 
     // Whether an existing file may be written; there is none: true.
     virtual void CheckWritable(const std::string& path);
-    // Makes a new file and returns its descriptor; fails when there is one.
+    // Makes a new file and returns its descriptor; fails when there is one. While it is open it is
+    // locked, which shows that somebody is writing it.
     virtual int Create(const std::string& path);
+    // Removes a file that Create() made and that its writer, killed, left behind; throws nothing.
+    virtual void RemoveLeftBehind(const std::string& path);
     virtual void Write(int file, std::string_view bytes);
     // Gives the file the access rights of `model`, or those of a new file when that is missing.
     virtual void CopyRights(int file, const std::string& model);

@@ -16,9 +16,20 @@ fs::path FolderOf(const fs::path& place) {
     return place.has_parent_path() ? place.parent_path() : fs::path(".");
 }
 
-std::string RandomName() {
+constexpr std::string_view kDraftStart = ".kelvane-";
+constexpr std::string_view kDraftEnd = ".tmp";
+
+std::string DraftName() {
     std::random_device random;
-    return ".kelvane-" + std::to_string(random()) + ".tmp";
+    return std::string(kDraftStart) + std::to_string(random()) + std::string(kDraftEnd);
+}
+
+bool IsDraftName(std::string_view name) {
+    if (!name.starts_with(kDraftStart) || !name.ends_with(kDraftEnd)) return false;
+    if (name.size() <= kDraftStart.size() + kDraftEnd.size()) return false;
+    name.remove_prefix(kDraftStart.size());
+    name.remove_suffix(kDraftEnd.size());
+    return name.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 }  // namespace
@@ -33,7 +44,8 @@ SafeFile::SafeFile(const std::string& path, Disk& disk) : mName(path), mPlace(pa
         if (fs::exists(status) && !fs::is_regular_file(status)) Fail("it is no plain file");
         if (!fs::is_directory(FolderOf(mPlace))) Fail("there is no such folder");
         mDisk.CheckWritable(mPlace.string());
-        const std::string draft = (FolderOf(mPlace) / RandomName()).string();
+        RemoveLeftDrafts();
+        const std::string draft = (FolderOf(mPlace) / DraftName()).string();
         mFile = mDisk.Create(draft);
         mDraft = draft;
     });
@@ -48,6 +60,16 @@ SafeFile::~SafeFile() {
     }
     std::error_code ignored;
     if (!mDraft.empty()) fs::remove(mDraft, ignored);
+}
+
+void SafeFile::RemoveLeftDrafts() {
+    std::error_code unreadable;
+    for (fs::directory_iterator each(FolderOf(mPlace), unreadable), end; !unreadable && each != end;
+         each.increment(unreadable)) {
+        if (IsDraftName(each->path().filename().string())) {
+            mDisk.RemoveLeftBehind(each->path().string());
+        }
+    }
 }
 
 template <typename Work>
@@ -78,9 +100,10 @@ void SafeFile::Finish() {
     Guard([this] {
         mDisk.CopyRights(mFile, mPlace.string());
         mDisk.Sync(mFile);
-        mDisk.Close(std::exchange(mFile, -1));
+        // Closed last: until then nobody else takes it for a draft that was left behind.
         mDisk.Rename(mDraft, mPlace.string());
         mDraft.clear();
+        mDisk.Close(std::exchange(mFile, -1));
         mDisk.SyncFolder(FolderOf(mPlace).string());
     });
 }

@@ -1,5 +1,6 @@
 // SafeFile: a file that is written beside its place and takes the place when it is complete and on
-// the disk. Whatever happens before leaves what was there.
+// the disk. Whatever happens before leaves what was there. What a killed program left beside it is
+// removed when the next file is written to that folder.
 #pragma once
 
 #include <filesystem>
@@ -42,6 +43,7 @@ private:
     template <typename Work>
     void Guard(const Work& work) const;
     void Flush();
+    void RemoveLeftDrafts();
 
     std::string mName;
     std::filesystem::path mPlace;

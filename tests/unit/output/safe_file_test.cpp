@@ -117,6 +117,41 @@ TEST(SafeFile, TakesANameAsLongAsTheSystemDoes) {
     EXPECT_EQ(ReadText(folder / name), "x");
 }
 
+TEST(SafeFile, RemovesTheDraftsThatKilledProgramsLeft) {
+    const TemporaryFolder folder;
+    WriteText(folder / ".kelvane-4711.tmp", "half a file");
+    for (const char* other :
+         {".kelvane-.tmp", ".kelvane-x.tmp", "kelvane-1.tmp", ".kelvane-1.tmp2"})
+        WriteText(folder / other, "somebody's");
+    SafeFile file((folder / "a.txt").string());
+    file.Write("x");
+    file.Finish();
+    EXPECT_FALSE(fs::exists(folder / ".kelvane-4711.tmp"));
+    EXPECT_EQ(folder.FileCount(), 5U);
+}
+
+TEST(SafeFile, LeavesTheDraftThatIsBeingWritten) {
+    const TemporaryFolder folder;
+    SafeFile first((folder / "a.txt").string());
+    first.Write("first");
+    SafeFile second((folder / "a.txt").string());
+    second.Write("second");
+    first.Finish();
+    EXPECT_EQ(ReadText(folder / "a.txt"), "first");
+    second.Finish();
+    EXPECT_EQ(ReadText(folder / "a.txt"), "second");
+    EXPECT_EQ(folder.FileCount(), 1U);
+}
+
+TEST(SafeFile, LeavesALinkThatIsNamedLikeADraft) {
+    const TemporaryFolder folder;
+    WriteText(folder / "precious", "kept");
+    fs::create_symlink("precious", folder / ".kelvane-1.tmp");
+    SafeFile file((folder / "a.txt").string());
+    EXPECT_TRUE(fs::is_symlink(folder / ".kelvane-1.tmp"));
+    EXPECT_EQ(ReadText(folder / "precious"), "kept");
+}
+
 TEST(XmlTextDocument, WritesTheTextByteForByte) {
     const TemporaryFolder folder;
     const std::string text = "<格式><a  b='1'/>\r\n<c>&#x4e2d;</c >\n</格式>";

@@ -6,6 +6,7 @@
 #include <wx/display.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "adapters/desktop/desktop_printing.h"
 #include "adapters/desktop/look.h"
@@ -140,7 +141,10 @@ private:
 }  // namespace
 
 int RunDesktop(const std::function<int(DesktopWindows&)>& body) {
+    BelongToModule();
     SpeakChinese();
+    DesktopApp::started = false;
+    DesktopApp::failure = nullptr;
     wxApp::SetInstance(new DesktopApp(body));
     int count = 1;
     char name[] = "kelvane";
@@ -149,7 +153,7 @@ int RunDesktop(const std::function<int(DesktopWindows&)>& body) {
     wxLog::EnableLogging(false);
     wxEntry(count, arguments);
     if (!DesktopApp::started) throw std::runtime_error("the screen cannot be opened");
-    if (DesktopApp::failure) std::rethrow_exception(DesktopApp::failure);
+    if (DesktopApp::failure) std::rethrow_exception(std::exchange(DesktopApp::failure, nullptr));
     return DesktopApp::result;
 }
 

@@ -10,6 +10,10 @@
 
 namespace kelvane::desktop {
 
+// Called before the toolkit starts: its window classes belong to the module that this code is part
+// of, the program or a library in someone else's process.
+void BelongToModule();
+
 // Called before the toolkit starts: its own dialogs speak the language of the windows, whatever the
 // session's is, where the system lets a program choose.
 void SpeakChinese();

@@ -14,6 +14,8 @@
 
 namespace kelvane::desktop {
 
+void BelongToModule() {}
+
 // Numbers stay as they are written everywhere else in the program.
 void SpeakChinese() {
     wxSetEnv("LANGUAGE", "zh_CN");

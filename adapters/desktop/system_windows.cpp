@@ -2,10 +2,15 @@
 
 #include <wx/msw/wrapwin.h>
 // Windows' own types come first.
+#include <wx/msw/private.h>
 #include <wx/msw/wrapgdip.h>
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/system.h"
+
+// The linker's name for the start of the module.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace kelvane::desktop {
 
@@ -34,6 +39,10 @@ constexpr CLSID kPngWriter = {
     0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
 }  // namespace
+
+void BelongToModule() {
+    wxSetInstance(reinterpret_cast<HINSTANCE>(&__ImageBase));
+}
 
 // The system's dialogs speak its own language.
 void SpeakChinese() {}

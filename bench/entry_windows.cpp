@@ -40,7 +40,7 @@ double ShowList(const std::string& account, std::int64_t rows,
         loaded = form.GridPeriodItem.Rows() - 1;
         if (whileShown) whileShown(form, windows);
     };
-    host::Session session(account, windows, statements);
+    host::Session session(host::AccountPlace::File(account), windows, statements);
     session.LogIn({}, platform::DateTime{2004, 6, 30});
     session.Show();
     if (loaded != rows) throw std::runtime_error("the list of " + account + " is not complete");

@@ -58,7 +58,7 @@ int WriteMemoryOf(const std::string& account) {
     windows.whileShown = [](ui::frmPeriodItem&) {
         std::printf("%.0f %.0f\n", StatusBytes("VmRSS:"), StatusBytes("VmHWM:"));
     };
-    host::Session session(account, windows, nullptr);
+    host::Session session(host::AccountPlace::File(account), windows, nullptr);
     session.LogIn({}, platform::DateTime{2004, 6, 30});
     session.Show();
     return 0;

@@ -152,7 +152,7 @@ BENCHMARK(WindowPageDown)->UseManualTime()->Iterations(3);
 int WriteTimesOfWindow(const std::string& account) {
     Pager pager;
     return host::RunOnScreen(&pager, [&](const host::Screen& screen) {
-        host::Session session(account, screen.windows, nullptr);
+        host::Session session(host::AccountPlace::File(account), screen.windows, nullptr);
         session.LogIn({}, platform::DateTime{2004, 6, 30});
         session.Show();
         for (const double time : pager.times) std::printf("%.6f\n", time);

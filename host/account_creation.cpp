@@ -13,13 +13,6 @@ namespace kelvane::host {
 
 namespace {
 
-void Fill(platform::Connection& connection, const NewAccount& account) {
-    platform::Transaction transaction(connection);
-    for (const TableRows& rows : BaseRows(account)) InsertRows(connection, rows);
-    if (account.sample) InsertSample(connection, account);
-    transaction.Commit();
-}
-
 // Opening and closing an account that was not closed properly puts it in order again.
 void PutInOrder(const std::filesystem::path& path) {
     try {
@@ -32,6 +25,11 @@ void PutInOrder(const std::filesystem::path& path) {
 
 }  // namespace
 
+void FillAccount(platform::Connection& connection, const NewAccount& account) {
+    for (const TableRows& rows : BaseRows(account)) InsertRows(connection, rows);
+    if (account.sample) InsertSample(connection, account);
+}
+
 void CreateAccountFile(const std::filesystem::path& path, const NewAccount& account) {
     const bool replace = account.replaceExisting;
     if (replace) PutInOrder(path);
@@ -40,7 +38,9 @@ void CreateAccountFile(const std::filesystem::path& path, const NewAccount& acco
         const std::string draft = file.Draft().string();
         sqlite::CreateAccount(draft, AccountTables(account.keyFields));
         const auto connection = OpenAccount(draft);
-        Fill(*connection, account);
+        platform::Transaction transaction(*connection);
+        FillAccount(*connection, account);
+        transaction.Commit();
         connection->Close();
         file.Finish();
     } catch (const FileRefused& refused) {

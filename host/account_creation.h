@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/database.h"
+
 namespace kelvane::host {
 
 struct NewAccount {
@@ -17,7 +19,7 @@ struct NewAccount {
     bool replaceExisting = false;
 };
 
-// The account was not created; says why and names the file. Nothing was changed.
+// The account was not created; says why and names the file or the database. Nothing was changed.
 class CreationError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -27,5 +29,9 @@ public:
 // it is complete. Throws CreationError, also when a file of that name exists and is not to be
 // replaced, or is in use.
 void CreateAccountFile(const std::filesystem::path& path, const NewAccount& account);
+
+// Writes the rows of a new account into its tables, which are there and empty; opens no
+// transaction. Throws platform::DatabaseError.
+void FillAccount(platform::Connection& connection, const NewAccount& account);
 
 }  // namespace kelvane::host

@@ -1,9 +1,50 @@
 #include "host/account_place.h"
 
+#include <utility>
+
+#include "adapters/odbc/odbc_connection.h"
 #include "adapters/sqlite/connection.h"
+#include "host/connection_text.h"
 #include "host/host_tables.h"
+#include "host/item_class.h"
 
 namespace kelvane::host {
+
+namespace {
+
+odbc::OdbcSettings ServerSettings() {
+    odbc::OdbcSettings settings;
+    for (const auto& table : AccountTables(kMostKeyFields)) {
+        if (!table.key.empty()) settings.keys.push_back({table.name, table.key});
+    }
+    return settings;
+}
+
+}  // namespace
+
+AccountPlace::AccountPlace(bool onServer, std::string name, std::string connectionString)
+    : mOnServer(onServer), mName(std::move(name)), mConnectionString(std::move(connectionString)) {}
+
+AccountPlace AccountPlace::File(const std::string& path) {
+    return {false, path, ConnectionStringOf(path)};
+}
+
+AccountPlace AccountPlace::Database(const std::string& connectionString) {
+    return {true, ServerNameOf(connectionString), connectionString};
+}
+
+std::shared_ptr<platform::Connection> AccountPlace::NewConnection() const {
+    if (!mOnServer) return host::NewConnection();
+    return std::make_shared<odbc::OdbcConnection>(ServerSettings());
+}
+
+std::shared_ptr<platform::Connection> AccountPlace::Open() const {
+    auto connection = NewConnection();
+    connection->SetConnectionString(mConnectionString);
+    connection->SetCursorLocation(platform::CursorLocation::Client);
+    connection->Open({}, {}, -1);
+    return connection;
+}
 
 std::string ConnectionStringOf(const std::string& path) {
     return "Data Source=\"" + path + "\"";
@@ -16,11 +57,7 @@ std::shared_ptr<platform::Connection> NewConnection() {
 }
 
 std::shared_ptr<platform::Connection> OpenAccount(const std::string& path) {
-    auto connection = NewConnection();
-    connection->SetConnectionString(ConnectionStringOf(path));
-    connection->SetCursorLocation(platform::CursorLocation::Client);
-    connection->Open({}, {}, -1);
-    return connection;
+    return AccountPlace::File(path).Open();
 }
 
 }  // namespace kelvane::host

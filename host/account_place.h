@@ -1,4 +1,4 @@
-// How the host reaches an account file.
+// Where an account is, and how the host reaches it: a file, or a database on a server.
 #pragma once
 
 #include <memory>
@@ -8,13 +8,34 @@
 
 namespace kelvane::host {
 
-// The connection string of the account file `path`.
+class AccountPlace {
+public:
+    static AccountPlace File(const std::string& path);
+    // `connectionString`: any ODBC connection string, complete with its password.
+    static AccountPlace Database(const std::string& connectionString);
+
+    bool IsOnServer() const { return mOnServer; }
+    // The file's path; of a server, what ServerNameOf() says. Fit to be shown.
+    const std::string& Name() const { return mName; }
+    // May hold a password: for connections alone, never for anything that is shown or written.
+    const std::string& ConnectionString() const { return mConnectionString; }
+
+    // A connection that is not open yet. One to a file refuses a file without the account's tables.
+    std::shared_ptr<platform::Connection> NewConnection() const;
+    // An open connection. Throws platform::DatabaseError.
+    std::shared_ptr<platform::Connection> Open() const;
+
+private:
+    AccountPlace(bool onServer, std::string name, std::string connectionString);
+
+    bool mOnServer;
+    std::string mName;
+    std::string mConnectionString;
+};
+
+// The same for an account file alone.
 std::string ConnectionStringOf(const std::string& path);
-
-// A connection that is not open yet and that refuses a file without the account's tables.
 std::shared_ptr<platform::Connection> NewConnection();
-
-// An open connection to the account file `path`. Throws platform::DatabaseError.
 std::shared_ptr<platform::Connection> OpenAccount(const std::string& path);
 
 }  // namespace kelvane::host

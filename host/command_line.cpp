@@ -1,9 +1,14 @@
 #include "host/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <sstream>
 
 #include "host/commands.h"
+#include "host/connection_text.h"
 #include "host/item_class.h"
+#include "host/password.h"
 
 namespace kelvane::host {
 
@@ -12,7 +17,31 @@ namespace {
 constexpr int kWrongUsage = 2;
 constexpr std::int64_t kMostEntries = 10000000;
 
-constexpr const char* kAccountHelp = "The account's file";
+// The account that a command is for, as its arguments name it.
+struct AccountArgument {
+    std::string file;
+    std::string database;
+
+    AccountPlace Place() const {
+        return database.empty() ? AccountPlace::File(file)
+                                : AccountPlace::Database(WithKnownPassword(database));
+    }
+};
+
+void AddAccount(CLI::App& command, AccountArgument& account) {
+    auto* place = command.add_option_group("Account");
+    place->add_option("ACCOUNT", account.file, "The account's file")
+        ->check(
+            [](const std::string& text) {
+                return HoldsPassword(text) ? std::string("a database is given with --database")
+                                           : std::string();
+            },
+            "", "");
+    place->add_option("--database", account.database,
+                      "Instead of a file, the database on a server: an ODBC connection string. A "
+                      "password that it lacks is KELVANE_DATABASE_PASSWORD or asked for");
+    place->require_option(1);
+}
 
 CLI::Validator DateValidator() {
     return {[](const std::string& text) {
@@ -25,13 +54,13 @@ CLI::Validator DateValidator() {
 
 void AddInit(CLI::App& program, int& status) {
     struct Arguments {
-        std::string account;
+        AccountArgument account;
         NewAccount content;
     };
     auto arguments = std::make_shared<Arguments>();
     NewAccount& content = arguments->content;
     auto* init = program.add_subcommand("init", "Create an account");
-    init->add_option("ACCOUNT", arguments->account, kAccountHelp)->required();
+    AddAccount(*init, arguments->account);
     init->add_flag("--sample", content.sample, "With a sample construction company");
     init->add_option("--keywords", content.keyFields,
                      "Keyword fields of the project item class: 0, 1 or 2")
@@ -45,21 +74,22 @@ void AddInit(CLI::App& program, int& status) {
         init->add_option("--seed", content.seed, "What the sample company's figures grow from")
             ->check(CLI::NonNegativeNumber)
             ->capture_default_str();
-    init->add_flag("--force", content.replaceExisting, "Replace an existing file");
+    init->add_flag("--force", content.replaceExisting, "Replace an existing account");
     init->callback([arguments, entries, seed, &status] {
         NewAccount& wanted = arguments->content;
         wanted.sample = wanted.sample || entries->count() != 0;
         if (seed->count() != 0 && !wanted.sample) {
             throw CLI::RequiresError("--seed", "--sample or --entries");
         }
-        status = RunInit(arguments->account, wanted);
+        status = RunInit(arguments->account.Place(), wanted);
     });
 }
 
 void AddOpen(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<OpenArguments>();
     auto* open = program.add_subcommand("open", "Log in and show the entry list");
-    open->add_option("ACCOUNT", arguments->account, kAccountHelp)->required();
+    AddAccount(*open, *account);
     open->add_option("--user", arguments->login.user,
                      "Operator; the account's usual one if not given");
     open->add_option("--year", arguments->login.year, "Account year; the usual one if not given");
@@ -70,26 +100,34 @@ void AddOpen(CLI::App& program, int& status) {
             },
             "What counts as today, yyyy.mm.dd; the clock's date if not given")
         ->check(DateValidator());
-    open->callback([arguments, &status] { status = RunOpen(*arguments); });
+    open->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunOpen(*arguments);
+    });
 }
 
 void AddDrive(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<DriveArguments>();
     auto* drive = program.add_subcommand(
         "drive", "Act as the script on standard input says; write what happens to standard output");
-    drive->add_option("ACCOUNT", arguments->account, kAccountHelp)->required();
+    AddAccount(*drive, *account);
     auto* window = drive->add_flag("--window", arguments->window, "On real windows");
     drive
         ->add_option("--screenshot", arguments->screenshot,
                      "At the script's end, save what the window shows to this PNG file")
         ->needs(window);
-    drive->callback([arguments, &status] { status = RunDrive(*arguments); });
+    drive->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunDrive(*arguments);
+    });
 }
 
 void AddExport(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<ExportArguments>();
     auto* command = program.add_subcommand("export", "Write the entry list to a file");
-    command->add_option("ACCOUNT", arguments->account, kAccountHelp)->required();
+    AddAccount(*command, *account);
     command
         ->add_option("--to", arguments->file,
                      "The file; its ending says what it becomes: .xlsx, .csv, .pdf or .xml. An "
@@ -99,7 +137,10 @@ void AddExport(CLI::App& program, int& status) {
                         "Instead of the list, the detail lines of the entry with this identity");
     command->add_option("--user", arguments->login.user,
                         "Operator; the account's usual one if not given");
-    command->callback([arguments, &status] { status = RunExport(*arguments); });
+    command->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunExport(*arguments);
+    });
 }
 
 }  // namespace
@@ -114,10 +155,15 @@ int RunCommandLine(int argc, char** argv) {
     AddDrive(program, status);
     AddExport(program, status);
     try {
-        program.parse(argc, argv);
+        auto arguments = TakeArguments(argc, argv);
+        std::ranges::reverse(arguments);  // as parse() takes them
+        program.parse(arguments);
         return status;
     } catch (const CLI::ParseError& stopped) {
-        return program.exit(stopped) == 0 ? 0 : kWrongUsage;
+        std::ostringstream said;
+        const int code = program.exit(stopped, std::cout, said);
+        std::cerr << WithoutPasswords(said.str());
+        return code == 0 ? 0 : kWrongUsage;
     } catch (const std::exception& failed) {
         return Fail(failed.what());
     }

@@ -7,30 +7,31 @@
 
 #include "host/account_creation.h"
 #include "host/account_host.h"
+#include "host/account_place.h"
 #include "platform/date_time.h"
 
 namespace kelvane::host {
 
 struct OpenArguments {
-    std::string account;
+    AccountPlace account = AccountPlace::File({});
     LoginRequest login;
     std::optional<platform::DateTime> today;
 };
 
 struct DriveArguments {
-    std::string account;
+    AccountPlace account = AccountPlace::File({});
     bool window = false;
     std::string screenshot;  // where to save the last window; empty: nowhere
 };
 
 struct ExportArguments {
-    std::string account;
+    AccountPlace account = AccountPlace::File({});
     std::string file;
     std::optional<int> details;  // an entry's identity; without one, the list
     LoginRequest login;
 };
 
-int RunInit(const std::string& account, const NewAccount& content);
+int RunInit(const AccountPlace& account, const NewAccount& content);
 int RunOpen(const OpenArguments& arguments);
 // Reads the script from standard input and writes the transcript to standard output.
 int RunDrive(const DriveArguments& arguments);

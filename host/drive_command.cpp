@@ -1,12 +1,11 @@
 // kelvane drive
 
 #include <iostream>
-#include <utility>
 
-#include "adapters/drive/script_operator.h"
 #include "adapters/headless/headless_windows.h"
 #include "adapters/output/file_printing.h"
 #include "host/commands.h"
+#include "host/ending_script.h"
 #include "host/screen.h"
 #include "host/session.h"
 
@@ -14,26 +13,7 @@ namespace kelvane::host {
 
 namespace {
 
-// Follows the script; at its end, before the windows that are still open close, it does what was
-// asked for.
-class EndingScript : public drive::ScriptOperator {
-public:
-    using ScriptOperator::ScriptOperator;
-
-    void SetAtEnd(std::function<void()> atEnd) { mAtEnd = std::move(atEnd); }
-
-    bool Act(controls::Form& topmost) override {
-        const bool goesOn = ScriptOperator::Act(topmost);
-        if (goesOn || !mAtEnd) return goesOn;
-        std::exchange(mAtEnd, {})();
-        return goesOn;
-    }
-
-private:
-    std::function<void()> mAtEnd;
-};
-
-int Drive(const std::string& account, drive::ScriptOperator& script, platform::Windows& windows) {
+int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::Windows& windows) {
     drive::StatementLog statements;
     output::FilePrinting printing(
         [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });

@@ -2,14 +2,11 @@
 
 #include <string>
 
-#include "data/account_tables.h"
 #include "host/item_class.h"
 
 namespace kelvane::host {
 
-namespace {
-
-using sqlite::TableDescription;
+using tsql::TableDescription;
 
 TableDescription Describe(const data::AccountTable& table) {
     TableDescription description;
@@ -27,8 +24,6 @@ TableDescription Describe(const data::AccountTable& table) {
     }
     return description;
 }
-
-}  // namespace
 
 std::vector<TableDescription> HostTables() {
     return {

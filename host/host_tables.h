@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/sqlite/schema.h"
+#include "adapters/tsql/table_description.h"
+#include "data/account_tables.h"
 
 namespace kelvane::host {
 
@@ -15,11 +16,14 @@ inline constexpr std::string_view kHostModule = "HOST";
 inline constexpr std::string_view kUsualUser = "UsualUser";
 inline constexpr std::string_view kUsualYear = "UsualYear";
 
+// A table of the component's dictionary as a creator of tables takes it.
+tsql::TableDescription Describe(const data::AccountTable& table);
+
 // Unit, operators, calendar, settings.
-std::vector<sqlite::TableDescription> HostTables();
+std::vector<tsql::TableDescription> HostTables();
 
 // All tables of an account: the component's, with `keyFields` (0, 1 or 2) columns for the key
 // fields of the project item class, and the host's. Throws std::out_of_range for another number.
-std::vector<sqlite::TableDescription> AccountTables(int keyFields);
+std::vector<tsql::TableDescription> AccountTables(int keyFields);
 
 }  // namespace kelvane::host

@@ -3,16 +3,21 @@
 #include <iostream>
 
 #include "host/commands.h"
+#include "host/server_account.h"
 
 namespace kelvane::host {
 
-int RunInit(const std::string& account, const NewAccount& content) {
+int RunInit(const AccountPlace& account, const NewAccount& content) {
     try {
-        CreateAccountFile(account, content);
+        if (account.IsOnServer()) {
+            CreateAccountDatabase(account, content);
+        } else {
+            CreateAccountFile(account.Name(), content);
+        }
     } catch (const CreationError& error) {
         return Fail(error.what());
     }
-    std::cout << account << ": ";
+    std::cout << account.Name() << ": ";
     if (content.sample) {
         std::cout << "sample account with " << content.entries << " entries\n";
     } else {

@@ -25,7 +25,7 @@ std::filesystem::path ComponentFolder() {
 
 }  // namespace
 
-Session::Session(std::string account, platform::Windows& windows, drive::StatementLog* statements,
+Session::Session(AccountPlace account, platform::Windows& windows, drive::StatementLog* statements,
                  platform::PrintSurroundings* printing)
     : mAccount(std::move(account)),
       mStatements(statements),
@@ -72,13 +72,14 @@ Session::~Session() {
 }
 
 std::shared_ptr<platform::Connection> Session::CreateConnection() {
-    auto connection = NewConnection();
+    auto connection = mAccount.NewConnection();
     if (mStatements == nullptr) return connection;
     return std::make_shared<drive::RecordingConnection>(std::move(connection), *mStatements);
 }
 
 void Session::LogIn(const LoginRequest& request, std::optional<platform::DateTime> today) {
-    const LoginPlace place{NewConnection, ConnectionStringOf(mAccount), ProgramFolder().string()};
+    const LoginPlace place{[this] { return mAccount.NewConnection(); }, mAccount.ConnectionString(),
+                           ProgramFolder().string()};
     auto login = std::make_unique<AccountHost>(place, request);
     if (mStatements != nullptr) {
         auto& environment = login->Environment();

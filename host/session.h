@@ -10,6 +10,7 @@
 #include "adapters/drive/statement_log.h"
 #include "component/period_item.h"
 #include "host/account_host.h"
+#include "host/account_place.h"
 #include "host/diagnostics_log.h"
 #include "host/settings_file.h"
 #include "platform/print_surroundings.h"
@@ -21,7 +22,7 @@ class Session {
 public:
     // All outlive the session. `statements` is null when nobody wants to know what reaches the
     // database, `printing` where nothing can be printed or written to files.
-    Session(std::string account, platform::Windows& windows, drive::StatementLog* statements,
+    Session(AccountPlace account, platform::Windows& windows, drive::StatementLog* statements,
             platform::PrintSurroundings* printing = nullptr);
     ~Session();
     Session(const Session&) = delete;
@@ -39,7 +40,7 @@ private:
     std::shared_ptr<platform::Connection> CreateConnection();
     void OfferPrinting(platform::PrintSurroundings& printing);
 
-    std::string mAccount;
+    AccountPlace mAccount;
     drive::StatementLog* mStatements;
     SettingsFile mSettings;
     DiagnosticsLog mLog;

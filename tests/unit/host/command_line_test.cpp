@@ -50,6 +50,26 @@ TEST_F(CommandLineTest, WrongUsageHasStatusTwoAndChangesNothing) {
     EXPECT_EQ(mFolder.FileCount(), 0U);
 }
 
+TEST_F(CommandLineTest, APasswordIsNeverShown) {
+    const std::string database = "'Driver=none;Server=s;Database=d;UID=k;PWD=geheim'";
+    for (const std::string& arguments :
+         {"init --databse " + database, "init " + database, "drive --database " + database + " x",
+          "init --database " + database, "drive --database=" + database,
+          "export --to x.pdf --database " + database}) {
+        const auto result = RunProgram(arguments, "init\n");
+        EXPECT_NE(result.status, 0) << arguments;
+        EXPECT_FALSE(Contains(result.output + result.errors, "geheim"))
+            << result.output << result.errors;
+    }
+}
+
+TEST_F(CommandLineTest, ADatabaseThatDoesNotAnswerIsNamed) {
+    const auto result = RunProgram("init --database 'Driver=none;Server=s;Database=d;UID=k;PWD=p'");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_TRUE(result.errors.starts_with("kelvane: d on s: ")) << result.errors;
+}
+
 TEST_F(CommandLineTest, InitCreatesAnEmptyAccount) {
     const auto result = RunProgram("init " + Account());
     EXPECT_EQ(result.status, 0);

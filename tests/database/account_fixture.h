@@ -1,56 +1,32 @@
-// What the tests of the account database share: an account of the test's own on whatever engine the
-// program was built for, connections to it, and short ways to look into it.
+// What the tests of the account database share: an account of the test's own on whatever engine
+// the tests are run for, connections to it, and short ways to look into it.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/database.h"
+#include "tests/database/failure_of.h"
+#include "tests/support/test_place.h"
 
 namespace kelvane::database_test {
 
-struct Column {
-    std::string name;
-    std::string type;  // in the dialect
-    bool nullable = true;
-};
+using support::EngineKind;
 
-struct Table {
-    std::string name;
-    std::vector<Column> columns;
-    std::vector<std::string> key;
-    std::vector<std::vector<std::string>> indexes;
-};
-
-// The engine under test: an account that lives as long as this object.
-class Engine {
-public:
-    virtual ~Engine() = default;
-    // An open connection whose statements wait for others' locks for at most `timeout`
-    // milliseconds.
-    virtual std::shared_ptr<platform::Connection> Connect(int timeout) = 0;
-};
-
-// Each engine's program has its own: creates an account with exactly these tables.
-std::unique_ptr<Engine> MakeEngine(const std::vector<Table>& tables);
-
-// The component's tables, fitemss97sub with the key columns cKeyA and cKeyB (text) and iKeyN (int),
-// and the table Probe, which has a column of every type.
-std::vector<Table> TestTables();
-
+// Has the component's tables, fitemss97sub with the key columns cKeyA and cKeyB (text) and iKeyN
+// (int), and the tables Probe and Coded.
 class AccountTest : public ::testing::Test {
 protected:
     static constexpr int kTimeout = 50;
 
     AccountTest();
 
+    EngineKind Engine() const { return mPlace->Engine(); }
     platform::Connection& Account() { return *mConnection; }
-    // Another operator's.
-    std::shared_ptr<platform::Connection> Connect() { return mEngine->Connect(kTimeout); }
+    // Another operator's, who waits for locks for at most `timeout` milliseconds.
+    std::shared_ptr<platform::Connection> Connect(int timeout = kTimeout) const;
 
     // A statement is a text in the source, or one that was put together.
     void Execute(const platform::StatementText& statement) { mConnection->Execute(statement); }
@@ -74,13 +50,8 @@ protected:
     }
 
 private:
-    std::unique_ptr<Engine> mEngine;
+    std::unique_ptr<support::TestPlace> mPlace;
     std::shared_ptr<platform::Connection> mConnection;
 };
-
-// The native code of the DatabaseError that `action` throws; 0 when it throws none.
-int ErrorOf(const std::function<void()>& action);
-// Its text; empty when it throws none.
-std::string TextOfError(const std::function<void()>& action);
 
 }  // namespace kelvane::database_test

@@ -9,11 +9,12 @@
 #include <vector>
 
 #include "data/login_context.h"
-#include "tests/support/embedded_account.h"
 #include "tests/support/recording_database.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_windows.h"
 #include "tests/support/test_host.h"
+#include "tests/support/test_place.h"
+#include "tests/support/test_tables.h"
 
 namespace kelvane::data {
 
@@ -21,7 +22,7 @@ using Lines = std::vector<std::string>;
 
 class DataTest : public testing::Test {
 protected:
-    DataTest() : mAccount(TestName()), mOther(mAccount.Connect()) {}
+    DataTest() : mPlace(MakePlace()), mOther(Connect()) {}
 
     void SetUp() override {
         mServices.windows = &mWindows;
@@ -29,7 +30,7 @@ protected:
         gServices = &mServices;
         gLogin = &mLogin;
         gEnv = &mEnvironment;
-        gConn = std::make_shared<support::RecordingConnection>(mAccount.Connect(), mLog);
+        gConn = std::make_shared<support::RecordingConnection>(Connect(), mLog);
     }
 
     void TearDown() override {
@@ -57,21 +58,30 @@ protected:
 
     Lines Messages() const { return support::MessageLines(mWindows); }
 
-    support::EmbeddedAccount mAccount;
+    std::shared_ptr<platform::Connection> Connect() const {
+        auto connection = mPlace->NewConnection(kTimeout, support::ComponentTables());
+        connection->Open("", "", -1);
+        return connection;
+    }
+
+    std::unique_ptr<support::TestPlace> mPlace;
     std::shared_ptr<platform::Connection> mOther;
     support::StatementLog mLog;
     support::RecordingWindows mWindows;
     support::RecordingDiagnostics mDiagnostics;
     support::TestLogin mLogin;
     platform::ConnectionDataAccess mDataAccess{
-        std::make_shared<support::RecordingConnection>(mAccount.Connect(), mLog, "gEnv")};
+        std::make_shared<support::RecordingConnection>(Connect(), mLog, "gEnv")};
     support::TestEnvironment mEnvironment{mDataAccess};
     platform::Services mServices;
 
 private:
-    static std::string TestName() {
-        const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-        return std::string(test->test_suite_name()) + "_" + test->name();
+    static constexpr int kTimeout = 50;
+
+    static std::unique_ptr<support::TestPlace> MakePlace() {
+        auto place = support::MakeTestPlace();
+        place->CreateTables(support::ComponentTables());
+        return place;
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include "adapters/sqlite/connection.h"
 #include "adapters/sqlite/schema.h"
+#include "tests/support/test_tables.h"
 
 namespace kelvane::database_test {
 
@@ -22,16 +23,8 @@ ScratchFolder::~ScratchFolder() {
     fs::remove_all(mPath, ignored);
 }
 
-void CreateSqliteAccount(const std::string& path, const std::vector<Table>& tables) {
-    std::vector<sqlite::TableDescription> descriptions;
-    for (const Table& table : tables) {
-        sqlite::TableDescription description{table.name, {}, table.key, table.indexes};
-        for (const Column& column : table.columns) {
-            description.columns.push_back({column.name, column.type, column.nullable});
-        }
-        descriptions.push_back(std::move(description));
-    }
-    sqlite::CreateAccount(path, descriptions);
+void CreateSqliteAccount(const std::string& path) {
+    sqlite::CreateAccount(path, support::ProbingTables());
 }
 
 std::shared_ptr<platform::Connection> ConnectToSqlite(const std::string& path, int timeout) {
@@ -40,28 +33,6 @@ std::shared_ptr<platform::Connection> ConnectToSqlite(const std::string& path, i
                                     "\";Timeout=" + std::to_string(timeout));
     connection->Open("", "", -1);
     return connection;
-}
-
-namespace {
-
-class SqliteEngine : public Engine {
-public:
-    explicit SqliteEngine(const std::vector<Table>& tables) : mPath(mFolder.Path("account.kva")) {
-        CreateSqliteAccount(mPath, tables);
-    }
-    std::shared_ptr<platform::Connection> Connect(int timeout) override {
-        return ConnectToSqlite(mPath, timeout);
-    }
-
-private:
-    ScratchFolder mFolder;
-    std::string mPath;
-};
-
-}  // namespace
-
-std::unique_ptr<Engine> MakeEngine(const std::vector<Table>& tables) {
-    return std::make_unique<SqliteEngine>(tables);
 }
 
 }  // namespace kelvane::database_test

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "platform/database.h"
-#include "tests/database/account_fixture.h"
 
 namespace kelvane::database_test {
 
@@ -23,7 +22,8 @@ private:
     std::string mPath;
 };
 
-void CreateSqliteAccount(const std::string& path, const std::vector<Table>& tables);
+// Has the tables of support::ProbingTables().
+void CreateSqliteAccount(const std::string& path);
 std::shared_ptr<platform::Connection> ConnectToSqlite(const std::string& path, int timeout);
 
 }  // namespace kelvane::database_test

@@ -32,7 +32,7 @@ bool OthersFindALock(const std::string& path) {
 TEST(SqliteFileLocks, AreKeptWhileAnotherConnectionComesAndGoes) {
     const ScratchFolder folder;
     const std::string path = folder.Path("account.kva");
-    CreateSqliteAccount(path, TestTables());
+    CreateSqliteAccount(path);
     EXPECT_FALSE(OthersFindALock(path));
 
     const auto first = ConnectToSqlite(path, 50);

@@ -8,6 +8,7 @@
 
 #include "adapters/sqlite/connection.h"
 #include "adapters/sqlite/schema.h"
+#include "tests/database/failure_of.h"
 #include "tests/database/sqlite_account.h"
 
 namespace kelvane::database_test {
@@ -56,7 +57,7 @@ class SqliteFile : public testing::Test {
 protected:
     static constexpr int kTimeout = 50;
 
-    SqliteFile() : mPath(mFolder.Path("账套 1.kva")) { CreateSqliteAccount(mPath, TestTables()); }
+    SqliteFile() : mPath(mFolder.Path("账套 1.kva")) { CreateSqliteAccount(mPath); }
 
     std::shared_ptr<platform::Connection> Connect() { return ConnectToSqlite(mPath, kTimeout); }
     std::string Other(const std::string& name) { return mFolder.Path(name); }

@@ -13,7 +13,7 @@ namespace {
 TEST(SqliteMalformed, NeverDamagesTheAccount) {
     const ScratchFolder folder;
     const std::string path = folder.Path("account.kva");
-    CreateSqliteAccount(path, TestTables());
+    CreateSqliteAccount(path);
     sqlite::Session session(path, 50);
     session.Run("insert into Coded(code,name) values('a','b')", false, false);
     constexpr const char* kSeeds[] = {

@@ -35,6 +35,7 @@ public:
     // The module setting "dPMStartDatePeriod" of "PM".
     std::string startPeriod;
     std::string hostPath = "host";
+    bool hostPathFails = false;
     // The calendar and the unit cannot be asked.
     bool fails = false;
 
@@ -45,7 +46,10 @@ public:
     std::string ModuleSetting(std::string_view module, std::string_view name) override {
         return module == "PM" && name == "dPMStartDatePeriod" ? startPeriod : std::string();
     }
-    std::string HostPath() const override { return hostPath; }
+    std::string HostPath() const override {
+        if (hostPathFails) throw platform::HostError("模拟的宿主错误");
+        return hostPath;
+    }
 
 private:
     std::string Name() const override {

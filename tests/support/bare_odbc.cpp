@@ -1,0 +1,60 @@
+#include "tests/support/bare_odbc.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <stdexcept>
+
+namespace kelvane::support {
+
+namespace {
+
+class Handle {
+public:
+    Handle(SQLSMALLINT type, SQLHANDLE parent) : mType(type) {
+        if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &mHandle))) {
+            throw std::runtime_error("no ODBC handle");
+        }
+    }
+    ~Handle() { SQLFreeHandle(mType, mHandle); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    SQLHANDLE Get() const { return mHandle; }
+
+    void Require(SQLRETURN outcome) const {
+        if (SQL_SUCCEEDED(outcome) || outcome == SQL_NO_DATA) return;
+        SQLCHAR state[6] = {};
+        SQLCHAR text[512] = {};
+        SQLINTEGER native = 0;
+        SQLSMALLINT length = 0;
+        SQLGetDiagRec(mType, mHandle, 1, state, &native, text, sizeof text, &length);
+        throw std::runtime_error(reinterpret_cast<const char*>(text));
+    }
+
+private:
+    SQLSMALLINT mType;
+    SQLHANDLE mHandle = SQL_NULL_HANDLE;
+};
+
+SQLCHAR* Chars(const std::string& text) {
+    return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.c_str()));
+}
+
+}  // namespace
+
+void RunBare(const std::string& connectionString, const std::string& statement) {
+    const Handle environment(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+    environment.Require(SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION,
+                                      reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
+    const Handle connection(SQL_HANDLE_DBC, environment.Get());
+    connection.Require(SQLDriverConnect(connection.Get(), nullptr, Chars(connectionString), SQL_NTS,
+                                        nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+    {
+        const Handle call(SQL_HANDLE_STMT, connection.Get());
+        call.Require(SQLExecDirect(call.Get(), Chars(statement), SQL_NTS));
+    }
+    SQLDisconnect(connection.Get());
+}
+
+}  // namespace kelvane::support

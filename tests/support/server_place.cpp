@@ -1,0 +1,186 @@
+#include "tests/support/server_place.h"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <regex>
+#include <stdexcept>
+#include <utility>
+
+#include "adapters/odbc/odbc_connection.h"
+#include "adapters/tsql/table_statements.h"
+#include "tests/support/bare_odbc.h"
+#include "tests/support/test_tables.h"
+
+namespace kelvane::support {
+
+namespace {
+
+using platform::StatementText;
+
+constexpr int kTimeout = 5000;
+// The table that says that a database is the tests'.
+constexpr const char* kMarker = "Kelvane_TestSuite";
+
+class ServerPlace : public TestPlace {
+public:
+    explicit ServerPlace(std::string connectionString)
+        : mConnectionString(std::move(connectionString)) {
+        odbc::OdbcConnection connection;
+        connection.SetConnectionString(mConnectionString);
+        connection.Open("", "", -1);
+        mEngine = connection.Engine() == odbc::DatabaseEngine::PostgreSql ? EngineKind::PostgreSql
+                                                                          : EngineKind::SqlServer;
+    }
+
+    EngineKind Engine() const override { return mEngine; }
+    std::vector<std::string> ProgramWords() const override {
+        return {"--database", mConnectionString};
+    }
+    std::string ConnectionString() const override { return mConnectionString; }
+
+    std::shared_ptr<platform::Connection> NewConnection(
+        int timeout, const std::vector<tsql::TableDescription>& keys) const override {
+        odbc::OdbcSettings settings;
+        settings.lockTimeout = timeout;
+        for (const auto& table : keys) {
+            if (!table.key.empty()) settings.keys.push_back({table.name, table.key});
+        }
+        auto connection = std::make_shared<odbc::OdbcConnection>(settings);
+        connection->SetConnectionString(mConnectionString);
+        return connection;
+    }
+
+    void CreateTables(const std::vector<tsql::TableDescription>& tables) override {
+        const auto connection = Connect();
+        platform::Transaction transaction(*connection);
+        for (const auto& table : tables) {
+            for (const auto& statement : tsql::CreateStatements(table)) {
+                connection->Execute(statement);
+            }
+        }
+        transaction.Commit();
+    }
+
+    void DropTable(const std::string& table) override {
+        Connect()->Execute(tsql::DropStatement(table));
+    }
+
+protected:
+    std::shared_ptr<platform::Connection> Connect() const {
+        auto connection = NewConnection(kTimeout, {});
+        connection->Open("", "", -1);
+        return connection;
+    }
+
+private:
+    std::string mConnectionString;
+    EngineKind mEngine = EngineKind::SqlServer;
+};
+
+// Creates the database before the place connects to it, and drops it behind the place's last use.
+class OwnDatabase {
+public:
+    explicit OwnDatabase(std::string server) : mServer(std::move(server)) {
+        static std::atomic<int> next{0};
+        mName = "kelvane_test_" + std::to_string(getpid()) + '_' + std::to_string(next++);
+        RunBare(mServer, "create database " + mName + " template template0");
+    }
+    ~OwnDatabase() {
+        try {
+            RunBare(mServer, "drop database " + mName + " with (force)");
+        } catch (const std::exception&) {
+            mName.clear();  // the server is gone, and with it the database
+        }
+    }
+    OwnDatabase(const OwnDatabase&) = delete;
+    OwnDatabase& operator=(const OwnDatabase&) = delete;
+
+    std::string ConnectionString() const { return WithKeyword(mServer, "Database", mName); }
+
+private:
+    std::string mServer;
+    std::string mName;
+};
+
+class PostgresPlace : private OwnDatabase, public ServerPlace {
+public:
+    explicit PostgresPlace(const std::string& server)
+        : OwnDatabase(server), ServerPlace(OwnDatabase::ConnectionString()) {}
+
+    std::string ConnectionString() const override { return ServerPlace::ConnectionString(); }
+};
+
+// One database for all tests of a run, so each begins by emptying it.
+class SharedPlace : public ServerPlace {
+public:
+    explicit SharedPlace(const std::string& connectionString) : ServerPlace(connectionString) {
+        const auto connection = Connect();
+        if (!HasTable(*connection, kMarker)) {
+            RequireEmpty(*connection);
+            CreateTables({{kMarker, {{"cNote", "varchar(60)"}}, {}, {}}});
+        }
+        for (const auto& table : KnownTables()) {
+            if (HasTable(*connection, table)) {
+                connection->Execute(tsql::DropStatement(table));
+            }
+        }
+    }
+
+private:
+    static bool HasTable(platform::Connection& connection, const std::string& table) {
+        StatementText query("select count(*) from ");
+        query.Identifier(table);
+        try {
+            connection.OpenRecordSet(query);
+            return true;
+        } catch (const platform::ConnectionLost&) {
+            throw;
+        } catch (const platform::DatabaseError&) {
+            return false;
+        }
+    }
+
+    // Whatever tables it has, they are not the tests'.
+    static void RequireEmpty(platform::Connection& connection) {
+        for (const auto& table : KnownTables()) {
+            if (HasTable(connection, table)) Refuse("the table " + table);
+        }
+        std::string count;
+        try {
+            count = connection
+                        .OpenRecordSet(StatementText(
+                            "select count(*) from information_schema.tables where table_schema "
+                            "not in ('information_schema','pg_catalog','sys')"))
+                        ->Field(0)
+                        .ToText();
+        } catch (const platform::DatabaseError&) {
+            return;  // nothing to be asked there: the tables that the tests would drop are not
+        }
+        if (count != "0") Refuse(count + " tables");
+    }
+
+    [[noreturn]] static void Refuse(const std::string& what) {
+        throw std::runtime_error("The database is not the tests': it holds " + what +
+                                 ", but not the table " + kMarker +
+                                 ". The tests drop tables; give them an empty database.");
+    }
+};
+
+}  // namespace
+
+std::string WithKeyword(const std::string& connectionString, const std::string& keyword,
+                        const std::string& value) {
+    const std::regex pattern("(^|;)\\s*" + keyword + "\\s*=[^;]*", std::regex::icase);
+    return std::regex_replace(connectionString, pattern, "$1" + keyword + '=' + value);
+}
+
+std::unique_ptr<TestPlace> MakePostgresPlace(const std::string& connectionString) {
+    return std::make_unique<PostgresPlace>(connectionString);
+}
+
+std::unique_ptr<TestPlace> MakeServerPlace(const std::string& connectionString) {
+    return std::make_unique<SharedPlace>(connectionString);
+}
+
+}  // namespace kelvane::support

@@ -164,11 +164,6 @@ Plan PostgresDialect::PlanDefinitions() {
     Plan plan;
     for (const tsql::Definition& definition : tsql::ParseDefinitions(mText)) {
         const bool isNew = definition.kind == tsql::Definition::Kind::CreateTable;
-        if (isNew && mCatalog.FindTable(definition.table) != nullptr) {
-            throw platform::DatabaseError(
-                "There is already an object named '" + definition.table + "' in the database.",
-                2714);
-        }
         const auto table = isNew ? nullptr : mCatalog.FindTable(definition.table);
         std::string text = tsql::WrittenForPostgres(definition, table.get());
         if (isNew && !mHasFunctions) {

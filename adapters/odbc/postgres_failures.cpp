@@ -38,6 +38,7 @@ constexpr Meaning kMeanings[] = {
     {"22P02", FailureKind::Statement, tsql::error::kConversion},
     {"42P01", FailureKind::Statement, tsql::error::kUnknownTable},
     {"42703", FailureKind::Statement, tsql::error::kUnknownColumn},
+    {"42883", FailureKind::Statement, tsql::error::kUnknownFunction},
     {"42601", FailureKind::Statement, tsql::error::kSyntax},
     {"42P07", FailureKind::Statement, 2714},
     {"54001", FailureKind::Statement, tsql::error::kNestedTooDeeply},

@@ -318,10 +318,6 @@ std::string PostgresFunctions() {
     text += FoldingFunction("kelvane_key", "rtrim($1, ' ')");
     text += kConversions;
     text += kDatesAndTexts;
-    text +=
-        "create or replace function kelvane_version() returns int language sql immutable as $$ "
-        "select " +
-        std::to_string(kPostgresFunctionsVersion) + " $$;\n";
     return text;
 }
 

@@ -8,9 +8,6 @@
 
 namespace kelvane::odbc {
 
-// The version of the set; kelvane_version() tells an account's own.
-inline constexpr int kPostgresFunctionsVersion = 1;
-
 // The statements that make them, or make them anew, in the first schema of the search path. They
 // are one text, fit to be sent in one call. An error that a function raises has the SQLSTATE KV000
 // and a text that begins with the dialect's number of the error and a blank.

@@ -19,7 +19,7 @@ std::string Cast(const std::string& value, Type type) {
 
 // A float's exact decimal digits; the server's own cast keeps fifteen of them.
 std::string Exact(const std::string& value, Type type) {
-    return type.kind == Kind::Float ? value + "::text::numeric" : value;
+    return value + (type.kind == Kind::Float ? "::text::numeric" : "::numeric");
 }
 
 std::string ToText(const std::string& value, Type from, Type to, int style) {
@@ -51,7 +51,7 @@ std::string ToInteger(const std::string& value, Type from, Type to) {
 
 std::string ToMoney(const std::string& value, Type from) {
     if (from.IsText()) return "kelvane_to_money(" + value + ", " + Name(from) + ')';
-    return WithinRange("round(" + Exact(value, from) + "::numeric, 4)", {Kind::Money, 0});
+    return WithinRange("round(" + Exact(value, from) + ", 4)", {Kind::Money, 0});
 }
 
 std::string ToDate(const std::string& value, Type from, Type to) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -158,6 +159,7 @@ private:
     void AppendEntry(const platform::RecordSet& entry);
     void LockRows();
     void ResetToDesign();
+    void AllowEntry(bool allowed);
     bool EntryIsLocked();
     static bool AskDelete();
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
@@ -173,6 +175,7 @@ private:
     std::string ElementCodeOf(const std::string& elementName);
     bool UpdateEntry(int row, std::int32_t identity, platform::StatementText& detailSql);
     bool InsertEntry(int row, platform::StatementText& detailSql);
+    void WriteNewEntry(int row, std::int32_t identity, platform::StatementText& detailSql);
     void TakeIdentity(int row, std::int32_t identity);
     // Reports the error being handled as trapped in `place`, and tells what came of the write.
     struct WriteSentences;
@@ -190,6 +193,8 @@ private:
     // Caption of the item-name field, read at each load.
     std::string mItemNameCaption;
     data::KeyedCollection<std::int16_t> mElementDetails;
+    // Identities of new entries whose commit was never answered.
+    std::set<std::int32_t> mEntriesInDoubt;
     // The item chosen while its cell is open, and what its choice overwrote beside it.
     struct ChosenItem {
         std::string code;

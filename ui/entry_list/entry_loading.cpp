@@ -102,6 +102,12 @@ void frmPeriodItem::Form_Load() {
     CaptureGridLayout();
 }
 
+void frmPeriodItem::AllowEntry(bool allowed) {
+    Toolbar1.Button("Add")->SetEnabled(allowed);
+    Toolbar1.Button("Delete")->SetEnabled(allowed);
+    GridPeriodItem.SetReadOnly(!allowed);
+}
+
 // The window is one instance: what an earlier opening left is undone.
 void frmPeriodItem::ResetToDesign() {
     mFailureNotice.Clear();
@@ -109,11 +115,14 @@ void frmPeriodItem::ResetToDesign() {
     GridPeriodItem.SetRows(0);
     GridPeriodItem.SetCols(kEntryColumnCount);
     GridPeriodItem.SetRows(1);
-    GridPeriodItem.SetReadOnly(false);
     GridPeriodItem.SetRowTouched(false);
     HideDetailButton();
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
+    // Until it is known whether entries may be made: the opening can fail before that.
+    AllowEntry(false);
+    CTBCtrl1.Refresh();
     mDetailSql = {};
+    mEntriesInDoubt.clear();
     GetDetailEditorForm().mColTempValues = {};
     mChosenItem.reset();
     mSendingOpenKeys = false;
@@ -258,6 +267,7 @@ bool frmPeriodItem::EntryIsLocked() {
 }
 
 void frmPeriodItem::SetupToolbar() {
+    AllowEntry(true);
     try {
         Toolbar1.ClearImages();
         for (const ToolbarImageUse& use : kToolbarImages) {
@@ -267,11 +277,7 @@ void frmPeriodItem::SetupToolbar() {
             Toolbar1.Button(use.button)->SetImage(use.image);
         }
         DisableMissingCommands();
-        if (EntryIsLocked()) {
-            Toolbar1.Button("Add")->SetEnabled(false);
-            Toolbar1.Button("Delete")->SetEnabled(false);
-            GridPeriodItem.SetReadOnly(true);
-        }
+        if (EntryIsLocked()) AllowEntry(false);
     } catch (...) {
         data::ReportTrapped("SetupToolbar");
     }

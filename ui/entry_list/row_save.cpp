@@ -46,6 +46,7 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
         const bool saved =
             identity != 0 ? UpdateEntry(row, identity, detailSql) : InsertEntry(row, detailSql);
         if (!saved) return false;
+        mEntriesInDoubt.erase(GridPeriodItem.RowData(row));
         detailSql = {};
         GridPeriodItem.SetRowTouched(false);
         mFailureNotice.Succeeded(Work::Save);
@@ -83,6 +84,10 @@ bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& d
                              {.location = CursorLocation::Client, .lock = LockType::Optimistic});
     if (entry->EndOfFile()) {
         transaction.RollBack();
+        if (mEntriesInDoubt.count(identity) != 0) {
+            WriteNewEntry(row, identity, detailSql);
+            return true;
+        }
         data::ShowInformation("该行记录已经被他人删除", data::kModuleCaption);
         return false;
     }
@@ -107,6 +112,11 @@ bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& d
 bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
     const std::int32_t identity = data::NextSettingNumber(kCounterName, *gConn, kLargestIdentity);
     if (identity == data::kNoNumber) return false;
+    WriteNewEntry(row, identity, detailSql);
+    return true;
+}
+
+void frmPeriodItem::WriteNewEntry(int row, std::int32_t identity, StatementText& detailSql) {
     const std::string elementCode = ElementCodeOf(CellText(row, kElementColumn));
 
     StatementText insert(
@@ -132,10 +142,10 @@ bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
     } catch (const platform::CommitInDoubt&) {
         // The entry may be there: saved once more under another identity it would be there twice.
         TakeIdentity(row, identity);
+        mEntriesInDoubt.insert(identity);
         throw;
     }
     TakeIdentity(row, identity);
-    return true;
 }
 
 void frmPeriodItem::TakeIdentity(int row, std::int32_t identity) {

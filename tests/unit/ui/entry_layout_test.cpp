@@ -261,7 +261,7 @@ TEST_F(EntryLayoutTest, FailuresOfLoadingAreStillNamedWhenTheListHasOpened) {
 TEST_F(EntryLayoutTest, DecimalPlacesThatWereNeverReadAreNamed) {
     data::gNumPointMoney = 0;
     Open();
-    EXPECT_EQ(Form().Notice(), "读取小数位数设置时出错。");
+    EXPECT_EQ(Form().Notice(), "读取小数位数设置时出错，金额没有显示小数，请重新登录后再修改。");
 }
 
 TEST_F(EntryLayoutTest, ASettledCheckThatFailsLocksNoRow) {
@@ -283,6 +283,26 @@ TEST_F(EntryLayoutTest, AClosedPeriodLocksEvenWithoutTheModulesSetting) {
     Open();
     EXPECT_TRUE(List().ReadOnly());
     EXPECT_EQ(Form().Notice(), "");
+}
+
+TEST_F(EntryLayoutTest, AnOpeningThatFailsBeforeTheChecksLocks) {
+    Open();
+    Form().Unload();
+    environment.hostPathFails = true;
+    Open();
+    EXPECT_EQ(Form().Notice(), "打开窗口时出错，内容可能不完整，请重新打开。");
+    EXPECT_EQ(List().Rows(), 1);
+    EXPECT_TRUE(List().ReadOnly());
+    for (const auto& item : Form().CTBCtrl1.Items()) {
+        EXPECT_EQ(item.enabled, item.key != "Add" && item.key != "Delete") << item.key;
+    }
+    EXPECT_FALSE(Form().Toolbar1.Button("Add")->Enabled());
+    EXPECT_FALSE(Form().Toolbar1.Button("Delete")->Enabled());
+    Form().Unload();
+    environment.hostPathFails = false;
+    Open();
+    EXPECT_FALSE(List().ReadOnly());
+    EXPECT_TRUE(Form().Toolbar1.Button("Add")->Enabled());
 }
 
 TEST_F(EntryLayoutTest, TheStartYearOfTheSettingDecidesNotTheOneOfTheAccount) {

@@ -264,17 +264,25 @@ TEST_F(EntrySavingTest, ANewEntryInDoubtIsNeverThereTwice) {
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
-TEST_F(EntrySavingTest, ANewEntryInDoubtThatWasNotSavedIsNotSaidToBe) {
+TEST_F(EntrySavingTest, ANewEntryInDoubtThatDidNotArriveIsEnteredAgainUnderItsIdentity) {
     Open();
     const int row = AddFilledRow();
     log.lostAnswer = StatementLog::LostAnswer::NotSaved;
     EXPECT_FALSE(Go(1, kDateColumn));
     EXPECT_EQ(Form().Notice(), kSavedInDoubt);
-    log.lostAnswer = StatementLog::LostAnswer::None;
-    EXPECT_FALSE(Go(1, kDateColumn));
-    EXPECT_EQ(List().Row(), row);
-    EXPECT_EQ(List().Text(row, kDigestColumn), "新");
+    const int identity = List().RowData(row);
     EXPECT_THAT(Entries(), ElementsAre("人工", "钢材", "吊车"));
+    EXPECT_FALSE(Go(1, kDateColumn));
+    log.lostAnswer = StatementLog::LostAnswer::None;
+    EXPECT_TRUE(Go(1, kDateColumn));
+    EXPECT_EQ(List().RowData(row), identity);
+    EXPECT_THAT(Entries(), ElementsAre("人工", "钢材", "吊车", "新"));
+    EXPECT_EQ(Form().Notice(), "");
+    EXPECT_THAT(Messages(), IsEmpty());
+    // Once it is there, it is an entry like the others.
+    ChangeDigest(row, "改");
+    Run("delete from PM_ItemQC where cDigest = '新'");
+    EXPECT_FALSE(Go(1, kDateColumn));
     EXPECT_THAT(Messages(), ElementsAre("[项目管理|information] 该行记录已经被他人删除"));
 }
 

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "adapters/windows/ado_session.h"
 #include "platform/database.h"
@@ -13,7 +14,8 @@ namespace kelvane::windows {
 class AdoConnection final : public platform::Connection {
 public:
     // Throws platform::DatabaseError when ADO is not installed.
-    AdoConnection() : mSession(std::make_shared<AdoSession>()) {}
+    AdoConnection() : AdoConnection(AdoSession::Create()) {}
+    explicit AdoConnection(std::shared_ptr<AdoSession> session) : mSession(std::move(session)) {}
     ~AdoConnection() override;
 
     void SetConnectionString(std::string_view text) override {

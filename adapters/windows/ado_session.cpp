@@ -16,14 +16,6 @@ constexpr int kNoTransaction = 3902;
 constexpr int kTransactionOpen = 3901;
 constexpr int kTransactionUndone = 3930;
 
-DispatchObject NewConnection() {
-    try {
-        return DispatchObject::Create("ADODB.Connection");
-    } catch (const DispatchError& error) {
-        throw DatabaseError(error.what());
-    }
-}
-
 DatabaseError NotOpen() {
     return DatabaseError("没有打开的事务", kNoTransaction);
 }
@@ -34,7 +26,13 @@ DatabaseError Undone() {
 
 }  // namespace
 
-AdoSession::AdoSession() : mConnection(NewConnection()) {}
+std::shared_ptr<AdoSession> AdoSession::Create() {
+    try {
+        return std::make_shared<AdoSession>(DispatchObject::Create("ADODB.Connection"));
+    } catch (const DispatchError& error) {
+        throw DatabaseError(error.what());
+    }
+}
 
 void AdoSession::Open(std::string_view user, std::string_view password, int options) {
     mUser = user;

@@ -2,8 +2,10 @@
 // connection and the record sets that were opened on it.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "adapters/windows/ado_failure.h"
 #include "adapters/windows/dispatch_object.h"
@@ -12,8 +14,10 @@ namespace kelvane::windows {
 
 class AdoSession {
 public:
-    // Creates "ADODB.Connection". Throws platform::DatabaseError when it is not installed.
-    AdoSession();
+    explicit AdoSession(DispatchObject connection) : mConnection(std::move(connection)) {}
+
+    // One on a new "ADODB.Connection". Throws platform::DatabaseError when it is not installed.
+    static std::shared_ptr<AdoSession> Create();
 
     const DispatchObject& Connection() const { return mConnection; }
 

@@ -139,8 +139,9 @@ void PeriodItemObject::CallMember(DISPID member, const DISPPARAMS& parameters, V
         return;
     }
     const windows::CallArguments arguments(parameters, "Init");
-    CallInit(arguments.Object(0, "objLogin"), arguments.Object(1, "objEnv"),
-             arguments.Text(2, "AppPath"));
+    auto login = arguments.Object(0, "objLogin");
+    auto environment = arguments.Object(1, "objEnv");
+    CallInit(std::move(login), std::move(environment), arguments.Text(2, "AppPath"));
     if (result == nullptr) return;
     VariantInit(result);
     V_VT(result) = VT_BOOL;
@@ -151,7 +152,8 @@ STDMETHODIMP PeriodItemObject::Init(IDispatch** objLogin, IDispatch** objEnv, BS
                                     VARIANT_BOOL* result) {
     if (result != nullptr) *result = VARIANT_FALSE;
     return AtBoundary([&] {
-        CallInit(Given(objLogin, "objLogin"), Given(objEnv, "objEnv"), windows::TextOf(AppPath));
+        auto login = Given(objLogin, "objLogin");
+        CallInit(std::move(login), Given(objEnv, "objEnv"), windows::TextOf(AppPath));
         if (result != nullptr) *result = VARIANT_TRUE;
     });
 }

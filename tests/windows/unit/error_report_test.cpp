@@ -1,0 +1,55 @@
+#include "adapters/windows/error_report.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "adapters/windows/com_pointer.h"
+#include "adapters/windows/wide_text.h"
+#include "platform/host.h"
+
+namespace kelvane::windows {
+namespace {
+
+template <typename Error>
+ErrorReport ReportOf(const Error& thrown) {
+    try {
+        throw thrown;
+    } catch (...) {
+        return ReportOfCurrentException();
+    }
+}
+
+TEST(ErrorReport, HasACodeForEachKindAndItsText) {
+    const auto code = [](const auto& error) {
+        return static_cast<unsigned long>(ReportOf(error).code);
+    };
+    EXPECT_EQ(code(ArgumentError("x")), 0x80070057UL);
+    EXPECT_EQ(code(platform::HostError("x")), 0x80040201UL);
+    EXPECT_EQ(code(platform::DatabaseError("x")), 0x80040202UL);
+    EXPECT_EQ(code(platform::DatabaseBusy("x")), 0x80040203UL);
+    EXPECT_EQ(code(platform::ConnectionLost("x")), 0x80040204UL);
+    EXPECT_EQ(code(platform::CommitInDoubt("x")), 0x80040205UL);
+    EXPECT_EQ(code(CallOrderError("x")), 0x80040206UL);
+    EXPECT_EQ(code(std::bad_alloc()), 0x8007000EUL);
+    EXPECT_EQ(code(std::runtime_error("x")), 0x80004005UL);
+    EXPECT_EQ(code(42), 0x80004005UL);
+    EXPECT_EQ(ReportOf(platform::HostError("objEnv.Unit：没有")).description, "objEnv.Unit：没有");
+}
+
+TEST(ErrorReport, BecomesTheThreadsErrorObject) {
+    Publish({E_FAIL, "不行"}, IID_IDispatch, L"Kelvane.PeriodItem");
+    ComPointer<IErrorInfo> info;
+    ASSERT_EQ(GetErrorInfo(0, info.Receive()), S_OK);
+    BSTR description = nullptr;
+    info->GetDescription(&description);
+    EXPECT_EQ(TextOf(description), "不行");
+    SysFreeString(description);
+    BSTR source = nullptr;
+    info->GetSource(&source);
+    EXPECT_EQ(TextOf(source), "Kelvane.PeriodItem");
+    SysFreeString(source);
+}
+
+}  // namespace
+}  // namespace kelvane::windows

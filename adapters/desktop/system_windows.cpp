@@ -1,9 +1,8 @@
 // Windows, which draws with GDI.
 
-#include <wx/msw/wrapwin.h>
-// Windows' own types come first.
 #include <wx/msw/private.h>
-#include <wx/msw/wrapgdip.h>
+// The drawing library is made of Windows' own types.
+#include <gdiplus.h>
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/system.h"

@@ -44,14 +44,15 @@ constexpr Meaning kMeanings[] = {
     {"54001", FailureKind::Statement, tsql::error::kNestedTooDeeply},
 };
 
-// "ERROR: text;\nError while executing the query" and "ERROR: text\nDETAIL: …".
+// "ERROR: text;\nError while executing the query" or ";\nThe connection has been lost", and "ERROR:
+// text\nDETAIL: …".
 std::string_view MessageIn(std::string_view text) {
     const std::size_t colon = text.find(": ");
     const bool hasSeverity =
         colon != std::string_view::npos && text.find(' ') == colon + 1 && colon < 12;
     if (hasSeverity) text.remove_prefix(colon + 2);
     while (text.starts_with(' ')) text.remove_prefix(1);
-    for (const std::string_view end : {";\nError while", "\nDETAIL:"}) {
+    for (const std::string_view end : {";\nError while", ";\nThe connection", "\nDETAIL:"}) {
         text = text.substr(0, text.find(end));
     }
     return text;

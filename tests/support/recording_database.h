@@ -22,6 +22,7 @@ struct StatementLog {
     std::vector<RecordedStatement> statements;
     // A statement that contains this text fails before it reaches the database; empty: none.
     std::string failing;
+    bool losesConnection = false;  // what fails does so because the server is gone
     // The answer to a commit does not come; the transaction was saved, or it was not.
     enum class LostAnswer { None, Saved, NotSaved };
     LostAnswer lostAnswer = LostAnswer::None;
@@ -29,6 +30,7 @@ struct StatementLog {
     void Add(RecordedStatement statement) {
         const bool fails = !failing.empty() && statement.text.find(failing) != std::string::npos;
         statements.push_back(std::move(statement));
+        if (fails && losesConnection) throw platform::ConnectionLost("模拟的连接断开");
         if (fails) throw platform::DatabaseError("模拟的数据库错误");
     }
 

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
+
+#include "platform/database.h"
 
 namespace kelvane::ui {
 
@@ -44,16 +47,31 @@ constexpr std::array kSentences{
     Sentence{"GetItemBudget", Work::Save, "读取项目预算时出错，没有保存。"},
 };
 
+constexpr const char* kConnectionLost = "数据库连接已断开，恢复后会自动重新连接。";
+
+// Whether the failure that is being handled is a lost connection.
+bool IsConnectionLost() {
+    try {
+        if (const std::exception_ptr handled = std::current_exception()) {
+            std::rethrow_exception(handled);
+        }
+    } catch (const platform::ConnectionLost&) {
+        return true;
+    } catch (...) {
+        return false;
+    }
+    return false;
+}
+
 }  // namespace
 
 void FailureNotice::Failed(std::string_view place) {
     const auto* known = std::find_if(kSentences.begin(), kSentences.end(),
                                      [&](const Sentence& entry) { return entry.place == place; });
-    if (known == kSentences.end()) {
-        Show(Work::Check, "操作时出错，该操作没有完成。");
-    } else {
-        Show(known->work, std::string(known->text));
-    }
+    const bool named = known != kSentences.end();
+    std::string sentence(named ? known->text : "操作时出错，该操作没有完成。");
+    if (IsConnectionLost()) sentence += kConnectionLost;
+    Show(named ? known->work : Work::Check, sentence);
 }
 
 void FailureNotice::FailedSave(const std::string& sentence) {

@@ -245,6 +245,63 @@ TEST_F(EntrySavingTest, DeletingAsksWithNoPreselected) {
     EXPECT_THAT(Read("select count(*) from PM_ItemQCsub"), ElementsAre("0"));
 }
 
+// The server is gone, and comes back.
+
+TEST_F(EntrySavingTest, ALostConnectionKeepsWhatWasTypedAndTheNextTrySavesIt) {
+    for (const char* place : {"select * from PM_ItemQC", "insert into PM_ItemQCsub"}) {
+        Open();
+        ChangeDigest(2, "改");
+        Form().mDetailSql = LinesScript();
+        log.failing = place;
+        log.losesConnection = true;
+        EXPECT_FALSE(Go(1, kDateColumn));
+        EXPECT_EQ(Form().Notice(),
+                  "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。"
+                  "数据库连接已断开，恢复后会自动重新连接。");
+        EXPECT_EQ(List().Text(2, kDigestColumn), "改");
+        EXPECT_TRUE(List().RowTouched());
+        EXPECT_FALSE(Form().mDetailSql.IsEmpty());
+        log.failing.clear();
+        EXPECT_TRUE(Go(1, kDateColumn));
+        EXPECT_EQ(Form().Notice(), "");
+        EXPECT_THAT(Entries(), ElementsAre("人工", "改", "吊车"));
+        Run("update PM_ItemQC set cDigest = '钢材' where iEleVid = 2");
+        Form().Unload();
+    }
+}
+
+TEST_F(EntrySavingTest, ALostConnectionKeepsANewRow) {
+    Open();
+    const int row = AddFilledRow();
+    log.failing = "insert into PM_ItemQC(";
+    log.losesConnection = true;
+    EXPECT_FALSE(Go(1, kDateColumn));
+    EXPECT_EQ(List().Row(), row);
+    EXPECT_EQ(List().RowData(row), 0);
+    EXPECT_THAT(Entries(), ElementsAre("人工", "钢材", "吊车"));
+    log.failing.clear();
+    EXPECT_TRUE(Go(1, kDateColumn));
+    EXPECT_THAT(Entries(), ElementsAre("人工", "钢材", "吊车", "新"));
+}
+
+TEST_F(EntrySavingTest, ALostConnectionDeletesNothing) {
+    Open();
+    Go(1, kDateColumn);
+    log.failing = "delete from pm_itemQCSub";
+    log.losesConnection = true;
+    windows.answers = {MessageAnswer::Yes};
+    Form().DeleteRow();
+    EXPECT_EQ(List().Rows(), 4);
+    EXPECT_EQ(Form().Notice(),
+              "删除当前行时出错，数据库中的记录没有改变。数据库连接已断开，恢复后会自动重新连接。");
+    EXPECT_THAT(Entries(), ElementsAre("人工", "钢材", "吊车"));
+    log.failing.clear();
+    windows.answers = {MessageAnswer::Yes};
+    Form().DeleteRow();
+    EXPECT_EQ(List().Rows(), 3);
+    EXPECT_EQ(Form().Notice(), "");
+}
+
 // The answer to a commit is lost.
 
 constexpr const char* kSavedInDoubt =

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/database.h"
+
 namespace kelvane::ui {
 namespace {
 
@@ -24,6 +26,23 @@ TEST_F(FailureNoticeTest, NamesTheLastFailure) {
 TEST_F(FailureNoticeTest, ARoutineWithoutASentenceIsNotNamed) {
     notice.Failed("Form_Resize");
     EXPECT_EQ(line, "操作时出错，该操作没有完成。");
+}
+
+TEST_F(FailureNoticeTest, ALostConnectionIsSaidBesideWhatFailed) {
+    try {
+        throw platform::ConnectionLost("gone");
+    } catch (...) {
+        notice.Failed("SaveRow");
+    }
+    EXPECT_EQ(line,
+              "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。"
+              "数据库连接已断开，恢复后会自动重新连接。");
+    try {
+        throw platform::DatabaseError("refused");
+    } catch (...) {
+        notice.Failed("SaveRow");
+    }
+    EXPECT_EQ(line, "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。");
 }
 
 TEST_F(FailureNoticeTest, StaysUntilTheSameKindOfWorkSucceeds) {

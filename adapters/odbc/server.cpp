@@ -62,6 +62,7 @@ Failure Server::Meaning(const DriverFailure& failure) const {
 
 void Server::Settle(const Failure& failure) {
     if (failure.kind == FailureKind::ConnectionLost) {
+        mWasLost = true;
         Disconnect();
     } else if (failure.kind == FailureKind::TransactionUndone && mInTransaction) {
         RollBack();
@@ -103,6 +104,7 @@ void Server::StartTransaction() {
         Throw(failure);
     }
     mInTransaction = true;
+    mWasLost = false;
 }
 
 void Server::Commit() {

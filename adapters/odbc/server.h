@@ -22,6 +22,8 @@ public:
     DatabaseEngine Engine() const { return mEngine; }
 
     bool IsConnected() const { return mLink.IsConnected(); }
+    // Whether the last transaction ended with the connection.
+    bool WasLost() const { return mWasLost; }
     // Outside a transaction: connects again when the connection has been lost. Throws
     // ConnectionLost.
     void RequireConnected();
@@ -51,6 +53,7 @@ private:
     std::unique_ptr<EngineDialect> mDialect;
     Link mLink;
     bool mInTransaction = false;
+    bool mWasLost = false;
 };
 
 }  // namespace kelvane::odbc

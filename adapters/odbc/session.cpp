@@ -27,7 +27,7 @@ void NameBaseColumns(const RunStep& step, ResultRows& rows) {
 
 void Session::RequireIntact() const {
     if (!mExplicit || mServer.InTransaction()) return;
-    if (!mServer.IsConnected()) {
+    if (mServer.WasLost()) {
         throw platform::ConnectionLost("与数据库服务器的连接已经断开，本次操作没有保存");
     }
     throw DatabaseError("The transaction was undone by an earlier error.", 3930);

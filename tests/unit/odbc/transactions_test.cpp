@@ -91,6 +91,19 @@ TEST_F(Transactions, OfADeadlocksVictimAreGone) {
     EXPECT_EQ(Log(), "autocommit off\nrun x\nrollback\nautocommit on\nrun after\n");
 }
 
+// The driver may hold it against the server that there is nothing left to roll back.
+TEST_F(Transactions, OfADeadlocksVictimAreGoneForTheDriverToo) {
+    Open(std::string("run x\nerror 40001 1205 deadlock\nrollback 25000 3903 no transaction") +
+         kAfter);
+    Server().Begin();
+    EXPECT_THROW(Execute("x"), DatabaseBusy);
+    EXPECT_EQ(TextOf<DatabaseError>([&] { Execute("y"); }),
+              "The transaction was undone by an earlier error.");
+    EXPECT_NO_THROW(Server().RollBack());
+    ExpectFreshStatement();
+    EXPECT_EQ(Driver().Left(), 0);
+}
+
 TEST_F(Transactions, StayOpenAfterATimeOut) {
     Open(
         "run x\nerror HYT00 0 Query timeout expired\nrun select @@trancount\n"

@@ -3,9 +3,9 @@
 #include <iostream>
 
 #include "adapters/headless/headless_windows.h"
-#include "adapters/output/file_printing.h"
 #include "host/commands.h"
 #include "host/ending_script.h"
+#include "host/printing.h"
 #include "host/screen.h"
 #include "host/session.h"
 
@@ -15,9 +15,9 @@ namespace {
 
 int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::Windows& windows) {
     drive::StatementLog statements;
-    output::FilePrinting printing(
+    const auto printing = FilesInstead(
         [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
-    Session session(account, windows, &statements, &printing);
+    Session session(account, windows, &statements, printing.get());
     script.SetHost({
         .init =
             [&session](const drive::InitOptions& options) {

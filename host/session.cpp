@@ -1,18 +1,14 @@
 #include "host/session.h"
 
 #include <filesystem>
-#include <system_error>
 #include <utility>
 
-#include "adapters/output/output_print_control.h"
-#include "adapters/output/style_service.h"
-#include "adapters/output/xml_text_document.h"
 #include "adapters/reference/reference_list_service.h"
 #include "data/login_context.h"
 #include "host/account_place.h"
 #include "host/local_time.h"
+#include "host/printing.h"
 #include "host/user_folders.h"
-#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -44,23 +40,7 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
             [] { return data::gRefCenterCode; },
         });
     };
-    if (printing != nullptr) OfferPrinting(*printing);
-}
-
-void Session::OfferPrinting(platform::PrintSurroundings& printing) {
-    mServices.createPrintControl = [this, &printing] {
-        // Where print settings are saved. When it cannot be made, saving them says so.
-        std::error_code refused;
-        std::filesystem::create_directories(platform::NativePath(data::gPrintStylePath), refused);
-        return std::make_unique<output::OutputPrintControl>(output::PrintEnvironment{
-            .windows = *mServices.windows,
-            .surroundings = printing,
-            .failed = [](std::string_view place,
-                         std::string_view reason) { data::ReportTrapped(place, reason); },
-        });
-    };
-    mServices.createPrintStyle = [] { return std::make_unique<output::StyleService>(); };
-    mServices.createXmlDocument = [] { return std::make_unique<output::XmlTextDocument>(); };
+    if (printing != nullptr) OfferPrinting(mServices, *printing);
 }
 
 Session::~Session() {

@@ -38,7 +38,6 @@ public:
 
 private:
     std::shared_ptr<platform::Connection> CreateConnection();
-    void OfferPrinting(platform::PrintSurroundings& printing);
 
     AccountPlace mAccount;
     drive::StatementLog* mStatements;

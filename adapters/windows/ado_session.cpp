@@ -45,7 +45,7 @@ void AdoSession::Open(std::string_view user, std::string_view password, int opti
 void AdoSession::OpenNow() {
     try {
         mConnection.Put("ConnectionString", Variant::OfText(mConnectionString));
-        mConnection.Call("Open", {Variant::OfText(""), Variant::OfText(mUser),
+        mConnection.Call("Open", {Variant::Missing(), Variant::OfText(mUser),
                                   Variant::OfText(mPassword), Variant::OfInteger(mOptions)});
     } catch (const DispatchError& error) {
         const AdoFailure failure = FailureOf(error, mConnection);

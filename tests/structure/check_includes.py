@@ -22,6 +22,7 @@ ALLOWED = {
     "adapters/reference": ["platform", "controls"],
     "adapters/output": ["platform", "controls"],
     "adapters/desktop": ["platform", "controls", "adapters/drive"],
+    "adapters/windows": ["platform"],
 }
 
 # Products whose headers only one folder may include.
@@ -37,6 +38,8 @@ PRODUCTS = {
     "libxml/": ["adapters/output"],
     "minizip/": ["adapters/output"],
     "xlsxwriter": ["adapters/output"],
+    "ole": ["adapters/windows"],
+    "dispex.h": ["adapters/windows"],
 }
 
 STANDARD_HEADER = re.compile(r"^[a-z0-9_]+$")

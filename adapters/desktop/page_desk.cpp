@@ -54,7 +54,31 @@ wxRect PageDesk::Sheet() const {
 }
 
 bool PageDesk::TakeKey(const KeyStroke& stroke) {
+    if (stroke.shift == 0 && ScrollWith(stroke.key)) return true;
     return mPages.KeyDown(stroke.key, stroke.shift);
+}
+
+bool PageDesk::ScrollWith(platform::Key key) {
+    wxPoint steps;
+    switch (key) {
+        case platform::Key::Up:
+            steps.y = -1;
+            break;
+        case platform::Key::Down:
+            steps.y = 1;
+            break;
+        case platform::Key::Left:
+            steps.x = -1;
+            break;
+        case platform::Key::Right:
+            steps.x = 1;
+            break;
+        default:
+            return false;
+    }
+    const wxPoint place = mDesk->GetViewStart() + steps * kStepsPerWheelStep;
+    mDesk->Scroll(std::max(0, place.x), std::max(0, place.y));
+    return true;
 }
 
 void PageDesk::Update() {

@@ -2,6 +2,7 @@
 // scroll bars when it is larger than the desk.
 //
 // The wheel scrolls, and turns the page where there is nothing left to scroll; with Ctrl it zooms.
+// The arrow keys scroll.
 #pragma once
 
 #include <wx/bitmap.h>
@@ -34,6 +35,8 @@ private:
     void DrawDesk(const wxRect& sheet);
     void OnWheel(wxMouseEvent& event);
     void ScrollOrTurn(int steps);
+    // Scrolls with an arrow key; false for any other key.
+    bool ScrollWith(platform::Key key);
     // Scrolls to the share of what can be scrolled; the middle of the desk is what it counts from.
     void LookAt(double x, double y);
 

@@ -1,6 +1,7 @@
 // Pages on the screen: turned, zoomed and scrolled by real keys and a real mouse, and looked at.
 #include <gtest/gtest.h>
 #include <wx/image.h>
+#include <wx/wfstream.h>
 
 #include <filesystem>
 
@@ -30,7 +31,8 @@ public:
         const std::string path =
             (std::filesystem::temp_directory_path() / "kelvane_page_test.png").string();
         EXPECT_TRUE(Windows().SaveScreenshot(path));
-        EXPECT_TRUE(mImage.LoadFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG));
+        wxFileInputStream file(wxString::FromUTF8(path));
+        EXPECT_TRUE(wxPNGHandler().LoadFile(&mImage, file));
         std::filesystem::remove(path);
     }
 
@@ -109,6 +111,22 @@ TEST(DesktopPages, TheWheelTurnsThemWhenNothingIsLeftToScroll) {
         })) << "scrolled away from the page's upper part";
         person.Wheel(kTitle, kMiddleX, kMiddleY, 20);
         person.See("next page", [&] { return form.pages.Page() > 1; });
+    });
+}
+
+TEST(DesktopPages, ArrowsScrollThem) {
+    const SamplePages source(1, kA4Width, kA4Height);
+    PageForm form(source);
+    form.pages.SetZoom(100);
+    const auto showsUpperPart = [] { return Photo().Count(SamplePages::ColorOf(1)) > 0; };
+    ShowTo(form, [&](Person& person) {
+        person.Keys(std::vector<std::string>(6, "Down"));
+        Person::Blink();
+        EXPECT_FALSE(person.Look(showsUpperPart));
+        person.Keys(std::vector<std::string>(6, "Up"));
+        Person::Blink();
+        EXPECT_TRUE(person.Look(showsUpperPart));
+        EXPECT_TRUE(person.Look([&] { return form.pages.Page() == 1; }));
     });
 }
 

@@ -14,6 +14,7 @@ using platform::Value;
 
 const StatementText kCounter("select cValue from PM_SettingInf where cName='NumMax_EleQc'");
 const StatementText kEntry("select * from PM_ItemQC with (HOLDLOCK) where iEleVid=1");
+constexpr int kDigestColumn = 7;
 constexpr platform::RecordSetOptions kCounterOptions{
     platform::CursorLocation::Server, platform::CursorType::Static, LockType::Pessimistic};
 
@@ -25,6 +26,15 @@ protected:
     }
     platform::Connection& Other() { return *mOther; }
     std::string Counter() { return One(kCounter).ToText(); }
+    // What the other operator reads in a row that this one has locked: what was there before. An
+    // engine that keeps no older state of a row lets the reader wait instead.
+    void ExpectOtherReads(const StatementText& statement, int column, const Value& value) {
+        try {
+            EXPECT_EQ(Other().OpenRecordSet(statement)->Field(column), value);
+        } catch (const DatabaseBusy&) {
+            EXPECT_EQ(Engine(), EngineKind::SqlServer);
+        }
+    }
 
 private:
     std::shared_ptr<platform::Connection> mOther;
@@ -33,12 +43,12 @@ private:
 TEST_F(Locks, TheCounterIsOneOperatorsUntilItIsClosed) {
     const auto mine = Account().OpenRecordSet(kCounter, kCounterOptions);
     EXPECT_THROW(Other().OpenRecordSet(kCounter, kCounterOptions), DatabaseBusy);
-    EXPECT_EQ(Other().OpenRecordSet(kCounter)->Field(0), Value("7"));
+    ExpectOtherReads(kCounter, 0, Value("7"));
     mine->SetField("cValue", Value("8"));
     EXPECT_EQ(mine->Field("cvalue"), Value("8"));
-    EXPECT_EQ(Other().OpenRecordSet(kCounter)->Field(0), Value("7"));
+    ExpectOtherReads(kCounter, 0, Value("7"));
     mine->Update();
-    EXPECT_EQ(Other().OpenRecordSet(kCounter)->Field(0), Value("8"));
+    ExpectOtherReads(kCounter, 0, Value("8"));
     EXPECT_THROW(Other().OpenRecordSet(kCounter, kCounterOptions), DatabaseBusy);
     mine->Close();
     const auto theirs = Other().OpenRecordSet(kCounter, kCounterOptions);
@@ -69,13 +79,12 @@ TEST_F(Locks, UpdateOutlastsTheConnection) {
 TEST_F(Locks, AHeldReadKeepsOtherWritersOut) {
     Transaction mine(Account());
     const auto row = Account().OpenRecordSet(kEntry, {.lock = LockType::Optimistic});
-    EXPECT_THROW(Other().Begin(), DatabaseBusy);
     EXPECT_THROW(Other().Execute(StatementText("delete from pm_itemQC where iEleVid=1")),
                  DatabaseBusy);
-    EXPECT_EQ(Other().OpenRecordSet(kEntry)->RecordCount(), 1);
+    ExpectOtherReads(kEntry, 0, Value(std::int64_t{1}));
     row->SetField("cDigest", Value("b"));
     row->Update();
-    EXPECT_EQ(Other().OpenRecordSet(kEntry)->Field("cDigest"), Value("a"));
+    ExpectOtherReads(kEntry, kDigestColumn, Value("a"));
     mine.Commit();
     EXPECT_EQ(Other().OpenRecordSet(kEntry)->Field("cDigest"), Value("b"));
     Other().Execute(StatementText("delete from pm_itemQC where iEleVid=1"));
@@ -100,9 +109,9 @@ TEST_F(Locks, ATransactionTakesOverTheCountersLock) {
     Execute("update PM_ItemQC set mQC = 11");
     Account().Commit();
     EXPECT_EQ(Other().OpenRecordSet(kEntry)->Field("mQC").ToText(), "11");
-    EXPECT_THROW(Other().Begin(), DatabaseBusy);
+    EXPECT_THROW(Other().OpenRecordSet(kCounter, kCounterOptions), DatabaseBusy);
     counter->Close();
-    EXPECT_NO_THROW(Other().Begin());
+    EXPECT_NO_THROW(Other().OpenRecordSet(kCounter, kCounterOptions));
 }
 
 TEST_F(Locks, StatementsBesideTheCounterAreDurableAtOnce) {

@@ -69,6 +69,11 @@ class RealInput(unittest.TestCase):
         with closing(sqlite3.connect(self.account)) as database:
             for data in DATA:
                 database.executescript(data.read_text(encoding="utf-8"))
+            # A file keeps amounts as texts with four decimals.
+            database.execute("update PM_ItemQC set mQC = printf('%.4f', mQC)")
+            database.execute("update PM_ItemQCsub set iUprice = printf('%.4f', iUprice),"
+                             " mQC = printf('%.4f', mQC)")
+            database.commit()
         self.process = None
         self.addCleanup(self.end)
 

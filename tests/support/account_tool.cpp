@@ -2,6 +2,7 @@
 // does to it what it reads on standard input, a line at a time:
 //
 //   run STATEMENT       a statement of the dialect
+//   begin, commit       what is run between them is one transaction
 //   rows SELECT ...     its rows, each behind "row ", fields joined by "|"
 //   hide TABLE          the table is gone, as far as others see
 //   restore TABLE       the table as it was, with its rows
@@ -16,6 +17,7 @@
 #include <iostream>
 #include <map>
 #include <sstream>
+#include <utility>
 
 #include "data/account_tables.h"
 #include "host/host_tables.h"
@@ -66,7 +68,12 @@ public:
         words >> command;
         const std::string rest = line.substr(std::min(line.size(), command.size() + 1));
         words >> table >> columns;
-        if (command == "run") {
+        if (command == "begin") {
+            mTransaction = Connect();
+            mTransaction->Begin();
+        } else if (command == "commit") {
+            std::exchange(mTransaction, nullptr)->Commit();
+        } else if (command == "run") {
             support::RunText(*Connect(), rest);
         } else if (command == "rows") {
             ShowRows(*support::QueryText(*Connect(), rest));
@@ -83,6 +90,7 @@ public:
 
 private:
     std::shared_ptr<platform::Connection> Connect() const {
+        if (mTransaction) return mTransaction;
         auto connection = mPlace->NewConnection(kTimeout, {});
         connection->Open("", "", -1);
         return connection;
@@ -135,6 +143,7 @@ private:
     }
 
     std::unique_ptr<support::TestPlace> mPlace;
+    std::shared_ptr<platform::Connection> mTransaction;
     std::map<std::string, host::TableRows> mHidden;
 };
 

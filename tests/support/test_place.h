@@ -3,7 +3,10 @@
 //
 // The environment variable KELVANE_TEST_DATABASE names the engine:
 //   sqlite      a file in a folder of the test's own (also when the variable is not set)
-//   postgresql  a database of the test's own on the server that KELVANE_TEST_POSTGRES names
+//   postgresql  a database of the test's own on the server that KELVANE_TEST_POSTGRES names by
+//               its connection string
+//   postgresql@FILE
+//               the same, with the connection string in a file
 //   otherwise   an ODBC connection string: the database there is used by one test after the other.
 //               It has to be empty or the tests' own from an earlier run.
 #pragma once

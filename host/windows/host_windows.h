@@ -1,5 +1,5 @@
-// The host's own windows while one of ours is shown modally: they take no input, as below any modal
-// window.
+// The host's own windows while one of ours is shown modally: they take no input and stay below, as
+// below any modal window.
 #pragma once
 
 #include <vector>
@@ -8,8 +8,9 @@
 
 namespace kelvane::host {
 
-// Disables the windows of this thread for its lifetime, those that are visible and enabled; then
-// the one that was active before is so again.
+// For its lifetime the windows of this thread that are visible and enabled are disabled, and
+// windows of this module that nobody owns belong to the one that is active; then that one is active
+// again. One at a time.
 class DisabledHostWindows {
 public:
     DisabledHostWindows();
@@ -20,6 +21,7 @@ public:
 private:
     HWND mActive;
     std::vector<HWND> mDisabled;
+    HHOOK mHook = nullptr;
 };
 
 }  // namespace kelvane::host

@@ -105,6 +105,7 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
     data.shown = ShownColumns(data.columns);
     data.dataText = dataText;
     data.surroundings = &mEnvironment.surroundings;
+    data.now = mEnvironment.now;
     if (mJob) {
         data.title = mJob->Content().title;
         data.settings = mJob->Settings();

@@ -26,6 +26,8 @@ struct PrintEnvironment {
     // Where it is told why something failed; may be empty.
     std::function<void(std::string_view place, std::string_view reason)> failed;
     Disk& disk = SystemDisk();
+    // The clock by which long work is shown.
+    WorkMeter::Clock::time_point (*now)() = &WorkMeter::Clock::now;
 };
 
 class OutputPrintControl : public platform::PrintControl {

@@ -24,10 +24,13 @@ struct Export {
     // The same as pages, made when they are asked for.
     std::function<const platform::PageSource&()> pages;
     platform::PrintSurroundings* surroundings = nullptr;
+    WorkMeter::Clock::time_point (*now)() = &WorkMeter::Clock::now;
 
     std::size_t Rows() const;
     const platform::ColumnText& Column(std::size_t place) const { return columns[shown[place]]; }
-    WorkMeter Meter(std::size_t steps) const { return {surroundings, "正在输出到文件…", steps}; }
+    WorkMeter Meter(std::size_t steps) const {
+        return {surroundings, "正在输出到文件…", steps, now};
+    }
 };
 
 // One format a file's ending stands for.

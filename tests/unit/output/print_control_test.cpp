@@ -30,6 +30,13 @@ namespace {
 
 class PrintControlTest : public testing::Test {
 protected:
+    using Clock = output::WorkMeter::Clock;
+    // On this clock every look at it takes a second.
+    static Clock::time_point SlowNow() {
+        static Clock::time_point now;
+        return now += std::chrono::seconds(1);
+    }
+
     OutputPrintControl& Control(output::Disk& disk = output::SystemDisk()) {
         mControl = std::make_unique<OutputPrintControl>(output::PrintEnvironment{
             .windows = mWindows,
@@ -37,6 +44,7 @@ protected:
             .failed = [this](std::string_view place,
                              std::string_view) { mFailedPlaces.emplace_back(place); },
             .disk = disk,
+            .now = mNow,
         });
         return *mControl;
     }
@@ -67,6 +75,7 @@ protected:
     ActingWindows mWindows;
     RecordingSurroundings mSurroundings;
     std::vector<std::string> mFailedPlaces;
+    Clock::time_point (*mNow)() = &Clock::now;
     std::unique_ptr<OutputPrintControl> mControl;
 };
 
@@ -167,6 +176,35 @@ TEST_F(PrintControlTest, LeavesTheOldFileOnAFullDisk) {
         EXPECT_EQ(mSurroundings.failures.back(), *mSurroundings.file + ": No space left on device");
     }
     EXPECT_EQ(mFolder.FileCount(), 3U);
+}
+
+TEST_F(PrintControlTest, LeavesTheOldFileWhenTheOperatorEndsLongWork) {
+    mNow = SlowNow;
+    mSurroundings.goesOn = [](std::size_t, std::size_t) { return false; };
+    for (const char* name : {"a.xlsx", "a.csv", "a.pdf", "a.xml"}) {
+        WriteText(mFolder / name, "old");
+        EXPECT_EQ(WriteTo(Accepted(), name), platform::kExportCancelled) << name;
+        EXPECT_EQ(ReadText(mFolder / name), "old") << name;
+    }
+    EXPECT_EQ(mFolder.FileCount(), 4U);
+    EXPECT_THAT(mSurroundings.progressTitles, testing::Each("正在输出到文件…"));
+    EXPECT_THAT(mSurroundings.failures, IsEmpty());
+    EXPECT_THAT(mWindows.messages, IsEmpty());
+}
+
+TEST_F(PrintControlTest, ShowsHowFarLongWorkIs) {
+    mNow = SlowNow;
+    std::vector<std::pair<std::size_t, std::size_t>> shown;
+    mSurroundings.goesOn = [&](std::size_t done, std::size_t total) {
+        shown.emplace_back(done, total);
+        return true;
+    };
+    for (const char* name : {"a.xlsx", "a.csv", "a.xml"}) {
+        shown.clear();
+        EXPECT_EQ(WriteTo(Accepted(), name), 0) << name;
+        EXPECT_THAT(shown, ElementsAre(std::pair(1U, 3U), std::pair(2U, 3U), std::pair(3U, 3U)));
+    }
+    EXPECT_THAT(mSurroundings.progressTitles, SizeIs(3));
 }
 
 TEST_F(PrintControlTest, FailsForATextThatIsNoFormat) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace kelvane::tsql {
 namespace {
@@ -68,6 +69,20 @@ TEST(TextRules, MeasuresText) {
     EXPECT_EQ(FirstPart("a中b", 3, false), "a中");
     EXPECT_EQ(FirstPart("a中b", 2, true), "a中");
     EXPECT_EQ(FirstPart("abc", 9, false), "abc");
+}
+
+TEST(TextRules, FoldedTextsAreEqualWhereTextsAre) {
+    EXPECT_EQ(FoldedText("P01 ÄЖＥ期初😀 "), "p01 äжｅ期初😀 ");
+    for (const auto& [a, b] : {std::pair("É1", "é1"), {"ж", "Ж"}, {"ａ", "Ａ"}, {"大", "太"}}) {
+        EXPECT_EQ(FoldedText(a) == FoldedText(b), CompareText(a, b) == 0) << a << b;
+    }
+}
+
+TEST(TextRules, EveryCasedLetterFoldsToItsOther) {
+    const CaseLetters letters = CasedLetters();
+    EXPECT_EQ(FoldedText(letters.upper), letters.lower);
+    EXPECT_EQ(FoldedText(letters.lower), letters.lower);
+    EXPECT_FALSE(HasOnlyAsciiCase(letters.upper));
 }
 
 }  // namespace

@@ -9,9 +9,9 @@ namespace {
 
 // Two sessions must not make them at the same time.
 constexpr std::string_view kTypes = R"sql(
-select pg_advisory_xact_lock(hashtext('kelvane'), hashtext(current_schema()));
 do $do$
 begin
+    perform pg_advisory_xact_lock(hashtext('kelvane'), hashtext(current_schema()));
     create domain kelvane_bit as smallint check (value in (0, 1));
     create domain kelvane_tinyint as smallint check (value between 0 and 255);
 exception when duplicate_object then null;

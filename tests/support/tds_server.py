@@ -111,10 +111,14 @@ def count(number):
     return b"", 0x10, 0xC3, number
 
 
-def error(number, text, severity=14):
+def error(number, text, severity=14, token=0xAA):
     body = struct.pack("<iBB", number, 1, severity) + us_text(text) + b_text("own") + b_text("")
     body += struct.pack("<I", 1)
-    return b"\xaa" + struct.pack("<H", len(body)) + body, 0x02, 0xC3, 0
+    return bytes([token]) + struct.pack("<H", len(body)) + body, 0x02, 0xC3, 0
+
+
+def said(text):
+    return error(0, text, 0, 0xAB)[0]
 
 
 def env(kind, new, old):
@@ -270,6 +274,17 @@ class Server:
             return [count(1), error(2627, "Violation of PRIMARY KEY constraint."), count(1)]
         if text == "fails":
             return [error(2627, "Violation of PRIMARY KEY constraint.")]
+        if text == "select and stop":
+            rows = result([("i", "int")], [(1,), (2,)])[0]
+            tokens, status, command, _ = error(8115, "Arithmetic overflow.", 16)
+            return [(rows + tokens, status, command, 2)]
+        if text == "select with words":
+            tokens, status, command, rows = result([("i", "int")], [(5,)])
+            return [(said("before") + tokens + said("behind"), status, command, rows)]
+        if text == "select nothing":
+            return [result([("i", "int"), ("", "varchar")], [])]
+        if text.startswith("update") and "cValue = '0'" in text:
+            return [count(0)]
         if text == "select @@trancount":
             return [result([("", "int")], [(session.transaction,)])]
         if text == "deadlock":

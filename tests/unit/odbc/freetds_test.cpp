@@ -148,6 +148,27 @@ TEST_F(FreeTds, LocksTheCounterAroundItsUpdate) {
                     "commit"});
 }
 
+TEST_F(FreeTds, CountsTheRowsThatChanged) {
+    const auto set = Query("select cValue from S where cName='x'", LockType::Optimistic);
+    set->SetField("cValue", Value("0"));
+    EXPECT_EQ(TextOf<DatabaseError>([&] { set->Update(); }),
+              "Row cannot be located for updating. Some values may have been changed since it was "
+              "last read.");
+    EXPECT_NO_THROW(Execute("delete from T"));
+}
+
+TEST_F(FreeTds, FailsWhenAResultBreaksOff) {
+    EXPECT_EQ(TextOf<DatabaseError>([&] { Query("select and stop"); }), "Arithmetic overflow.");
+    EXPECT_NO_THROW(Execute("delete from T"));
+}
+
+TEST_F(FreeTds, IsNotDisturbedByWhatTheServerSays) {
+    EXPECT_EQ(Query("select with words")->Field("i"), Value(std::int64_t{5}));
+    const auto none = Query("select nothing");
+    EXPECT_EQ(none->RecordCount(), 0);
+    EXPECT_EQ(none->FieldCount(), 2);
+}
+
 TEST_F(FreeTds, KnowsADeadlocksVictim) {
     mConnection.Begin();
     EXPECT_THROW(Execute("deadlock"), DatabaseBusy);

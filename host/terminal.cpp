@@ -72,9 +72,9 @@ private:
 
 std::optional<std::string> AskPassword(const std::string& prompt) {
     if (!IsTerminal()) return {};
+    const Unseen unseen;
     std::cerr << prompt << std::flush;
     std::string line;
-    const Unseen unseen;
     const bool ended = !std::getline(std::cin, line);
     std::cerr << '\n';
     if (ended) return {};

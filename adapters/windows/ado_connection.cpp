@@ -1,5 +1,8 @@
 #include "adapters/windows/ado_connection.h"
 
+#include <algorithm>
+#include <array>
+
 #include "adapters/windows/ado_record_set.h"
 
 namespace kelvane::windows {
@@ -8,7 +11,10 @@ using platform::CursorLocation;
 
 namespace {
 
-constexpr HRESULT kNotProvided = static_cast<HRESULT>(0x800A0CB3);
+// What a provider without several results answers, and a result without rows behind which no other
+// one waits.
+constexpr std::array kNoFurtherResult{static_cast<HRESULT>(0x800A0CB3),
+                                      static_cast<HRESULT>(0x800A0E78)};
 
 Variant Number(auto option) {
     return Variant::OfInteger(static_cast<long>(option));
@@ -20,7 +26,7 @@ void FinishBatch(DispatchObject result) {
         try {
             result = {result.Call("NextRecordset").Object(), result.Name()};
         } catch (const DispatchError& error) {
-            if (error.Code() != kNotProvided) throw;
+            if (std::ranges::find(kNoFurtherResult, error.Code()) == kNoFurtherResult.end()) throw;
             return;
         }
     }

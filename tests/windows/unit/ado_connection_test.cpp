@@ -45,6 +45,23 @@ TEST_F(AdoConnectionTest, TellsTheDatabasesOwnErrorAndCode) {
     }
 }
 
+TEST_F(AdoConnectionTest, SeesTheErrorOfALaterStatement) {
+    ado.results = 3;
+    Run();
+    EXPECT_EQ(ado.done, (Calls{"Execute", "NextRecordset", "NextRecordset", "NextRecordset"}));
+    ado.results = 3;
+    ado.Fail("NextRecordset", {"约束", 547, "23000"});
+    EXPECT_THROW(Run(), platform::DatabaseError);
+}
+
+TEST_F(AdoConnectionTest, ABatchEndsWhereTheProviderHasNoFurtherResult) {
+    for (const unsigned long code : {0x800A0CB3UL, 0x800A0E78UL}) {
+        ado.results = 1;
+        ado.Fail("NextRecordset", {"no", 0, "", static_cast<HRESULT>(code)});
+        EXPECT_NO_THROW(Run());
+    }
+}
+
 TEST_F(AdoConnectionTest, TransactionsDoNotNest) {
     connection.Begin();
     EXPECT_THROW(connection.Begin(), platform::DatabaseError);

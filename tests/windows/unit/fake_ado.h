@@ -13,6 +13,7 @@ struct FakeError {
     std::string description;
     int nativeCode = 0;
     std::string sqlState;
+    HRESULT code = E_FAIL;
 };
 
 class FakeAdo {
@@ -25,6 +26,7 @@ public:
             statements.push_back(windows::TextOf(V_BSTR(&arguments.at(0).Get())));
             return Do("Execute");
         });
+        result.Add("NextRecordset", DISPATCH_METHOD, [this](auto&) { return Do("NextRecordset"); });
         connection.Add("State", DISPATCH_PROPERTYGET,
                        [this](auto&) { return Variant::OfInteger(state); });
         connection.Add("ConnectionString", DISPATCH_PROPERTYPUT, [](auto&) { return Variant(); });
@@ -46,10 +48,12 @@ public:
                    [this](auto&) { return Variant::OfText(mLast.sqlState); });
     }
 
-    // The next call of `method` fails like this.
+    // The next call of `method` fails like this; with a code of ADO's own it is not in Errors.
     void Fail(const std::string& method, FakeError error) { mFailures[method] = std::move(error); }
 
     FakeObject connection;
+    FakeObject result;
+    int results = 0;  // how many a statement gives
     long state = 0;
     std::vector<std::string> done;
     std::vector<std::string> statements;
@@ -61,12 +65,13 @@ private:
         if (failure != mFailures.end()) {
             mLast = failure->second;
             mFailures.erase(failure);
-            mReported = true;
-            throw Refusal{E_FAIL, mLast.description};
+            mReported = mLast.code == E_FAIL;
+            throw Refusal{mLast.code, mLast.description};
         }
         if (method == "Open") state = 1;
         if (method == "Close") state = 0;
-        return method == "Execute" ? Variant::OfObject(nullptr) : Variant();
+        if (method != "Execute" && method != "NextRecordset") return {};
+        return Variant::OfObject(results-- > 0 ? &result : nullptr);
     }
 
     FakeObject mErrors;

@@ -4,6 +4,7 @@
 
 #include "host/commands.h"
 #include "host/server_account.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -12,7 +13,7 @@ int RunInit(const AccountPlace& account, const NewAccount& content) {
         if (account.IsOnServer()) {
             CreateAccountDatabase(account, content);
         } else {
-            CreateAccountFile(account.Name(), content);
+            CreateAccountFile(platform::PathOf(account.Name()), content);
         }
     } catch (const CreationError& error) {
         return Fail(error.what());

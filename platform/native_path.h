@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,11 @@ inline std::string NativePath(std::string_view path) {
     std::replace(native.begin(), native.end(), '\\', '/');
 #endif
     return native;
+}
+
+// `path` (UTF-8) as the file system takes it. A plain text would be read in the system's code page.
+inline std::filesystem::path PathOf(std::string_view path) {
+    return std::u8string(path.begin(), path.end());
 }
 
 }  // namespace kelvane::platform

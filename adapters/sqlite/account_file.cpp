@@ -10,6 +10,7 @@
 
 #include "adapters/sqlite/failures.h"
 #include "adapters/sqlite/schema.h"
+#include "platform/native_path.h"
 
 namespace kelvane::sqlite {
 
@@ -35,7 +36,8 @@ using HeaderBytes = std::array<char, kHeaderSize>;
 bool ReadHeader(const std::string& path, HeaderBytes& bytes) {
     sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
     const std::unique_ptr<const char, void (*)(const char*)> name(
-        sqlite3_create_filename(fs::absolute(path).string().c_str(), "", "", 0, nullptr),
+        sqlite3_create_filename(fs::absolute(platform::PathOf(path)).string().c_str(), "", "", 0,
+                                nullptr),
         sqlite3_free_filename);
     const std::unique_ptr<void, void (*)(void*)> memory(sqlite3_malloc(layer->szOsFile),
                                                         sqlite3_free);
@@ -82,7 +84,7 @@ bool IsWriteProtected(const std::string& path) {
     constexpr fs::perms kWriters =
         fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     std::error_code failure;
-    const fs::perms perms = fs::status(path, failure).permissions();
+    const fs::perms perms = fs::status(platform::PathOf(path), failure).permissions();
     if (failure || (perms & kWriters) == fs::perms::none) return true;
     sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
     int allowed = 0;
@@ -94,7 +96,8 @@ bool IsWriteProtected(const std::string& path) {
 
 void RequireAccountFile(const std::string& path) {
     std::error_code failure;
-    const fs::file_status status = fs::status(path, failure);
+    const fs::path place = platform::PathOf(path);
+    const fs::file_status status = fs::status(place, failure);
     if (!fs::exists(status)) throw AccountError(path, "不存在");
     if (!fs::is_regular_file(status)) throw AccountError(path, "不是账套文件");
     HeaderBytes bytes{};
@@ -108,8 +111,8 @@ void RequireAccountFile(const std::string& path) {
         throw AccountError(path, "是由较新版本的程序建立的");
     }
     // What is missing from the file may still lie in its log, after a crash.
-    const bool hasLog = fs::file_size(path + "-wal", failure) > 0 && !failure;
-    if (!hasLog && fs::file_size(path, failure) < header.LeastSize()) {
+    const bool hasLog = fs::file_size(platform::PathOf(path + "-wal"), failure) > 0 && !failure;
+    if (!hasLog && fs::file_size(place, failure) < header.LeastSize()) {
         throw AccountError(path, "已损坏：文件不完整");
     }
     if (IsWriteProtected(path)) throw AccountError(path, "是只读的，不能写入");

@@ -21,7 +21,7 @@ constexpr std::size_t kMostKnown = 128;
 // A longer batch, which a script with many lines makes, would fill the memory and hardly return.
 constexpr std::size_t kMostStatements = 64;
 // How much text one call carries.
-constexpr std::size_t kLongestStep = 256 * 1024;
+constexpr std::size_t kLongestStep = 262144;
 
 bool IsQuery(const tsql::Translated& statement) {
     return statement.kind == tsql::Statement::Kind::Select;

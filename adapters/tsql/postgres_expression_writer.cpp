@@ -121,8 +121,7 @@ std::string PostgresExpressionWriter::Stored(const Expression& expression, Type 
         return AddParameter(expression, Parameter::Use::Stored, type, column);
     }
     if (expression.kind == Kind::Null) return "null";
-    const std::string value =
-        ConvertedInPostgres(Value(expression), expression.type, {type.kind, 0}, 0);
+    std::string value = ConvertedInPostgres(Value(expression), expression.type, {type.kind, 0}, 0);
     if (!type.IsText() || type.length == 0) return value;
     return "kelvane_store(" + value + ", " + std::to_string(type.length) + ", " +
            QuotedText(TypeName(type)) + ", " + QuotedText(column) + ')';

@@ -33,7 +33,7 @@ constexpr std::array<std::pair<ErrorNumber, const char*>, 11> kDescriptions{{
 
 }  // namespace
 
-AdoError MakeError(ErrorNumber number) {
+AutomationError MakeError(ErrorNumber number) {
     const auto code = static_cast<HRESULT>(0x800A0000U | static_cast<unsigned>(number));
     for (const auto& [known, description] : kDescriptions) {
         if (known == number) return {code, description};

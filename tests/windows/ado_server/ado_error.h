@@ -1,24 +1,11 @@
-// Failures as a host sees them: the object library's own numbered errors, and the database's.
+// The object library's own numbered errors.
 #pragma once
 
-#include <windows.h>
-
-#include <stdexcept>
-#include <string>
+#include "tests/windows/automation/automation_error.h"
 
 namespace kelvane::ado_server {
 
-// What a failed call hands to its caller.
-class AdoError : public std::runtime_error {
-public:
-    AdoError(HRESULT code, const std::string& description)
-        : std::runtime_error(description), mCode(code) {}
-
-    HRESULT Code() const { return mCode; }
-
-private:
-    HRESULT mCode;
-};
+using namespace automation;
 
 // The documented numbers of the library's own errors; the HRESULT is 0x800A0000 with the number.
 enum class ErrorNumber {
@@ -36,6 +23,6 @@ enum class ErrorNumber {
 };
 
 // The error with its documented description.
-AdoError MakeError(ErrorNumber number);
+AutomationError MakeError(ErrorNumber number);
 
 }  // namespace kelvane::ado_server

@@ -48,7 +48,7 @@ void Connection::Fail(const platform::DatabaseError& error) {
     ErrorRecord record = RecordOf(error);
     const HRESULT number = record.number;
     mErrors->Replace(std::move(record));
-    throw AdoError(number, error.what());
+    throw AutomationError(number, error.what());
 }
 
 void Connection::OpenWith(const std::string& connectionString) {
@@ -64,7 +64,7 @@ void Connection::OpenWith(const std::string& connectionString) {
         database->Open({}, {}, -1);
     } catch (const platform::DatabaseError& error) {
         mErrors->Replace({E_FAIL, error.what(), "08001", error.NativeCode()});
-        throw AdoError(E_FAIL, error.what());
+        throw AutomationError(E_FAIL, error.what());
     }
     mConnectionString = connectionString;
     mMoney = provider.money;
@@ -136,7 +136,8 @@ Variant Connection::Execute(const Arguments& arguments) {
 Variant Connection::BeginTrans(const Arguments&) {
     Database();
     if (mInTransaction) {
-        throw AdoError(kTransactionExists, "Only one transaction can be active on this session.");
+        throw AutomationError(kTransactionExists,
+                              "Only one transaction can be active on this session.");
     }
     OnDatabase([](platform::Connection& database) { database.Begin(); });
     mInTransaction = true;
@@ -145,7 +146,7 @@ Variant Connection::BeginTrans(const Arguments&) {
 
 void Connection::RequireTransaction() const {
     if (!IsOpen()) throw MakeError(ErrorNumber::ObjectClosed);
-    if (!mInTransaction) throw AdoError(kNoTransaction, "No transaction is active.");
+    if (!mInTransaction) throw AutomationError(kNoTransaction, "No transaction is active.");
 }
 
 Variant Connection::CommitTrans(const Arguments&) {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "tests/windows/ado_server/errors.h"
-#include "tests/windows/ado_server/held.h"
+#include "tests/windows/automation/held.h"
 
 namespace kelvane::ado_server {
 

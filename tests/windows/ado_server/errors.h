@@ -3,7 +3,9 @@
 
 #include <vector>
 
-#include "tests/windows/ado_server/late_bound.h"
+#include "platform/database.h"
+#include "tests/windows/ado_server/field_value.h"
+#include "tests/windows/automation/late_bound.h"
 
 namespace kelvane::ado_server {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/windows/ado_server/variant.h"
+#include "tests/windows/ado_server/field_value.h"
 
 namespace kelvane::ado_server {
 
@@ -16,7 +16,7 @@ struct Provider {
 
 // Reads "Provider=…" anywhere in a connection string. The default is the bridge to ODBC, MSDASQL,
 // which gives amounts as decimals; with SQLOLEDB they come as currency, through ODBC all the same.
-// Throws AdoError 3706 for any other.
+// Throws AutomationError 3706 for any other.
 Provider ProviderOf(std::string_view connectionString);
 
 // Whether the first result of the text has rows.

@@ -20,7 +20,7 @@ public:
     bool IsOpen() const;
     const tsql::ResultColumn& Column(int index) const;
     long FieldCount() const;
-    // The place of a column by name, in any letter case, or by number. Throws AdoError 3265.
+    // The place of a column by name, in any letter case, or by number. Throws AutomationError 3265.
     int IndexOf(const VARIANT* nameOrNumber) const;
     Variant Value(int index) const;
     void SetValue(int index, const VARIANT& value);

@@ -1,9 +1,5 @@
 #include "tests/windows/ado_server/registration.h"
 
-#include <string>
-
-#include "tests/windows/ado_server/module.h"
-
 namespace kelvane::ado_server {
 namespace {
 

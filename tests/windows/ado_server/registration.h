@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace kelvane::ado_server {
 
 struct ServedClass {
@@ -15,6 +17,9 @@ inline constexpr ServedClass kServedClasses[] = {
     {L"ADODB.Connection", L"{B7A9B3F2-5C0E-4F86-9C2E-3B1D5A6E7F10}"},
     {L"ADODB.Recordset", L"{B7A9B3F2-5C0E-4F86-9C2E-3B1D5A6E7F11}"},
 };
+
+// The path of this module's file.
+std::wstring ModulePath();
 
 // E_ACCESSDENIED outside a prefix that was made for the tests.
 HRESULT Register();

@@ -1,6 +1,4 @@
 // The entry points of the server: its classes' factories, and registering.
-#include <atomic>
-
 #include "tests/windows/ado_server/record_set.h"
 #include "tests/windows/ado_server/registration.h"
 
@@ -8,7 +6,6 @@ namespace kelvane::ado_server {
 namespace {
 
 HMODULE gModule = nullptr;
-std::atomic<long> gObjects{0};
 
 template <typename Class>
 IDispatch* Make() {
@@ -51,16 +48,6 @@ private:
 Factory gFactories[] = {Factory(&Make<Connection>), Factory(&Make<RecordSet>)};
 
 }  // namespace
-
-void ObjectMade() {
-    ++gObjects;
-}
-void ObjectGone() {
-    --gObjects;
-}
-bool HasObjects() {
-    return gObjects != 0;
-}
 
 std::wstring ModulePath() {
     std::wstring path(32768, L'\0');

@@ -19,6 +19,11 @@ Sub SayField(name)
     Say name, TypeName(rows.Fields(name).Value) & " " & rows.Fields(name).Type & " " & rows(name)
 End Sub
 
+' The words for true and false are the locale's.
+Function Flag(value)
+    Flag = CInt(value)
+End Function
+
 On Error Resume Next
 
 Set connection = CreateObject("ADODB.Connection")
@@ -52,15 +57,15 @@ connection.Execute "insert into AdoTypes values (null, null, null, null, null, n
 SayError "insert nulls"
 connection.Execute "insert into AdoTypes values (1)"
 SayError "bad insert"
-Say "its errors", connection.Errors.Count & " " & connection.Errors(0).SQLState & " " & (connection.Errors.Item(0).Description <> "")
+Say "its errors", connection.Errors.Count & " " & connection.Errors(0).SQLState & " " & Flag(connection.Errors.Item(0).Description <> "")
 
 rows.Open "select * from AdoTypes order by iNumber desc", connection, 3, 1, 1
 SayError "rows"
-Say "count", rows.RecordCount & " " & rows.BOF & " " & rows.EOF & " " & rows.Fields.Count
+Say "count", rows.RecordCount & " " & Flag(rows.BOF) & " " & Flag(rows.EOF) & " " & rows.Fields.Count
 SayField "inumber"
 SayField "iTiny"
 SayField "iSmall"
-SayField "bFlag"
+Say "bFlag", TypeName(rows("bFlag").Value) & " " & rows("bFlag").Type & " " & Flag(rows("bFlag").Value)
 SayField "mAmount"
 SayField "dblRate"
 SayField "cText"
@@ -70,12 +75,12 @@ found = rows("cNone")
 SayError "unknown name"
 found = rows(8)
 SayError "unknown number"
-rows("iNumber") = 5
+rows.Fields("iNumber").Value = 5
 SayError "set a read-only field"
 rows.MoveNext
 Say "nulls", TypeName(rows("iNumber").Value) & " " & TypeName(rows("mAmount").Value) & " " & TypeName(rows("cText").Value)
 rows.MoveNext
-Say "end", rows.EOF
+Say "end", Flag(rows.EOF)
 found = rows("iNumber")
 SayError "field at the end"
 rows.MoveNext
@@ -89,16 +94,16 @@ rows.Close
 SayError "close twice"
 
 rows.Open "select iNumber from AdoTypes where iNumber = 1", connection
-Say "empty", rows.EOF & " " & rows.BOF & " " & rows.RecordCount
+Say "empty", Flag(rows.EOF) & " " & Flag(rows.BOF) & " " & rows.RecordCount
 rows.MoveFirst
 SayError "first of none"
 rows.Close
 
 connection.BeginTrans
 rows.Open "select * from AdoTypes where iNumber = 70000", connection, 1, 3
-rows("mAmount") = CCur("-0.0001")
-rows("cText") = "changed"
-rows("dDate") = DateSerial(2005, 1, 31)
+rows.Fields("mAmount").Value = CCur("-0.0001")
+rows.Fields("cText").Value = "changed"
+rows.Fields("dDate").Value = DateSerial(2005, 1, 31)
 rows.Close
 SayError "close while editing"
 rows.Update
@@ -115,6 +120,8 @@ connection.RollbackTrans
 Set rows = CreateObject("ADODB.Recordset")
 rows.Open "select count(*) from AdoTypes", connection
 Say "rolled back", rows(0)
+connection.Execute "drop table AdoTypes"
+SayError "drop"
 connection.Close
 Say "rows of a closed connection", rows.State
 Set connection = Nothing

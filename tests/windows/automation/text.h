@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace kelvane::ado_server {
+namespace kelvane::automation {
 
 std::wstring ToWide(std::string_view utf8);
 std::string ToUtf8(std::wstring_view wide);
@@ -19,4 +19,4 @@ BSTR NewBstr(std::string_view utf8);
 // The whole text of a BSTR; null is empty.
 std::string TextOf(BSTR text);
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation

@@ -1,8 +1,8 @@
-#include "tests/windows/ado_server/text.h"
+#include "tests/windows/automation/text.h"
 
 #include <new>
 
-namespace kelvane::ado_server {
+namespace kelvane::automation {
 
 std::wstring ToWide(std::string_view utf8) {
     if (utf8.empty()) return {};
@@ -37,4 +37,4 @@ std::string TextOf(BSTR text) {
     return text == nullptr ? std::string() : ToUtf8({text, SysStringLen(text)});
 }
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation

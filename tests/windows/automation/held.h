@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace kelvane::ado_server {
+namespace kelvane::automation {
 
 template <typename T>
 class Held {
@@ -44,4 +44,4 @@ private:
     T* mObject = nullptr;
 };
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation

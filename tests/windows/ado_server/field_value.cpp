@@ -1,8 +1,6 @@
-#include "tests/windows/ado_server/variant.h"
+#include "tests/windows/ado_server/field_value.h"
 
 #include <cmath>
-
-#include "tests/windows/ado_server/ado_error.h"
 
 namespace kelvane::ado_server {
 namespace {
@@ -60,38 +58,6 @@ platform::Money MoneyOf(const DECIMAL& decimal) {
 }
 
 }  // namespace
-
-Variant::Variant(bool value) {
-    mContent.vt = VT_BOOL;
-    mContent.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-}
-
-Variant::Variant(long value) {
-    mContent.vt = VT_I4;
-    mContent.lVal = value;
-}
-
-Variant::Variant(std::string_view utf8) {
-    mContent.bstrVal = NewBstr(utf8);
-    mContent.vt = VT_BSTR;
-}
-
-Variant::Variant(IDispatch* object) {
-    mContent.vt = VT_DISPATCH;
-    mContent.pdispVal = object;
-}
-
-Variant Variant::Null() {
-    Variant null;
-    null.mContent.vt = VT_NULL;
-    return null;
-}
-
-VARIANT Variant::Detach() {
-    const VARIANT content = mContent;
-    VariantInit(&mContent);
-    return content;
-}
 
 Variant FieldVariant(const platform::Value& value, const tsql::Type& type, MoneyForm money) {
     if (value.IsNull()) return Variant::Null();

@@ -7,12 +7,11 @@
 #include <span>
 #include <string>
 
-#include "platform/database.h"
-#include "tests/windows/ado_server/ado_error.h"
-#include "tests/windows/ado_server/module.h"
-#include "tests/windows/ado_server/variant.h"
+#include "tests/windows/automation/automation_error.h"
+#include "tests/windows/automation/module.h"
+#include "tests/windows/automation/variant.h"
 
-namespace kelvane::ado_server {
+namespace kelvane::automation {
 
 // The arguments of a call in their written order; one that was left out counts as absent.
 class Arguments {
@@ -140,4 +139,4 @@ private:
     ULONG mReferences = 1;
 };
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation

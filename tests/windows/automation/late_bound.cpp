@@ -1,6 +1,13 @@
-#include "tests/windows/ado_server/late_bound.h"
+#include "tests/windows/automation/late_bound.h"
 
-namespace kelvane::ado_server {
+namespace kelvane::automation {
+namespace {
+
+AutomationError WrongType() {
+    return {DISP_E_TYPEMISMATCH, "Type mismatch."};
+}
+
+}  // namespace
 
 const VARIANT* Arguments::At(std::size_t index) const {
     if (index >= mParameters.cArgs) return nullptr;
@@ -16,7 +23,7 @@ std::string Arguments::Text(std::size_t index) const {
     if (argument == nullptr) return {};
     Variant text;
     if (FAILED(VariantChangeType(&text.Raw(), const_cast<VARIANT*>(argument), 0, VT_BSTR))) {
-        throw MakeError(ErrorNumber::InvalidArgument);
+        throw WrongType();
     }
     return TextOf(text.Raw().bstrVal);
 }
@@ -26,7 +33,7 @@ long Arguments::Number(std::size_t index, long absent) const {
     if (argument == nullptr) return absent;
     Variant number;
     if (FAILED(VariantChangeType(&number.Raw(), const_cast<VARIANT*>(argument), 0, VT_I4))) {
-        throw MakeError(ErrorNumber::InvalidArgument);
+        throw WrongType();
     }
     return number.Raw().lVal;
 }
@@ -54,7 +61,7 @@ void Arguments::Store(std::size_t index, long value) const {
 HRESULT FillException(const std::exception& error, const wchar_t* source, EXCEPINFO* exception) {
     if (exception == nullptr) return DISP_E_EXCEPTION;
     *exception = {};
-    const auto* own = dynamic_cast<const AdoError*>(&error);
+    const auto* own = dynamic_cast<const AutomationError*>(&error);
     exception->scode = own != nullptr ? own->Code() : E_FAIL;
     exception->bstrSource = SysAllocString(source);
     exception->bstrDescription = SysAllocString(ToWide(error.what()).c_str());
@@ -72,10 +79,10 @@ Variant CallDefault(Variant object, DISPPARAMS& parameters) {
         SysFreeString(exception.bstrSource);
         SysFreeString(exception.bstrDescription);
         SysFreeString(exception.bstrHelpFile);
-        throw AdoError(exception.scode, description);
+        throw AutomationError(exception.scode, description);
     }
-    if (FAILED(code)) throw MakeError(ErrorNumber::InvalidArgument);
+    if (FAILED(code)) throw WrongType();
     return result;
 }
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation

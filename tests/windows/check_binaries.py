@@ -1,0 +1,126 @@
+#!/usr/bin/env python3
+"""What the binaries for Windows show to the system: exports, imports, type library, manifests.
+
+  tests/windows/check_binaries.py dist/windows-x64 [dist/windows-x86 ...]
+"""
+
+import re
+import subprocess
+import sys
+import unittest
+import uuid
+from pathlib import Path
+from xml.etree import ElementTree
+
+ROOT = Path(__file__).resolve().parents[2]
+FOLDERS = [Path(folder) for folder in sys.argv[1:]]
+
+EXPORTS = ["DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer",
+           "DllUnregisterServer"]
+
+# Part of every Windows that the component is for.
+SYSTEM = {
+    "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll",
+    "msvcrt.dll", "odbc32.dll", "ole32.dll", "oleacc.dll", "oleaut32.dll", "rpcrt4.dll",
+    "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "version.dll", "winmm.dll",
+    "winspool.drv",
+}
+
+FORMATS = {"windows-x64": ("pei-x86-64", "amd64"), "windows-x86": ("pei-i386", "x86")}
+ASSEMBLY = {"a": "urn:schemas-microsoft-com:asm.v1"}
+
+
+def dump(binary, *options):
+    return subprocess.run(["x86_64-w64-mingw32-objdump", *options, str(binary)], check=True,
+                          capture_output=True, text=True).stdout
+
+
+def exports_of(binary):
+    table = dump(binary, "-p").partition("[Ordinal/Name Pointer] Table")[2].partition("\n\n")[0]
+    return re.findall(r"^\s*\[\s*\d+\]\s+(?:\+base\[\s*\d+\]\s+\w+\s+)?(\S+)$", table, re.MULTILINE)
+
+
+def imports_of(binary):
+    return {name.lower() for name in re.findall(r"DLL Name: (\S+)", dump(binary, "-p"))}
+
+
+def described_ids():
+    """The identities in the interface description: interface, library and class."""
+    text = (ROOT / "host/windows/kelvane.idl").read_text(encoding="utf-8")
+    ids = [uuid.UUID(found) for found in re.findall(r"uuid\(([0-9A-F-]{36})\)", text)]
+    assert len(ids) == 3, ids
+    return ids
+
+
+def manifest(folder):
+    return ElementTree.parse(folder / "Kelvane.manifest").getroot()
+
+
+class Binaries(unittest.TestCase):
+    def test_architecture(self):
+        for folder in FOLDERS:
+            for name in ("Kelvane.dll", "kelvane.exe", "samples/host.exe"):
+                found = re.search(r"file format (\S+)", dump(folder / name, "-f"))
+                self.assertEqual(found[1], FORMATS[folder.name][0], name)
+
+    def test_component_exports_only_the_entry_points_undecorated(self):
+        for folder in FOLDERS:
+            self.assertEqual(exports_of(folder / "Kelvane.dll"), EXPORTS)
+
+    def test_only_system_libraries_are_imported(self):
+        for folder in FOLDERS:
+            for name in ("Kelvane.dll", "kelvane.exe", "samples/host.exe"):
+                imported = imports_of(folder / name)
+                self.assertIn("kernel32.dll", imported, name)
+                self.assertEqual(imported - SYSTEM, set(), name)
+
+    def test_nothing_for_the_debugger_is_left(self):
+        for folder in FOLDERS:
+            for name in ("Kelvane.dll", "kelvane.exe", "samples/host.exe"):
+                self.assertNotIn(".debug_", dump(folder / name, "-h"), name)
+                self.assertIn("no symbols", dump(folder / name, "-t"), name)
+
+    def test_type_library_lies_in_the_component(self):
+        for folder in FOLDERS:
+            content = (folder / "Kelvane.dll").read_bytes()
+            library = content.find(b"MSFT\x02\x00\x01\x00")
+            self.assertGreaterEqual(library, 0)
+            for identity in described_ids():
+                self.assertIn(identity.bytes_le, content[library:], identity)
+
+    def test_manifest_names_what_the_description_names(self):
+        interface, library, component = described_ids()
+        for folder in FOLDERS:
+            root = manifest(folder)
+            self.assertEqual(root.find("a:assemblyIdentity", ASSEMBLY).get("processorArchitecture"),
+                             FORMATS[folder.name][1])
+            made = root.find("a:file[@name='Kelvane.dll']/a:comClass", ASSEMBLY)
+            self.assertEqual(uuid.UUID(made.get("clsid")), component)
+            self.assertEqual(uuid.UUID(made.get("tlbid")), library)
+            self.assertEqual(made.get("progid"), "Kelvane.PeriodItem")
+            self.assertEqual(made.get("threadingModel"), "Apartment")
+            typed = root.find("a:file/a:typelib", ASSEMBLY)
+            self.assertEqual(uuid.UUID(typed.get("tlbid")), library)
+            stub = root.find("a:comInterfaceExternalProxyStub", ASSEMBLY)
+            self.assertEqual(uuid.UUID(stub.get("iid")), interface)
+
+    def test_sample_host_depends_on_the_manifest_beside_it(self):
+        for folder in FOLDERS:
+            needed = ElementTree.parse(folder / "samples/host.exe.manifest").getroot().find(
+                "a:dependency/a:dependentAssembly/a:assemblyIdentity[@name='Kelvane']", ASSEMBLY)
+            own = manifest(folder).find("a:assemblyIdentity", ASSEMBLY)
+            self.assertEqual(needed.attrib, own.attrib)
+
+    def test_scripts_end_their_lines_as_windows_does(self):
+        for folder in FOLDERS:
+            scripts = [*folder.glob("*.cmd"), *folder.glob("samples/*.vbs")]
+            self.assertEqual(len(scripts), 5)
+            for script in scripts:
+                lines = script.read_bytes().split(b"\n")[:-1]
+                self.assertTrue(lines and all(line.endswith(b"\r") for line in lines), script)
+
+
+if __name__ == "__main__":
+    if not FOLDERS:
+        sys.exit("usage: check_binaries.py FOLDER...")
+    unittest.main(argv=sys.argv[:1])

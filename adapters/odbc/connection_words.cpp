@@ -74,6 +74,11 @@ bool IsPasswordName(std::string_view name) {
                        [&](std::string_view known) { return EqualIgnoringCase(known, name); });
 }
 
+bool IsWordPart(char c) {
+    return c == '_' || (c >= '0' && c <= '9') ||
+           (tsql::LowerAscii(c) >= 'a' && tsql::LowerAscii(c) <= 'z');
+}
+
 void Append(std::string& text, std::string_view part) {
     if (!text.empty() && text.back() != ';') text += ';';
     text += part;
@@ -147,11 +152,21 @@ std::vector<std::string> SecretsOf(std::string_view text) {
     return secrets;
 }
 
-std::string WithoutSecrets(std::string text, const std::vector<std::string>& secrets) {
+std::string WithoutSecrets(std::string text, const std::vector<std::string>& secrets,
+                           bool wholeWords) {
     for (const std::string& secret : secrets) {
-        for (std::size_t at = text.find(secret); at != std::string::npos;
-             at = text.find(secret, at + kHidden.size())) {
-            text.replace(at, secret.size(), kHidden);
+        std::size_t at = text.find(secret);
+        while (at != std::string::npos) {
+            const std::size_t end = at + secret.size();
+            const bool inside =
+                (at > 0 && IsWordPart(text[at - 1]) && IsWordPart(secret.front())) ||
+                (end < text.size() && IsWordPart(text[end]) && IsWordPart(secret.back()));
+            if (wholeWords && inside) {
+                at = text.find(secret, at + 1);
+            } else {
+                text.replace(at, secret.size(), kHidden);
+                at = text.find(secret, at + kHidden.size());
+            }
         }
     }
     return text;

@@ -28,7 +28,9 @@ std::string WithWords(std::string_view text, std::string_view words);
 // Every form in which the connection string's passwords can show up in a text.
 std::vector<std::string> SecretsOf(std::string_view text);
 
-// `text` without any of the secrets.
-std::string WithoutSecrets(std::string text, const std::vector<std::string>& secrets);
+// `text` without any of the secrets. `wholeWords`: a secret that is a part of a longer word stays,
+// so that a password of one letter does not spoil every text.
+std::string WithoutSecrets(std::string text, const std::vector<std::string>& secrets,
+                           bool wholeWords = false);
 
 }  // namespace kelvane::odbc

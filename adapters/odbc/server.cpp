@@ -56,7 +56,8 @@ void Server::RequireConnected() {
 Failure Server::Meaning(const DriverFailure& failure) const {
     Failure meaning =
         mDialect ? mDialect->Judge(failure.Reported()) : FailureOf(failure.Reported());
-    meaning.text = WithoutSecrets(std::move(meaning.text), mSecrets);
+    // Once connected, nobody has a reason to speak of the connection string any more.
+    meaning.text = WithoutSecrets(std::move(meaning.text), mSecrets, mLink.IsConnected());
     return meaning;
 }
 

@@ -46,6 +46,8 @@ TEST(ConnectionWords, NoFormOfAPasswordIsShown) {
               "PWD=*** and *** and ***;");
     EXPECT_EQ(WithoutSecrets("hunter22 and hunter2", SecretsOf("password=hunter2")),
               "***2 and ***");
+    EXPECT_EQ(WithoutSecrets("x1 and 1x and _x, but x and 'x'", SecretsOf("PWD=x"), true),
+              "x1 and 1x and _x, but *** and '***'");
     EXPECT_EQ(WithoutSecrets("nothing", SecretsOf("Driver=A")), "nothing");
 }
 

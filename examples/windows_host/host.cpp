@@ -2,8 +2,11 @@
 // environment objects come from a program of the host's own, by ProgID, as they would in a real
 // one:
 //   host LOGINPROGID ENVIRONMENTPROGID FOLDER
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
+#include <cstdio>
 #include <cwchar>
 
 #include "kelvane_idl.h"
@@ -52,6 +55,8 @@ int ShowEntries(IDispatch* login, IDispatch* environment, const wchar_t* folder)
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
+    // Error texts may be Chinese whatever the console is set to.
+    _setmode(_fileno(stderr), _O_U8TEXT);
     if (argc != 4) {
         std::fwprintf(stderr, L"usage: host LOGINPROGID ENVIRONMENTPROGID FOLDER\n");
         return 2;

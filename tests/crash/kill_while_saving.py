@@ -8,6 +8,7 @@ the amount that belongs to them. Then the next process goes on with the same acc
 """
 
 import argparse
+import os
 import random
 import sqlite3
 import subprocess
@@ -19,7 +20,10 @@ from collections import Counter
 from contextlib import closing
 from pathlib import Path
 
-SCENARIOS = Path(__file__).resolve().parent.parent / "scenario"
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
+
+from account import Account
+
 ITEMS = 300
 # Entries whose lines are changed; their many lines make a save long enough to be hit.
 CHANGED = {101: 250, 102: 120, 103: 40}
@@ -41,27 +45,21 @@ def price_of(number):
     return 1 + number % 17
 
 
-def new_account(program, path):
-    for left in path.parent.glob(path.name + "*"):
-        left.unlink()
-    subprocess.run([program, "init", "--keywords", "1", path], check=True, capture_output=True)
-    with closing(sqlite3.connect(path)) as database:
-        for name in ("small.sql", "small_details.sql"):
-            database.executescript((SCENARIOS / name).read_text(encoding="utf-8"))
-        database.executemany(
-            "insert into inventory values (?, ?, '', ?, '01', '01')",
-            [(item_code(i), f"材料{i}", f"{price_of(i)}.0000") for i in range(ITEMS)])
-        for entry, count in CHANGED.items():
-            lines = {i: 1 for i in range(count)}
-            database.execute(
-                "insert into PM_ItemQC values (?, '2004-06-01 00:00:00.000', 'D01', 'P01', '',"
-                " '', 'E02', ?, ?)", (entry, f"改{entry}", f"{total(lines)}.0000"))
-            database.executemany(
-                "insert into PM_ItemQCsub values (?, ?, ?, ?, ?)",
-                [(entry, item_code(i), f"{price_of(i)}.0000", float(quantity),
-                  f"{price_of(i) * quantity}.0000") for i, quantity in lines.items()])
-        database.execute("update PM_SettingInf set cValue = '200' where cName = 'NumMax_EleQc'")
-        database.commit()
+def fill_account(program, account):
+    account.create(program)
+    for name in ("small.sql", "small_details.sql"):
+        account.run_file(name)
+    account.run_together(
+        f"insert into inventory values ('{item_code(i)}', '材料{i}', '', {price_of(i)}.0000, '01',"
+        " '01')" for i in range(ITEMS))
+    for entry, count in CHANGED.items():
+        lines = {i: 1 for i in range(count)}
+        account.run(f"insert into PM_ItemQC values ({entry}, '2004-06-01 00:00:00.000', 'D01',"
+                    f" 'P01', '', '', 'E02', '改{entry}', {total(lines)}.0000)")
+        account.run_together(
+            f"insert into PM_ItemQCsub values ({entry}, '{item_code(i)}', {price_of(i)}.0000,"
+            f" {quantity}.0, {price_of(i) * quantity}.0000)" for i, quantity in lines.items())
+    account.run("update PM_SettingInf set cValue = '200' where cName = 'NumMax_EleQc'")
 
 
 def total(lines):
@@ -146,9 +144,9 @@ class Driven:
     """A process that follows a plan; what it says is collected while it goes."""
 
     def __init__(self, program, account):
-        self.process = subprocess.Popen([program, "drive", account], encoding="utf-8",
+        self.process = subprocess.Popen([program, "drive", *account.words], encoding="utf-8",
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                        stderr=subprocess.DEVNULL)
+                                        stderr=subprocess.DEVNULL, env={**os.environ, **account.environment})
 
     def open_list(self):
         """Opens the list; returns the rows of the entries by identity, and how many there are."""
@@ -200,34 +198,44 @@ def acknowledged(plan, lines):
     return done, begun
 
 
-def read_account(path):
-    """The entries by digest, each with its lines, after a look at the whole account."""
+def check_file(path):
     with closing(sqlite3.connect(path)) as database:
         if database.execute("pragma integrity_check").fetchall() != [("ok",)]:
             raise Broken("the account is damaged")
-        if database.execute("select count(*) from PM_ItemQCsub where iEleVid not in"
-                            " (select iEleVid from PM_ItemQC)").fetchone()[0] != 0:
-            raise Broken("lines without an entry")
-        entries = {}
-        for entry, digest, amount in database.execute(
-                "select iEleVid, cDigest, mQC from PM_ItemQC where cElementCode = 'E02'"
-                " and cDigest <> '钢材'").fetchall():
-            lines = {}
-            for code, price, quantity, line_amount in database.execute(
-                    "select cCodeMx, iUprice, iNum, mQC from PM_ItemQCsub where iEleVid = ?",
-                    (entry,)):
-                item = int(code[1:])
-                if item in lines:
-                    raise Broken(f"{digest} has the line {code} twice")
-                lines[item] = int(quantity)
-                if float(price) != price_of(item) or float(line_amount) != price_of(item) * quantity:
-                    raise Broken(f"{digest} has a wrong line {code}")
-            if float(amount) != total(lines):
-                raise Broken(f"{digest}: amount {amount}, lines {total(lines)}")
-            if digest in entries:
-                raise Broken(f"{digest} is there twice")
-            entries[digest] = lines
-        return entries
+
+
+def read_account(account):
+    """The entries by digest, each with its lines, after a look at the whole account."""
+    if account.engine == "sqlite":
+        check_file(account.words[0])
+    # Waits for what a server is still finishing for a client that is gone.
+    account.run("update PM_SettingInf set cValue = cValue")
+    account.run("update PM_ItemQC set mQC = mQC")
+    if account.fields("select count(*) from PM_ItemQCsub where iEleVid not in"
+                    " (select iEleVid from PM_ItemQC)") != [["0"]]:
+        raise Broken("lines without an entry")
+    lines_of = {}
+    for entry, code, price, quantity, amount in account.fields(
+            "select iEleVid, cCodeMx, iUprice, iNum, mQC from PM_ItemQCsub"):
+        lines_of.setdefault(entry, []).append((code, float(price), float(quantity), float(amount)))
+    entries = {}
+    for entry, digest, amount in account.fields(
+            "select iEleVid, cDigest, mQC from PM_ItemQC where cElementCode = 'E02'"
+            " and cDigest <> '钢材'"):
+        lines = {}
+        for code, price, quantity, line_amount in lines_of.get(entry, []):
+            item = int(code[1:])
+            if item in lines:
+                raise Broken(f"{digest} has the line {code} twice")
+            lines[item] = int(quantity)
+            if price != price_of(item) or line_amount != price_of(item) * quantity:
+                raise Broken(f"{digest} has a wrong line {code}")
+        if float(amount) != total(lines):
+            raise Broken(f"{digest}: amount {amount}, lines {total(lines)}")
+        if digest in entries:
+            raise Broken(f"{digest} is there twice")
+        entries[digest] = lines
+    return entries
 
 
 def check(before, plan, done, begun, found):
@@ -285,6 +293,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--program", required=True, help="the program kelvane")
+    parser.add_argument("--tool", required=True, help="the program kelvane_account_tool")
     parser.add_argument("--kills", type=int, default=200)
     parser.add_argument("--seed", type=int, default=None)
     arguments = parser.parse_args()
@@ -293,14 +302,14 @@ def main():
     print(f"seed {seed}")
     chance = random.Random(seed)
     outcomes = Counter()
-    with tempfile.TemporaryDirectory(prefix="kelvane-crash-") as folder:
-        account = Path(folder) / "account.kelvane"
+    with tempfile.TemporaryDirectory(prefix="kelvane-crash-") as folder, \
+            Account(arguments.tool, Path(folder) / "account.kelvane") as account:
         number = 0
         run_time = None
         try:
             while outcomes.total() < arguments.kills:
                 if outcomes.total() % KILLS_OF_AN_ACCOUNT == 0:
-                    new_account(program, account)
+                    fill_account(program, account)
                 number += 1
                 outcome, elapsed = run_and_kill(program, account, chance, run_time, number)
                 if outcome is not None:
@@ -311,7 +320,7 @@ def main():
         except Broken as error:
             print(f"run {number}, seed {seed}: {error}")
             return 1
-    print(f"{outcomes.total()} kills in {number} runs: " +
+    print(f"{account.engine}: {outcomes.total()} kills in {number} runs: " +
           ", ".join(f"{name} {count}" for name, count in sorted(outcomes.items())))
     if min(outcomes["old"], outcomes["new"]) == 0:
         print("no kill hit a save: nothing was tested")

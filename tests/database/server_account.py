@@ -1,0 +1,112 @@
+#!/usr/bin/env python3
+"""The program on a server: making an account, refusing, replacing, exporting, and its passwords."""
+
+import os
+import pty
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+program, tool = sys.argv[1:3]
+
+
+class ServerAccount(unittest.TestCase):
+    def setUp(self):
+        self.place = subprocess.Popen([tool], encoding="utf-8", stdin=subprocess.PIPE,
+                                      stdout=subprocess.PIPE)
+        self.addCleanup(self.leave)
+        lines = []
+        while not lines or lines[-1] != "done":
+            lines.append(self.place.stdout.readline().rstrip("\n"))
+            self.assertFalse(lines[-1].startswith("error"), lines[-1])
+        self.database = lines[2].removeprefix("word ")
+        self.password = re.search("PWD=([^;]*)", self.database).group(1)
+        self.without_password = self.database.replace(";PWD=" + self.password, "")
+        name = re.search("Database=([^;]*)", self.database).group(1)
+        self.name = f"{name} on 127.0.0.1"
+
+    def leave(self):
+        self.place.stdin.close()
+        self.place.wait()
+        self.place.stdout.close()
+
+    def run_program(self, *arguments, database=None, script="", **variables):
+        ended = subprocess.run([program, *arguments, "--database", database or self.database],
+                               input=script, encoding="utf-8", capture_output=True, check=False,
+                               env=os.environ | variables)
+        self.assertNotIn(self.password, ended.stdout + ended.stderr)
+        return ended
+
+    def test_an_account_is_made_and_not_overwritten(self):
+        made = self.run_program("init", "--sample", "--entries", "5")
+        self.assertEqual((made.stdout, made.stderr),
+                         (f"{self.name}: sample account with 5 entries\n", ""))
+        again = self.run_program("init")
+        self.assertEqual(again.returncode, 1)
+        self.assertEqual(again.stderr, f"kelvane: {self.name}: there is a table Host_Unit already;"
+                                       " --force replaces the account's tables\n")
+        with tempfile.TemporaryDirectory() as folder:
+            file = Path(folder) / "list.csv"
+            exported = self.run_program("export", "--to", str(file))
+            self.assertEqual(exported.returncode, 0, exported.stderr)
+            self.assertEqual(len(file.read_text(encoding="utf-8").splitlines()), 6)
+        replaced = self.run_program("init", "--force", "--keywords", "2")
+        self.assertEqual(replaced.stdout, f"{self.name}: empty account\n")
+        driven = self.run_program("drive", script="init\nshow\nprint grid\nclose\n")
+        self.assertEqual(driven.returncode, 0, driven.stdout)
+        self.assertIn("> print grid\n0 0 ", driven.stdout)
+
+    def test_a_failure_leaves_nothing(self):
+        self.place.stdin.write("run create table PM_TranControl(a int null)\n")
+        self.place.stdin.flush()
+        self.assertEqual(self.place.stdout.readline(), "done\n")
+        refused = self.run_program("init")
+        self.assertEqual(refused.returncode, 1)
+        self.place.stdin.write("rows select count(*) from Host_Unit\n")
+        self.place.stdin.flush()
+        self.assertTrue(self.place.stdout.readline().startswith("error "))
+
+    def test_the_password_comes_from_the_environment(self):
+        made = self.run_program("init", database=self.without_password,
+                                KELVANE_DATABASE_PASSWORD=self.password)
+        self.assertEqual(made.returncode, 0, made.stderr)
+        wrong = self.run_program("drive", database=self.without_password, script="init\n",
+                                 KELVANE_DATABASE_PASSWORD="none")
+        self.assertEqual(wrong.returncode, 1)
+
+    def test_the_password_is_asked_for_at_a_terminal(self):
+        process, terminal = pty.fork()
+        if process == 0:
+            os.execv(program, [program, "init", "--database", self.without_password])
+        shown = b""
+        while b"password: " not in shown:
+            shown += os.read(terminal, 1000)
+        os.write(terminal, (self.password + "\n").encode())
+        try:
+            while more := os.read(terminal, 1000):
+                shown += more
+        except OSError:
+            pass  # the program has ended
+        _, status = os.waitpid(process, 0)
+        os.close(terminal)
+        self.assertEqual(status, 0)
+        self.assertEqual(shown.decode(), f"{self.name} password: \r\n"
+                                         f"{self.name}: empty account\r\n")
+
+    def test_the_list_of_processes_does_not_show_the_password(self):
+        with subprocess.Popen([program, "drive", "--database", self.database], encoding="utf-8",
+                              stdin=subprocess.PIPE, stdout=subprocess.PIPE) as process:
+            process.stdin.write("answer yes\n")
+            process.stdin.flush()
+            self.assertEqual(process.stdout.readline(), "> answer yes\n")
+            seen = Path(f"/proc/{process.pid}/cmdline").read_bytes()
+            self.assertNotIn(self.password.encode(), seen)
+            self.assertIn(b"--database", seen)
+            process.stdin.close()
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

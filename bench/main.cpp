@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "bench/export.h"
 #include "bench/memory.h"
 #include "bench/table_reporter.h"
 #include "bench/window.h"
@@ -22,6 +23,7 @@ struct Answer {
 
 constexpr Answer kAnswers[] = {
     {kelvane::bench::kMemoryOption, kelvane::bench::WriteMemoryOf},
+    {kelvane::bench::kExportOption, kelvane::bench::WriteMemoryOfExport},
     {kelvane::bench::kWindowOption, kelvane::bench::WriteTimesOfWindow},
 };
 

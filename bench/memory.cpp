@@ -19,15 +19,6 @@ constexpr double kMostBytes = 1536;
 constexpr std::size_t kShown = 0;
 constexpr std::size_t kMost = 1;
 
-// What the system says of this program, in bytes.
-double StatusBytes(const std::string& name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with(name)) return 1024 * std::stod(line.substr(name.size()));
-    }
-    throw std::runtime_error("the system does not tell " + name);
-}
-
 // `of`: which of a child's numbers.
 void Report(benchmark::State& state, const std::string& metric, std::size_t of) {
     const std::int64_t entries = state.range(0);
@@ -52,6 +43,14 @@ BENCHMARK(MemoryShown)->Arg(100'000)->Iterations(3);
 BENCHMARK(MemoryMost)->Arg(100'000)->Iterations(3);
 
 }  // namespace
+
+double StatusBytes(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(name)) return 1024 * std::stod(line.substr(name.size()));
+    }
+    throw std::runtime_error("the system does not tell " + name);
+}
 
 int WriteMemoryOf(const std::string& account) {
     EntryWindows windows;

@@ -11,4 +11,7 @@ inline constexpr const char* kMemoryOption = "--memory-of=";
 // is shown, and used at most until then. Returns the exit status.
 int WriteMemoryOf(const std::string& account);
 
+// What the system says of this program under `name`, such as "VmHWM:", in bytes.
+double StatusBytes(const std::string& name);
+
 }  // namespace kelvane::bench

@@ -34,7 +34,11 @@ var environment = {
             return rows;
         }
     },
-    ModuleSetting: function (moduleName, name) { return null; },
+    ModuleSetting: function (moduleName, name) {
+        var rows = environment.DataAccess.Query("select cValue from AccInformation where cSysID='" +
+            moduleName + "' and cName='" + name + "'", 2);
+        return rows.EOF ? null : rows.Fields("cValue").Value;
+    },
     HostPath: folder
 };
 

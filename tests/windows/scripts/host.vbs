@@ -67,7 +67,9 @@ Class Environment
     Public DataAccess
     Public HostPath
     Public Function ModuleSetting(moduleName, settingName)
-        ModuleSetting = ""
+        Dim rows
+        Set rows = DataAccess.Query("select cValue from AccInformation where cSysID='" & moduleName & "' and cName='" & settingName & "'", 2)
+        If Not rows.EOF Then ModuleSetting = rows("cValue").Value
     End Function
 End Class
 
@@ -110,7 +112,7 @@ End Function
 Sub Init(login)
     Dim answer
     answer = component.Init(login, NewEnvironment(), folder)
-    Say "Init gives " & answer
+    Say "Init gives " & TypeName(answer) & " " & CInt(answer)
 End Sub
 
 Sub Rounds(count)

@@ -15,9 +15,7 @@ void FormKeys::Attach(wxWindow& window) {
     window.Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
         mDownCode = event.GetKeyCode();
         const KeyStroke stroke = StrokeOfKey(event);
-        if (HeldKeys::OfKeyboard().RepeatsFromElsewhere(stroke.key, this, event.GetTimestamp())) {
-            return;
-        }
+        if (HeldKeys::OfKeyboard().RepeatsFromElsewhere(event, this)) return;
         mPressed[stroke.key] = stroke.shift;
         event.Skip();
     });

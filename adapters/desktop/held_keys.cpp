@@ -1,5 +1,7 @@
 #include "adapters/desktop/held_keys.h"
 
+#include <wx/utils.h>
+
 #include "adapters/desktop/key_stroke.h"
 
 namespace kelvane::desktop {
@@ -24,9 +26,11 @@ HeldKeys::~HeldKeys() {
     wxEvtHandler::RemoveFilter(this);
 }
 
-bool HeldKeys::RepeatsFromElsewhere(platform::Key key, const void* owner, long time) {
+bool HeldKeys::RepeatsFromElsewhere(const wxKeyEvent& event, const void* owner) {
+    const platform::Key key = StrokeOfKey(event).key;
     if (key == platform::Key::None) return false;
-    Press& press = mPresses.try_emplace(key, Press{owner, time}).first->second;
+    const long time = event.GetTimestamp();
+    Press& press = mPresses.try_emplace(key, Press{owner, time, event.GetKeyCode()}).first->second;
     if (time - press.time > kLongestPause) press.owner = owner;
     press.time = time;
     return press.owner != owner;
@@ -35,6 +39,11 @@ bool HeldKeys::RepeatsFromElsewhere(platform::Key key, const void* owner, long t
 int HeldKeys::FilterEvent(wxEvent& event) {
     if (event.GetEventType() == wxEVT_KEY_UP) {
         mPresses.erase(StrokeOfKey(static_cast<wxKeyEvent&>(event)).key);
+    } else if (event.GetEventType() == wxEVT_SET_FOCUS) {
+        // What was released on the way from one window to the next was seen by none.
+        std::erase_if(mPresses, [](const auto& press) {
+            return !wxGetKeyState(static_cast<wxKeyCode>(press.second.code));
+        });
     }
     return Event_Skip;
 }

@@ -18,18 +18,18 @@ public:
 
     ~HeldKeys() override;
 
-    // Whether `key`, going down in the window of `owner` (compared, never used), is the repeat of
-    // one that was pressed in another window; if not, it counts as pressed in this one. `time` is
-    // the event's, in milliseconds.
-    bool RepeatsFromElsewhere(platform::Key key, const void* owner, long time);
+    // Whether the key that goes down in the window of `owner` (compared, never used) is the repeat
+    // of one that was pressed in another window; if not, it counts as pressed in this one.
+    bool RepeatsFromElsewhere(const wxKeyEvent& event, const void* owner);
 
-    // Sees keys released in whatever window, message boxes included.
+    // Sees keys released, and the keyboard come, in whatever window, message boxes included.
     int FilterEvent(wxEvent& event) override;
 
 private:
     struct Press {
         const void* owner;
-        long time;
+        long time;  // of the event, in milliseconds
+        int code;   // as the toolkit counts keys
     };
 
     HeldKeys();

@@ -6,8 +6,8 @@
 
 namespace kelvane::support {
 
-// Connects, runs `statement` and leaves; returns the first field of its first row, empty when it has
-// none. Throws std::runtime_error with the driver's text.
+// Connects, runs `statement` and leaves; returns the first field of its first row, empty when it
+// has none. Throws std::runtime_error with the driver's text.
 std::string RunBare(const std::string& connectionString, const std::string& statement);
 
 }  // namespace kelvane::support

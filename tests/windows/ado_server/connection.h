@@ -9,8 +9,7 @@
 
 namespace kelvane::ado_server {
 
-// How often a run-time text may be handed to the database without being a StatementText: only here,
-// where a host's own texts arrive.
+// Hands a host's own texts to the database: they are no StatementText, and nobody checks them.
 class HostTexts : public platform::Connection {
 public:
     static void Execute(platform::Connection& connection, const std::string& text) {

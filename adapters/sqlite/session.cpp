@@ -86,7 +86,7 @@ Statement& Session::PreparedAt(PreparedBatch& batch, std::size_t place) {
     return statement;
 }
 
-int Session::StepAll(Statement& statement, const Translated& translated, RowBuffer* rows,
+int Session::StepAll(Statement& statement, const Translated& translated, tsql::PackedRows* rows,
                      bool& stale) {
     const bool isQuery = translated.kind == tsql::Statement::Kind::Select;
     int code = statement.Step();
@@ -96,12 +96,12 @@ int Session::StepAll(Statement& statement, const Translated& translated, RowBuff
     }
     const int columns = statement.ColumnCount();
     for (; code == SQLITE_ROW; code = statement.Step()) {
-        if (rows != nullptr) rows->Append(statement, columns);
+        if (rows != nullptr) AppendRow(*rows, statement, columns);
     }
     return code;
 }
 
-bool Session::RunOne(PreparedBatch& batch, std::size_t place, RowBuffer* rows) {
+bool Session::RunOne(PreparedBatch& batch, std::size_t place, tsql::PackedRows* rows) {
     const tsql::TranslatedStatement& translatedStatement = batch.translation->statements[place];
     if (translatedStatement.error) throw *translatedStatement.error;
     const Translated& translated = translatedStatement.translated;

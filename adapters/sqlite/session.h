@@ -8,7 +8,7 @@
 
 #include "adapters/sqlite/catalog.h"
 #include "adapters/sqlite/database.h"
-#include "adapters/sqlite/row_buffer.h"
+#include "adapters/sqlite/result_row.h"
 #include "adapters/sqlite/statement_cache.h"
 #include "adapters/sqlite/transactions.h"
 #include "adapters/tsql/lexer.h"
@@ -19,7 +19,7 @@ namespace kelvane::sqlite {
 // What a query returned.
 struct Result {
     std::shared_ptr<const tsql::Translated> origin;  // null: the batch returned no rows
-    RowBuffer rows;
+    tsql::PackedRows rows;
 };
 
 // A change to one row of a result.
@@ -56,8 +56,8 @@ private:
     std::shared_ptr<PreparedBatch> Prepare(bool changeable);
     Statement& PreparedAt(PreparedBatch& batch, std::size_t place);
     // False when the schema was found changed before anything was done.
-    bool RunOne(PreparedBatch& batch, std::size_t place, RowBuffer* rows);
-    int StepAll(Statement& statement, const tsql::Translated& translated, RowBuffer* rows,
+    bool RunOne(PreparedBatch& batch, std::size_t place, tsql::PackedRows* rows);
+    int StepAll(Statement& statement, const tsql::Translated& translated, tsql::PackedRows* rows,
                 bool& stale);
     void Forget();
 

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <stdexcept>
+#include <utility>
 
 namespace kelvane::bench {
 
@@ -12,6 +13,7 @@ double Now() {
 
 void EntryWindows::ShowModal(platform::Window& window) {
     auto& form = dynamic_cast<controls::Form&>(window);
+    if (beforeLoad) beforeLoad();
     const double start = Now();
     form.Load();
     loadSeconds = Now() - start;
@@ -34,16 +36,24 @@ platform::MessageAnswer EntryWindows::ShowMessage(const platform::Message& messa
 double ShowList(const std::string& account, std::int64_t rows,
                 std::function<void(ui::frmPeriodItem&, EntryWindows&)> whileShown,
                 drive::StatementLog* statements) {
+    return ShowList(host::AccountPlace::File(account), rows, std::move(whileShown), statements);
+}
+
+double ShowList(const host::AccountPlace& account, std::int64_t rows,
+                std::function<void(ui::frmPeriodItem&, EntryWindows&)> whileShown,
+                drive::StatementLog* statements, std::function<void()> beforeLoad) {
     EntryWindows windows;
+    windows.beforeLoad = std::move(beforeLoad);
     std::int64_t loaded = 0;
     windows.whileShown = [&](ui::frmPeriodItem& form) {
         loaded = form.GridPeriodItem.Rows() - 1;
         if (whileShown) whileShown(form, windows);
     };
-    host::Session session(host::AccountPlace::File(account), windows, statements);
+    host::Session session(account, windows, statements);
     session.LogIn({}, platform::DateTime{2004, 6, 30});
     session.Show();
-    if (loaded != rows) throw std::runtime_error("the list of " + account + " is not complete");
+    if (loaded != rows)
+        throw std::runtime_error("the list of " + account.Name() + " is not complete");
     return windows.loadSeconds;
 }
 

@@ -14,6 +14,8 @@ namespace kelvane::bench {
 
 class EntryWindows : public platform::Windows {
 public:
+    // What to do before a window loads.
+    std::function<void()> beforeLoad;
     // What to do while the entry list is shown.
     std::function<void(ui::frmPeriodItem&)> whileShown;
     // The same for the detail editor, once it has loaded.
@@ -39,6 +41,11 @@ public:
 double ShowList(const std::string& account, std::int64_t rows,
                 std::function<void(ui::frmPeriodItem&, EntryWindows&)> whileShown = {},
                 drive::StatementLog* statements = nullptr);
+
+// The same on an account wherever it is. `beforeLoad`: what to do before the list loads.
+double ShowList(const host::AccountPlace& account, std::int64_t rows,
+                std::function<void(ui::frmPeriodItem&, EntryWindows&)> whileShown,
+                drive::StatementLog* statements, std::function<void()> beforeLoad = {});
 
 // Seconds since some point in the past.
 double Now();

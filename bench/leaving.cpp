@@ -1,11 +1,9 @@
 // Leaving a row: its checks, its budget and its saving.
-#include <stdexcept>
-
 #include "bench/accounts.h"
 #include "bench/entry_windows.h"
 #include "bench/floor.h"
+#include "bench/row_leaving.h"
 #include "bench/samples.h"
-#include "data/login_context.h"
 
 namespace kelvane::bench {
 
@@ -17,44 +15,6 @@ constexpr std::int64_t kManyEntries = 100'000;
 // New rows need identities that are left.
 constexpr std::int64_t kSomeEntries = 10'000;
 constexpr double kLimitOfLeaving = 1.3;
-
-// Leaves the current row for `next`; the seconds it took. Throws unless the row was saved without
-// a message.
-double Leave(frmPeriodItem& form, const EntryWindows& windows, int next) {
-    const int messages = windows.messages;
-    const double start = Now();
-    const bool left = form.GridPeriodItem.MoveTo(next, ui::kDigestColumn);
-    const double seconds = Now() - start;
-    if (!left || windows.messages != messages) throw std::runtime_error("the row was not saved");
-    return seconds;
-}
-
-// The first row that has no detail lines and is not locked.
-int PlainRow(const frmPeriodItem& form) {
-    const controls::Grid& grid = form.GridPeriodItem;
-    int row = 1;
-    while (form.ElementDetailFlag(row) != 0 || grid.IsLocked(row, ui::kDigestColumn)) ++row;
-    return row;
-}
-
-void SetAmount(frmPeriodItem& form, int row, std::int64_t amount) {
-    form.GridPeriodItem.SetText(row, ui::kAmountColumn, std::to_string(amount) + ".00");
-}
-
-// Goes to `row` and leaves it with another amount.
-double LeaveChanged(frmPeriodItem& form, const EntryWindows& windows, int row,
-                    std::int64_t amount) {
-    form.GridPeriodItem.SetRow(row);
-    SetAmount(form, row, amount);
-    return Leave(form, windows, row + 1);
-}
-
-std::string ElementCode(const std::string& elementName) {
-    platform::StatementText statement(
-        "select cElementCode from PM_ItemElement where cElementName = ");
-    statement.Quoted(elementName);
-    return data::gConn->OpenRecordSet(statement)->Field(0).ToText();
-}
 
 // What saving an existing row ends with.
 std::string SavingOf(const controls::Grid& grid, int row) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -117,6 +118,15 @@ public:
                                              const RecordSetOptions& options = {}) {
         return DoOpenRecordSet(statement.Checked(), options);
     }
+
+    // A hint: `queries` are asked next, in this order, by OpenRecordSet() with `options`, and
+    // nothing that is run in between changes their answers. A connection may send several in one
+    // round trip and answer from that; each is still asked, and fails, for itself. Malformed ones
+    // are left out. The hint ends with the last of them, with the next hint (an empty one ends it
+    // alone), with Execute(), with a record set's Update() and where a transaction begins or ends.
+    // Talks to nobody and changes nothing but time; a connection may ignore it.
+    virtual void ReadAhead(std::span<const StatementText> /*queries*/,
+                           const RecordSetOptions& /*options*/) {}
 
     // Transactions do not nest. Commit() throws CommitInDoubt when its answer was lost; after any
     // other error of Commit() nothing was saved.

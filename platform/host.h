@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -66,6 +67,9 @@ public:
         return DoQuery(statement.Checked(), option);
     }
 
+    // A hint that these are the next queries, with everything that Connection::ReadAhead() says.
+    virtual void ReadAhead(std::span<const StatementText> /*queries*/) {}
+
 protected:
     virtual std::unique_ptr<RecordSet> DoQuery(const std::string& statement, int option) = 0;
 
@@ -82,13 +86,19 @@ public:
     explicit ConnectionDataAccess(std::shared_ptr<Connection> connection)
         : mConnection(std::move(connection)) {}
 
+    void ReadAhead(std::span<const StatementText> queries) override {
+        mConnection->ReadAhead(queries, kOptions);
+    }
+
 protected:
     std::unique_ptr<RecordSet> DoQuery(const std::string& statement, int /*option*/) override {
-        return mConnection->DoOpenRecordSet(
-            statement, {.location = CursorLocation::Client, .cursor = CursorType::Static});
+        return mConnection->DoOpenRecordSet(statement, kOptions);
     }
 
 private:
+    static constexpr RecordSetOptions kOptions{.location = CursorLocation::Client,
+                                               .cursor = CursorType::Static};
+
     std::shared_ptr<Connection> mConnection;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -47,6 +48,11 @@ public:
     void Begin() override { mInner->Begin(); }
     void Commit() override { mInner->Commit(); }
     void RollBack() override { mInner->RollBack(); }
+    // Not noted: what is announced is noted when it is asked.
+    void ReadAhead(std::span<const platform::StatementText> queries,
+                   const platform::RecordSetOptions& options) override {
+        mInner->ReadAhead(queries, options);
+    }
 
 protected:
     void DoExecute(const std::string& statement) override {
@@ -70,6 +76,10 @@ public:
     // Both must outlive the data access.
     RecordingDataAccess(platform::HostDataAccess& inner, StatementLog& log)
         : mInner(inner), mLog(log) {}
+
+    void ReadAhead(std::span<const platform::StatementText> queries) override {
+        mInner.ReadAhead(queries);
+    }
 
 protected:
     std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement,

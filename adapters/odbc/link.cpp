@@ -130,9 +130,14 @@ SQLRETURN Link::Execute(const std::string& text) {
     return SQLExecDirectW(mStatement, wide.data(), static_cast<SQLINTEGER>(wide.size()));
 }
 
-void Link::TakeResult(ResultRows& rows, const WantedRows* wanted) {
+SQLSMALLINT Link::CountColumns() const {
     SQLSMALLINT columns = 0;
     Check(SQLNumResultCols(mStatement, &columns), SQL_HANDLE_STMT, mStatement);
+    return columns;
+}
+
+void Link::TakeResult(ResultRows& rows, const WantedRows* wanted) {
+    const SQLSMALLINT columns = CountColumns();
     if (columns == 0) {
         SQLLEN count = -1;
         Check(SQLRowCount(mStatement, &count), SQL_HANDLE_STMT, mStatement);
@@ -142,16 +147,15 @@ void Link::TakeResult(ResultRows& rows, const WantedRows* wanted) {
     }
 }
 
-ResultRows Link::Run(const std::string& text, const WantedRows* wanted) {
+void Link::RunAll(const std::string& text, const std::function<void()>& takeResult) {
     const StatementRun run(mStatement);
-    ResultRows rows;
     std::optional<DriverFailure> failure;
     int errors = 0;
     SQLRETURN code = Execute(text);
     do {
         try {
             Check(code, SQL_HANDLE_STMT, mStatement);
-            if (!failure) TakeResult(rows, wanted);
+            if (!failure) takeResult();
         } catch (const DriverFailure& thrown) {
             if (!failure) failure.emplace(thrown);
             const bool ended = FailureOf(thrown.Reported()).kind != FailureKind::Statement;
@@ -160,7 +164,28 @@ ResultRows Link::Run(const std::string& text, const WantedRows* wanted) {
         code = SQLMoreResults(mStatement);
     } while (code != SQL_NO_DATA);
     if (failure) throw *failure;
+}
+
+ResultRows Link::Run(const std::string& text, const WantedRows* wanted) {
+    ResultRows rows;
+    RunAll(text, [&] { TakeResult(rows, wanted); });
     return rows;
+}
+
+std::vector<ResultRows> Link::RunQueries(const std::string& text,
+                                         const std::vector<WantedRows>& wanted) {
+    std::vector<ResultRows> answers;
+    answers.reserve(wanted.size());
+    RunAll(text, [&] {
+        const SQLSMALLINT columns = CountColumns();
+        if (columns == 0) return;
+        static const WantedRows kUnexpected;
+        const bool expected = answers.size() < wanted.size();
+        ResultRows& rows = answers.emplace_back();
+        mReader.Read(mStatement, columns, expected ? wanted[answers.size() - 1] : kUnexpected,
+                     mWide, rows);
+    });
+    return answers;
 }
 
 void Link::SetAutoCommit(bool on) {

@@ -2,6 +2,7 @@
 // text, ending a transaction. Every failed call is a DriverFailure.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,11 @@ public:
     // columns, unless `wanted` is null. An error of a later result is thrown once all have come.
     ResultRows Run(const std::string& text, const WantedRows* wanted);
 
+    // Runs a text of several queries; `wanted` has what each of them returns. Gives the rows of the
+    // results with columns, in their order: as many as there are, which the caller checks.
+    std::vector<ResultRows> RunQueries(const std::string& text,
+                                       const std::vector<WantedRows>& wanted);
+
     void SetAutoCommit(bool on);
     void EndTransaction(bool commit);
 
@@ -41,6 +47,8 @@ private:
     void TrySetAttribute(SQLINTEGER attribute, int value) noexcept;
     bool TakesWideTexts() const;
     SQLRETURN Execute(const std::string& text);
+    void RunAll(const std::string& text, const std::function<void()>& takeResult);
+    SQLSMALLINT CountColumns() const;
     void TakeResult(ResultRows& rows, const WantedRows* wanted);
 
     const OdbcSettings& mSettings;

@@ -11,6 +11,14 @@ namespace kelvane::odbc {
 using platform::DatabaseError;
 using platform::LockType;
 
+namespace {
+
+bool IsChangeable(const platform::RecordSetOptions& options) {
+    return options.lock != LockType::ReadOnly;
+}
+
+}  // namespace
+
 OdbcConnection::OdbcConnection(OdbcSettings settings) : mSettings(std::move(settings)) {}
 
 OdbcConnection::~OdbcConnection() = default;
@@ -52,22 +60,33 @@ void OdbcConnection::RollBack() {
     RequireOpen().RollBack();
 }
 
+void OdbcConnection::ReadAhead(std::span<const platform::StatementText> queries,
+                               const platform::RecordSetOptions& options) {
+    if (!mSession) return;
+    if (options.lock == LockType::Pessimistic) queries = {};
+    mSession->Announce(queries, IsChangeable(options));
+}
+
 void OdbcConnection::DoExecute(const std::string& statement) {
-    RequireOpen().Run(statement, {});
+    Session& session = RequireOpen();
+    session.Announce({}, false);
+    session.Run(statement, {});
 }
 
 std::unique_ptr<platform::RecordSet> OdbcConnection::DoOpenRecordSet(
     const std::string& statement, const platform::RecordSetOptions& options) {
     Session& session = RequireOpen();
     const bool locks = options.lock == LockType::Pessimistic;
+    const bool changeable = IsChangeable(options);
     std::optional<Session::Locker> locker;
     Result result;
     if (locks && !session.IsExplicit()) {
         result = session.RunLocked(statement, locker.emplace());
+    } else if (auto answer = locks ? std::nullopt : session.Answer(statement, changeable)) {
+        result = std::move(*answer);
     } else {
-        result = session.Run(
-            statement,
-            {.wantsRows = true, .changeable = options.lock != LockType::ReadOnly, .locks = locks});
+        result =
+            session.Run(statement, {.wantsRows = true, .changeable = changeable, .locks = locks});
     }
     return std::make_unique<OdbcRecordSet>(mSession, std::move(result), options.lock, locker);
 }

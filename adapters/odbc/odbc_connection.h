@@ -57,6 +57,9 @@ public:
     void Begin() override;
     void Commit() override;
     void RollBack() override;
+    // Outside a transaction announced queries go to the server together, each text once.
+    void ReadAhead(std::span<const platform::StatementText> queries,
+                   const platform::RecordSetOptions& options) override;
 
 protected:
     void DoExecute(const std::string& statement) override;

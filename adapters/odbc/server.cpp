@@ -75,10 +75,31 @@ ResultRows Server::Run(const std::string& text) {
     try {
         return mLink.Run(text, &wanted);
     } catch (const DriverFailure& reported) {
-        Failure failure = Meaning(reported);
-        if (mLink.IsDead()) failure.kind = FailureKind::ConnectionLost;
-        Settle(failure);
-        Throw(failure);
+        Fail(reported);
+    }
+}
+
+void Server::Fail(const DriverFailure& reported) {
+    Failure failure = Meaning(reported);
+    if (mLink.IsDead()) failure.kind = FailureKind::ConnectionLost;
+    Settle(failure);
+    Throw(failure);
+}
+
+std::vector<ResultRows> Server::RunTogether(const std::vector<RunStep>& steps) {
+    std::string text;
+    std::vector<WantedRows> wanted;
+    for (const RunStep& step : steps) {
+        if (!text.empty()) text += ';';
+        text += step.text;
+        wanted.push_back({step.columns, step.hiddenColumns});
+    }
+    try {
+        auto answers = mLink.RunQueries(text, wanted);
+        if (answers.size() != steps.size()) answers.clear();
+        return answers;
+    } catch (const DriverFailure& reported) {
+        Fail(reported);
     }
 }
 

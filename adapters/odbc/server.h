@@ -30,6 +30,9 @@ public:
 
     ResultRows Run(const std::string& text) override;
     ResultRows RunOne(const RunStep& step, bool wantsRows);
+    // Outside a transaction: runs steps that each give rows in one call. Empty when the results are
+    // not those of the steps, which a driver that counts otherwise may do.
+    std::vector<ResultRows> RunTogether(const std::vector<RunStep>& steps);
 
     // False also when a failure has undone the transaction.
     bool InTransaction() const override { return mInTransaction; }
@@ -43,6 +46,8 @@ private:
     void Connect();
     void Disconnect() noexcept;
     Failure Meaning(const DriverFailure& failure) const;
+    // Throws what a failed call means.
+    [[noreturn]] void Fail(const DriverFailure& reported);
     // What has to be done after a failure, so that the next statement finds things as they are.
     void Settle(const Failure& failure);
 

@@ -41,6 +41,7 @@ void Session::Start() {
 
 void Session::Begin() {
     if (mExplicit) throw DatabaseError("A transaction is open already.", 3901);
+    mAnnounced.End();
     if (!IsHeld()) Start();
     mHeld = false;
     mExplicit = true;
@@ -48,6 +49,7 @@ void Session::Begin() {
 
 void Session::Commit() {
     if (!mExplicit) throw NoTransaction();
+    mAnnounced.End();
     try {
         RequireIntact();
         mExplicit = false;
@@ -62,6 +64,7 @@ void Session::Commit() {
 
 void Session::RollBack() {
     if (!mExplicit) throw NoTransaction();
+    mAnnounced.End();
     mExplicit = false;
     if (mServer.InTransaction()) mServer.RollBack();
     TryRelock();
@@ -96,6 +99,48 @@ Result Session::Run(std::string_view batch, Purpose purpose) {
         if (changes) DropChange();
         throw;
     }
+}
+
+void Session::Announce(std::span<const platform::StatementText> queries, bool changeable) {
+    mAnnounced.Announce(queries, changeable);
+}
+
+std::optional<Result> Session::Answer(const std::string& query, bool changeable) {
+    if (!mAnnounced.IsNext(query, changeable)) return {};
+    // Inside a transaction a query may lock, and one that fails may end it: there each goes alone.
+    if (mExplicit || mServer.InTransaction()) return {};
+    if (!mAnnounced.IsAnswered()) ReadAhead(changeable);
+    return mAnnounced.Take();
+}
+
+void Session::ReadAhead(bool changeable) {
+    const Purpose purpose{.wantsRows = true, .changeable = changeable};
+    std::vector<RunStep> steps;
+    std::vector<Result> answers;
+    mServer.RequireConnected();
+    try {
+        for (const std::string& query : mAnnounced.NextBatch()) {
+            Plan plan = mServer.Dialect().PlanBatch(query, purpose, mServer);
+            const bool together = !plan.changes && plan.steps.size() == 1 &&
+                                  plan.steps.front().givesRows && !plan.steps.front().error;
+            if (!together) break;
+            steps.push_back(std::move(plan.steps.front()));
+            answers.push_back({{}, std::move(plan.source)});
+        }
+        std::vector<ResultRows> rows;
+        if (!steps.empty()) rows = mServer.RunTogether(steps);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            if (!answers[i].source.table.empty()) NameBaseColumns(steps[i], rows[i]);
+            answers[i].rows = std::move(rows[i]);
+        }
+        if (rows.empty()) answers.clear();
+    } catch (const platform::ConnectionLost&) {
+        mAnnounced.End();
+        throw;
+    } catch (const DatabaseError&) {
+        answers.clear();
+    }
+    mAnnounced.SetAnswers(std::move(answers));
 }
 
 void Session::Lock(bool again) {
@@ -160,6 +205,7 @@ void Session::TryRelock() noexcept {
 
 void Session::Change(RowChange change, long lockedIn) {
     RequireIntact();
+    mAnnounced.End();
     const bool own = !mExplicit && mLockers.empty();  // a transaction for this change alone
     if (own) Start();
     if (!mExplicit && !own && !IsHeld()) Lock(false);

@@ -4,20 +4,15 @@
 #pragma once
 
 #include <list>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "adapters/odbc/announced_queries.h"
 #include "adapters/odbc/server.h"
 
 namespace kelvane::odbc {
-
-// What a query returned.
-struct Result {
-    ResultRows rows;
-    RowSource source;
-    // The transaction that keeps the rows locked; 0: none does.
-    long lockedIn = 0;
-};
 
 class Session {
 public:
@@ -34,6 +29,13 @@ public:
     // Runs a batch. Throws DatabaseError for the first statement that fails; outside a transaction
     // those before it stay done.
     Result Run(std::string_view batch, Purpose purpose);
+
+    // Which queries Answer() will be asked next; an empty list ends what was announced before.
+    void Announce(std::span<const platform::StatementText> queries, bool changeable);
+    // The rows of the next announced query, when `query` is it and could be read ahead: together
+    // with those behind it. A failure of such a batch is nobody's: each query is then run alone.
+    // Throws ConnectionLost.
+    std::optional<Result> Answer(const std::string& query, bool changeable);
 
     // Runs a query whose rows stay locked until RemoveLocker(), outside an explicit transaction.
     Result RunLocked(std::string_view batch, Locker& locker);
@@ -55,8 +57,10 @@ private:
     void MakeDurable();
     void DropChange() noexcept;
     Result RunPlan(const Plan& plan, const Purpose& purpose);
+    void ReadAhead(bool changeable);
 
     Server mServer;
+    AnnouncedQueries mAnnounced;
     std::list<std::string> mLockers;  // the batches that lock rows outside a transaction
     bool mExplicit = false;
     bool mHeld = false;     // the engine's transaction is the lockers' own

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,6 +21,8 @@ struct RecordedStatement {
 
 struct StatementLog {
     std::vector<RecordedStatement> statements;
+    // The queries of every announcement, by their texts; an empty one ended one.
+    std::vector<std::vector<std::string>> announcements;
     // A statement that contains this text fails before it reaches the database; empty: none.
     std::string failing;
     bool losesConnection = false;  // what fails does so because the server is gone
@@ -73,6 +76,12 @@ public:
     void RollBack() override {
         mLog.Add({mPath, "roll back"});
         mInner->RollBack();
+    }
+    void ReadAhead(std::span<const platform::StatementText> queries,
+                   const platform::RecordSetOptions& options) override {
+        auto& announcement = mLog.announcements.emplace_back();
+        for (const platform::StatementText& query : queries) announcement.push_back(query.Text());
+        mInner->ReadAhead(queries, options);
     }
 
 protected:

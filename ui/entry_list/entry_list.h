@@ -156,7 +156,12 @@ private:
     void WireGrid();
     void LayOutGrid();
     void ReSumEntries();
-    void AppendEntry(const platform::RecordSet& entry);
+    void AppendEntries(platform::RecordSet& entries);
+    void AppendEntry(const platform::RecordSet& entry, const platform::StatementText& elementQuery);
+    // The query that CheckItemSettled() asks, and what its answer says.
+    static platform::StatementText SettlementOf(const std::string& item, const std::string& key1,
+                                                const std::string& key2);
+    bool IsSettled(const platform::StatementText& settlementQuery);
     void LockRows();
     void ResetToDesign();
     void AllowEntry(bool allowed);

@@ -1,12 +1,14 @@
 // Opening the list: layout, re-sum of entries kept in detail, loading, the entry lock, new rows.
 #include <algorithm>
 #include <array>
+#include <exception>
 
 #include "data/date_text.h"
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/number_format.h"
 #include "data/text_conversion.h"
+#include "ui/common/announced_queries.h"
 #include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
@@ -81,6 +83,41 @@ constexpr std::array kToolbarImages{
 
 std::unique_ptr<RecordSet> Query(const StatementText& statement) {
     return gEnv->DataAccess().Query(statement);
+}
+
+// What `read` makes of every row, for announcing what will be asked of them; leaves the set at its
+// first row. Ends before a row that cannot be read: that is an error when the row's turn comes.
+template <typename Read>
+auto ReadAll(RecordSet& rows, const Read& read) {
+    std::vector<decltype(read(rows))> values;
+    try {
+        for (; !rows.EndOfFile(); rows.MoveNext()) values.push_back(read(rows));
+    } catch (const std::exception&) {
+        // Told when the row is loaded.
+    }
+    rows.MoveFirst();
+    return values;
+}
+
+std::int64_t FirstNumber(const RecordSet& row) {
+    return row.Field(0).ToInteger();
+}
+
+StatementText DetailSum(std::int64_t identity) {
+    StatementText statement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
+    statement.Number(identity) << "'";
+    return statement;
+}
+
+std::string ElementCode(const RecordSet& entry) {
+    return entry.Field("cElementCode").ToText();
+}
+
+StatementText ElementOf(const std::string& code) {
+    StatementText statement(
+        "select cElementName,iElementDetail from PM_ItemElement where cElementCode = '");
+    statement.Inside(code) << "'";
+    return statement;
 }
 
 }  // namespace
@@ -174,11 +211,17 @@ void frmPeriodItem::LayOutGrid() {
 // amount as it is.
 void frmPeriodItem::ReSumEntries() {
     const auto entries = Query(StatementText("Select distinct iEleVid from PM_ItemQC"));
+    const auto identities = ReadAll(*entries, FirstNumber);
+    // The amounts that are written in between are another table's: sums already read stay true.
+    // Another operator's save between an entry's sum and its amount is followed by the old sum, as
+    // ever; the pieces are small so that this time stays short.
+    constexpr std::size_t kPiece = 64;
+    AnnouncedQueries sumQueries(
+        gEnv->DataAccess(), identities.size(),
+        [&](std::size_t i) { return DetailSum(identities[i]); }, kPiece);
     for (; !entries->EndOfFile(); entries->MoveNext()) {
-        const std::int64_t identity = entries->Field(0).ToInteger();
-        StatementText sumStatement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
-        sumStatement.Number(identity) << "'";
-        const auto sums = Query(sumStatement);
+        const std::int64_t identity = FirstNumber(*entries);
+        const auto sums = Query(sumQueries.Next());
         if (sums->EndOfFile() || sums->Field(0).IsNull()) continue;
         const platform::Money sum = sums->Field(0).ToMoney();
         if (sum.IsZero()) continue;
@@ -189,11 +232,8 @@ void frmPeriodItem::ReSumEntries() {
     }
 }
 
-void frmPeriodItem::AppendEntry(const RecordSet& entry) {
-    StatementText elementStatement(
-        "select cElementName,iElementDetail from PM_ItemElement where cElementCode = '");
-    elementStatement.Inside(entry.Field("cElementCode").ToText()) << "'";
-    const auto element = Query(elementStatement);
+void frmPeriodItem::AppendEntry(const RecordSet& entry, const StatementText& elementQuery) {
+    const auto element = Query(elementQuery);
     const bool known = !element->EndOfFile();
 
     const Value date = entry.Field("dDate");
@@ -229,12 +269,25 @@ void frmPeriodItem::LockRows() {
     for (int row = 1; row < GridPeriodItem.Rows(); ++row) {
         PaintRow(row, kItemNameColumn, kKey2Column);
     }
-    for (int row = 1; row < GridPeriodItem.Rows(); ++row) {
-        if (CheckItemSettled(CellText(row, kItemColumn), CellText(row, kKey1Column),
-                             CellText(row, kKey2Column))) {
-            PaintRow(row, kDateColumn, kAmountColumn);
-        }
+    const int rows = GridPeriodItem.Rows();
+    AnnouncedQueries settlements(
+        gEnv->DataAccess(), static_cast<std::size_t>(std::max(rows - 1, 0)), [&](std::size_t i) {
+            const int row = static_cast<int>(i) + 1;
+            return SettlementOf(CellText(row, kItemColumn), CellText(row, kKey1Column),
+                                CellText(row, kKey2Column));
+        });
+    for (int row = 1; row < rows; ++row) {
+        if (IsSettled(settlements.Next())) PaintRow(row, kDateColumn, kAmountColumn);
     }
+}
+
+void frmPeriodItem::AppendEntries(RecordSet& entries) {
+    const auto codes = ReadAll(entries, ElementCode);
+    AnnouncedQueries elements(gEnv->DataAccess(), codes.size(), [&](std::size_t i) {
+        return ElementOf(i < codes.size() ? codes[i] : ElementCode(entries));
+    });
+    mElementDetails.Reserve(static_cast<std::size_t>(entries.RecordCount()));
+    for (; !entries.EndOfFile(); entries.MoveNext()) AppendEntry(entries, elements.Next());
 }
 
 void frmPeriodItem::LoadEntryGrid() {
@@ -247,8 +300,7 @@ void frmPeriodItem::LoadEntryGrid() {
             "cKeyCode1,cKeyCode2,cCenterCode,cDigest,cElementCode,mQC from PM_ItemQC inner join "
             "fitemss97 on fitemss97.citemcode = PM_ItemQC.cItemCode order by PM_ItemQC.cItemCode "
             "asc"));
-        mElementDetails.Reserve(static_cast<std::size_t>(entries->RecordCount()));
-        for (; !entries->EndOfFile(); entries->MoveNext()) AppendEntry(*entries);
+        AppendEntries(*entries);
         LockRows();
         CTBCtrl1.Refresh();
     } catch (...) {

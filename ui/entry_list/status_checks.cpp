@@ -65,14 +65,23 @@ bool frmPeriodItem::CheckYearCarriedOver() {
     }
 }
 
+StatementText frmPeriodItem::SettlementOf(const std::string& item, const std::string& key1,
+                                          const std::string& key2) {
+    StatementText statement("select iclose,denddate from fitemss97sub where citemcode = '");
+    statement.Inside(item) << "'";
+    AppendKeyCondition(statement, data::gItemKeyField1, data::gItemKeyType1, key1);
+    AppendKeyCondition(statement, data::gItemKeyField2, data::gItemKeyType2, key2);
+    return statement;
+}
+
 bool frmPeriodItem::CheckItemSettled(const std::string& item, const std::string& key1,
                                      const std::string& key2) {
+    return IsSettled(SettlementOf(item, key1, key2));
+}
+
+bool frmPeriodItem::IsSettled(const StatementText& settlementQuery) {
     try {
-        StatementText statement("select iclose,denddate from fitemss97sub where citemcode = '");
-        statement.Inside(item) << "'";
-        AppendKeyCondition(statement, data::gItemKeyField1, data::gItemKeyType1, key1);
-        AppendKeyCondition(statement, data::gItemKeyField2, data::gItemKeyType2, key2);
-        const auto records = gEnv->DataAccess().Query(statement);
+        const auto records = gEnv->DataAccess().Query(settlementQuery);
         if (records->EndOfFile()) return false;
         if (records->Field("iclose").ToInteger() == 0) return false;
         const platform::Value endDate = records->Field("denddate");

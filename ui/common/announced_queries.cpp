@@ -1,0 +1,20 @@
+#include "ui/common/announced_queries.h"
+
+#include <algorithm>
+
+namespace kelvane::ui {
+
+platform::StatementText AnnouncedQueries::Next() {
+    const std::size_t row = mNext++;
+    if (row >= mCount) return mQueryOf(row);
+    if (row == mPieceStart + mPiece.size()) {
+        mPieceStart = row;
+        mPiece.clear();
+        const std::size_t end = std::min(mCount, row + mMostInPiece);
+        for (std::size_t i = row; i < end; ++i) mPiece.push_back(mQueryOf(i));
+        mAccess.ReadAhead(mPiece);
+    }
+    return std::move(mPiece[row - mPieceStart]);
+}
+
+}  // namespace kelvane::ui

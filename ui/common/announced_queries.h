@@ -1,0 +1,41 @@
+// Queries of which one is asked for every row of a list. They are announced to the host's data
+// access in pieces, so that one that talks to a server over a network need not wait for each.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "platform/host.h"
+#include "platform/statement_text.h"
+
+namespace kelvane::ui {
+
+class AnnouncedQueries {
+public:
+    // `queryOf`: the query of row `i`, the same whenever it is asked. Rows from `count` on are not
+    // announced. Until this object goes, what is run over `access` beside these queries must not
+    // change what they answer. `piece`: how many rows may be answered from one moment.
+    AnnouncedQueries(platform::HostDataAccess& access, std::size_t count,
+                     std::function<platform::StatementText(std::size_t)> queryOf,
+                     std::size_t piece = 256)
+        : mAccess(access), mCount(count), mQueryOf(std::move(queryOf)), mMostInPiece(piece) {}
+    ~AnnouncedQueries() { mAccess.ReadAhead({}); }
+    AnnouncedQueries(const AnnouncedQueries&) = delete;
+    AnnouncedQueries& operator=(const AnnouncedQueries&) = delete;
+
+    // The next row's query, which is to be asked at once.
+    platform::StatementText Next();
+
+private:
+    platform::HostDataAccess& mAccess;
+    std::size_t mCount;
+    std::function<platform::StatementText(std::size_t)> mQueryOf;
+    std::size_t mMostInPiece;
+    std::size_t mNext = 0;
+    std::size_t mPieceStart = 0;
+    std::vector<platform::StatementText> mPiece;
+};
+
+}  // namespace kelvane::ui

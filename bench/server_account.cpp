@@ -214,9 +214,9 @@ const bool kRegistered = [] {
         benchmark::RegisterBenchmark(name, function)->UseManualTime()->Iterations(iterations);
     };
     add(
-        "Server/Opening/each", [](benchmark::State& state) { Opening(state, true); }, 5);
+        "Server/Opening/each", [](benchmark::State& state) { Opening(state, true); }, 3);
     add(
-        "Server/Opening/ahead", [](benchmark::State& state) { Opening(state, false); }, 5);
+        "Server/Opening/ahead", [](benchmark::State& state) { Opening(state, false); }, 3);
     add("Server/Leaving", SavingNear, 100);
     add("Far/Opening", OpeningFarAway, 1);
     add("Far/Leaving", SavingFarAway, 20);

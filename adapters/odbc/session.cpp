@@ -154,6 +154,7 @@ void Session::Lock(bool again) {
 }
 
 Result Session::RunLocked(std::string_view batch, Locker& locker) {
+    mAnnounced.End();
     if (!IsHeld()) Start();
     mHeld = true;
     try {

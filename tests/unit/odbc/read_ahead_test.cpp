@@ -165,6 +165,12 @@ TEST_F(ReadingAheadEnds, WithAnExecutedStatement) {
     ExpectEndBy([&] { Execute("delete from T"); }, "run delete from T\ncount 1\n");
 }
 
+TEST_F(ReadingAheadEnds, WithALockedRow) {
+    ExpectEndBy([&] { Query("select a from T where id = 1", LockType::Pessimistic)->Close(); },
+                "run update T set a = a where id = 1\ncount 1\n"
+                "run select a from T where id = 1\ncolumns a INTEGER\nrow 7\n");
+}
+
 TEST_F(ReadingAheadEnds, WithATransaction) {
     ExpectEndBy([&] { Server().Begin(); });
 }

@@ -3,7 +3,6 @@
 // database, as scripts/with-postgres does.
 #include <cstdlib>
 #include <optional>
-#include <stdexcept>
 #include <utility>
 
 #include "bench/entry_windows.h"
@@ -163,19 +162,6 @@ ServerStatement SavingOf(const controls::Grid& grid, int row) {
     return {.path = Path::Connection, .text = update, .commits = true};
 }
 
-std::vector<ServerStatement> StatementsOfSaving(const std::string& connectionString,
-                                                const std::vector<std::string>& noted,
-                                                ServerStatement saving) {
-    auto statements = ServerStatementsOf(connectionString, noted);
-    if (noted.back().find("HOLDLOCK") == std::string::npos) {
-        throw std::runtime_error("the row is not saved as it was");
-    }
-    statements.back().begins = true;
-    statements.back().text += " for update";
-    statements.push_back(std::move(saving));
-    return statements;
-}
-
 void Saving(benchmark::State& state, const std::string& connectionString,
             const std::string& metric) {
     drive::StatementLog log;
@@ -185,8 +171,8 @@ void Saving(benchmark::State& state, const std::string& connectionString,
         log.Take();
         std::int64_t amount = 1;
         LeaveChanged(form, windows, row, amount);
-        const auto statements =
-            StatementsOfSaving(connectionString, log.Take(), SavingOf(form.GridPeriodItem, row));
+        std::vector<ServerStatement> statements = ServerStatementsOf(connectionString, log.Take());
+        statements.push_back(SavingOf(form.GridPeriodItem, row));
         ServerFloor floor(connectionString);
         for (auto _ : state) {
             const double floorSeconds = floor.Run(statements);

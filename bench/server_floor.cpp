@@ -99,6 +99,10 @@ std::vector<ServerStatement> ServerStatementsOf(const std::string& connectionStr
         const auto plan =
             server.Dialect().PlanBatch(line.substr(blank + 1), {.wantsRows = true}, server);
         for (const odbc::RunStep& step : plan.steps) statements.push_back({path, step.text});
+        // Read to be saved: the transaction begins here, and the row is locked.
+        if (line.find("HOLDLOCK") == std::string_view::npos) continue;
+        statements.back().begins = true;
+        statements.back().text += " for update";
     }
     return statements;
 }

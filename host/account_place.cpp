@@ -12,8 +12,11 @@ namespace kelvane::host {
 
 namespace {
 
-odbc::OdbcSettings ServerSettings() {
+odbc::OdbcSettings ServerSettings(const ServerTimeouts& timeouts) {
     odbc::OdbcSettings settings;
+    settings.connectTimeout = timeouts.connect;
+    settings.queryTimeout = timeouts.query;
+    settings.lockTimeout = timeouts.lock * 1000;
     for (const auto& table : AccountTables(kMostKeyFields)) {
         if (!table.key.empty()) settings.keys.push_back({table.name, table.key});
     }
@@ -29,13 +32,16 @@ AccountPlace AccountPlace::File(const std::string& path) {
     return {false, path, ConnectionStringOf(path)};
 }
 
-AccountPlace AccountPlace::Database(const std::string& connectionString) {
-    return {true, ServerNameOf(connectionString), connectionString};
+AccountPlace AccountPlace::Database(const std::string& connectionString,
+                                    const ServerTimeouts& timeouts) {
+    AccountPlace place(true, ServerNameOf(connectionString), connectionString);
+    place.mTimeouts = timeouts;
+    return place;
 }
 
 std::shared_ptr<platform::Connection> AccountPlace::NewConnection() const {
     if (!mOnServer) return host::NewConnection();
-    return std::make_shared<odbc::OdbcConnection>(ServerSettings());
+    return std::make_shared<odbc::OdbcConnection>(ServerSettings(mTimeouts));
 }
 
 std::shared_ptr<platform::Connection> AccountPlace::Open() const {

@@ -8,11 +8,19 @@
 
 namespace kelvane::host {
 
+// How long a server is waited for, in seconds.
+struct ServerTimeouts {
+    int connect = 15;
+    int query = 60;
+    int lock = 5;
+};
+
 class AccountPlace {
 public:
     static AccountPlace File(const std::string& path);
     // `connectionString`: any ODBC connection string, complete with its password.
-    static AccountPlace Database(const std::string& connectionString);
+    static AccountPlace Database(const std::string& connectionString,
+                                 const ServerTimeouts& timeouts = {});
 
     bool IsOnServer() const { return mOnServer; }
     // The file's path; of a server, what ServerNameOf() says. Fit to be shown.
@@ -31,6 +39,7 @@ private:
     bool mOnServer;
     std::string mName;
     std::string mConnectionString;
+    ServerTimeouts mTimeouts;
 };
 
 // The same for an account file alone.

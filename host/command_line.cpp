@@ -15,16 +15,18 @@ namespace kelvane::host {
 namespace {
 
 constexpr int kWrongUsage = 2;
+constexpr int kLongestTimeout = 3600;
 constexpr std::int64_t kMostEntries = 10000000;
 
 // The account that a command is for, as its arguments name it.
 struct AccountArgument {
     std::string file;
     std::string database;
+    ServerTimeouts timeouts;
 
     AccountPlace Place() const {
         return database.empty() ? AccountPlace::File(file)
-                                : AccountPlace::Database(WithKnownPassword(database));
+                                : AccountPlace::Database(WithKnownPassword(database), timeouts);
     }
 };
 
@@ -37,10 +39,20 @@ void AddAccount(CLI::App& command, AccountArgument& account) {
                                            : std::string();
             },
             "", "");
-    place->add_option("--database", account.database,
-                      "Instead of a file, the database on a server: an ODBC connection string. A "
-                      "password that it lacks is KELVANE_DATABASE_PASSWORD or asked for");
+    auto* database = place->add_option(
+        "--database", account.database,
+        "Instead of a file, the database on a server: an ODBC connection string. A "
+        "password that it lacks is KELVANE_DATABASE_PASSWORD or asked for");
     place->require_option(1);
+    const auto addTimeout = [&](const char* name, int& seconds, const char* waitedFor) {
+        command.add_option(name, seconds, std::string("Seconds to wait for ") + waitedFor)
+            ->needs(database)
+            ->check(CLI::Range(1, kLongestTimeout))
+            ->capture_default_str();
+    };
+    addTimeout("--connect-timeout", account.timeouts.connect, "the server of --database");
+    addTimeout("--query-timeout", account.timeouts.query, "the answer to a statement");
+    addTimeout("--lock-timeout", account.timeouts.lock, "what another operator holds");
 }
 
 CLI::Validator DateValidator() {

@@ -7,10 +7,12 @@ import re
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
 program, tool = sys.argv[1:3]
+USUAL_LOCK_TIMEOUT_SECONDS = 5
 
 
 class ServerAccount(unittest.TestCase):
@@ -68,6 +70,22 @@ class ServerAccount(unittest.TestCase):
         self.place.stdin.write("rows select count(*) from Host_Unit\n")
         self.place.stdin.flush()
         self.assertTrue(self.place.stdout.readline().startswith("error "))
+
+    def test_a_lock_is_waited_for_as_long_as_told(self):
+        self.assertEqual(self.run_program("init").returncode, 0)
+        self.place.stdin.write("begin\nrun update PM_SettingInf set cValue = cValue\n")
+        self.place.stdin.flush()
+        self.assertEqual([self.place.stdout.readline() for _ in range(2)], ["done\n", "done\n"])
+        began = time.monotonic()
+        refused = self.run_program("init", "--force", "--lock-timeout", "1")
+        self.assertEqual(refused.returncode, 1)
+        self.assertLess(time.monotonic() - began, USUAL_LOCK_TIMEOUT_SECONDS)
+
+    def test_a_time_that_is_none_is_refused(self):
+        for option in ("--connect-timeout", "--query-timeout", "--lock-timeout"):
+            refused = self.run_program("init", option, "0")
+            self.assertEqual(refused.returncode, 2)
+            self.assertIn(option, refused.stderr)
 
     def test_the_password_comes_from_the_environment(self):
         made = self.run_program("init", database=self.without_password,

@@ -19,6 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kPatience = 8s;
+constexpr auto kPause = 2s;
 constexpr auto kGlance = 15ms;
 
 desktop::DesktopWindows* theWindows = nullptr;
@@ -153,9 +154,8 @@ void Person::Blink() {
     std::this_thread::sleep_for(300ms);
 }
 
-Person::Place Person::Find(const std::string& window) {
-    Place place;
-    See("window " + window, [&] {
+bool Person::IsShown(const std::string& window, Place& place) {
+    return Look([&] {
         for (wxWindow* shown : wxTopLevelWindows) {
             auto* top = dynamic_cast<wxTopLevelWindow*>(shown);
             if (top == nullptr || !top->IsShown()) continue;
@@ -166,7 +166,32 @@ Person::Place Person::Find(const std::string& window) {
         }
         return false;
     });
+}
+
+Person::Place Person::Find(const std::string& window) {
+    Place place;
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!IsShown(window, place)) {
+        if (std::chrono::steady_clock::now() >= end) {
+            ADD_FAILURE() << "never seen: window " << window;
+            break;
+        }
+        std::this_thread::sleep_for(kGlance);
+    }
     return place;
+}
+
+void Person::PressUntil(const std::string& key, const std::string& window) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    Place place;
+    while (!IsShown(window, place) && std::chrono::steady_clock::now() < end) {
+        Keys({key});
+        const auto next = std::chrono::steady_clock::now() + kPause;
+        while (!IsShown(window, place) && std::chrono::steady_clock::now() < next) {
+            std::this_thread::sleep_for(kGlance);
+        }
+    }
+    SeeWindow(window);
 }
 
 void Person::SeeWindow(const std::string& window) {

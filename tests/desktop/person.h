@@ -50,7 +50,10 @@ public:
     static void Blink();
     // Waits until a window with this title is shown, and puts the keyboard on it.
     void SeeWindow(const std::string& window);
-    // The same for a window that is not the program's own, such as the system's dialogs.
+    // Presses `key` until a window with this title is shown, as a person does whose first press a
+    // dialog took for its list of suggestions.
+    void PressUntil(const std::string& key, const std::string& window);
+    // Like SeeWindow() for a window that is not the program's own, such as the system's dialogs.
     void SeeSystemWindow(const std::string& window);
 
 private:
@@ -58,6 +61,7 @@ private:
         int x = 0;
         int y = 0;
     };
+    bool IsShown(const std::string& window, Place& place);
     Place Find(const std::string& window);
     void Input(const std::string& arguments);
 

@@ -126,15 +126,14 @@ TEST_F(DesktopPrinting, AnExistingFileIsAskedAbout) {
     const auto chosen = Choose([&](Person& person) {
         person.Keys({"ctrl+a"});
         person.Type(PathOf("a"));
-        person.Keys({"Return"});
         Person::Blink();
-        person.SeeWindow(kQuestion.title);  // the question has the dialog's title
+        person.PressUntil("Return", kQuestion.title);  // the question has the dialog's title
+        Person::Blink();
         person.Keys({"n"});
         Person::Blink();
         person.SeeSystemWindow(kQuestion.title);
-        person.Keys({"Return"});
+        person.PressUntil("Return", kQuestion.title);
         Person::Blink();
-        person.SeeWindow(kQuestion.title);
         person.Keys({"y"});
     });
     EXPECT_EQ(chosen, PathOf("a.xlsx"));

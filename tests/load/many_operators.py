@@ -27,6 +27,7 @@ from postgres_server import PostgresServer
 MATERIALS = 40
 FIRST_IDENTITY = 200  # of the operators' own entries lie above
 SHARED = 1  # the entry that everybody changes
+HOME_ROW = 2  # an entry that nobody changes
 ATTEMPTS = 400
 LONGEST_SAVE_SECONDS = 0.3
 PAUSE_SECONDS = 0.05  # before trying again
@@ -46,9 +47,13 @@ class Killer:
         self.done = 0
         self.chance = random.Random(seed)
         self.server = PostgresServer() if kills else None
+        self.starting = threading.Barrier(operators)
         self.saving = threading.Barrier(operators + 1)
         self.typing = threading.Barrier(operators + 1)
         self.failure = None
+
+    def let_start(self):
+        self.starting.wait()
 
     def let_save(self):
         if self.server:
@@ -59,6 +64,7 @@ class Killer:
             self.typing.wait()
 
     def abort(self):
+        self.starting.abort()
         self.saving.abort()
         self.typing.abort()
 
@@ -112,6 +118,10 @@ class Operator:
         try:
             self.conversation = Conversation(self.program, self.account)
             self.rows = [None] * len(self.conversation.open_list())
+            # Leaving a row saves it as this operator knows it. Nobody leaves the shared entry who
+            # has not just changed it.
+            self.go(HOME_ROW, 2)
+            self.killer.let_start()
             self.shared_row = 1
             for turn in range(self.operations):
                 began = time.monotonic()
@@ -138,9 +148,9 @@ class Operator:
         else:
             self.add(name, kind == "add with lines")
 
-    def leave(self, row, kind):
+    def leave(self, kind):
         """Leaves the row by going to another one; tells whether it was saved."""
-        return self.attempt(kind, f"go {1 if row != 1 else 2} 2")
+        return self.attempt(kind, f"go {HOME_ROW} 2")
 
     def attempt(self, kind, *commands):
         self.killer.let_save()
@@ -205,7 +215,7 @@ class Operator:
             # Two decimals: what the cell takes.
             amount = amount.quantize(Decimal("0.01"))
             self.edit(row, 9, amount)
-        if not self.leave(row, "add with lines" if with_lines else "add"):
+        if not self.leave("add with lines" if with_lines else "add"):
             raise RuntimeError(f"{name} could not be saved: {dict(self.troubles)}")
         self.rows.append(Entry(name, amount, lines))
 
@@ -214,7 +224,7 @@ class Operator:
         amount = Decimal(self.chance.randint(1, 10**6)) / 100
         self.edit(row, 8, name)
         self.edit(row, 9, amount)
-        if not self.leave(row, "change"):
+        if not self.leave("change"):
             raise RuntimeError(f"{entry.digest} could not be changed: {dict(self.troubles)}")
         self.deleted.add(entry.digest)
         self.rows[row - 1] = Entry(name, amount, {})
@@ -227,7 +237,7 @@ class Operator:
             self.edit(place, 5, entry.lines[item])
         self.save_lines()
         entry.amount = sum_of(entry.lines)
-        if not self.leave(row, "change lines"):
+        if not self.leave("change lines"):
             raise RuntimeError(f"{entry.digest}'s lines could not be saved: {dict(self.troubles)}")
 
     def delete(self, row):
@@ -239,7 +249,7 @@ class Operator:
     def change_shared(self, name):
         digest = "共" + name
         self.edit(self.shared_row, 8, digest)
-        if not self.leave(self.shared_row, "change shared"):
+        if not self.leave("change shared"):
             raise RuntimeError(f"the shared entry could not be changed: {dict(self.troubles)}")
         self.shared.append(digest)
 

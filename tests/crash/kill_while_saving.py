@@ -23,6 +23,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
 
 from account import Account
+from materials import add_materials, item_code, price_of
 
 ITEMS = 300
 # Entries whose lines are changed; their many lines make a save long enough to be hit.
@@ -37,21 +38,11 @@ class Broken(Exception):
     """The account is not what the transcript promised."""
 
 
-def item_code(number):
-    return f"I{number:03}"
-
-
-def price_of(number):
-    return 1 + number % 17
-
-
 def fill_account(program, account):
     account.create(program)
     for name in ("small.sql", "small_details.sql"):
         account.run_file(name)
-    account.run_together(
-        f"insert into inventory values ('{item_code(i)}', '材料{i}', '', {price_of(i)}.0000, '01',"
-        " '01')" for i in range(ITEMS))
+    add_materials(account, ITEMS)
     for entry, count in CHANGED.items():
         lines = {i: 1 for i in range(count)}
         account.run(f"insert into PM_ItemQC values ({entry}, '2004-06-01 00:00:00.000', 'D01',"

@@ -22,6 +22,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
 
 from account import Account
 from conversation import Conversation
+from materials import add_materials, item_code, price_of
 from postgres_server import PostgresServer
 
 MATERIALS = 40
@@ -81,14 +82,6 @@ class Killer:
         except Exception:  # told by the main thread
             self.abort()
             self.failure = traceback.format_exc()
-
-
-def item_code(number):
-    return f"I{number:03}"
-
-
-def price_of(number):
-    return 1 + number % 17
 
 
 class Entry:
@@ -264,9 +257,7 @@ def prepare(program, account):
     account.create(program)
     for name in ("small.sql", "small_details.sql"):
         account.run_file(name)
-    account.run_together(
-        f"insert into inventory values ('{item_code(number)}', '材料{number}', '',"
-        f" {price_of(number)}.0000, '01', '01')" for number in range(MATERIALS))
+    add_materials(account, MATERIALS)
     account.run(f"update PM_SettingInf set cValue = '{FIRST_IDENTITY}'"
                 " where cName = 'NumMax_EleQc'")
 

@@ -1,5 +1,8 @@
 #include "tests/database/account_fixture.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "tests/support/test_tables.h"
 
 namespace kelvane::database_test {
@@ -7,6 +10,17 @@ namespace kelvane::database_test {
 using platform::RecordSet;
 using platform::StatementText;
 using platform::Value;
+
+namespace {
+
+// Numbers that every server of the dialect gives, and what newer ones give in their place.
+struct CertainNumber {
+    int number;
+    int newer;
+};
+constexpr CertainNumber kCertainNumbers[] = {{512, 512}, {515, 515}, {2627, 2627}, {8152, 2628}};
+
+}  // namespace
 
 AccountTest::AccountTest() : mPlace(support::MakeTestPlace()) {
     mPlace->CreateTables(support::ProbingTables());
@@ -17,6 +31,26 @@ std::shared_ptr<platform::Connection> AccountTest::Connect(int timeout) const {
     auto connection = mPlace->NewConnection(timeout, support::ProbingTables());
     connection->Open("", "", -1);
     return connection;
+}
+
+void AccountTest::ExpectFailure(int number, const std::function<void()>& action) const {
+    const auto failure = FailureOf(action);
+    ASSERT_TRUE(failure) << number;
+    const auto* certain = std::find_if(std::begin(kCertainNumbers), std::end(kCertainNumbers),
+                                       [&](const auto& known) { return known.number == number; });
+    if (!IsNative()) {
+        EXPECT_EQ(failure->NativeCode(), number);
+    } else if (certain != std::end(kCertainNumbers) && failure->NativeCode() != certain->newer) {
+        EXPECT_EQ(failure->NativeCode(), number) << failure->what();
+    }
+}
+
+void AccountTest::ExpectFailure(std::string_view text, const std::function<void()>& action) const {
+    const auto failure = FailureOf(action);
+    ASSERT_TRUE(failure) << text;
+    if (!IsNative()) {
+        EXPECT_EQ(failure->what(), text);
+    }
 }
 
 std::unique_ptr<RecordSet> AccountTest::Open(const StatementText& statement,

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/database.h"
 #include "tests/database/failure_of.h"
@@ -27,6 +29,14 @@ protected:
     platform::Connection& Account() { return *mConnection; }
     // Another operator's, who waits for locks for at most `timeout` milliseconds.
     std::shared_ptr<platform::Connection> Connect(int timeout = kTimeout) const;
+
+    // Whether the account's own server reads the dialect, and not our translation of it. Such a
+    // server takes more than the component's statements need and has words of its own.
+    bool IsNative() const { return Engine() == EngineKind::SqlServer; }
+    // The action fails with the dialect's number or text. Of a server that reads the dialect by
+    // itself only the failure is asked, and the numbers that the component's statements meet.
+    void ExpectFailure(int number, const std::function<void()>& action) const;
+    void ExpectFailure(std::string_view text, const std::function<void()>& action) const;
 
     // A statement is a text in the source, or one that was put together.
     void Execute(const platform::StatementText& statement) { mConnection->Execute(statement); }

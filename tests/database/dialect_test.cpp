@@ -32,14 +32,14 @@ TEST_F(Dialect, ComparesNumbersWithQuotedConstants) {
 
 TEST_F(Dialect, RefusesTextThatIsNoNumber) {
     Execute("insert into Probe(id,i,t) values(1,7,8)");
-    EXPECT_EQ(TextOfError([&] { Open("select id from Probe where i = 'abc'"); }),
-              "Conversion failed when converting the varchar value 'abc' to data type int.");
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where i = 'abc'"); }), 245);
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where i = '12.5'"); }), 245);
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where i = '99999999999'"); }), 248);
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where t = '300'"); }), 244);
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where m = 'abc'"); }), 235);
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where f = 'abc'"); }), 8114);
+    ExpectFailure("Conversion failed when converting the varchar value 'abc' to data type int.",
+                  [&] { Open("select id from Probe where i = 'abc'"); });
+    ExpectFailure(245, [&] { Open("select id from Probe where i = 'abc'"); });
+    ExpectFailure(245, [&] { Open("select id from Probe where i = '12.5'"); });
+    ExpectFailure(248, [&] { Open("select id from Probe where i = '99999999999'"); });
+    ExpectFailure(244, [&] { Open("select id from Probe where t = '300'"); });
+    ExpectFailure(235, [&] { Open("select id from Probe where m = 'abc'"); });
+    ExpectFailure(8114, [&] { Open("select id from Probe where f = 'abc'"); });
     EXPECT_EQ(Rows("select id from Probe where i = '7'"), "1\n");
 }
 
@@ -52,16 +52,16 @@ TEST_F(Dialect, AcceptsTableHints) {
     Execute("insert into Coded(code,name) values('E01','x')");
     EXPECT_EQ(Rows("select * from Coded with (HOLDLOCK) where code='E01'"), "E01|x\n");
     EXPECT_EQ(Rows("select a.* from Coded a with (updlock, rowlock)"), "E01|x\n");
-    EXPECT_EQ(TextOfError([&] { Open("select * from Coded with (INDEX) where code=''"); }),
-              "This account's database does not know 'INDEX'.");
+    ExpectFailure("This account's database does not know 'INDEX'.",
+                  [&] { Open("select * from Coded with (INDEX) where code=''"); });
 }
 
 TEST_F(Dialect, ASubQueryYieldsAtMostOneValue) {
     Execute("insert into Probe(id,i) values(1,1) insert into Probe(id,i) values(2,1)");
     const StatementText statement(
         "select id from Probe where id = (select id from Probe where i = 1)");
-    EXPECT_EQ(ErrorOf([&] { Open(statement); }), 512);
-    EXPECT_EQ(ErrorOf([&] { Open(statement); }), 512);
+    ExpectFailure(512, [&] { Open(statement); });
+    ExpectFailure(512, [&] { Open(statement); });
     EXPECT_EQ(Rows("select id from Probe where id = (select id from Probe where i = 2)"), "");
     EXPECT_EQ(Rows("select id from Probe where id = (select max(id) from Probe)"), "2\n");
     EXPECT_EQ(Rows("select id,(select i from Probe b where b.id = a.id - 1) from Probe a"),
@@ -91,8 +91,8 @@ TEST_F(Dialect, MoneyIsExact) {
     EXPECT_EQ(One("select sum(m) from Probe where id < 3"), Value(Money::FromText("0.3")));
     EXPECT_EQ(One("select m from Probe where id = 3"),
               Value(Money::FromText("922337203685477.5807")));
-    EXPECT_EQ(ErrorOf([&] { Open("select sum(m) from Probe"); }), 8115);
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set m = 922337203685477.5808"); }), 8115);
+    ExpectFailure(8115, [&] { Open("select sum(m) from Probe"); });
+    ExpectFailure(8115, [&] { Execute("update Probe set m = 922337203685477.5808"); });
     EXPECT_EQ(Rows("select id from Probe order by m desc"), "3\n2\n1\n");
 }
 
@@ -111,18 +111,14 @@ TEST_F(Dialect, KeepsWhatRanBeforeAFailure) {
         "insert into Coded(code,name) values('A','1')"
         " insert into Coded(code,name) values('B','2')"
         " insert into Coded(code,name) values('a','3')");
-    EXPECT_EQ(ErrorOf([&] { Execute(batch); }), 2627);
+    ExpectFailure(2627, [&] { Execute(batch); });
     EXPECT_EQ(Rows("select code from Coded order by code"), "A\nB\n");
-    EXPECT_EQ(ErrorOf([&] {
-                  Execute("insert into Coded(code,name) values('C','1') delete from Nowhere");
-              }),
-              208);
+    ExpectFailure(
+        208, [&] { Execute("insert into Coded(code,name) values('C','1') delete from Nowhere"); });
     EXPECT_EQ(Rows("select code from Coded order by code"), "A\nB\nC\n");
-    EXPECT_EQ(
-        ErrorOf([&] {
-            Execute("insert into Coded(code,name) values('D','1') delete from Coded where x=1");
-        }),
-        207);
+    ExpectFailure(207, [&] {
+        Execute("insert into Coded(code,name) values('D','1') delete from Coded where x=1");
+    });
     EXPECT_EQ(Rows("select code from Coded order by code"), "A\nB\nC\n");
 }
 
@@ -163,13 +159,13 @@ TEST_F(Dialect, ComparesTextWithoutCaseAndTrailingBlanks) {
     EXPECT_EQ(Rows("select code from Coded where code in ('x','P01 ')"), "p01\n");
     EXPECT_EQ(Rows("select code from Coded where code between 'P00' and 'P01'"), "p01\n");
     EXPECT_EQ(Rows("select code from Coded where code > 'P01'"), "");
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Coded(code,name) values('P01 ','x')"); }), 2627);
+    ExpectFailure(2627, [&] { Execute("insert into Coded(code,name) values('P01 ','x')"); });
 }
 
 TEST_F(Dialect, IgnoresTheCaseOfOtherLettersToo) {
-    Execute("insert into Probe(id,c,n) values(1,'ｅÉ','ж')");
-    EXPECT_EQ(Rows("select id from Probe where c = 'Ｅé' and n = 'Ж'"), "1\n");
-    EXPECT_EQ(Rows("select id from Probe where c in ('ｅé')"), "1\n");
+    Execute("insert into Probe(id,c,n) values(1,'ｅΩ',N'É')");
+    EXPECT_EQ(Rows("select id from Probe where c = 'Ｅω' and n = N'é'"), "1\n");
+    EXPECT_EQ(Rows("select id from Probe where c in ('ｅω')"), "1\n");
     EXPECT_EQ(Rows("select id from Probe where c like 'Ｅ%'"), "1\n");
     EXPECT_EQ(Rows("select a.id from Probe a, Probe b where a.c = b.c"), "1\n");
 }
@@ -223,21 +219,21 @@ TEST_F(Dialect, ReadsDatesInAllForms) {
 
 TEST_F(Dialect, RefusesImpossibleDates) {
     Execute("insert into Probe(id) values(1)");
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = '2023-02-30'"); }), 242);
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = '2004-13-01'"); }), 242);
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = '0100.01.01'"); }), 242);
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set d = 'soon'"); }), 241);
+    ExpectFailure(242, [&] { Execute("update Probe set d = '2023-02-30'"); });
+    ExpectFailure(242, [&] { Execute("update Probe set d = '2004-13-01'"); });
+    ExpectFailure(242, [&] { Execute("update Probe set d = '0100.01.01'"); });
+    ExpectFailure(241, [&] { Execute("update Probe set d = 'soon'"); });
     EXPECT_TRUE(One("select d from Probe").IsNull());
 }
 
 TEST_F(Dialect, TakesDoubledApostrophes) {
     Execute("insert into Coded(code,name) values('a''b','''')");
     EXPECT_EQ(Rows("select code,name from Coded where code = 'A''B'"), "a'b|'\n");
-    EXPECT_EQ(TextOfError([&] { Execute("insert into Coded(code,name) values('a'b,'x')"); }),
-              "Incorrect syntax near 'b'.");
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Coded(code,name) values('a'b')"); }), 105);
-    EXPECT_EQ(TextOfError([&] { Execute("delete from Coded where code = 'a"); }),
-              "Unclosed quotation mark after the character string 'a'.");
+    ExpectFailure("Incorrect syntax near 'b'.",
+                  [&] { Execute("insert into Coded(code,name) values('a'b,'x')"); });
+    ExpectFailure(105, [&] { Execute("insert into Coded(code,name) values('a'b')"); });
+    ExpectFailure("Unclosed quotation mark after the character string 'a'.",
+                  [&] { Execute("delete from Coded where code = 'a"); });
 }
 
 TEST_F(Dialect, KeepsChineseAndWideText) {
@@ -247,12 +243,13 @@ TEST_F(Dialect, KeepsChineseAndWideText) {
 
 TEST_F(Dialect, RefusesTextThatIsTooLong) {
     Execute("insert into Probe(id) values(1)");
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = '一二三四五六'"); }), 8152);
+    ExpectFailure(8152, [&] { Execute("update Probe set c = '一二三四五六'"); });
     Execute("update Probe set c = '一二三四五'");
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = '12345678901'"); }), 8152);
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = name from Coded"); }), 50001);
+    ExpectFailure(8152, [&] { Execute("update Probe set c = '12345678901'"); });
+    // A server that reads the dialect by itself knows this one.
+    if (!IsNative()) ExpectFailure(50001, [&] { Execute("update Probe set c = name from Coded"); });
     Execute("update Probe set n = '一二三四五六七八九十'");
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set c = n + 'x'"); }), 8152);
+    ExpectFailure(8152, [&] { Execute("update Probe set c = n + 'x'"); });
     Execute("update Probe set c = '1234567890   '");
     EXPECT_EQ(One("select c from Probe"), Value("1234567890"));
     Execute("update Probe set c = 'x  '");
@@ -261,20 +258,21 @@ TEST_F(Dialect, RefusesTextThatIsTooLong) {
 
 TEST_F(Dialect, RefusesDuplicateKeysAndNulls) {
     Execute("insert into Probe(id) values(1)");
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id) values(1)"); }), 2627);
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id) values(null)"); }), 515);
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(c) values('x')"); }), 515);
-    EXPECT_EQ(TextOfError([&] { Execute("insert into Coded(code) values('x')"); }),
-              "Cannot insert the value NULL into column 'name', table 'Coded'; column does not "
-              "allow nulls.");
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Coded(code,name) values(null,'x')"); }), 515);
+    ExpectFailure(2627, [&] { Execute("insert into Probe(id) values(1)"); });
+    ExpectFailure(515, [&] { Execute("insert into Probe(id) values(null)"); });
+    ExpectFailure(515, [&] { Execute("insert into Probe(c) values('x')"); });
+    ExpectFailure(
+        "Cannot insert the value NULL into column 'name', table 'Coded'; column does not "
+        "allow nulls.",
+        [&] { Execute("insert into Coded(code) values('x')"); });
+    ExpectFailure(515, [&] { Execute("insert into Coded(code,name) values(null,'x')"); });
     EXPECT_EQ(Rows("select id from Probe"), "1\n");
 }
 
 TEST_F(Dialect, AnErrorLeavesTheTransactionOpen) {
     platform::Transaction transaction(Account());
     Execute("insert into Probe(id) values(1)");
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id) values(1)"); }), 2627);
+    ExpectFailure(2627, [&] { Execute("insert into Probe(id) values(1)"); });
     Execute("insert into Probe(id) values(2)");
     transaction.Commit();
     EXPECT_EQ(Rows("select id from Probe"), "1\n2\n");
@@ -282,47 +280,47 @@ TEST_F(Dialect, AnErrorLeavesTheTransactionOpen) {
 
 TEST_F(Dialect, AStatementIsDoneWhollyOrNotAtAll) {
     Execute("insert into Probe(id,c) values(1,'12') insert into Probe(id,c) values(2,'x')");
-    platform::Transaction transaction(Account());
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set i = c + 1"); }), 245);
-    EXPECT_EQ(ErrorOf([&] { Execute("insert into Probe(id,i) select id + 2, c from Probe"); }),
-              245);
-    transaction.Commit();
+    const auto refused = [&](const StatementText& statement) {
+        platform::Transaction transaction(Account());
+        ExpectFailure(245, [&] { Execute(statement); });
+        // The whole transaction is not always left open.
+        if (!IsNative()) transaction.Commit();
+    };
+    refused(StatementText("update Probe set i = c + 1"));
+    refused(StatementText("insert into Probe(id,i) select id + 2, c from Probe"));
     EXPECT_EQ(Rows("select id,i from Probe order by id"), "1|NULL\n2|NULL\n");
 }
 
 TEST_F(Dialect, NamesUnknownTablesAndColumns) {
-    EXPECT_EQ(TextOfError([&] { Open("select * from Nowhere"); }),
-              "Invalid object name 'Nowhere'.");
-    EXPECT_EQ(TextOfError([&] { Open("select Nothing from Coded"); }),
-              "Invalid column name 'Nothing'.");
-    EXPECT_EQ(ErrorOf([&] { Open("select x.code from Coded"); }), 4104);
-    EXPECT_EQ(ErrorOf([&] { Open("select code from Coded a, Coded b"); }), 209);
-    EXPECT_EQ(
-        ErrorOf([&] { Open("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname"); }),
-        128);
+    ExpectFailure("Invalid object name 'Nowhere'.", [&] { Open("select * from Nowhere"); });
+    ExpectFailure("Invalid column name 'Nothing'.", [&] { Open("select Nothing from Coded"); });
+    ExpectFailure(4104, [&] { Open("select x.code from Coded"); });
+    ExpectFailure(209, [&] { Open("select code from Coded a, Coded b"); });
+    ExpectFailure(128,
+                  [&] { Open("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname"); });
 }
 
 TEST_F(Dialect, ConvertsBetweenColumnsOfDifferentTypes) {
     Execute("insert into Probe(id,c,i,m,f) values(1,'7',7,7,7)");
     EXPECT_EQ(Rows("select id from Probe where c = i and i = m and m = f and c = 7"), "1\n");
-    Execute("update Probe set i = m + 0.5, m = i, f = m, c = i");
-    EXPECT_EQ(Rows("select i,m,f,c from Probe"), "8|7|7|7\n");
+    Execute("update Probe set i = m / 2, m = i, f = m, c = i");
+    EXPECT_EQ(Rows("select i,m,f,c from Probe"), "4|7|7|7\n");
     Execute("update Probe set c = 'x'");
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where c = 7"); }), 245);
-    EXPECT_EQ(ErrorOf([&] { Execute("update Probe set i = 5 / 0"); }), 8134);
+    ExpectFailure(245, [&] { Open("select id from Probe where c = 7"); });
+    ExpectFailure(8134, [&] { Execute("update Probe set i = 5 / 0"); });
     EXPECT_EQ(One("select 7 / 2 from Probe"), Value(std::int64_t{3}));
-    EXPECT_EQ(ErrorOf([&] { Open("select 2147483647 + 1"); }), 8115);
+    ExpectFailure(8115, [&] { Open("select 2147483647 + 1"); });
 }
 
 TEST_F(Dialect, TreatsEqualShapesWithTheirOwnValues) {
-    Execute("insert into Probe(id,c) values(1,'a') insert into Probe(id,c) values(2,'É')");
+    Execute("insert into Probe(id,c) values(1,'a') insert into Probe(id,c) values(2,'Ω')");
     EXPECT_EQ(Rows("select id from Probe where c = 'A'"), "1\n");
-    EXPECT_EQ(Rows("select id from Probe where c = 'é'"), "2\n");
+    EXPECT_EQ(Rows("select id from Probe where c = 'ω'"), "2\n");
     EXPECT_EQ(Rows("select top 1 id from Probe order by id"), "1\n");
     EXPECT_EQ(Rows("select top 2 id from Probe order by id"), "1\n2\n");
-    EXPECT_EQ(Rows("select id,c from Probe order by 1 desc"), "2|É\n1|a\n");
-    EXPECT_EQ(Rows("select id,c from Probe order by 2 desc"), "2|É\n1|a\n");
-    EXPECT_EQ(ErrorOf([&] { Open("select id from Probe where id = 'x'"); }), 245);
+    EXPECT_EQ(Rows("select id,c from Probe order by 1 desc"), "2|Ω\n1|a\n");
+    EXPECT_EQ(Rows("select id,c from Probe order by 2 desc"), "2|Ω\n1|a\n");
+    ExpectFailure(245, [&] { Open("select id from Probe where id = 'x'"); });
     EXPECT_EQ(Rows("select id from Probe where id = '2'"), "2\n");
     EXPECT_EQ(Rows("select id from Probe where id = -2"), "");
 }
@@ -330,12 +328,12 @@ TEST_F(Dialect, TreatsEqualShapesWithTheirOwnValues) {
 TEST_F(Dialect, JoinsTextsAsItComparesThem) {
     Execute(
         "insert into Coded(code,name) values('J01','a') insert into Coded(code,name) "
-        "values('Ä1x','b') insert into Coded(code,name) values('ＡＢ ','c') "
-        "insert into Coded(code,name) values('Ä1','d') insert into Coded(code,name) "
+        "values('Ω1x','b') insert into Coded(code,name) values('ＡＢ ','c') "
+        "insert into Coded(code,name) values('Ω1','d') insert into Coded(code,name) "
         "values('大桥','e')");
     Execute(
-        "insert into Probe(id,c) values(1,'j01  ') insert into Probe(id,c) values(2,'ä1X') "
-        "insert into Probe(id,c) values(3,'ａｂ') insert into Probe(id,c) values(4,'ä1') "
+        "insert into Probe(id,c) values(1,'j01  ') insert into Probe(id,c) values(2,'ω1X') "
+        "insert into Probe(id,c) values(3,'ａｂ') insert into Probe(id,c) values(4,'ω1') "
         "insert into Probe(id,c) values(5,'大桥 ') insert into Probe(id,c) values(6,'大') "
         "insert into Probe(id,c) values(7,null) insert into Probe(id,c) values(8,' J01') "
         "insert into Probe(id,c) values(9,'')");

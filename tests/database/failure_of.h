@@ -2,30 +2,33 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/database.h"
 
 namespace kelvane::database_test {
 
-// The native code of the DatabaseError that `action` throws; 0 when it throws none.
-inline int ErrorOf(const std::function<void()>& action) {
+// The DatabaseError that `action` throws, if any.
+inline std::optional<platform::DatabaseError> FailureOf(const std::function<void()>& action) {
     try {
         action();
     } catch (const platform::DatabaseError& error) {
-        return error.NativeCode();
+        return error;
     }
-    return 0;
+    return std::nullopt;
 }
 
-// Its text; empty when it throws none.
+// Its native code; 0 when there is none.
+inline int ErrorOf(const std::function<void()>& action) {
+    const auto failure = FailureOf(action);
+    return failure ? failure->NativeCode() : 0;
+}
+
+// Its text; empty when there is none.
 inline std::string TextOfError(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const platform::DatabaseError& error) {
-        return error.what();
-    }
-    return {};
+    const auto failure = FailureOf(action);
+    return failure ? failure->what() : "";
 }
 
 }  // namespace kelvane::database_test

@@ -107,9 +107,8 @@ TEST_F(Statements, ReferenceQueries) {
     EXPECT_EQ(Rows("select ctext  from fitemstructure where citem_class = '97' and cfield_name = "
                    "'citemname' and isubitem = '0'"),
               "项目名称\n");
-    EXPECT_EQ(
-        ErrorOf([&] { Open("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname"); }),
-        128);
+    ExpectFailure(128,
+                  [&] { Open("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname"); });
     EXPECT_EQ(Rows("select cItemCode,citemname from  Fitemss97 "), "P01|大桥\nP02|隧道\n");
     EXPECT_EQ(
         Rows("select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from inventory "
@@ -127,12 +126,11 @@ TEST_F(Statements, Budgets) {
                    "pm_BudgetVer where bControl=1) and citemCode='P01' and cElementCode='E01'"),
               "1000|900\n");
     Execute("insert into pm_BudgetVer(iverid,bControl) values(3,1)");
-    EXPECT_EQ(ErrorOf([&] {
-                  Open(
-                      "select iBudget,iMoneysum from pm_budget where iVerID=(select iverid from "
-                      "pm_BudgetVer where bControl=1) and citemCode='P01' and cElementCode='E01'");
-              }),
-              512);
+    ExpectFailure(512, [&] {
+        Open(
+            "select iBudget,iMoneysum from pm_budget where iVerID=(select iverid from "
+            "pm_BudgetVer where bControl=1) and citemCode='P01' and cElementCode='E01'");
+    });
     const auto sum = Open(
         "select sum(mQc) as sumQC from pm_itemqc where citemcode='p02' and celementcode='E02' and "
         "iEleVid<>0");

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
 
-#include "platform/database.h"
+#include "ui/common/failure_reason.h"
 
 namespace kelvane::ui {
 
@@ -47,22 +46,6 @@ constexpr std::array kSentences{
     Sentence{"GetItemBudget", Work::Save, "读取项目预算时出错，没有保存。"},
 };
 
-constexpr const char* kConnectionLost = "数据库连接已断开，恢复后会自动重新连接。";
-
-// Whether the failure that is being handled is a lost connection.
-bool IsConnectionLost() {
-    try {
-        if (const std::exception_ptr handled = std::current_exception()) {
-            std::rethrow_exception(handled);
-        }
-    } catch (const platform::ConnectionLost&) {
-        return true;
-    } catch (...) {
-        return false;
-    }
-    return false;
-}
-
 }  // namespace
 
 void FailureNotice::Failed(std::string_view place) {
@@ -70,7 +53,7 @@ void FailureNotice::Failed(std::string_view place) {
                                      [&](const Sentence& entry) { return entry.place == place; });
     const bool named = known != kSentences.end();
     std::string sentence(named ? known->text : "操作时出错，该操作没有完成。");
-    if (IsConnectionLost()) sentence += kConnectionLost;
+    sentence += ReasonOfFailure();
     Show(named ? known->work : Work::Check, sentence);
 }
 

@@ -17,8 +17,8 @@ public:
     // `show` puts a text on the line; an empty one clears it.
     explicit FailureNotice(std::function<void(const std::string&)> show) : mShow(std::move(show)) {}
 
-    // Names the failure of the routine `place` in plain words, and a lost connection when that is
-    // what is being handled.
+    // Names the failure of the routine `place` in plain words, with the reason of the exception
+    // that is being handled where the operator can do something about it.
     void Failed(std::string_view place);
     // Shows a sentence of the caller's own for a failed save.
     void FailedSave(const std::string& sentence);

@@ -107,14 +107,15 @@ bool frmPeriodItem::ValidateElement(int row, const std::string& text, bool chang
     if (!data::GetElementByName(text, detailFlag)) {
         return Refuse("输入的项目要素不存在，须重新输入！");
     }
-    GridPeriodItem.SetText(row, kAmountColumn, "");
-    GetDetailEditorForm().mColTempValues = {};
-    mDetailSql = {};
     const int identity = GridPeriodItem.RowData(row);
+    // First, what can fail: then nothing of the row has changed yet.
     if (identity != 0) {
         StatementText statement("delete from pm_itemQCSub where iEleVid=");
         gConn->Execute(statement.Number(identity));
     }
+    GridPeriodItem.SetText(row, kAmountColumn, "");
+    GetDetailEditorForm().mColTempValues = {};
+    mDetailSql = {};
     mElementDetails.Replace(std::to_string(identity), detailFlag);
     return true;
 }

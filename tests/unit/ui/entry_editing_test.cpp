@@ -116,7 +116,8 @@ TEST_F(EntryEditingTest, AnAmountTooLargeForTheAccountKeepsTheRow) {
     Go(1, kAmountColumn);
     Type("999999999999999999999");
     EXPECT_FALSE(Go(2, kDateColumn));
-    EXPECT_EQ(Form().Notice(), "检查并保存当前行时出错，当前行没有保存。");
+    EXPECT_EQ(Form().Notice(),
+              "检查并保存当前行时出错，当前行没有保存。数字超出了数据库能保存的范围。");
     EXPECT_THAT(Read("select mQC from PM_ItemQC where iEleVid = 1"), ElementsAre("1234.5"));
     Type("2");
     EXPECT_TRUE(Go(2, kDateColumn));
@@ -191,6 +192,23 @@ TEST_F(EntryEditingTest, AnUnknownElementChangesNothing) {
     EXPECT_THAT(Messages(),
                 ElementsAre("[提示信息|information] 输入的项目要素不存在，须重新输入！"));
     List().CancelEdit();
+}
+
+TEST_F(EntryEditingTest, LinesThatCannotBeDeletedLeaveTheElementAsItWas) {
+    Open();
+    Go(2, kElementColumn);
+    KeepLines();
+    log.failing = "delete from pm_itemQCSub";
+    log.losesConnection = true;
+    EXPECT_EQ(Type("机械费"), GridAnswer::Refuse);
+    EXPECT_EQ(Form().Notice(),
+              "检查单元格内容时出错，该内容未被接受。数据库连接已断开，恢复后会自动重新连接。");
+    List().CancelEdit();
+    EXPECT_EQ(List().Text(2, kElementColumn), "材料费");
+    EXPECT_EQ(List().Text(2, kAmountColumn), "350.00");
+    EXPECT_EQ(Form().ElementDetailFlag(2), 1);
+    EXPECT_TRUE(LinesAreKept());
+    EXPECT_THAT(Read("select count(*) from PM_ItemQCsub"), ElementsAre("2"));
 }
 
 TEST_F(EntryEditingTest, ANewRowsElementKeepsItsFlagUntilItIsSaved) {

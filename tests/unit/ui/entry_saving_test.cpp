@@ -407,7 +407,9 @@ TEST_F(EntrySavingTest, AnApostropheIsSavedInAChangedEntryAndEndsANewOne) {
     Go(row, kDigestColumn);
     Type("x'); delete from PM_ItemQC --");
     EXPECT_FALSE(Go(1, kDateColumn));
-    EXPECT_EQ(Form().Notice(), "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。");
+    EXPECT_EQ(Form().Notice(),
+              "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。"
+              "内容中可能有单引号（'）等不能用的字符。");
     EXPECT_EQ(Entries().size(), 3U);
     EXPECT_EQ(List().Text(row, kDigestColumn), "x'); delete from PM_ItemQC --");
 }

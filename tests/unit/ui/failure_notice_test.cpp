@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <utility>
+
 #include "platform/database.h"
+#include "platform/money.h"
 
 namespace kelvane::ui {
 namespace {
@@ -28,21 +32,43 @@ TEST_F(FailureNoticeTest, ARoutineWithoutASentenceIsNotNamed) {
     EXPECT_EQ(line, "操作时出错，该操作没有完成。");
 }
 
-TEST_F(FailureNoticeTest, ALostConnectionIsSaidBesideWhatFailed) {
-    try {
-        throw platform::ConnectionLost("gone");
-    } catch (...) {
-        notice.Failed("SaveRow");
-    }
-    EXPECT_EQ(line,
-              "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。"
+// What an operator can act on is said beside what failed.
+
+constexpr const char* kSaveFailed = "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。";
+
+TEST_F(FailureNoticeTest, SaysTheReasonBesideWhatFailed) {
+    const auto noticeOf = [this](const auto& error) {
+        try {
+            throw error;
+        } catch (...) {
+            notice.Failed("SaveRow");
+        }
+        EXPECT_TRUE(line.starts_with(kSaveFailed)) << line;
+        return line.substr(std::string(kSaveFailed).size());
+    };
+    const std::string tooLong = "有内容太长，超过了数据库允许的长度，请缩短。";
+    const std::string thereAlready = "数据库中已有相同编号的记录，可以再试一次。";
+    const std::string tooLarge = "数字超出了数据库能保存的范围。";
+    EXPECT_EQ(noticeOf(platform::ConnectionLost("gone")),
               "数据库连接已断开，恢复后会自动重新连接。");
-    try {
-        throw platform::DatabaseError("refused");
-    } catch (...) {
-        notice.Failed("SaveRow");
+    EXPECT_EQ(noticeOf(platform::MalformedStatement("'")),
+              "内容中可能有单引号（'）等不能用的字符。");
+    EXPECT_EQ(noticeOf(platform::MoneyOverflow("9")), tooLarge);
+    for (const auto& [code, reason] : {std::pair{8152, tooLong},
+                                       {2628, tooLong},
+                                       {8115, tooLarge},
+                                       {2627, thereAlready},
+                                       {2601, thereAlready},
+                                       {208, std::string()}}) {
+        EXPECT_EQ(noticeOf(platform::DatabaseError("refused", code)), reason) << code;
     }
-    EXPECT_EQ(line, "保存当前行时出错，没有写入数据库，录入的内容仍保留在表格中。");
+    EXPECT_EQ(noticeOf(std::runtime_error("other")), "");
+    EXPECT_EQ(noticeOf(1), "");
+}
+
+TEST_F(FailureNoticeTest, WithoutAnExceptionThereIsNoReason) {
+    notice.Failed("SaveRow");
+    EXPECT_EQ(line, kSaveFailed);
 }
 
 TEST_F(FailureNoticeTest, StaysUntilTheSameKindOfWorkSucceeds) {

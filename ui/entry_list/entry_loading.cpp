@@ -239,7 +239,9 @@ void frmPeriodItem::AppendEntry(const RecordSet& entry, const StatementText& ele
     const Value date = entry.Field("dDate");
     const platform::Money amount = entry.Field("mQC").ToMoney();
     std::string cells;
-    const auto append = [&cells](const std::string& text) {
+    // A tab in a text would move the cells behind it.
+    const auto append = [&cells](std::string text) {
+        std::replace(text.begin(), text.end(), '\t', ' ');
         cells += '\t';
         cells += text;
     };

@@ -91,5 +91,14 @@ TEST_F(EntryLoadingTest, ACodeThatIsNoLiteralFailsAtItsRowAlone) {
     EXPECT_EQ(List().Rows(), 3);
 }
 
+// The tab separates the cells of a row.
+TEST_F(EntryLoadingTest, ATabInATextMovesNoOtherCell) {
+    Run("update PM_ItemQC set cDigest = '人\t工', cKeyCode1 = '一\t标段' where iEleVid = 1");
+    Run("update fitemss97 set citemname = '一号\t楼' where citemcode = 'P01'");
+    Form().Load();
+    EXPECT_EQ(List().RowText(1),
+              "\t2004-06-01\tD01\tP01\t一号 楼\t一 标段\t\t人工费\t人 工\t1,234.50");
+}
+
 }  // namespace
 }  // namespace kelvane::ui

@@ -23,6 +23,14 @@ constexpr int kMinHeight = 6190;
 constexpr int kToolbarHeight = 630;
 constexpr int kTitleHeight = 450;
 
+// Keys besides Delete that take text away in an open cell, or put other text in its place.
+bool TakesTextAway(Key key, int shift) {
+    constexpr Key kCutKey = platform::KeyOfCharacter(U'X');
+    constexpr Key kPasteKey = platform::KeyOfCharacter(U'V');
+    return key == Key::Backspace || (key == Key::Insert && shift == platform::kShift) ||
+           (shift == kCtrl && (key == kCutKey || key == kPasteKey));
+}
+
 }  // namespace
 
 // One toolbar command: whether it is ignored while a cell is open, whether the window it needs is
@@ -187,8 +195,14 @@ void frmPeriodItem::Form_KeyDown(Key& key, int shift) {
         key = Key::None;
         return;
     }
-    const bool keptInLines = !CellText(row, kElementColumn).empty() && ElementDetailFlag(row) != 0;
-    if (key == Key::Delete && col == kAmountColumn && keptInLines) key = Key::None;
+    if (col != kAmountColumn || CellText(row, kElementColumn).empty()) return;
+    if (ElementDetailFlag(row) == 0) return;
+    if (key == Key::Delete) {
+        key = Key::None;
+    } else if (mEditing && TakesTextAway(key, shift)) {
+        data::gServices->windows->Beep();
+        key = Key::None;
+    }
 }
 
 void frmPeriodItem::Form_KeyPress(char32_t& character) {

@@ -205,6 +205,33 @@ TEST_F(EntryCommandsTest, DeleteLeavesAmountsOfLinesAlone) {
     EXPECT_FALSE(KeyDownIsTaken(Key::Delete));
 }
 
+TEST_F(EntryCommandsTest, AnOpenAmountOfLinesLosesNoCharacter) {
+    Open();
+    const Key cut = platform::KeyOfCharacter(U'X');
+    const Key paste = platform::KeyOfCharacter(U'V');
+    const auto erasers = {
+        std::pair{Key::Backspace, 0}, {Key::Backspace, kCtrl}, {cut, kCtrl}, {paste, kCtrl},
+        {Key::Insert, kShift},        {Key::Delete, 0}};
+    Go(2, kAmountColumn);
+    List().BeginEdit();
+    for (const auto& [key, shift] : erasers) {
+        EXPECT_TRUE(KeyDownIsTaken(key, shift)) << static_cast<int>(key);
+    }
+    // Delete is discarded without a beep.
+    EXPECT_EQ(windows.beeps, 5);
+    for (const Key key : {cut, paste, Key::Insert, Key::Left}) {
+        EXPECT_FALSE(KeyDownIsTaken(key)) << static_cast<int>(key);
+    }
+    EXPECT_FALSE(KeyDownIsTaken(platform::KeyOfCharacter(U'C'), kCtrl));
+    List().CancelEdit();
+    Go(1, kAmountColumn);
+    List().BeginEdit();
+    for (const auto& [key, shift] : erasers) {
+        EXPECT_FALSE(KeyDownIsTaken(key, shift)) << static_cast<int>(key);
+    }
+    EXPECT_EQ(windows.beeps, 5);
+}
+
 TEST_F(EntryCommandsTest, CtrlEnterPressesTheDetailButton) {
     Open();
     Go(3, kAmountColumn);

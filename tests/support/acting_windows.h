@@ -1,6 +1,8 @@
 // Windows without a screen in which a test acts on each form that is shown.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <stdexcept>
@@ -24,7 +26,13 @@ public:
         if (acts.empty()) throw std::logic_error("nobody acts in " + form.Name());
         const auto act = std::move(acts.front());
         acts.pop_front();
-        act(form);
+        try {
+            act(form);
+        } catch (const std::exception& thrown) {
+            // The event that opened the window would keep it to itself.
+            ADD_FAILURE() << form.Name() << ": " << thrown.what();
+            throw;
+        }
         form.Unload(controls::UnloadMode::CloseBox);
     }
 };

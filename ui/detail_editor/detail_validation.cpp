@@ -180,9 +180,8 @@ bool frmQCEdit::CheckDetailBudget(int row) {
     sumStatement.Number(entry.identity) << " and a.cCodeMx=";
     const auto sums = gConn->OpenRecordSet(sumStatement.Quoted(detailCode));
     // Despite its name the field "sumamount" is the sum of quantities.
-    const auto otherQuantity =
-        static_cast<float>(data::DoubleOfDisplay(sums->Field("sumamount").ToText()));
-    const Money otherAmount = MoneyOfDisplay(sums->Field("sumQC").ToText());
+    const auto otherQuantity = static_cast<float>(sums->Field("sumamount").ToDouble());
+    const Money otherAmount = sums->Field("sumQC").ToMoney();
 
     if (budget < otherAmount + MoneyOfDisplay(CellText(row, AmountColumn()))) {
         data::ShowInformation("金额超出项目预算中的项目期初发生额", data::kModuleCaption);

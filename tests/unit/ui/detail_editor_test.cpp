@@ -308,6 +308,24 @@ TEST_F(DetailEditorTest, LinesThatCannotBeReadCannotBeReplaced) {
     });
 }
 
+TEST_F(DetailEditorTest, WhatOtherEntriesTookBackLeavesMoreOfTheBudget) {
+    Run("insert into pm_BudgetVer values(1,1)");
+    Run("insert into pm_budgetsub values(1,'P02','E02','M01',1,100,10)");
+    Run("insert into PM_ItemQC values(9,'2004-06-02','D01','P02','二标段','','E02','退回',-100)");
+    Run("insert into PM_ItemQCsub values(9,'M01',10,-10,-100)");
+    InEditor([this](frmQCEdit& editor) {
+        EXPECT_TRUE(editor.Grid1.MoveTo(1, 5));
+        EXPECT_TRUE(editor.CheckDetailBudget(1));
+        editor.Grid1.SetText(1, 5, "20.01");
+        EXPECT_FALSE(editor.CheckDetailBudget(1));
+        EXPECT_THAT(Messages(),
+                    ElementsAre("[项目管理|information] 数量超出项目预算中的项目期初数量"));
+        editor.Grid1.SetText(1, 6, "200.01");
+        EXPECT_FALSE(editor.CheckDetailBudget(1));
+        EXPECT_EQ(Messages().back(), "[项目管理|information] 金额超出项目预算中的项目期初发生额");
+    });
+}
+
 TEST_F(DetailEditorTest, KeptLinesComeBeforeTheAccounts) {
     GetDetailEditorForm().mColTempValues = {"M03\t砂\t中砂\t\t20.00\t1.00\t20.00"};
     log.statements.clear();

@@ -1,8 +1,7 @@
 #include "platform/money.h"
 
-#include <limits>
-
 #include "platform/decimal.h"
+#include "platform/exact_integer.h"
 
 namespace kelvane::platform {
 
@@ -10,22 +9,9 @@ namespace {
 
 constexpr int kPlaces = 4;
 
-__extension__ typedef __int128 Wide;
-
-Money Narrowed(Wide units) {
-    if (units > std::numeric_limits<std::int64_t>::max() ||
-        units < std::numeric_limits<std::int64_t>::min())
-        throw MoneyOverflow("金额溢出");
-    return Money::FromUnits(static_cast<std::int64_t>(units));
-}
-
-Wide DividedHalfToEven(Wide dividend, Wide divisor) {
-    const Wide quotient = dividend / divisor;
-    const Wide remainder = dividend % divisor;
-    const Wide twice = 2 * (remainder < 0 ? -remainder : remainder);
-    const bool roundsAway = twice > divisor || (twice == divisor && quotient % 2 != 0);
-    if (!roundsAway) return quotient;
-    return dividend < 0 ? quotient - 1 : quotient + 1;
+Money Fitting(std::optional<std::int64_t> units) {
+    if (!units) throw MoneyOverflow("金额溢出");
+    return Money::FromUnits(*units);
 }
 
 Decimal AsDecimal(Money amount) {
@@ -35,7 +21,7 @@ Decimal AsDecimal(Money amount) {
 }  // namespace
 
 Money Money::FromInteger(std::int64_t whole) {
-    return Narrowed(Wide{whole} * kUnitsPerOne);
+    return Fitting(ExactProduct(whole, kUnitsPerOne));
 }
 
 Money Money::FromText(std::string_view text) {
@@ -55,15 +41,16 @@ std::string Money::ToFixedText() const {
 }
 
 Money operator+(Money a, Money b) {
-    return Narrowed(Wide{a.mUnits} + b.mUnits);
+    return Fitting(ExactSum(a.mUnits, b.mUnits));
 }
 
 Money operator-(Money a, Money b) {
-    return Narrowed(Wide{a.mUnits} - b.mUnits);
+    return Fitting(ExactDifference(a.mUnits, b.mUnits));
 }
 
 Money operator*(Money a, Money b) {
-    return Narrowed(DividedHalfToEven(Wide{a.mUnits} * b.mUnits, Money::kUnitsPerOne));
+    return Fitting(
+        ExactQuotient(a.mUnits, b.mUnits, Money::kUnitsPerOne, Remainder::RoundedHalfToEven));
 }
 
 }  // namespace kelvane::platform

@@ -1,9 +1,11 @@
 #include "adapters/tsql/arithmetic.h"
 
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "adapters/tsql/errors.h"
+#include "platform/exact_integer.h"
 #include "platform/money.h"
 
 namespace kelvane::tsql {
@@ -11,15 +13,11 @@ namespace kelvane::tsql {
 namespace {
 
 using platform::Money;
+using platform::Remainder;
 
-__extension__ typedef __int128 Wide;
-
-std::int64_t Narrowed(Wide value, Type type) {
-    if (value > std::numeric_limits<std::int64_t>::max() ||
-        value < std::numeric_limits<std::int64_t>::min()) {
-        throw ArithmeticOverflow(type);
-    }
-    return CheckedRange(static_cast<std::int64_t>(value), type);
+std::int64_t Fitting(std::optional<std::int64_t> value, Type type) {
+    if (!value) throw ArithmeticOverflow(type);
+    return CheckedRange(*value, type);
 }
 
 std::int64_t Whole(char op, Type type, std::int64_t a, std::int64_t b) {
@@ -27,20 +25,23 @@ std::int64_t Whole(char op, Type type, std::int64_t a, std::int64_t b) {
     if ((op == '/' || op == '%') && b == 0) throw DivisionByZero();
     switch (op) {
         case '+':
-            return Narrowed(Wide{a} + b, type);
+            return Fitting(platform::ExactSum(a, b), type);
         case '-':
-            return Narrowed(Wide{a} - b, type);
+            return Fitting(platform::ExactDifference(a, b), type);
         case '*':
-            if (!money) return Narrowed(Wide{a} * b, type);
+            if (!money) return Fitting(platform::ExactProduct(a, b), type);
             try {
                 return (Money::FromUnits(a) * Money::FromUnits(b)).Units();
             } catch (const platform::MoneyOverflow&) {
                 throw ArithmeticOverflow(type);
             }
         case '/':
-            return Narrowed(Wide{a} * (money ? Money::kUnitsPerOne : 1) / b, type);
+            return Fitting(
+                platform::ExactQuotient(a, money ? Money::kUnitsPerOne : 1, b, Remainder::CutOff),
+                type);
         default:
-            return Narrowed(Wide{a} % b, type);
+            // The machine's own remainder fails where the quotient would not fit.
+            return CheckedRange(b == -1 ? 0 : a % b, type);
     }
 }
 
@@ -72,7 +73,7 @@ std::int64_t CheckedRange(std::int64_t value, Type type) {
 }
 
 std::int64_t CheckedSum(std::int64_t a, std::int64_t b, Type type) {
-    return Narrowed(Wide{a} + b, type);
+    return Fitting(platform::ExactSum(a, b), type);
 }
 
 Datum Arithmetic(char op, Type type, const Datum& a, const Datum& b) {

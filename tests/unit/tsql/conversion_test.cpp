@@ -4,7 +4,6 @@
 
 #include <limits>
 
-#include "adapters/tsql/arithmetic.h"
 #include "adapters/tsql/errors.h"
 #include "adapters/tsql/stored_value.h"
 
@@ -149,27 +148,6 @@ TEST(Conversion, ReadsStoredAmountsAtTheLimits) {
     EXPECT_EQ(CodeOf([] { MoneyUnits("99999999999999999.0000"); }), 8115);
     EXPECT_EQ(CodeOf([] { MoneyUnits("1.23x4"); }), 235);
     EXPECT_EQ(CodeOf([] { MoneyUnits(""); }), 235);
-}
-
-TEST(Arithmetic, IsCheckedAndExact) {
-    EXPECT_EQ(Arithmetic('*', kMoney, Whole(15000), Whole(25000)), Whole(37500));
-    EXPECT_EQ(Arithmetic('/', kMoney, Whole(10000), Whole(30000)), Whole(3333));
-    EXPECT_EQ(Arithmetic('/', kInt, Whole(-7), Whole(2)), Whole(-3));
-    EXPECT_EQ(Arithmetic('%', kInt, Whole(-7), Whole(2)), Whole(-1));
-    EXPECT_EQ(Arithmetic('+', kInt, Datum(), Whole(2)), Datum());
-    EXPECT_EQ(CodeOf([] { Arithmetic('+', kInt, Whole(2147483647), Whole(1)); }), 8115);
-    EXPECT_EQ(CodeOf([] {
-                  Arithmetic('-', kMoney, Whole(std::numeric_limits<std::int64_t>::min()),
-                             Whole(1));
-              }),
-              8115);
-    EXPECT_EQ(CodeOf([] { Arithmetic('/', kInt, Whole(1), Whole(0)); }), 8134);
-    EXPECT_EQ(CodeOf([] { Arithmetic('/', kFloat, Datum(1.0), Datum(0.0)); }), 8134);
-    EXPECT_EQ(CodeOf([] {
-                  Arithmetic('*', kMoney, Whole(std::numeric_limits<std::int64_t>::max()),
-                             Whole(20000));
-              }),
-              8115);
 }
 
 TEST(Types, AreReadFromTheirNames) {

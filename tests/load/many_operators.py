@@ -29,9 +29,9 @@ MATERIALS = 40
 FIRST_IDENTITY = 200  # of the operators' own entries lie above
 SHARED = 1  # the entry that everybody changes
 HOME_ROW = 2  # an entry that nobody changes
-ATTEMPTS = 400
 LONGEST_SAVE_SECONDS = 0.3
 PAUSE_SECONDS = 0.05  # before trying again
+PATIENCE_SECONDS = 240  # of all tries together
 OPERATIONS = {"add": 40, "add with lines": 15, "change": 18, "change lines": 7, "delete": 12,
               "change shared": 8}
 
@@ -147,26 +147,29 @@ class Operator:
 
     def attempt(self, kind, *commands):
         self.killer.let_save()
-        for _ in range(ATTEMPTS):
-            answer = self.conversation.say(*commands)
+        for answer in self.tries(commands):
             if answer.succeeded and not answer.boxes:
                 self.counts[kind] += 1
                 self.killer.let_type()
                 return True
-            self.note(answer)
         return False
 
-    def note(self, answer):
-        self.troubles[answer.notice or "; ".join(answer.boxes)] += 1
-        time.sleep(PAUSE_SECONDS)
+    def tries(self, commands):
+        """What came of the commands, again and again until nobody asks for more."""
+        end = time.monotonic() + PATIENCE_SECONDS
+        while True:
+            answer = self.conversation.say(*commands)
+            yield answer
+            self.troubles[answer.notice or "; ".join(answer.boxes)] += 1
+            if time.monotonic() > end:
+                return
+            time.sleep(PAUSE_SECONDS)
 
     def until(self, is_done, *commands):
         """Does it again as long as another operator's lock or a lost connection is in the way."""
-        for _ in range(ATTEMPTS):
-            answer = self.conversation.say(*commands)
+        for answer in self.tries(commands):
             if is_done(answer):
                 return
-            self.note(answer)
         raise RuntimeError(f"{commands}: {answer.lines} {answer.notice} {answer.cell}")
 
     def go(self, row, col):

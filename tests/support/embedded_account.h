@@ -1,6 +1,8 @@
 // An account of its own for each test: a new file with the component's tables, gone afterwards.
 #pragma once
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -38,10 +40,11 @@ inline std::vector<sqlite::TableDescription> EmbeddedTables() {
 
 class EmbeddedAccount {
 public:
-    // `name` makes the file's name distinct among tests that run at the same time.
+    // `name` tells whose folder it is; the process makes it distinct among runs at the same time.
     explicit EmbeddedAccount(const std::string& name,
                              const std::vector<sqlite::TableDescription>& tables = EmbeddedTables())
-        : mFolder(std::filesystem::temp_directory_path() / ("kelvane_" + name)) {
+        : mFolder(std::filesystem::temp_directory_path() /
+                  ("kelvane_" + std::to_string(getpid()) + "_" + name)) {
         std::filesystem::remove_all(mFolder);
         std::filesystem::create_directories(mFolder);
         sqlite::CreateAccount(Path(), tables);

@@ -18,9 +18,13 @@ class PostgresServer:
         self.port = self.command[self.command.index("-p") + 1]
         self.process = None
 
+    def first(self):
+        """The process that all others of the server come from."""
+        return int((self.data / "postmaster.pid").read_text().split("\n", 1)[0])
+
     def processes(self):
         """The server's, its sessions' included."""
-        first = int((self.data / "postmaster.pid").read_text().split("\n", 1)[0])
+        first = self.first()
         found = [first]
         for status in Path("/proc").glob("[0-9]*/stat"):
             try:
@@ -33,6 +37,8 @@ class PostgresServer:
 
     def kill(self):
         """Without any chance to tidy up."""
+        # What a server begins behind our back keeps the next one from starting.
+        os.kill(self.first(), signal.SIGSTOP)
         killed = self.processes()
         for process in killed:
             try:

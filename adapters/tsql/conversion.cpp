@@ -1,6 +1,7 @@
 #include "adapters/tsql/conversion.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <optional>
@@ -53,6 +54,12 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
+// What is left to read takes a minus for its own sign, so two signs stay what they are: no number.
+std::string_view WithoutPlus(std::string_view digits) {
+    if (digits.starts_with('+') && !digits.starts_with("+-")) digits.remove_prefix(1);
+    return digits;
+}
+
 std::int64_t Narrow(std::int64_t value, Type to) {
     if (to.kind == Kind::Bit) return value != 0 ? 1 : 0;
     const Range range = RangeOf(to.kind);
@@ -67,7 +74,7 @@ std::int64_t TextToInteger(std::string_view text, Type from, Type to) {
         if (EqualIgnoringCase(digits, "false")) return 0;
     }
     if (digits.empty()) return 0;
-    if (digits.front() == '+') digits.remove_prefix(1);
+    digits = WithoutPlus(digits);
     std::int64_t value = 0;
     const char* end = digits.data() + digits.size();
     const auto [stop, failure] = std::from_chars(digits.data(), end, value);
@@ -99,11 +106,14 @@ std::int64_t TextToMoney(std::string_view text, Type from) {
 double TextToFloat(std::string_view text, Type from) {
     std::string_view digits = Trimmed(text);
     if (digits.empty()) return 0;
-    if (digits.front() == '+') digits.remove_prefix(1);
+    digits = WithoutPlus(digits);
     double value = 0;
     const char* end = digits.data() + digits.size();
     const auto [stop, failure] = std::from_chars(digits.data(), end, value);
-    if (failure != std::errc() || stop != end) throw ConversionFailed(text, from, {Kind::Float, 0});
+    // "inf" and "nan" are read too, but are no numbers of the dialect.
+    if (failure != std::errc() || stop != end || !std::isfinite(value)) {
+        throw ConversionFailed(text, from, {Kind::Float, 0});
+    }
     return value;
 }
 

@@ -44,6 +44,10 @@ TEST(Conversion, TextToNumbers) {
     EXPECT_EQ(Convert(Text("1,234.56785"), kText, kMoney), Whole(12345679));
     EXPECT_EQ(Convert(Text(" "), kText, kMoney), Whole(0));
     EXPECT_EQ(Convert(Text("1e3"), kText, kFloat), Datum(1000.0));
+    for (const char* text : {"inf", "-Infinity", "nan", "1e400", "--1", "+-1", ".", "+"}) {
+        EXPECT_EQ(CodeOf([&] { Convert(Text(text), kText, kFloat); }), 8114) << text;
+    }
+    EXPECT_EQ(CodeOf([] { Convert(Text("+-1"), kText, kInt); }), 245);
     EXPECT_EQ(CodeOf([] { Convert(Text("1e3"), kText, kMoney); }), 235);
     EXPECT_EQ(CodeOf([] { Convert(Text("1e3"), kText, kInt); }), 245);
     EXPECT_EQ(CodeOf([] { Convert(Text("2147483648"), kText, kInt); }), 248);

@@ -256,6 +256,22 @@ TEST_F(Dialect, RefusesTextThatIsTooLong) {
     EXPECT_EQ(One("select c from Probe"), Value("x  "));
 }
 
+TEST_F(Dialect, JudgesTextsOfAnyLength) {
+    constexpr int kLength = 10000;
+    std::string wide;
+    for (int i = 0; i < kLength; ++i) wide += "期";
+    Execute("insert into Probe(id,c) values(1,'期')");
+    StatementText query("select id from Probe where c = ");
+    EXPECT_EQ(Rows(query.Quoted(wide)), "");
+    StatementText update("update Probe set c = ");
+    update.Quoted(wide);
+    ExpectFailure(8152, [&] { Execute(update); });
+    StatementText insert("insert into Probe(id,n) values(2,N");
+    insert.Quoted(wide) << ")";
+    ExpectFailure(8152, [&] { Execute(insert); });
+    EXPECT_EQ(Rows("select id,c,n from Probe"), "1|期|NULL\n");
+}
+
 TEST_F(Dialect, RefusesDuplicateKeysAndNulls) {
     Execute("insert into Probe(id) values(1)");
     ExpectFailure(2627, [&] { Execute("insert into Probe(id) values(1)"); });

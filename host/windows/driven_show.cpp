@@ -52,14 +52,14 @@ void RunDriven(drive::StatementLog* statements,
     }
     RunOnScreen(&script, [&](const Screen& screen) {
         const std::wstring picture = windows::EnvironmentText(kScreenshot);
-        if (!picture.empty()) {
-            script.SetAtEnd([&, picture] {
-                if (!screen.saveScreenshot(windows::NarrowText(picture))) {
-                    transcript << "error: no screenshot\n" << std::flush;
-                }
-            });
+        bool photographed = picture.empty();
+        if (!photographed) {
+            script.SetAtEnd(
+                [&] { photographed = screen.saveScreenshot(windows::NarrowText(picture)); });
         }
-        return run(screen.windows);
+        const int status = run(screen.windows);
+        if (!photographed) transcript << "error: no screenshot\n" << std::flush;
+        return status;
     });
 }
 

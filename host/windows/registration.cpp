@@ -16,7 +16,9 @@ namespace {
 constexpr const wchar_t* kClasses = L"Software\\Classes\\";
 
 constexpr const wchar_t* kVersion = L"1.0";
-constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
+constexpr bool kIsWide = sizeof(void*) == 8;
+constexpr const wchar_t* kPlatform = kIsWide ? L"win64" : L"win32";
+constexpr const wchar_t* kOtherPlatform = kIsWide ? L"win32" : L"win64";
 // The system's marshaller for interfaces that a type library describes.
 constexpr const wchar_t* kAutomationMarshaller = L"{00020424-0000-0000-C000-000000000046}";
 
@@ -44,6 +46,10 @@ std::wstring LibraryKey() {
     return L"TypeLib\\" + TextOf(kLibraryId);
 }
 
+std::wstring PlatformKey(const wchar_t* platform) {
+    return LibraryKey() + L"\\" + kVersion + L"\\0\\" + platform;
+}
+
 std::vector<Entry> Entries(const std::filesystem::path& module) {
     const std::wstring library = LibraryKey() + L"\\" + kVersion;
     return {
@@ -61,7 +67,7 @@ std::vector<Entry> Entries(const std::filesystem::path& module) {
         {InterfaceKey() + L"\\TypeLib", nullptr, TextOf(kLibraryId)},
         {InterfaceKey() + L"\\TypeLib", L"Version", kVersion},
         {library, nullptr, L"Kelvane opening balances 1.0"},
-        {library + L"\\0\\" + kPlatform, nullptr, module},
+        {PlatformKey(kPlatform), nullptr, module},
         {library + L"\\FLAGS", nullptr, L"0"},
         {library + L"\\HELPDIR", nullptr, module.parent_path()},
     };
@@ -69,6 +75,23 @@ std::vector<Entry> Entries(const std::filesystem::path& module) {
 
 HKEY Branch(RegistrationScope scope) {
     return scope == RegistrationScope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+bool Exists(HKEY branch, const std::wstring& key) {
+    HKEY found = nullptr;
+    const LONG code = RegOpenKeyExW(branch, (kClasses + key).c_str(), 0, KEY_QUERY_VALUE, &found);
+    if (code == ERROR_SUCCESS) RegCloseKey(found);
+    return code == ERROR_SUCCESS;
+}
+
+// What the unregistering component takes with it. Name and type library are one for both widths:
+// they stay for the other one, classes and interfaces are each width's own.
+std::vector<std::wstring> KeysToRemove(HKEY branch) {
+    std::vector<std::wstring> keys{ClassKey(), InterfaceKey(), PlatformKey(kPlatform)};
+    if (!Exists(branch, PlatformKey(kOtherPlatform))) {
+        keys.insert(keys.end(), {std::wstring(kProgId), LibraryKey()});
+    }
+    return keys;
 }
 
 HRESULT Write(HKEY branch, const Entry& entry) {
@@ -97,9 +120,9 @@ HRESULT Register(RegistrationScope scope) noexcept try {
 }
 
 HRESULT Unregister(RegistrationScope scope) noexcept try {
-    for (const std::wstring& key :
-         {std::wstring(kProgId), ClassKey(), InterfaceKey(), LibraryKey()}) {
-        const LONG code = RegDeleteTreeW(Branch(scope), (kClasses + key).c_str());
+    const HKEY branch = Branch(scope);
+    for (const std::wstring& key : KeysToRemove(branch)) {
+        const LONG code = RegDeleteTreeW(branch, (kClasses + key).c_str());
         if (code != ERROR_SUCCESS && code != ERROR_FILE_NOT_FOUND) return HRESULT_FROM_WIN32(code);
     }
     return S_OK;

@@ -5,7 +5,10 @@
 Option Explicit
 
 Class Login
-    Public ConnectionString, UserId, ExemptFromCenterAuth, Year
+    Public ConnectionString
+    Public UserId
+    Public ExemptFromCenterAuth
+    Public Year
 End Class
 
 Class Named
@@ -42,7 +45,11 @@ Class DataAccess
 End Class
 
 Class Environment
-    Public Unit, Operator, Account, DataAccess, HostPath
+    Public Unit
+    Public Operator
+    Public Account
+    Public DataAccess
+    Public HostPath
     Public Function ModuleSetting(moduleName, settingName)
         ModuleSetting = ""
     End Function

@@ -26,6 +26,8 @@ SYSTEM = {
     "winspool.drv",
 }
 
+SCRIPTS = ["data-access.vbs", "host.vbs", "register-machine.cmd", "register-user.cmd", "trial.cmd",
+           "trial.vbs", "unregister-machine.cmd", "unregister-user.cmd"]
 FORMATS = {"windows-x64": ("pei-x86-64", "amd64"), "windows-x86": ("pei-i386", "x86")}
 ASSEMBLY = {"a": "urn:schemas-microsoft-com:asm.v1"}
 
@@ -113,8 +115,8 @@ class Binaries(unittest.TestCase):
 
     def test_scripts_end_their_lines_as_windows_does(self):
         for folder in FOLDERS:
-            scripts = [*folder.glob("*.cmd"), *folder.glob("samples/*.vbs")]
-            self.assertEqual(len(scripts), 5)
+            scripts = [*folder.glob("**/*.cmd"), *folder.glob("**/*.vbs")]
+            self.assertEqual(sorted(script.name for script in scripts), SCRIPTS)
             for script in scripts:
                 lines = script.read_bytes().split(b"\n")[:-1]
                 self.assertTrue(lines and all(line.endswith(b"\r") for line in lines), script)

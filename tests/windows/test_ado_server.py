@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The data-access objects that the tests bring to Wine behave as documented.
 
-  scripts/with-postgres scripts/with-wine tests/windows/test_ado_server.py LIBRARY
+  scripts/with-postgres scripts/with-wine tests/windows/test_ado_server.py PACKAGE LIBRARY
 """
 
 import os
@@ -11,7 +11,8 @@ from pathlib import Path
 
 import wine_session
 
-LIBRARY = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
+SCRIPT = Path(sys.argv[1], "samples", "data-access.vbs")
+LIBRARY = Path(sys.argv[2])
 NO_SERVER = "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=1;Database=none;UID=none"
 
 
@@ -83,7 +84,7 @@ class AdoServerTest(unittest.TestCase):
     def facts(self, library_provider):
         connection = library_provider + os.environ["KELVANE_TEST_POSTGRES"]
         return "\n".join(wine_session.run_script(
-            wine_session.HERE / "scripts" / "ado_server.vbs", connection, NO_SERVER))
+            SCRIPT, connection, NO_SERVER))
 
     def test_amounts_as_decimals(self):
         self.assertEqual(self.facts(""), EXPECTED.replace("AMOUNT", "Decimal 131"))
@@ -109,4 +110,4 @@ class RegistrationTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    unittest.main(argv=sys.argv[:1], verbosity=2)

@@ -20,6 +20,8 @@ import wine_session
 
 PACKAGE, ADO, PROGRAM = (Path(argument) for argument in sys.argv[1:4])
 del sys.argv[1:4]
+TRIAL = PACKAGE / "samples" / "trial.vbs"
+SCRIPTS = wine_session.HERE / "scripts"
 YEAR = "2004"
 SHOW_SECONDS = 180
 NO_SERVER = "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=1;Database=none;UID=none;PWD=secret"
@@ -56,21 +58,19 @@ def press(key):
 
 
 def wait_for_pixels(colour):
-    """How many pixels of the screen have the colour, once it has painted any."""
-    count = 0
-    for _ in range(40):
-        picture = subprocess.run(["import", "-window", "root", "png:-"], check=True,
-                                 capture_output=True, timeout=30).stdout
-        keep = os.environ.get("KELVANE_SCREENSHOT")
-        if keep:
-            Path(keep).write_bytes(picture)
-        raw = subprocess.run(["convert", "png:-", "-depth", "8", "rgb:-"], input=picture,
-                             check=True, capture_output=True, timeout=30).stdout
-        count = sum(raw[at:at + 3] == colour for at in range(0, len(raw), 3))
-        if count > 0:
-            break
-        time.sleep(0.5)
-    return count
+    """How many pixels of the screen have the colour, once it has painted enough of them."""
+    end = time.monotonic() + SHOW_SECONDS
+    with tempfile.TemporaryDirectory() as folder:
+        picture = Path(folder, "screen.png")
+        while True:
+            subprocess.run(["import", "-window", "root", picture], check=True, timeout=60)
+            raw = subprocess.run(["convert", picture, "-depth", "8", "rgb:-"], check=True,
+                                 capture_output=True, timeout=60).stdout
+            count = sum(raw[at:at + 3] == colour for at in range(0, len(raw), 3))
+            if count > LOCKED_PIXELS or time.monotonic() > end:
+                wine_session.keep(picture, "screen.png")
+                return count
+            time.sleep(0.5)
 
 
 class Host:
@@ -82,7 +82,7 @@ class Host:
             transcript = Path(folder, "transcript.txt")
             commands.write_text(operator_script, encoding="utf-8")
             self.report = wine_session.run_script(
-                wine_session.HERE / "scripts" / script, connection_string(),
+                script, connection_string(),
                 wine_session.windows_path(PACKAGE), YEAR, *steps, seconds=SHOW_SECONDS,
                 environment={"KELVANE_DRIVE": wine_session.windows_path(commands),
                              "KELVANE_TRANSCRIPT": wine_session.windows_path(transcript)})
@@ -103,11 +103,11 @@ class ComponentTest(unittest.TestCase):
         subprocess.run([PROGRAM, "init", "--sample", "--force", "--database", connection_string()],
                        check=True, capture_output=True, timeout=120)
 
-    def host(self, *steps, operator_script="close\n", script="host.vbs"):
+    def host(self, *steps, operator_script="close\n", script=TRIAL):
         return Host(script, operator_script, *steps)
 
     def test_saves_an_entry_with_its_lines(self):
-        script = Path(wine_session.HERE, "scripts", "save_entry.script").read_text(encoding="utf-8")
+        script = Path(SCRIPTS, "save_entry.script").read_text(encoding="utf-8")
         host = self.host("init", "show", operator_script=script)
         self.assertEqual(host.report, ["create: done", "Init gives Boolean -1", "init: done",
                                        "show: done", "end of script"])
@@ -126,7 +126,7 @@ class ComponentTest(unittest.TestCase):
             ["26"])
 
     def test_host_in_jscript(self):
-        host = self.host(script="host.js", operator_script="print grid\nclose\n")
+        host = self.host(script=SCRIPTS / "host.js", operator_script="print grid\nclose\n")
         self.assertEqual(host.report, ["Init gives true", "Show returned", "end of script"])
         self.assertIn("25 16 |2003-02-16|D08|P030|#机场滑行道加固|#二标段|#|检验试验费|"
                       "截至启用前累计发生|110,000.00", host.transcript)
@@ -188,7 +188,7 @@ class ComponentTest(unittest.TestCase):
         """A host in VBScript that runs on its own; nothing but a person works its windows."""
         return subprocess.Popen(
             ["wine", "cscript", "//nologo",
-             wine_session.windows_path(wine_session.HERE / "scripts" / "host.vbs"),
+             wine_session.windows_path(TRIAL),
              wine_session.windows_path(report), connection_string(),
              wine_session.windows_path(PACKAGE), YEAR, *steps],
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)

@@ -34,9 +34,11 @@ class HostProcessTest(unittest.TestCase):
             result = wine_session.run(
                 HOST, seconds=SECONDS,
                 environment={"KELVANE_TEST_ACCOUNT": account,
+                             "KELVANE_TEST_COMPONENT": wine_session.windows_path(COMPONENT),
                              "KELVANE_DRIVE": wine_session.windows_path(script),
                              "KELVANE_TRANSCRIPT": wine_session.windows_path(transcript)})
             output = result.stdout.decode("utf-8", "replace")
+            print(output, flush=True)
             self.assertEqual(result.returncode, 0, output)
             shown = transcript.read_text(encoding="utf-8")
             self.assertEqual(shown.count("open frmPeriodItem"), shown.count("close frmPeriodItem"))

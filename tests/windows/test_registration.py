@@ -1,40 +1,17 @@
 #!/usr/bin/env python3
 """The component's entries in the registry, for the machine and for a user: written and removed.
 
-  scripts/with-wine tests/windows/test_registration.py COMPONENT
+  scripts/with-wine tests/windows/test_registration.py PACKAGE
 """
 
 import sys
-import tempfile
 import unittest
 from pathlib import Path
 
 import wine_session
+from registry import CLASS, COMPONENT_KEYS, INTERFACE, LIBRARY, classes
 
-COMPONENT = Path(sys.argv[1])
-CLASS = r"CLSID\{F6C9E0AF-AEAA-44B1-BEA8-6CDAED9F258E}"
-INTERFACE = r"Interface\{84A6480C-FDBE-4739-9CCE-DE672ADA1250}"
-LIBRARY = r"TypeLib\{E49CAAC1-ABE0-4416-A631-7CA3E70D39E9}"
-KEYS = ["Kelvane.PeriodItem", CLASS, INTERFACE, LIBRARY]
-
-
-def classes(branch):
-    """A branch's classes: by key in small letters, the texts by name ("@" is the key's own)."""
-    with tempfile.TemporaryDirectory() as folder:
-        exported = Path(folder, "classes.reg")
-        wine_session.run("reg", "export", f"{branch}\\Software\\Classes",
-                         wine_session.windows_path(exported), "/y")
-        keys, current = {}, {}
-        for line in exported.read_bytes().decode("utf-16").splitlines():
-            if line.startswith("["):
-                key = line.strip("[]").lower().split("software\\classes")[-1].lstrip("\\")
-                current = keys.setdefault(key, {})
-            elif "=" in line:
-                name, text = line.split("=", 1)
-                current[name.strip('"')] = text.strip('"').replace("\\\\", "\\")
-        return keys
-
-
+COMPONENT = Path(sys.argv[1]) / "Kelvane.dll"
 class RegistrationTest(unittest.TestCase):
     def regsvr32(self, *options):
         status = wine_session.run("regsvr32", "/s", *options,
@@ -56,7 +33,7 @@ class RegistrationTest(unittest.TestCase):
 
     def assert_nothing(self, branch):
         known = classes(branch)
-        self.assertEqual([key for key in KEYS if key.lower() in known], [])
+        self.assertEqual([key for key in COMPONENT_KEYS if key.lower() in known], [])
 
     def test_for_the_machine(self):
         self.regsvr32()
@@ -65,6 +42,21 @@ class RegistrationTest(unittest.TestCase):
         self.regsvr32("/u")
         self.assert_nothing("HKLM")
         self.regsvr32("/u")
+
+    def test_other_width_keeps_what_both_share(self):
+        other = "HKLM\\Software\\Classes\\" + LIBRARY + r"\1.0\0\win32"
+        self.regsvr32()
+        self.assertEqual(wine_session.run("reg", "add", other, "/ve", "/d", "other.dll",
+                                          "/f").returncode, 0)
+        self.regsvr32("/u")
+        left = classes("HKLM")
+        self.assertEqual([key for key in COMPONENT_KEYS if key.lower() in left],
+                         ["Kelvane.PeriodItem", LIBRARY])
+        self.assertEqual(left[(LIBRARY + r"\1.0\0\win32").lower()], {"@": "other.dll"})
+        self.assertNotIn((LIBRARY + r"\1.0\0\win64").lower(), left)
+        self.assertEqual(wine_session.run("reg", "delete", other, "/f").returncode, 0)
+        self.regsvr32("/u")
+        self.assert_nothing("HKLM")
 
     def test_for_a_user(self):
         self.regsvr32("/n", "/i:user")

@@ -4,6 +4,7 @@ Runs inside scripts/with-wine, which gives the prefix, the display and the local
 """
 
 import os
+import shutil
 import subprocess
 import tempfile
 from pathlib import Path
@@ -17,12 +18,21 @@ def windows_path(path):
     return "Z:" + str(Path(path).resolve()).replace("/", "\\")
 
 
-def run(*command, seconds=RUN_SECONDS, environment=None):
-    """Runs a Windows program; its exit status and output in the completed process."""
+def keep(picture, name):
+    """Keeps a picture for people to look at, where KELVANE_PICTURES names a folder."""
+    folder = os.environ.get("KELVANE_PICTURES")
+    if folder:
+        Path(folder).mkdir(parents=True, exist_ok=True)
+        shutil.copy(picture, Path(folder, name))
+
+
+def run(*command, seconds=RUN_SECONDS, environment=None, commands=""):
+    """Runs a Windows program on an input; its exit status and output in the completed process."""
     if not Path(os.environ["WINEPREFIX"], "drive_c", "kelvane-throwaway-prefix").exists():
         raise RuntimeError("this is no prefix of scripts/with-wine")
-    return subprocess.run(["wine", *map(str, command)], capture_output=True, check=False,
-                          timeout=seconds, env={**os.environ, **(environment or {})})
+    return subprocess.run(["wine", *map(str, command)], input=commands.encode("utf-8"),
+                          capture_output=True, check=False, timeout=seconds,
+                          env={**os.environ, **(environment or {})})
 
 
 def register(library):

@@ -1,14 +1,15 @@
 // The component in a host's process: early bound, on the host's thread, beside the host's window.
-// KELVANE_TEST_ACCOUNT holds the account's connection string, and an operator script works the
-// windows (KELVANE_DRIVE).
+// KELVANE_TEST_ACCOUNT holds the account's connection string, KELVANE_TEST_COMPONENT the
+// component's path, and an operator script works the windows (KELVANE_DRIVE).
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "adapters/windows/wide_text.h"
 #include "kelvane_idl.h"
+#include "tests/windows/host_process/process_use.h"
 #include "tests/windows/host_process/test_host.h"
-// It needs the system's headers before it.
-#include <tlhelp32.h>
 
 namespace kelvane::windows_test {
 namespace {
@@ -17,6 +18,13 @@ using windows::ComPointer;
 
 constexpr HRESULT kHostRefused = static_cast<HRESULT>(0x80040201);
 constexpr HRESULT kCallOrder = static_cast<HRESULT>(0x80040206);
+// What the heaps may spread by in many rounds, in bytes.
+constexpr std::size_t kGrowth = 2 << 20;
+// What the system itself may hold for a moment.
+constexpr unsigned kPassing = 5;
+// What stays when the component is unloaded, until the process ends: four handles of the compiler's
+// runtime, and one that Wine's printing library keeps.
+constexpr unsigned kHandlesOfALoad = 5;
 
 ComPointer<IPeriodItem> NewItem() {
     ComPointer<IPeriodItem> item;
@@ -45,24 +53,55 @@ std::string ErrorText() {
     return result;
 }
 
-int Threads() {
-    int count = 0;
-    const HANDLE list = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
-    THREADENTRY32 entry{};
-    entry.dwSize = sizeof(entry);
-    for (BOOL more = Thread32First(list, &entry); more; more = Thread32Next(list, &entry)) {
-        if (entry.th32OwnerProcessID == GetCurrentProcessId()) ++count;
-    }
-    CloseHandle(list);
-    return count;
+HMODULE Component() {
+    return GetModuleHandleW(L"Kelvane.dll");
 }
 
-bool IsLoaded() {
-    return GetModuleHandleW(L"Kelvane.dll") != nullptr;
+void UnloadUnused() {
+    CoFreeUnusedLibrariesEx(0, 0);
+}
+
+void Report(const char* when, const ProcessUse& use) {
+    std::printf("%s: %u handles, %u drawing objects, %u windows, %u threads, %zu kB\n", when,
+                use.handles, use.drawingObjects, use.windows, use.threads, use.bytes / 1024);
 }
 
 class HostProcessTest : public testing::Test {
 protected:
+    // `rounds` times: creates, initialises, shows when `shown`, releases, and unloads when
+    // `unloaded`.
+    void Use(int rounds, bool shown, bool unloaded) {
+        for (int round = 0; round < rounds; ++round) {
+            auto item = NewItem();
+            ASSERT_EQ(Init(item.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
+            const HRESULT shownWith = shown ? item->Show() : S_OK;
+            ASSERT_EQ(shownWith, S_OK) << ErrorText();
+            item.Reset();
+            ASSERT_EQ(host.HeldReferences(), 0U);
+            if (!unloaded) continue;
+            UnloadUnused();
+            ASSERT_EQ(Component(), nullptr);
+        }
+    }
+
+    // The second `rounds` rounds take no more than the first ones did.
+    void ExpectNoGrowth(int rounds, bool shown, bool unloaded) {
+        Use(rounds, shown, unloaded);
+        const ProcessUse before = ProcessUse::Now();
+        Use(rounds, shown, unloaded);
+        const ProcessUse after = ProcessUse::Now();
+        Report("before", before);
+        Report("after", after);
+        EXPECT_GT(before.handles, 0U);
+        EXPECT_GT(before.drawingObjects, 0U);
+        const unsigned left = unloaded ? static_cast<unsigned>(rounds) * kHandlesOfALoad : 0;
+        EXPECT_LE(after.handles, before.handles + left + kPassing);
+        EXPECT_LE(after.drawingObjects, before.drawingObjects + kPassing);
+        EXPECT_LE(after.windows, before.windows);
+        EXPECT_LE(after.threads, before.threads);
+        EXPECT_LT(after.bytes, before.bytes + kGrowth);
+    }
+
     TestHost host{windows::NarrowText(windows::EnvironmentText(L"KELVANE_TEST_ACCOUNT"))};
 };
 
@@ -80,21 +119,53 @@ TEST_F(HostProcessTest, IsShownOverTheHostsWindowWhichTakesNoInputMeanwhile) {
 }
 
 TEST_F(HostProcessTest, LeavesNothingBehindWhenItIsUnloaded) {
-    const int threads = Threads();
+    const ProcessUse before = ProcessUse::Now();
     for (int round = 0; round < 3; ++round) {
         auto item = NewItem();
         ASSERT_EQ(Init(item.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
+        int classesShown = 0;
+        host.atShown = [&] { classesShown = WindowClasses(Component()); };
         EXPECT_EQ(item->Show(), S_OK) << ErrorText();
         EXPECT_EQ(item->Show(), S_OK) << ErrorText();
-        WNDCLASSW description{};
-        EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(L"Kelvane.dll"), L"wxWindow", &description));
+        EXPECT_GT(classesShown, 0);
+        EXPECT_EQ(WindowClasses(Component()), 0);
         EXPECT_GT(host.HeldReferences(), 0U);
         item.Reset();
         EXPECT_EQ(host.HeldReferences(), 0U);
-        CoFreeUnusedLibrariesEx(0, 0);
-        EXPECT_FALSE(IsLoaded());
-        EXPECT_EQ(Threads(), threads);
+        UnloadUnused();
+        EXPECT_EQ(Component(), nullptr);
+        const ProcessUse after = ProcessUse::Now();
+        EXPECT_EQ(after.threads, before.threads);
+        EXPECT_EQ(after.windows, before.windows);
     }
+}
+
+TEST_F(HostProcessTest, CanBeFreedByHand) {
+    const HMODULE library =
+        LoadLibraryW(windows::EnvironmentText(L"KELVANE_TEST_COMPONENT").c_str());
+    ASSERT_NE(library, nullptr);
+    const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")));
+    EXPECT_EQ(canUnload(), S_OK);
+    auto item = NewItem();
+    EXPECT_EQ(canUnload(), S_FALSE);
+    item.Reset();
+    EXPECT_EQ(canUnload(), S_OK);
+    UnloadUnused();
+    EXPECT_TRUE(FreeLibrary(library));
+    EXPECT_EQ(Component(), nullptr);
+}
+
+TEST_F(HostProcessTest, TakesNoMoreInAHundredRounds) {
+    ExpectNoGrowth(100, false, false);
+}
+
+TEST_F(HostProcessTest, TakesNoMoreInRoundsWithWindows) {
+    ExpectNoGrowth(10, true, false);
+}
+
+TEST_F(HostProcessTest, TakesNoMoreWhenItIsLoadedAnewInEachRound) {
+    ExpectNoGrowth(10, true, true);
 }
 
 TEST_F(HostProcessTest, RefusesToBeCalledWhileItIsShown) {

@@ -1,7 +1,8 @@
-' A host in VBScript: its login, its environment, and what it does with the component. Arguments:
-' the report's file, the connection string, the host's folder, the account's year, then the steps in
+' A host that tries the component and writes down what happens; trial.cmd starts it. Arguments: the
+' report's file, the connection string, the host's folder, the account's year, then the steps in
 ' order: "init", "show", "unnamed" (a login without a member), "string=TEXT" (another connection
-' string for the next login), "rounds=N" (create, initialise and release so often).
+' string for the next login), "rounds=N" (create, initialise and release so often), "use" (handles
+' and memory of this process).
 Option Explicit
 Dim report, component, connectionString, folder, accountYear, i, action
 
@@ -125,6 +126,23 @@ Sub Rounds(count)
     Say count & " rounds"
 End Sub
 
+' The system knows this process by the report's name in its command line. What it does not tell stays
+' a question mark.
+Sub SayUse()
+    Dim process, handles, bytes
+    handles = "?"
+    bytes = "?"
+    On Error Resume Next
+    For Each process In GetObject("winmgmts:").ExecQuery("SELECT * FROM Win32_Process WHERE Name='cscript.exe'")
+        If InStr(process.CommandLine, WScript.Arguments(0)) > 0 Then
+            handles = process.HandleCount
+            bytes = process.WorkingSetSize
+        End If
+    Next
+    Err.Clear
+    Say handles & " handles, " & bytes & " bytes"
+End Sub
+
 On Error Resume Next
 Set component = CreateObject("Kelvane.PeriodItem")
 SayError "create"
@@ -140,6 +158,8 @@ For i = 4 To WScript.Arguments.Count - 1
         connectionString = Mid(action, 8)
     ElseIf Left(action, 7) = "rounds=" Then
         Rounds CInt(Mid(action, 8))
+    ElseIf action = "use" Then
+        SayUse
     End If
     If Left(action, 7) <> "string=" Then SayError action
 Next

@@ -1,21 +1,25 @@
-// The entry points of the server: its classes' factories, and registering.
-#include "tests/windows/ado_server/record_set.h"
-#include "tests/windows/ado_server/registration.h"
+// The entry points of a server: its classes' factories, and registering.
+#include "tests/windows/automation/server.h"
 
-namespace kelvane::ado_server {
+#include <algorithm>
+#include <deque>
+
+#include "tests/windows/automation/module.h"
+
+namespace kelvane::automation {
 namespace {
 
 HMODULE gModule = nullptr;
 
-template <typename Class>
-IDispatch* Make() {
-    return new Class;
-}
-
 // One for each class, living as long as the module.
 class Factory final : public IClassFactory {
 public:
-    explicit Factory(IDispatch* (*make)()) : mMake(make) {}
+    explicit Factory(const ServedClass& served) : mServed(served) {}
+
+    bool Makes(REFCLSID wanted) const {
+        CLSID known;
+        return SUCCEEDED(CLSIDFromString(mServed.classId, &known)) && known == wanted;
+    }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
         if (wanted != IID_IUnknown && wanted != IID_IClassFactory) {
@@ -31,7 +35,7 @@ public:
                                              void** object) override {
         *object = nullptr;
         if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-        IDispatch* made = mMake();
+        IDispatch* made = mServed.make();
         const HRESULT code = made->QueryInterface(wanted, object);
         made->Release();
         return code;
@@ -42,10 +46,13 @@ public:
     }
 
 private:
-    IDispatch* (*mMake)();
+    const ServedClass& mServed;
 };
 
-Factory gFactories[] = {Factory(&Make<Connection>), Factory(&Make<RecordSet>)};
+std::deque<Factory>& Factories() {
+    static std::deque<Factory> factories(ServedClasses().begin(), ServedClasses().end());
+    return factories;
+}
 
 }  // namespace
 
@@ -55,38 +62,34 @@ std::wstring ModulePath() {
     return path;
 }
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation
 
-namespace server = kelvane::ado_server;
+namespace automation = kelvane::automation;
 
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) server::gModule = module;
+    if (reason == DLL_PROCESS_ATTACH) automation::gModule = module;
     return TRUE;
 }
 
 STDAPI DllGetClassObject(REFCLSID wanted, REFIID interfaceId, LPVOID* object) {
-    std::size_t place = 0;
-    for (const server::ServedClass& served : server::kServedClasses) {
-        CLSID known;
-        if (SUCCEEDED(CLSIDFromString(served.classId, &known)) && known == wanted) {
-            return server::gFactories[place].QueryInterface(interfaceId, object);
-        }
-        ++place;
-    }
+    auto& factories = automation::Factories();
+    const auto found = std::ranges::find_if(
+        factories, [&](const automation::Factory& factory) { return factory.Makes(wanted); });
+    if (found != factories.end()) return found->QueryInterface(interfaceId, object);
     *object = nullptr;
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
 STDAPI DllCanUnloadNow() {
-    return server::HasObjects() ? S_FALSE : S_OK;
+    return automation::HasObjects() ? S_FALSE : S_OK;
 }
 STDAPI DllRegisterServer() {
-    return server::Register();
+    return automation::Register();
 }
 STDAPI DllUnregisterServer() {
-    return server::Unregister();
+    return automation::Unregister();
 }
 
 }  // extern "C"

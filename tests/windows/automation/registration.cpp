@@ -1,6 +1,6 @@
-#include "tests/windows/ado_server/registration.h"
+#include "tests/windows/automation/server.h"
 
-namespace kelvane::ado_server {
+namespace kelvane::automation {
 namespace {
 
 const std::wstring kClasses = L"Software\\Classes\\";
@@ -36,7 +36,7 @@ HRESULT RegisterClass(const ServedClass& served, const std::wstring& module) {
 HRESULT Register() {
     if (!IsThrowawayPrefix()) return E_ACCESSDENIED;
     const std::wstring module = ModulePath();
-    for (const ServedClass& served : kServedClasses) {
+    for (const ServedClass& served : ServedClasses()) {
         const HRESULT code = RegisterClass(served, module);
         if (FAILED(code)) return code;
     }
@@ -45,7 +45,7 @@ HRESULT Register() {
 
 HRESULT Unregister() {
     if (!IsThrowawayPrefix()) return E_ACCESSDENIED;
-    for (const ServedClass& served : kServedClasses) {
+    for (const ServedClass& served : ServedClasses()) {
         for (const std::wstring& key :
              {std::wstring(served.programId), L"CLSID\\" + std::wstring(served.classId)}) {
             RegDeleteTreeW(HKEY_LOCAL_MACHINE, (kClasses + key).c_str());
@@ -54,4 +54,4 @@ HRESULT Unregister() {
     return S_OK;
 }
 
-}  // namespace kelvane::ado_server
+}  // namespace kelvane::automation

@@ -54,6 +54,7 @@ bool IsName(std::string_view text) {
 }
 
 bool IsPlainNumber(std::string_view text) {
+    text = WithoutOuterBlanks(text);
     if (text.starts_with('-')) text.remove_prefix(1);
     const bool hasDigit = text.find_first_of("0123456789") != std::string_view::npos;
     return hasDigit && text.find_first_not_of("0123456789.") == std::string_view::npos &&

@@ -43,6 +43,8 @@ std::string_view ReasonOfFailure() {
         std::rethrow_exception(handled);
     } catch (const platform::ConnectionLost&) {
         return "数据库连接已断开，恢复后会自动重新连接。";
+    } catch (const platform::DatabaseBusy&) {
+        return "数据库正被他人占用，请稍后重试。";
     } catch (const platform::DatabaseError& error) {
         return ReasonOf(error.NativeCode());
     } catch (const platform::MalformedStatement&) {

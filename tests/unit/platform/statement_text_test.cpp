@@ -64,10 +64,10 @@ TEST(StatementTextIdentifier, TakesNamesAlone) {
 }
 
 TEST(StatementTextNumericText, TakesPlainNumbersAlone) {
-    for (const char* number : {"12", "-3.5", ".5", "12.", "0"})
+    for (const char* number : {"12", "-3.5", ".5", "12.", "0", " 12  "})
         EXPECT_EQ(StatementText().NumericText(number).Checked(), number);
     for (const char* number :
-         {"", "-", ".", "1,234", "1e3", "--1", "1.2.3", " 1", "1 or 1=1", "1-2"})
+         {"", "-", ".", "1,234", "1e3", "--1", "1.2.3", "1 2", "1 or 1=1", "1-2", "1\n"})
         EXPECT_TRUE(StatementText().NumericText(number).IsMalformed()) << number;
 }
 

@@ -91,6 +91,20 @@ TEST_F(EntryLoadingTest, ACodeThatIsNoLiteralFailsAtItsRowAlone) {
     EXPECT_EQ(List().Rows(), 3);
 }
 
+// Opening writes the amounts that are kept in lines.
+TEST_F(EntryLoadingTest, AnAccountThatIsHeldBreaksOffAndSaysSo) {
+    other->Begin();
+    Run("update PM_ItemQC set cDigest = '他人' where iEleVid = 1");
+    Form().Load();
+    other->RollBack();
+    EXPECT_EQ(Form().Notice(),
+              "读取期初列表时出错，列表可能不完整，请重新打开。数据库正被他人占用，请稍后重试。");
+    Form().Unload();
+    Form().Load();
+    EXPECT_EQ(List().Rows(), 4);
+    EXPECT_EQ(Form().Notice(), "");
+}
+
 // The tab separates the cells of a row.
 TEST_F(EntryLoadingTest, ATabInATextMovesNoOtherCell) {
     Run("update PM_ItemQC set cDigest = '人\t工', cKeyCode1 = '一\t标段' where iEleVid = 1");

@@ -131,7 +131,8 @@ TEST_F(EntrySavingTest, ABusyCounterIsAConflict) {
     EXPECT_EQ(List().Row(), row);
     EXPECT_EQ(List().RowData(row), 0);
     EXPECT_THAT(Messages(), ElementsAre("[提示信息|information] 出现冲突，请稍后再试！"));
-    EXPECT_EQ(Form().Notice(), "取期初编号时出错，当前行没有保存。");
+    EXPECT_EQ(Form().Notice(),
+              "取期初编号时出错，当前行没有保存。数据库正被他人占用，请稍后重试。");
     EXPECT_TRUE(Go(1, kDateColumn));
     EXPECT_EQ(List().RowData(row), 4);
     EXPECT_EQ(Form().Notice(), "");

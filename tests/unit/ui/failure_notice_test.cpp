@@ -51,6 +51,7 @@ TEST_F(FailureNoticeTest, SaysTheReasonBesideWhatFailed) {
     const std::string tooLarge = "数字超出了数据库能保存的范围。";
     EXPECT_EQ(noticeOf(platform::ConnectionLost("gone")),
               "数据库连接已断开，恢复后会自动重新连接。");
+    EXPECT_EQ(noticeOf(platform::DatabaseBusy("locked")), "数据库正被他人占用，请稍后重试。");
     EXPECT_EQ(noticeOf(platform::MalformedStatement("'")),
               "内容中可能有单引号（'）等不能用的字符。");
     EXPECT_EQ(noticeOf(platform::MoneyOverflow("9")), tooLarge);

@@ -65,6 +65,9 @@ TEST_F(StatusChecksTest, KeywordsNarrowTheItemByTheirType) {
         EXPECT_THAT(Taken(), ElementsAre(base + " and isnull(楼号,'') = 5",
                                          base + " and isnull(楼号,'') = 6"));
     }
+    // A column of fixed width fills its values up with blanks.
+    EXPECT_TRUE(Form().CheckItemSettled("P03", "", "5  "));
+    EXPECT_THAT(Taken(), ElementsAre(base + " and isnull(楼号,'') = 5  "));
     EXPECT_THAT(diagnostics.places, IsEmpty());
 }
 

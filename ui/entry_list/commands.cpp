@@ -23,12 +23,14 @@ constexpr int kMinHeight = 6190;
 constexpr int kToolbarHeight = 630;
 constexpr int kTitleHeight = 450;
 
-// Keys besides Delete that take text away in an open cell, or put other text in its place.
-bool TakesTextAway(Key key, int shift) {
-    constexpr Key kCutKey = platform::KeyOfCharacter(U'X');
-    constexpr Key kPasteKey = platform::KeyOfCharacter(U'V');
+// Keys besides Delete that may take text away in an open cell: of the letters with Ctrl only those
+// that select and copy do not.
+bool MayTakeTextAway(Key key, int shift) {
+    constexpr Key kSelectAll = Key::A;
+    constexpr Key kCopy = platform::KeyOfCharacter(U'C');
+    const bool isCommand = (shift & kCtrl) != 0 && key >= Key::A && key <= Key::Z;
     return key == Key::Backspace || (key == Key::Insert && shift == platform::kShift) ||
-           (shift == kCtrl && (key == kCutKey || key == kPasteKey));
+           (isCommand && key != kSelectAll && key != kCopy);
 }
 
 }  // namespace
@@ -199,7 +201,7 @@ void frmPeriodItem::Form_KeyDown(Key& key, int shift) {
     if (ElementDetailFlag(row) == 0) return;
     if (key == Key::Delete) {
         key = Key::None;
-    } else if (mEditing && TakesTextAway(key, shift)) {
+    } else if (mEditing && MayTakeTextAway(key, shift)) {
         data::gServices->windows->Beep();
         key = Key::None;
     }

@@ -208,28 +208,35 @@ TEST_F(EntryCommandsTest, DeleteLeavesAmountsOfLinesAlone) {
 TEST_F(EntryCommandsTest, AnOpenAmountOfLinesLosesNoCharacter) {
     Open();
     const Key cut = platform::KeyOfCharacter(U'X');
+    const Key wipe = platform::KeyOfCharacter(U'U');
     const Key paste = platform::KeyOfCharacter(U'V');
-    const auto erasers = {
-        std::pair{Key::Backspace, 0}, {Key::Backspace, kCtrl}, {cut, kCtrl}, {paste, kCtrl},
-        {Key::Insert, kShift},        {Key::Delete, 0}};
+    const auto erasers = {std::pair{Key::Backspace, 0},
+                          {Key::Backspace, kCtrl},
+                          {cut, kCtrl},
+                          {paste, kCtrl},
+                          {wipe, kCtrl},
+                          {Key::Insert, kShift},
+                          {Key::Delete, 0}};
     Go(2, kAmountColumn);
     List().BeginEdit();
     for (const auto& [key, shift] : erasers) {
         EXPECT_TRUE(KeyDownIsTaken(key, shift)) << static_cast<int>(key);
     }
     // Delete is discarded without a beep.
-    EXPECT_EQ(windows.beeps, 5);
+    EXPECT_EQ(windows.beeps, 6);
     for (const Key key : {cut, paste, Key::Insert, Key::Left}) {
         EXPECT_FALSE(KeyDownIsTaken(key)) << static_cast<int>(key);
     }
-    EXPECT_FALSE(KeyDownIsTaken(platform::KeyOfCharacter(U'C'), kCtrl));
+    for (const char32_t letter : {U'A', U'C'}) {
+        EXPECT_FALSE(KeyDownIsTaken(platform::KeyOfCharacter(letter), kCtrl));
+    }
     List().CancelEdit();
     Go(1, kAmountColumn);
     List().BeginEdit();
     for (const auto& [key, shift] : erasers) {
         EXPECT_FALSE(KeyDownIsTaken(key, shift)) << static_cast<int>(key);
     }
-    EXPECT_EQ(windows.beeps, 5);
+    EXPECT_EQ(windows.beeps, 6);
 }
 
 TEST_F(EntryCommandsTest, CtrlEnterPressesTheDetailButton) {

@@ -1,6 +1,7 @@
 #include "adapters/output/page_head.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "adapters/output/line_breaking.h"
@@ -73,10 +74,10 @@ int AppendItems(std::vector<platform::PageText>& texts, const std::vector<SheetI
 }  // namespace
 
 int FittingSize(std::string_view text, Letters letters, int width, TextMeasurer& measurer) {
-    const long needed = measurer.Width(text, letters);
-    const long room = static_cast<long>(width) * kThousandths;
+    const std::int64_t needed = measurer.Width(text, letters);
+    const std::int64_t room = std::int64_t{width} * kThousandths;
     if (needed <= room) return letters.size;
-    return static_cast<int>(std::max<long>(1, letters.size * room / needed));
+    return static_cast<int>(std::max<std::int64_t>(1, letters.size * room / needed));
 }
 
 TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer) {

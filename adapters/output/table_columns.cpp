@@ -1,6 +1,7 @@
 #include "adapters/output/table_columns.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace kelvane::output {
 
@@ -10,7 +11,7 @@ constexpr int kNarrowest = 20;
 
 struct Width {
     std::size_t cell;
-    long tenths;
+    std::int64_t tenths;
 };
 
 std::vector<Width> ShownColumns(const Sheet& sheet) {
@@ -23,15 +24,15 @@ std::vector<Width> ShownColumns(const Sheet& sheet) {
 }
 
 // Scales all columns so that together they are as wide as the room.
-void FitTo(std::vector<Width>& columns, long room) {
-    long total = 0;
+void FitTo(std::vector<Width>& columns, std::int64_t room) {
+    std::int64_t total = 0;
     for (const Width& column : columns) total += column.tenths;
     if (total <= room) return;
-    long passed = 0;
+    std::int64_t passed = 0;
     for (Width& column : columns) {
-        const long begin = passed * room / total;
+        const std::int64_t begin = passed * room / total;
         passed += column.tenths;
-        column.tenths = std::max(1L, passed * room / total - begin);
+        column.tenths = std::max(std::int64_t{1}, passed * room / total - begin);
     }
 }
 
@@ -56,7 +57,7 @@ std::vector<ColumnGroup> PlaceColumns(const Sheet& sheet) {
     std::vector<ColumnGroup> groups;
     int left = first;
     for (Width column : columns) {
-        column.tenths = std::min<long>(column.tenths, room);
+        column.tenths = std::min<std::int64_t>(column.tenths, room);
         if (groups.empty() || left + column.tenths > first + room) {
             groups.emplace_back();
             left = first;

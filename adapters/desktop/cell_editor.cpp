@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "adapters/desktop/form_keys.h"
+#include "adapters/desktop/key_stroke.h"
 #include "adapters/desktop/look.h"
 
 namespace kelvane::desktop {
@@ -60,6 +61,14 @@ wxTextCtrl* CellEditor::CreateField(long alignment) {
     field->Bind(wxEVT_TEXT, [this, field](wxCommandEvent&) {
         if (field == mField) OnText();
     });
+    field->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+        mOffered = false;
+        event.Skip();
+    });
+    field->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
+        mOffered = StrokeOfCharacter(event, WXK_NONE).character != 0;
+        event.Skip();
+    });
     return field;
 }
 
@@ -82,16 +91,20 @@ void CellEditor::Sync(const wxRect& field) {
 
     const int height = std::max(field.height, mField->GetBestSize().y);
     mField->SetSize(field.x, field.y + (field.height - height) / 2, field.width, height);
-    const wxString text = Text(mGrid.EditText());
-    if (mField->GetValue() != text) {
-        mField->ChangeValue(text);
-        mField->SetInsertionPointEnd();
-    }
+    ShowGridText();
     if (!opened) return;
     mExpected.clear();
+    mOffered = false;
     mField->Show();
     mField->Raise();
     if (mHost.Form().ActiveControl() == &mGrid) mField->SetFocus();
+    mField->SetInsertionPointEnd();
+}
+
+void CellEditor::ShowGridText() {
+    const wxString text = Text(mGrid.EditText());
+    if (mField->GetValue() == text) return;
+    mField->ChangeValue(text);
     mField->SetInsertionPointEnd();
 }
 
@@ -116,6 +129,10 @@ void CellEditor::OnText() {
     if (after == before) return;
     const auto [from, to] = FindInserted(before, after);
     const std::u32string inserted = after.substr(from, to - from);
+    // A refused character has already taken away the selection that it was to replace.
+    const bool refused = mOffered && mExpected.empty() && inserted.empty();
+    mOffered = false;
+    if (refused) return ShowGridText();
     // A letter beside an equal one can be found on either side of it; the amount decides.
     const bool typed =
         inserted.empty() || (!mExpected.empty() && inserted.size() <= mExpected.size());

@@ -29,6 +29,8 @@ public:
 private:
     wxTextCtrl* CreateField(long alignment);
     void OnText();
+    // Shows the grid's text where the field's is another.
+    void ShowGridText();
     // What the form and the grid take of `inserted`, which came without a key: from the clipboard
     // or an input method.
     std::u32string Filter(const std::u32string& inserted);
@@ -40,6 +42,8 @@ private:
     wxTextCtrl* mRight;
     wxTextCtrl* mField = nullptr;  // the shown one of the two
     std::u32string mExpected;
+    // Whether the last key typed a character that the form and the grid may have refused.
+    bool mOffered = false;
 };
 
 }  // namespace kelvane::desktop

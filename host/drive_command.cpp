@@ -3,9 +3,9 @@
 #include <iostream>
 
 #include "adapters/headless/headless_windows.h"
+#include "adapters/output/named_files.h"
 #include "host/commands.h"
 #include "host/ending_script.h"
-#include "host/printing.h"
 #include "host/screen.h"
 #include "host/session.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::Windows& windows) {
     drive::StatementLog statements;
-    const auto printing = FilesInstead(
+    const auto printing = output::PrintWithoutScreen(
         [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
     Session session(account, windows, &statements, printing.get());
     script.SetHost({

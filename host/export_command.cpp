@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "adapters/output/file_printing.h"
+#include "adapters/output/named_files.h"
 #include "host/commands.h"
 #include "host/export_windows.h"
 #include "host/session.h"
@@ -12,10 +12,10 @@ namespace kelvane::host {
 namespace {
 
 // The file is named in advance.
-class ExportSurroundings : public output::FilePrinting {
+class ExportSurroundings : public output::NamedFiles {
 public:
     explicit ExportSurroundings(std::string path)
-        : FilePrinting([this, path](const platform::FileQuestion& /*question*/) {
+        : NamedFiles([this, path](const platform::FileQuestion& /*question*/) {
               mAsked = true;
               return path;
           }) {}

@@ -1,12 +1,9 @@
-// Printing in a build with it.
-
 #include "host/printing.h"
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
-#include <utility>
 
-#include "adapters/output/file_printing.h"
 #include "adapters/output/output_print_control.h"
 #include "adapters/output/style_service.h"
 #include "adapters/output/xml_text_document.h"
@@ -19,7 +16,8 @@ void OfferPrinting(platform::Services& services, platform::PrintSurroundings& su
     services.createPrintControl = [windows = services.windows, &surroundings] {
         // Where print settings are saved. When it cannot be made, saving them says so.
         std::error_code refused;
-        std::filesystem::create_directories(platform::NativePath(data::gPrintStylePath), refused);
+        std::filesystem::create_directories(
+            platform::PathOf(platform::NativePath(data::gPrintStylePath)), refused);
         return std::make_unique<output::OutputPrintControl>(output::PrintEnvironment{
             .windows = *windows,
             .surroundings = surroundings,
@@ -28,12 +26,13 @@ void OfferPrinting(platform::Services& services, platform::PrintSurroundings& su
         });
     };
     services.createPrintStyle = [] { return std::make_unique<output::StyleService>(); };
+    if (services.createXmlDocument) return;
     services.createXmlDocument = [] { return std::make_unique<output::XmlTextDocument>(); };
 }
 
-std::unique_ptr<platform::PrintSurroundings> FilesInstead(
-    std::function<std::optional<std::string>(const platform::FileQuestion&)> choose) {
-    return std::make_unique<output::FilePrinting>(std::move(choose));
+void WithdrawPrinting(platform::Services& services) {
+    services.createPrintControl = nullptr;
+    services.createPrintStyle = nullptr;
 }
 
 }  // namespace kelvane::host

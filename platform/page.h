@@ -9,7 +9,11 @@
 namespace kelvane::platform {
 
 // The fonts that page texts were measured with, the first that is there.
+#ifdef _WIN32
+inline constexpr const char* kPageFonts = "Microsoft YaHei, SimSun, Noto Sans CJK SC";
+#else
 inline constexpr const char* kPageFonts = "Noto Sans CJK SC, Noto Sans, sans-serif";
+#endif
 
 // Measures are tenths of a millimetre from the page's left upper corner.
 struct PageBox {

@@ -1,6 +1,7 @@
 #include "adapters/desktop/file_name.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string_view>
 
 namespace kelvane::desktop {
@@ -10,6 +11,9 @@ using platform::FileType;
 namespace {
 
 constexpr std::size_t kLongestEnding = 4;
+// What stands between folders: a slash, and the system's own.
+constexpr char kSeparators[] = {'/', static_cast<char>(std::filesystem::path::preferred_separator),
+                                '\0'};
 
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -33,7 +37,7 @@ std::string Upper(std::string_view text) {
 // What stands behind the last point of the file's own name.
 std::string_view EndingOf(std::string_view path) {
     const std::size_t point = path.rfind('.');
-    const std::size_t folder = path.find_last_of('/');
+    const std::size_t folder = path.find_last_of(kSeparators);
     const bool none = point == std::string_view::npos ||
                       (folder != std::string_view::npos && point < folder) || point == 0 ||
                       point == folder + 1;

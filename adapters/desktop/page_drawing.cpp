@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "adapters/desktop/look.h"
+#include "adapters/desktop/system.h"
 
 namespace kelvane::desktop {
 
@@ -84,7 +85,7 @@ private:
         if (font.IsNull()) {
             const double points = text.size / 10.0 * kUnitsPerInch / kDotsPerInch;
             wxFontInfo info(points);
-            info.FaceName(wxString::FromUTF8(platform::kPageFonts));
+            info.FaceName(PageFace());
             if (text.bold) info.Bold();
             font = mTarget.CreateFont(wxFont(info), *wxBLACK);
         }

@@ -18,6 +18,9 @@ void BelongToModule();
 // session's is, where the system lets a program choose.
 void SpeakChinese();
 
+// The face of the pages' letters, as a font of the toolkit wants it.
+wxString PageFace();
+
 // Forgets what `screen` was read to show before, so that reading it gives what it shows now.
 void ForgetPicture(wxDC& screen);
 

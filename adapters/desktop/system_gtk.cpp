@@ -11,6 +11,7 @@
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/system.h"
+#include "platform/page.h"
 
 namespace kelvane::desktop {
 
@@ -27,6 +28,11 @@ void SpeakChinese() {
             std::setlocale(category, "C.UTF-8");
         }
     }
+}
+
+// The system takes the whole list.
+wxString PageFace() {
+    return wxString::FromUTF8(platform::kPageFonts);
 }
 
 void ForgetPicture(wxDC& screen) {

@@ -1,11 +1,14 @@
 // Windows, which draws with GDI.
 
+#include <wx/fontenum.h>
 #include <wx/msw/private.h>
+#include <wx/tokenzr.h>
 // The drawing library is made of Windows' own types.
 #include <gdiplus.h>
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/system.h"
+#include "platform/page.h"
 
 // The linker's name for the start of the module.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
@@ -45,6 +48,15 @@ void BelongToModule() {
 
 // The system's dialogs speak its own language.
 void SpeakChinese() {}
+
+wxString PageFace() {
+    wxStringTokenizer faces(wxString::FromUTF8(platform::kPageFonts), ",");
+    while (faces.HasMoreTokens()) {
+        wxString face = faces.GetNextToken().Trim(false);
+        if (wxFontEnumerator::IsValidFacename(face)) return face;
+    }
+    return {};
+}
 
 // The screen is read anew every time.
 void ForgetPicture(wxDC& /*screen*/) {}

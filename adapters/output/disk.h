@@ -11,7 +11,7 @@ class Disk {
 public:
     virtual ~Disk() = default;
 
-    // Each throws std::system_error when the system refuses.
+    // Each throws std::system_error when the system refuses. Paths are UTF-8.
 
     // Whether an existing file may be written; there is none: true.
     virtual void CheckWritable(const std::string& path);

@@ -81,7 +81,8 @@ void OutputPrintControl::PrintPages() {
 int OutputPrintControl::WriteToFile(std::string_view dataText, std::string_view formatText) {
     try {
         platform::FileQuestion question{"输出到文件", SuggestedName(), {}};
-        for (const FileFormat& format : FileFormats()) {
+        for (const FileFormat& format : mEnvironment.formats) {
+            if (format.write == nullptr) continue;
             question.types.push_back({std::string(format.name), std::string(format.ending)});
         }
         const auto path = mEnvironment.surroundings.ChooseFile(question);
@@ -96,10 +97,11 @@ int OutputPrintControl::WriteToFile(std::string_view dataText, std::string_view 
 
 int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataText,
                                 std::string_view formatText) {
-    const FileFormat* format = FindFormat(path);
+    const FileFormat* format = FindFormat(path, mEnvironment.formats);
     if (format == nullptr) {
-        throw FileFailure(path + ": the name must end in .xlsx, .csv, .pdf or .xml");
+        throw FileFailure(path + ": the name must end in " + WrittenEndings(mEnvironment.formats));
     }
+    if (format->write == nullptr) return TellUnwritten(path, *format);
     Export data;
     data.columns = platform::DecodeColumns(formatText);
     data.shown = ShownColumns(data.columns);
@@ -120,6 +122,17 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
     return 0;
 }
 
+// That it failed would say less than this does.
+int OutputPrintControl::TellUnwritten(const std::string& path, const FileFormat& format) {
+    mEnvironment.surroundings.Failed(path + ": on this system the name must end in " +
+                                     WrittenEndings(mEnvironment.formats));
+    mEnvironment.windows.ShowMessage({.text = "本系统不能直接输出 " + std::string(format.name) +
+                                              "，请用“打印”选择系统的 PDF 打印机。",
+                                      .caption = "输出到文件",
+                                      .icon = platform::MessageIcon::Exclamation});
+    return kExportCancelled;
+}
+
 void OutputPrintControl::Failed(std::string_view place, std::string_view reason) const {
     mEnvironment.surroundings.Failed(reason);
     if (mEnvironment.failed) mEnvironment.failed(place, reason);
@@ -131,7 +144,7 @@ std::string OutputPrintControl::SuggestedName() const {
         name.begin(), name.end(),
         [](char c) { return std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos; },
         ' ');
-    return name + "." + std::string(FileFormats().front().ending);
+    return name + "." + std::string(mEnvironment.formats.front().ending);
 }
 
 }  // namespace kelvane::output

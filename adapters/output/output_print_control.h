@@ -3,12 +3,13 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "adapters/output/disk.h"
-#include "adapters/output/pango_measurer.h"
 #include "adapters/output/print_job.h"
+#include "adapters/output/ruled_measurer.h"
 #include "adapters/output/table_export.h"
 #include "platform/print_surroundings.h"
 #include "platform/printing.h"
@@ -28,12 +29,15 @@ struct PrintEnvironment {
     Disk& disk = SystemDisk();
     // The clock by which long work is shown.
     WorkMeter::Clock::time_point (*now)() = &WorkMeter::Clock::now;
+    // What the pages' letters are measured with.
+    RuledMeasurer::RulerMaker makeRuler = SystemRuler;
+    std::span<const FileFormat> formats = FileFormats();
 };
 
 class OutputPrintControl : public platform::PrintControl {
 public:
     explicit OutputPrintControl(PrintEnvironment environment)
-        : mEnvironment(std::move(environment)) {}
+        : mEnvironment(std::move(environment)), mMeasurer(mEnvironment.makeRuler) {}
 
     void SetEnableSave(bool enabled) override { mEnableSave = enabled; }
     int SetDataStyleXml(platform::PrintStyleService& style, std::string_view styleName) override;
@@ -42,18 +46,20 @@ public:
     void Preview() override;
     void Print() override;
 
-    // Everything that goes wrong is reported to `failed` and is kRefused.
+    // Everything that goes wrong is reported to `failed` and is kRefused; only a format that this
+    // system does not write is told in a message box, and then counts as cancelled.
     int WriteToFile(std::string_view dataText, std::string_view formatText) override;
 
 private:
     void PrintPages();
     int WriteTo(const std::string& path, std::string_view dataText, std::string_view formatText);
+    int TellUnwritten(const std::string& path, const FileFormat& format);
     void Failed(std::string_view place, std::string_view reason) const;
     std::string SuggestedName() const;
 
     PrintEnvironment mEnvironment;
     bool mEnableSave = false;
-    PangoMeasurer mMeasurer;
+    RuledMeasurer mMeasurer;
     std::unique_ptr<PrintJob> mJob;
 };
 

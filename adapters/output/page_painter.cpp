@@ -1,5 +1,7 @@
 #include "adapters/output/page_painter.h"
 
+#include "adapters/output/utf8_reader.h"
+
 namespace kelvane::output {
 
 using platform::PageAlignment;

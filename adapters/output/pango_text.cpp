@@ -1,6 +1,5 @@
 #include "adapters/output/pango_text.h"
 
-#include "adapters/output/utf8_reader.h"
 #include "platform/page.h"
 
 namespace kelvane::output {
@@ -25,19 +24,6 @@ PangoFontPointer MakePageFont(const Letters& letters) {
     pango_font_description_set_weight(font.get(),
                                       letters.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
     return font;
-}
-
-std::string ReadableUtf8(std::string_view text) {
-    static constexpr std::string_view kReplacementText = "\uFFFD";
-    std::string readable;
-    readable.reserve(text.size());
-    while (!text.empty()) {
-        const Utf8Character next = FirstCharacter(text);
-        const bool shown = next.valid && next.value >= U' ' && next.value != 0x7F;
-        readable += shown ? text.substr(0, next.length) : kReplacementText;
-        text.remove_prefix(next.length);
-    }
-    return readable;
 }
 
 }  // namespace kelvane::output

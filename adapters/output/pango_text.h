@@ -4,8 +4,6 @@
 #include <pango/pangocairo.h>
 
 #include <memory>
-#include <string>
-#include <string_view>
 
 #include "adapters/output/text_measurer.h"
 
@@ -28,8 +26,5 @@ using PangoFontPointer =
 PangoContextPointer MakePageContext();
 
 PangoFontPointer MakePageFont(const Letters& letters);
-
-// `text` with U+FFFD for every byte that is no UTF-8 and for what cannot be shown on one line.
-std::string ReadableUtf8(std::string_view text);
 
 }  // namespace kelvane::output

@@ -58,10 +58,12 @@ void WritePdf(const platform::PageSource& pages, SafeFile& file, WorkMeter& mete
     sink.Check(cairo_surface_status(surface.get()));
 }
 
-void WritePdfExport(const Export& data, SafeFile& file) {
-    const platform::PageSource& pages = data.pages();
-    WorkMeter meter = data.Meter(static_cast<std::size_t>(pages.PageCount()));
-    WritePdf(pages, file, meter);
+FormatWriter PdfWriter() {
+    return [](const Export& data, SafeFile& file) {
+        const platform::PageSource& pages = data.pages();
+        WorkMeter meter = data.Meter(static_cast<std::size_t>(pages.PageCount()));
+        WritePdf(pages, file, meter);
+    };
 }
 
 }  // namespace kelvane::output

@@ -4,6 +4,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/native_path.h"
+
 namespace kelvane::output {
 
 namespace fs = std::filesystem;
@@ -34,7 +36,8 @@ bool IsDraftName(std::string_view name) {
 
 }  // namespace
 
-SafeFile::SafeFile(const std::string& path, Disk& disk) : mName(path), mPlace(path), mDisk(disk) {
+SafeFile::SafeFile(const std::string& path, Disk& disk)
+    : mName(path), mPlace(platform::PathOf(path)), mDisk(disk) {
     mBuffer.reserve(kBufferSize);
     if (path.empty() || !mPlace.has_filename()) Fail("it has no file name");
     Guard([this] {
@@ -43,9 +46,9 @@ SafeFile::SafeFile(const std::string& path, Disk& disk) : mName(path), mPlace(pa
         if (fs::is_directory(status)) Fail("it is a folder");
         if (fs::exists(status) && !fs::is_regular_file(status)) Fail("it is no plain file");
         if (!fs::is_directory(FolderOf(mPlace))) Fail("there is no such folder");
-        mDisk.CheckWritable(mPlace.string());
+        mDisk.CheckWritable(platform::Utf8Of(mPlace));
         RemoveLeftDrafts();
-        const std::string draft = (FolderOf(mPlace) / DraftName()).string();
+        const std::string draft = platform::Utf8Of(FolderOf(mPlace) / DraftName());
         mFile = mDisk.Create(draft);
         mDraft = draft;
     });
@@ -59,15 +62,15 @@ SafeFile::~SafeFile() {
         mFile = -1;
     }
     std::error_code ignored;
-    if (!mDraft.empty()) fs::remove(mDraft, ignored);
+    if (!mDraft.empty()) fs::remove(platform::PathOf(mDraft), ignored);
 }
 
 void SafeFile::RemoveLeftDrafts() {
     std::error_code unreadable;
     for (fs::directory_iterator each(FolderOf(mPlace), unreadable), end; !unreadable && each != end;
          each.increment(unreadable)) {
-        if (IsDraftName(each->path().filename().string())) {
-            mDisk.RemoveLeftBehind(each->path().string());
+        if (IsDraftName(platform::Utf8Of(each->path().filename()))) {
+            mDisk.RemoveLeftBehind(platform::Utf8Of(each->path()));
         }
     }
 }
@@ -98,13 +101,13 @@ void SafeFile::Flush() {
 void SafeFile::Finish() {
     Flush();
     Guard([this] {
-        mDisk.CopyRights(mFile, mPlace.string());
+        mDisk.CopyRights(mFile, platform::Utf8Of(mPlace));
         mDisk.Sync(mFile);
         // Closed last: until then nobody else takes it for a draft that was left behind.
-        mDisk.Rename(mDraft, mPlace.string());
+        mDisk.Rename(mDraft, platform::Utf8Of(mPlace));
         mDraft.clear();
         mDisk.Close(std::exchange(mFile, -1));
-        mDisk.SyncFolder(FolderOf(mPlace).string());
+        mDisk.SyncFolder(platform::Utf8Of(FolderOf(mPlace)));
     });
 }
 

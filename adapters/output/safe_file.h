@@ -28,7 +28,7 @@ public:
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;
 
-    // The file that is being written, for a library that opens it itself.
+    // The file that is being written (UTF-8), for a library that opens it itself.
     const std::string& Draft() const { return mDraft; }
 
     void Write(std::string_view bytes);

@@ -9,6 +9,7 @@
 
 #include "adapters/output/xml_parser.h"
 #include "adapters/output/xml_text.h"
+#include "platform/native_path.h"
 
 namespace kelvane::output {
 
@@ -121,7 +122,8 @@ void TakeLayout(const XmlElement& layout, StoredStyle& style) {
     }
 }
 
-std::string ReadFile(const std::string& path) {
+std::string ReadFile(const std::string& name) {
+    const std::filesystem::path path = platform::PathOf(name);
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return {};
     if (std::filesystem::file_size(path, error) > kLargestFile || error) return {};

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,23 +34,30 @@ struct Export {
     }
 };
 
+// Writes the whole file but for SafeFile::Finish(). Throws FileFailure and WorkCancelled.
+using FormatWriter = void (*)(const Export& data, SafeFile& file);
+
+void WriteXlsx(const Export& data, SafeFile& file);
+void WriteCsv(const Export& data, SafeFile& file);
+void WriteXml(const Export& data, SafeFile& file);
+// Null on a system that has no library for it.
+FormatWriter PdfWriter();
+
 // One format a file's ending stands for.
 struct FileFormat {
     std::string_view ending;
     std::string_view name;
-    void (*write)(const Export&, SafeFile&);
+    FormatWriter write;  // null: known, but not written on this system
 };
-
-// Each writes the whole file but for SafeFile::Finish(). Throws FileFailure and WorkCancelled.
-void WriteXlsx(const Export& data, SafeFile& file);
-void WriteCsv(const Export& data, SafeFile& file);
-void WritePdfExport(const Export& data, SafeFile& file);
-void WriteXml(const Export& data, SafeFile& file);
 
 // All formats, the usual one first.
 const std::vector<FileFormat>& FileFormats();
 
-// The format of a file by its ending, whatever the case; null when there is none.
-const FileFormat* FindFormat(std::string_view path);
+// The format of a file (UTF-8) by its ending, whatever the case; null when there is none.
+const FileFormat* FindFormat(std::string_view path,
+                             std::span<const FileFormat> formats = FileFormats());
+
+// What a file's name may end in: ".xlsx, .csv or .xml".
+std::string WrittenEndings(std::span<const FileFormat> formats);
 
 }  // namespace kelvane::output

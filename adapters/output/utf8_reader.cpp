@@ -46,4 +46,17 @@ Utf8Character FirstCharacter(std::string_view text) {
     return {kReplacement, 1, false};
 }
 
+std::string ReadableUtf8(std::string_view text) {
+    static constexpr std::string_view kReplacementText = "\uFFFD";
+    std::string readable;
+    readable.reserve(text.size());
+    while (!text.empty()) {
+        const Utf8Character next = FirstCharacter(text);
+        const bool shown = next.valid && next.value >= U' ' && next.value != 0x7F;
+        readable += shown ? text.substr(0, next.length) : kReplacementText;
+        text.remove_prefix(next.length);
+    }
+    return readable;
+}
+
 }  // namespace kelvane::output

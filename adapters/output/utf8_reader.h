@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace kelvane::output {
@@ -16,5 +17,8 @@ struct Utf8Character {
 
 // The first character of `text`, which is not empty.
 Utf8Character FirstCharacter(std::string_view text);
+
+// `text` with U+FFFD for every byte that is no UTF-8 and for what cannot be shown on one line.
+std::string ReadableUtf8(std::string_view text);
 
 }  // namespace kelvane::output

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <filesystem>
 #include <map>
 #include <string>
 
 #include "adapters/output/number_text.h"
 #include "adapters/output/table_export.h"
 #include "adapters/output/xlsx_check.h"
+#include "platform/native_path.h"
 
 namespace kelvane::output {
 
@@ -90,7 +90,7 @@ private:
 };
 
 XlsxFile::XlsxFile(const Export& data, SafeFile& file) : mData(data), mFile(file) {
-    std::string folder = std::filesystem::path(file.Draft()).parent_path().string();
+    std::string folder = platform::Utf8Of(platform::PathOf(file.Draft()).parent_path());
     lxw_workbook_options options{};
     options.constant_memory = data.Rows() > kLongList ? LXW_TRUE : LXW_FALSE;
     options.tmpdir = folder.empty() ? nullptr : folder.data();

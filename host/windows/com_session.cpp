@@ -11,6 +11,7 @@
 #include "adapters/windows/wide_text.h"
 #include "data/login_context.h"
 #include "host/local_time.h"
+#include "host/printing.h"
 #include "host/windows/driven_show.h"
 
 namespace kelvane::host {
@@ -30,6 +31,26 @@ public:
 
 private:
     bool& mShown;
+};
+
+// The services that there are only while windows are.
+class ShownServices {
+public:
+    ShownServices(platform::Services& services, platform::Windows& windows,
+                  platform::PrintSurroundings& printing)
+        : mServices(services) {
+        mServices.windows = &windows;
+        OfferPrinting(mServices, printing);
+    }
+    ~ShownServices() {
+        WithdrawPrinting(mServices);
+        mServices.windows = nullptr;
+    }
+    ShownServices(const ShownServices&) = delete;
+    ShownServices& operator=(const ShownServices&) = delete;
+
+private:
+    platform::Services& mServices;
 };
 
 }  // namespace
@@ -96,11 +117,11 @@ void ComSession::ForgetOldLogins() {
 void ComSession::Show(component::PeriodItem& item) {
     if (mShown) throw windows::CallOrderError("Show：窗口已经打开");
     const Shown shown(mShown);
-    RunWindows(mNotesStatements ? &mStatements : nullptr, [&](platform::Windows& windows) {
-        mServices.windows = &windows;
-        item.Show();
-    });
-    mServices.windows = nullptr;
+    RunWindows(mNotesStatements ? &mStatements : nullptr,
+               [&](platform::Windows& windows, platform::PrintSurroundings& printing) {
+                   const ShownServices services(mServices, windows, printing);
+                   item.Show();
+               });
 }
 
 void AbandonLogin() noexcept try {

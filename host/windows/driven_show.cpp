@@ -6,6 +6,7 @@
 
 #include "adapters/drive/script_operator.h"
 #include "adapters/headless/headless_windows.h"
+#include "adapters/output/named_files.h"
 #include "adapters/windows/wide_text.h"
 #include "host/ending_script.h"
 #include "host/screen.h"
@@ -30,19 +31,20 @@ void OpenNamed(Stream& stream, const wchar_t* variable, std::ios::openmode mode)
     }
 }
 
-void RunDriven(drive::StatementLog* statements,
-               const std::function<void(platform::Windows&)>& work) {
+void RunDriven(drive::StatementLog* statements, const WindowsWork& work) {
     std::ifstream lines;
     std::ofstream transcript;
     OpenNamed(lines, kScript, std::ios::in);
     OpenNamed(transcript, kTranscript, std::ios::app | std::ios::binary);
     EndingScript script(lines, transcript);
+    const auto printing = output::PrintWithoutScreen(
+        [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
     const auto run = [&](platform::Windows& windows) {
         script.SetHost({.init = {},
                         .show = {},
                         .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
                         .statements = statements});
-        work(windows);
+        work(windows, *printing);
         return 0;
     };
     if (!HasScreen()) {
@@ -69,12 +71,11 @@ bool IsDriven() {
     return !windows::EnvironmentText(kScript).empty();
 }
 
-void RunWindows(drive::StatementLog* statements,
-                const std::function<void(platform::Windows&)>& work) {
+void RunWindows(drive::StatementLog* statements, const WindowsWork& work) {
     const DisabledHostWindows disabled;
     if (IsDriven()) return RunDriven(statements, work);
     RunOnScreen(nullptr, [&](const Screen& screen) {
-        work(screen.windows);
+        work(screen.windows, *screen.printing);
         return 0;
     });
 }

@@ -1,6 +1,7 @@
 // The editor's commands: adding, deleting, saving, quitting, and what guards quitting.
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "data/budget_control.h"
 #include "data/login_context.h"
@@ -111,6 +112,7 @@ void frmQCEdit::Form_QueryUnload(bool& cancel, controls::UnloadMode mode) {
 
 void frmQCEdit::Form_Unload() {
     Grid1.CancelEdit();
+    data::gTrapListener = std::exchange(mOuterTrapListener, nullptr);
 }
 
 }  // namespace kelvane::ui

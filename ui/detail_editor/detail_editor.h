@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -120,6 +121,7 @@ private:
 
     bool MayLoseChanges();
     void AllowChanges(bool allowed);
+    void TellFailure(std::string_view place);
     void ShadeRow(int row);
     void AppendLine(const platform::RecordSet& line);
     void LayOutGrid();
@@ -132,6 +134,8 @@ private:
     };
     Incomplete FindIncomplete(int row) const;
 
+    // Who hears of trapped errors when this window does not.
+    std::function<void(std::string_view place)> mOuterTrapListener;
     // The lines' texts as they were loaded, header included.
     std::vector<std::string> mSnapshot;
     // What was picked from a list for an open cell, and the line as it was before: the pick can

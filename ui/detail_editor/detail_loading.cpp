@@ -1,9 +1,11 @@
 // Opening the editor: its layout, toolbar and the lines of the entry.
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "data/login_context.h"
 #include "data/number_format.h"
+#include "ui/common/failure_reason.h"
 #include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
@@ -109,6 +111,8 @@ frmQCEdit::frmQCEdit()
 
 void frmQCEdit::Form_Load() {
     SetNotice("");
+    mOuterTrapListener =
+        std::exchange(data::gTrapListener, [this](std::string_view place) { TellFailure(place); });
     SetIconPicture(kPictureWindow);
     lblTitle.SetCaption(bEquipment ? "项目期初设备明细" : "项目期初存货明细");
     const controls::Grid& entries = GetPeriodItemForm().GridPeriodItem;
@@ -265,8 +269,14 @@ void frmQCEdit::Form_Resize() {
 
 void frmQCEdit::Trapped(std::string_view place, std::string_view detail) noexcept {
     data::ReportTrapped(place, detail);
-    SetNotice(place == "Form_Load" ? "读取明细时出错，明细没有显示，现在不能修改，请退出后重试。"
-                                   : "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。");
+}
+
+void frmQCEdit::TellFailure(std::string_view place) {
+    if (mOuterTrapListener) mOuterTrapListener(place);
+    std::string sentence = place == "Form_Load"
+                               ? "读取明细时出错，明细没有显示，现在不能修改，请退出后重试。"
+                               : "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。";
+    SetNotice(sentence += ReasonOfFailure());
 }
 
 }  // namespace kelvane::ui

@@ -308,6 +308,56 @@ TEST_F(DetailEditorTest, LinesThatCannotBeReadCannotBeReplaced) {
     });
 }
 
+TEST_F(DetailEditorTest, AFailureSaysWhyAndLosesNothing) {
+    const std::string failed = "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。";
+    InEditor([&](frmQCEdit& editor) {
+        log.losesConnection = true;
+        log.failing = "from inventory";
+        EXPECT_EQ(Edit(editor, 1, 0, "M03"), GridAnswer::Refuse);
+        EXPECT_EQ(editor.Notice(), failed + "数据库连接已断开，恢复后会自动重新连接。");
+        EXPECT_EQ(editor.Grid1.RowText(2), "M02\t水泥\t42.5\t吨\t5.00\t30.00\t150.00");
+        editor.Grid1.CancelEdit();
+        EXPECT_EQ(Edit(editor, 1, 0, "M'01"), GridAnswer::Refuse);
+        EXPECT_EQ(editor.Notice(), failed + "内容中可能有单引号（'）等不能用的字符。");
+        editor.Grid1.CancelEdit();
+        log.failing.clear();
+        EXPECT_EQ(Edit(editor, 1, 0, "M03"), GridAnswer::Accept);
+        EXPECT_EQ(editor.Notice(), "");
+    });
+}
+
+TEST_F(DetailEditorTest, AListThatCannotBeShownSaysSoInTheEditor) {
+    references.choose = []() -> std::unique_ptr<support::MemoryRecordSet> {
+        throw platform::ConnectionLost("模拟的连接断开");
+    };
+    InEditor([](frmQCEdit& editor) {
+        EXPECT_TRUE(editor.Grid1.MoveTo(1, 0));
+        EXPECT_TRUE(editor.Grid1.PressReference());
+        EXPECT_EQ(editor.Grid1.RowText(1), "M01\t钢筋\tHRB335\t吨\t10.00\t20.00\t200.00");
+        EXPECT_EQ(editor.Notice(),
+                  "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。数据库连接已断开，恢复后"
+                  "会自动重新连接。");
+    });
+}
+
+TEST_F(DetailEditorTest, ACommandThatFailsByItsKeySaysSoToo) {
+    InEditor([&](frmQCEdit& editor) {
+        Edit(editor, 1, 5, "21");
+        log.losesConnection = true;
+        log.failing = "from PM_ItemElement";
+        EXPECT_TRUE(editor.KeyDown(platform::Key::F6, 0));
+        EXPECT_TRUE(editor.IsLoaded());
+        EXPECT_EQ(editor.Notice(),
+                  "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。数据库连接已断开，恢复后"
+                  "会自动重新连接。");
+        EXPECT_EQ(editor.RetValue, "");
+        log.failing.clear();
+        EXPECT_TRUE(editor.KeyDown(platform::Key::F6, 0));
+        EXPECT_FALSE(editor.IsLoaded());
+        EXPECT_EQ(editor.RetValue, "360.00");
+    });
+}
+
 TEST_F(DetailEditorTest, WhatOtherEntriesTookBackLeavesMoreOfTheBudget) {
     Run("insert into pm_BudgetVer values(1,1)");
     Run("insert into pm_budgetsub values(1,'P02','E02','M01',1,100,10)");

@@ -31,9 +31,11 @@ void frmPeriodItem::FindEntry() {
         data::ShowInformation("没有找到符合条件的数据");
         return;
     }
-    // Moving away would lose sight of a row that was changed and not yet saved.
+    // Moving away would lose sight of a row that was changed and not yet saved, or of a cell that
+    // may not be left.
     const bool unsaved = grid.IsEditing() || grid.RowTouched();
     if (found != grid.Row() && unsaved && !grid.LeaveRow()) return;
+    if (grid.FinishEdit() == controls::GridAnswer::Refuse) return;
     grid.SetRow(found);
     if (!grid.IsRowShown(found)) grid.SetTopRow(found);
     grid.SetCol(kDateColumn);

@@ -409,8 +409,12 @@ TEST_F(EntryCommandsTest, ARowThatMayNotBeLeftKeepsTheSearchAway) {
     Go(1, kDigestColumn);
     Type("");
     EXPECT_TRUE(List().IsEditing());
-    FindFor("P02");
-    EXPECT_EQ(List().Row(), 1);
+    for (const char* code : {"P02", "P01"}) {
+        FindFor(code);
+        EXPECT_EQ(List().Row(), 1);
+        EXPECT_EQ(List().Col(), kDigestColumn);
+        EXPECT_EQ(List().SelectionEnd(), kDigestColumn) << code;
+    }
     EXPECT_THAT(Messages(), testing::Each("[提示信息|information] 摘要不能为空"));
     List().ReplaceEditText("改");
     FindFor("P02");

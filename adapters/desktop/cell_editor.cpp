@@ -81,10 +81,14 @@ void CellEditor::Sync(const wxRect& field) {
     }
     const bool opened = wanted != mField;
     if (opened && mField != nullptr) {
-        const bool focused = HasFocus();
+        // Nobody has the keyboard when the window that was above has just gone.
+        const wxWindow* focused = wxWindow::FindFocus();
+        const bool ours = focused == nullptr || focused == mField;
         mField->Hide();
         mField = nullptr;
-        if (focused && wanted == nullptr) mCanvas.SetFocus();
+        if (ours && wanted == nullptr && mHost.Form().ActiveControl() == &mGrid) {
+            mCanvas.SetFocus();
+        }
     }
     mField = wanted;
     if (mField == nullptr) return;

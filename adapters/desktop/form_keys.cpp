@@ -31,7 +31,9 @@ bool FormKeys::Release(const KeyStroke& stroke) {
     // A key that closed the window above is released here, and means nothing here.
     const auto pressed = mPressed.extract(stroke.key);
     if (stroke.key == Key::None || !pressed) return false;
-    return mForm.KeyUp(stroke.key, pressed.mapped());
+    const bool used = mForm.KeyUp(stroke.key, pressed.mapped());
+    mHooks.catchUp();
+    return used;
 }
 
 void FormKeys::Send(const KeyStroke& stroke) {
@@ -41,7 +43,15 @@ void FormKeys::Send(const KeyStroke& stroke) {
     mForm.KeyUp(stroke.key, stroke.shift);
 }
 
-bool FormKeys::Stroke(KeyStroke stroke) {
+// The next key may already wait: it belongs to the field that this one opens, not to the one that
+// it closes.
+bool FormKeys::Stroke(const KeyStroke& stroke) {
+    const bool used = Take(stroke);
+    mHooks.catchUp();
+    return used;
+}
+
+bool FormKeys::Take(KeyStroke stroke) {
     if (stroke.key == Key::None) return false;
     if (stroke.key == Key::F4 && (stroke.shift & platform::kAlt) != 0) {
         mHooks.close();

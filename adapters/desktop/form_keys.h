@@ -22,6 +22,8 @@ public:
         std::function<void()> help;
         std::function<bool()> enterToolbar;
         std::function<bool()> openDropDown;
+        // Brings the windows up to what a key has changed.
+        std::function<void()> catchUp;
     };
 
     FormKeys(controls::Form& form, Hooks hooks);
@@ -34,7 +36,8 @@ public:
     void Send(const KeyStroke& stroke);
 
 private:
-    bool Stroke(KeyStroke stroke);
+    bool Stroke(const KeyStroke& stroke);
+    bool Take(KeyStroke stroke);
     bool Release(const KeyStroke& stroke);
     bool DialogKey(const KeyStroke& stroke);
     bool PressButton(bool (controls::Button::*chosen)() const);

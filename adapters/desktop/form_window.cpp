@@ -33,9 +33,9 @@ FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
                Style(form)),
       mStage(stage),
       mForm(form),
-      mKeys(form,
-            {[this] { return ActiveView(); }, [this] { Close(); }, [this] { mStage.ShowHelp(); },
-             [this] { return EnterToolbar(); }, [this] { return OpenDropDown(); }}),
+      mKeys(form, {[this] { return ActiveView(); }, [this] { Close(); },
+                   [this] { mStage.ShowHelp(); }, [this] { return EnterToolbar(); },
+                   [this] { return OpenDropDown(); }, [this] { CatchUp(); }}),
       mSurface(new Surface(*this, form)),
       mNotice(new NoticeStrip(*this)) {
     SetEscapeId(wxID_NONE);
@@ -148,6 +148,10 @@ void FormWindow::ScheduleSync() {
     if (mSyncPending) return;
     mSyncPending = true;
     CallAfter([this] { Sync(); });
+}
+
+void FormWindow::CatchUp() {
+    if (mSyncPending) Sync();
 }
 
 void FormWindow::Sync() {

@@ -28,6 +28,7 @@ public:
     FormKeys& Keys() override { return mKeys; }
     void OperatorFocused(controls::Control& control) override;
     void FocusActive() override;
+    void CatchUp() override;
     wxWindow& ParentOf(const controls::Control& control, wxPoint& offset) override;
 
     // After a box was answered: the active control has the keyboard again, if nobody has it.

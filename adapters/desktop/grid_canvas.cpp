@@ -72,6 +72,7 @@ void GridCanvas::OnLeftDown(wxMouseEvent& event) {
     } else if (cell.row >= 0 && cell.col >= 0 && mGrid.HeaderClick) {
         mHost.Form().RunEvent("HeaderClick", [&] { mGrid.HeaderClick(cell.col); });
     }
+    mHost.CatchUp();
     mHost.FocusActive();
 }
 

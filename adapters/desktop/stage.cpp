@@ -118,7 +118,10 @@ void Stage::ShowForm(controls::Form& form) {
     // The window below may have been unloaded meanwhile.
     if (!mLevels.empty() && mLevels.back().form != nullptr) {
         FormWindow* below = mLevels.back().form;
-        below->CallAfter([below] { below->Sync(); });
+        below->CallAfter([below] {
+            below->Sync();
+            below->TakeKeyboard();
+        });
     }
     Wake();
 }

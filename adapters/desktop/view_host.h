@@ -20,6 +20,8 @@ public:
     virtual void OperatorFocused(controls::Control& control) = 0;
     // Puts the keyboard on the window of the form's active control.
     virtual void FocusActive() = 0;
+    // Brings the windows up to the form's state now, if it has changed since the last event.
+    virtual void CatchUp() = 0;
     // The window that a control lies in, and its place there: a control over a grid belongs to the
     // grid, so that it is drawn above it.
     virtual wxWindow& ParentOf(const controls::Control& control, wxPoint& offset) = 0;

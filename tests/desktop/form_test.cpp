@@ -5,6 +5,7 @@
 
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_forms.h"
+#include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::test {
 
@@ -85,7 +86,7 @@ TEST(DesktopForm, ChangesItsWindowsSizeByCode) {
             form.SetSize(15000, 9000);
             return true;
         });
-        Person::Blink();
+        person.SeePainted();
         // The last column's right half was hidden before.
         person.Click(kTitle, 800, 300);
         person.See("cell in the part that was added", [&] { return form.grid.Col() == 9; });
@@ -126,9 +127,8 @@ TEST(DesktopForm, EscapePressesTheCancelButton) {
 TEST(DesktopForm, AComboBoxFillsItsListWhenItOpens) {
     FieldForm form;
     ShowTo(form, [&](Person& person) {
-        person.Click("定位", (1400 + 3060) / 15 - 8, (700 + 165) / 15);
+        person.SeePopup([&] { person.Click("定位", (1400 + 3060) / 15 - 8, (700 + 165) / 15); });
         person.See("dropped", [&] { return form.events == Events{"drop"}; });
-        Person::Blink();
         person.Keys({"Down", "Return"});
         person.See("chosen", [&] { return form.key.ListIndex() >= 0; });
         EXPECT_TRUE(person.Look([&] {
@@ -141,13 +141,12 @@ TEST(DesktopForm, AComboBoxFillsItsListWhenItOpens) {
 TEST(DesktopForm, WritesAPictureOfItself) {
     ListForm form;
     form.SetNotice("保存失败：账套被占用");
-    const auto path = std::filesystem::temp_directory_path() / "kelvane_desktop_test.png";
-    std::filesystem::remove(path);
+    const host_test::TemporaryFolder folder;
+    const auto path = folder / "form.png";
     ShowTo(form, [&](Person& person) {
         EXPECT_TRUE(person.Look([&] { return Windows().SaveScreenshot(path.string()); }));
     });
     EXPECT_GT(std::filesystem::file_size(path), 10000U);
-    std::filesystem::remove(path);
     EXPECT_FALSE(Windows().SaveScreenshot(path.string()));
 }
 

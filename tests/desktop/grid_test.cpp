@@ -117,6 +117,24 @@ TEST(DesktopGrid, InputKindAndLengthHoldInTheNativeField) {
     EXPECT_EQ(beeps, 2);
 }
 
+TEST(DesktopGrid, KeysThatWaitGoWhereTheKeysBeforeThemLead) {
+    ListForm form;
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, kColumnMiddles[9], RowY(1));
+        person.See("cell", [&] { return form.grid.Col() == 9; });
+        person.KeysAhead({"F2", "Home", "7", "Right", "8"});
+        person.See("typed into the field that F2 opened",
+                   [&] { return form.grid.EditText() == "718,234.50"; });
+        person.KeysAhead({"Escape", "Left", "c", "d", "Home", "e"});
+        person.See("typed into the cell to the left",
+                   [&] { return form.grid.Col() == 8 && form.grid.EditText() == "ecd"; });
+        person.KeysAhead({"Escape", "Down", "f", "Return"});
+        person.See("stored below", [&] { return form.grid.Text(2, 8) == "f"; });
+    });
+    EXPECT_EQ(form.grid.Text(1, 8), "期初");
+    EXPECT_EQ(form.grid.Text(1, 9), "1,234.50");
+}
+
 TEST(DesktopGrid, PastedTextPassesTheSameFilter) {
     ListForm form;
     form.refusedCharacter = U'7';
@@ -184,8 +202,7 @@ TEST(DesktopGrid, TheDropDownListFillsTheCell) {
     ShowTo(form, [&](Person& person) {
         person.Click(kTitle, kColumnMiddles[7], RowY(2));
         person.See("cell", [&] { return form.grid.Col() == 7; });
-        person.Keys({"alt+Down"});
-        Person::Blink();
+        person.SeePopup([&] { person.Keys({"alt+Down"}); });
         person.Keys({"Down", "Return"});
         person.See("chosen", [&] { return form.grid.Text(2, 7) == "材料费"; });
     });

@@ -3,10 +3,9 @@
 #include <wx/image.h>
 #include <wx/wfstream.h>
 
-#include <filesystem>
-
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_pages.h"
+#include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::test {
 
@@ -28,12 +27,11 @@ class Photo {
 public:
     // Call it on the windows' thread.
     Photo() {
-        const std::string path =
-            (std::filesystem::temp_directory_path() / "kelvane_page_test.png").string();
+        const host_test::TemporaryFolder folder;
+        const std::string path = (folder / "page.png").string();
         EXPECT_TRUE(Windows().SaveScreenshot(path));
         wxFileInputStream file(wxString::FromUTF8(path));
         EXPECT_TRUE(wxPNGHandler().LoadFile(&mImage, file));
-        std::filesystem::remove(path);
     }
 
     int Count(std::uint32_t color) const {
@@ -102,13 +100,12 @@ TEST(DesktopPages, TheWheelTurnsThemWhenNothingIsLeftToScroll) {
             return true;
         });
         person.Keys({"Home"});
-        Person::Blink();
-        EXPECT_TRUE(person.Look([&] { return Photo().Count(SamplePages::ColorOf(1)) > 0; }));
+        person.See("the page's upper part",
+                   [&] { return Photo().Count(SamplePages::ColorOf(1)) > 0; });
         person.Wheel(kTitle, kMiddleX, kMiddleY, 4);
-        Person::Blink();
-        EXPECT_TRUE(person.Look([&] {
-            return form.pages.Page() == 1 && Photo().Count(SamplePages::ColorOf(1)) == 0;
-        })) << "scrolled away from the page's upper part";
+        person.See("scrolled away from the page's upper part",
+                   [&] { return Photo().Count(SamplePages::ColorOf(1)) == 0; });
+        EXPECT_TRUE(person.Look([&] { return form.pages.Page() == 1; }));
         person.Wheel(kTitle, kMiddleX, kMiddleY, 20);
         person.See("next page", [&] { return form.pages.Page() > 1; });
     });
@@ -121,11 +118,9 @@ TEST(DesktopPages, ArrowsScrollThem) {
     const auto showsUpperPart = [] { return Photo().Count(SamplePages::ColorOf(1)) > 0; };
     ShowTo(form, [&](Person& person) {
         person.Keys(std::vector<std::string>(6, "Down"));
-        Person::Blink();
-        EXPECT_FALSE(person.Look(showsUpperPart));
+        person.See("the lower part", [&] { return !showsUpperPart(); });
         person.Keys(std::vector<std::string>(6, "Up"));
-        Person::Blink();
-        EXPECT_TRUE(person.Look(showsUpperPart));
+        person.See("the upper part", showsUpperPart);
         EXPECT_TRUE(person.Look([&] { return form.pages.Page() == 1; }));
     });
 }

@@ -4,13 +4,14 @@
 #include <wx/app.h>
 #include <wx/toplevel.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <future>
 #include <memory>
+
+#include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::test {
 
@@ -90,10 +91,15 @@ void Person::Keys(const std::vector<std::string>& keys) {
     Input(arguments);
 }
 
+void Person::KeysAhead(const std::vector<std::string>& keys) {
+    Look([&] {
+        Keys(keys);
+        return true;
+    });
+}
+
 void Person::Type(const std::string& text) {
-    // A character that no key has needs a moment for the new keyboard table to be known.
-    const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return c > 0; });
-    Input(std::string("type --delay ") + (plain ? "15" : "120") + " '" + text + "'");
+    Input("type --delay 15 '" + text + "'");
 }
 
 void Person::Hold(const std::string& key) {
@@ -148,6 +154,29 @@ bool Person::See(const std::string& what, const std::function<bool()>& look) {
     }
     ADD_FAILURE() << "never seen: " << what;
     return false;
+}
+
+void Person::SeePainted() {
+    EXPECT_TRUE(Look([] {
+        const host_test::TemporaryFolder folder;
+        return Windows().SaveScreenshot((folder / "window.png").string());
+    }));
+}
+
+void Person::SeePopup(const std::function<void()>& opens) {
+    const auto shown = [] { return OutputOf("xdotool search --onlyvisible --class kelvane"); };
+    const std::string before = shown();
+    opens();
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (shown().size() <= before.size()) {
+        if (std::chrono::steady_clock::now() >= end) {
+            ADD_FAILURE() << "never seen: a list or menu";
+            return;
+        }
+        std::this_thread::sleep_for(kGlance);
+    }
+    // It takes the keyboard at once, but behind its appearing.
+    Blink();
 }
 
 void Person::Blink() {

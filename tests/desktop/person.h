@@ -29,8 +29,11 @@ public:
     Person& operator=(const Person&) = delete;
 
     // Real input by the display's test extension. Keys by their names ("F2", "ctrl+p").
+    // Letters that the usual keyboard lacks are in keyboard.xkb.
     void Keys(const std::vector<std::string>& keys);
     void Type(const std::string& text);
+    // Keys that all wait when the windows look at the first one, as on a busy machine.
+    void KeysAhead(const std::vector<std::string>& keys);
     void Hold(const std::string& key);
     void Release(const std::string& key);
     // Places in the inner area of the window titled `window`, in pixels at 100 % scaling.
@@ -46,7 +49,11 @@ public:
     // Looks again and again until `look` is true; a failed expectation named `what` after some
     // seconds.
     bool See(const std::string& what, const std::function<bool()>& look);
-    // Waits a moment for what has no state to look at: a menu, a new size on its way to the screen.
+    // Waits until the screen shows the window as it is, at its size and place.
+    void SeePainted();
+    // Waits for the list or menu that `opens` lets appear.
+    void SeePopup(const std::function<void()>& opens);
+    // Waits a moment for what has no state to look at.
     static void Blink();
     // Waits until a window with this title is shown, and puts the keyboard on it.
     void SeeWindow(const std::string& window);

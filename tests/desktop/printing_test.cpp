@@ -1,6 +1,7 @@
 // The system's own file and print dialogs, worked by real keys, and what comes of them.
 #include <gtest/gtest.h>
 #include <libintl.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -21,7 +22,8 @@ namespace fs = std::filesystem;
 const platform::FileQuestion kQuestion{
     "输出到文件", "期初 2024.12.xlsx", {{"Excel 工作簿", "xlsx"}, {"文本", "csv"}}};
 
-// A folder that is the current one while the test runs.
+// A folder that is the current one while the test runs: the same for every test, for the system's
+// dialogs begin in the last one's.
 class DesktopPrinting : public testing::Test {
 protected:
     DesktopPrinting() {
@@ -77,7 +79,8 @@ protected:
     }
 
     fs::path mBefore = fs::current_path();
-    fs::path mFolder = fs::temp_directory_path() / "kelvane_printing_test";
+    fs::path mFolder =
+        fs::temp_directory_path() / ("kelvane_printing_test_" + std::to_string(getpid()));
 };
 
 // Selects the first printer, which is a file where there is no other, and prints.

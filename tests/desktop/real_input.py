@@ -19,7 +19,7 @@ from pathlib import Path
 PATIENCE_SECONDS = 20
 GLANCE_SECONDS = 0.05
 BLINK_SECONDS = 0.3
-HELD_SECONDS = 1.0  # long enough for a key to repeat
+HELD_SECONDS = 2.0  # long enough for a key to repeat
 SCENARIOS = Path(__file__).resolve().parent.parent / "scenario"
 DATA = [SCENARIOS / "small.sql", SCENARIOS / "small_details.sql"]
 LIST = "项目期初录入"
@@ -115,8 +115,8 @@ class RealInput(unittest.TestCase):
         xdotool("key", "--delay", 40, *names)
 
     def type(self, text):
-        # A character that no key has needs a moment for the new keyboard table to be known.
-        xdotool("type", "--delay", 40 if text.isascii() else 150, text)
+        """Letters that the usual keyboard lacks are in keyboard.xkb."""
+        xdotool("type", "--delay", 40, text)
 
     def click(self, title, right, down):
         """Clicks in a window, at pixels as 100 % scaling counts them."""

@@ -100,7 +100,7 @@ TEST(DesktopToolbarSwitch, TheOtherToolbarTakesThePlace) {
             form.Form_Resize();
             return true;
         });
-        Person::Blink();
+        person.SeePainted();
         person.Click(kTitle, 73, 20);
         person.See("click", [&] { return form.events == Events{"click PreView"}; });
     });

@@ -1,11 +1,10 @@
 #include "adapters/tsql/postgres_writer.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "adapters/tsql/postgres_conversion.h"
 #include "adapters/tsql/postgres_expression_writer.h"
-#include "adapters/tsql/quoted_text.h"
+#include "adapters/tsql/writer_parts.h"
 
 namespace kelvane::tsql {
 
@@ -20,15 +19,6 @@ std::string ItemText(const Expression& value, PostgresExpressionWriter& writer) 
     return amount ? text + "::" + std::string(PostgresType(value.type)) : text;
 }
 
-ResultColumn ColumnOf(const SelectItem& item) {
-    ResultColumn column{item.alias, item.value->type, ""};
-    if (item.value->kind == Kind::Column) {
-        column.baseColumn = item.value->name;
-        if (column.name.empty()) column.name = item.value->name;
-    }
-    return column;
-}
-
 Translated Finished(std::string text, PostgresExpressionWriter& writer) {
     Translated result;
     result.text = std::move(text);
@@ -38,34 +28,14 @@ Translated Finished(std::string text, PostgresExpressionWriter& writer) {
 
 Translated WriteInsert(const Statement& statement) {
     PostgresExpressionWriter writer;
-    std::string text = "insert into " + QuotedName(statement.target.info->name) + '(';
-    for (const std::string& column : statement.columns) {
-        if (&column != &statement.columns.front()) text += ", ";
-        text += QuotedName(column);
-    }
-    text += ')';
-    const auto addValue = [&](std::size_t place, const Expression& value) {
-        if (place > 0) text += ", ";
-        text += writer.Stored(value, statement.columnTypes[place], statement.columns[place]);
-    };
+    std::string text = InsertHead(statement);
     if (statement.select) {
         const PostgresExpressionWriter::Grouping grouping(writer, *statement.select);
-        text += " select ";
-        for (std::size_t i = 0; i < statement.columns.size(); ++i) {
-            addValue(i, *statement.select->items[i].value);
-        }
+        text += " select " + InsertedItems(statement, writer);
         text += writer.Clauses(*statement.select) + writer.Tail(*statement.select);
     }
-    for (const std::vector<ExpressionPtr>& row : statement.values) {
-        text += &row == &statement.values.front() ? " values (" : ", (";
-        for (std::size_t i = 0; i < row.size(); ++i) addValue(i, *row[i]);
-        text += ')';
-    }
+    text += InsertedRows(statement, writer);
     return Finished(std::move(text), writer);
-}
-
-bool IsConstant(const Assignment& assignment) {
-    return assignment.value->kind == Kind::Literal || assignment.value->kind == Kind::Null;
 }
 
 std::string TargetText(const Statement& statement) {
@@ -75,29 +45,12 @@ std::string TargetText(const Statement& statement) {
 
 Translated WriteUpdate(const Statement& statement) {
     PostgresExpressionWriter writer;
-    std::string text = "update " + TargetText(statement) + " set ";
-    std::string differs;
-    for (const Assignment& assignment : statement.assignments) {
-        const std::string column = QuotedName(assignment.column);
-        const std::string value =
-            writer.Stored(*assignment.value, assignment.type, assignment.column);
-        if (&assignment != &statement.assignments.front()) {
-            text += ", ";
-            differs += " or ";
-        }
-        text.append(column).append(" = ").append(value);
-        differs.append(QuotedName(statement.target.CorrelationName()))
-            .append(".")
-            .append(column)
-            .append(" is distinct from ")
-            .append(value);
-    }
-    const std::string where = statement.where ? writer.Value(*statement.where) : "";
-    // Rows that hold the constants already are left alone: no new version of the row, no lock.
-    const bool constant =
-        std::all_of(statement.assignments.begin(), statement.assignments.end(), IsConstant);
-    if (!where.empty()) text += " where " + where;
-    if (constant) text += (where.empty() ? " where (" : " and (") + differs + ')';
+    const std::string target = QuotedName(statement.target.CorrelationName()) + '.';
+    std::string text = "update " + TargetText(statement);
+    text +=
+        SetAndWhere(statement, writer, [&](const std::string& column, const std::string& value) {
+            return target + column + " is distinct from " + value;
+        });
     return Finished(std::move(text), writer);
 }
 
@@ -135,7 +88,7 @@ Translated PostgresWriter::WriteSelect(const Select& select, bool changeable) co
     for (const SelectItem& item : select.items) {
         if (&item != &select.items.front()) text += ", ";
         text += ItemText(*item.value, writer);
-        result.columns.push_back(ColumnOf(item));
+        result.columns.push_back(ResultColumnOf(item));
     }
     const bool plain = !select.distinct && !select.grouped;
     if (changeable && plain && select.sources.size() == 1) {

@@ -1,10 +1,10 @@
 #include "adapters/tsql/sqlite_writer.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "adapters/tsql/sqlite_expression_writer.h"
 #include "adapters/tsql/sqlite_name.h"
+#include "adapters/tsql/writer_parts.h"
 
 namespace kelvane::tsql {
 
@@ -74,15 +74,6 @@ std::string ItemText(const Select& select, const Expression& value,
     return writer.Comparable(value);
 }
 
-ResultColumn ColumnOf(const SelectItem& item) {
-    ResultColumn column{item.alias, item.value->type, ""};
-    if (item.value->kind == Kind::Column) {
-        column.baseColumn = item.value->name;
-        if (column.name.empty()) column.name = item.value->name;
-    }
-    return column;
-}
-
 Translated WriteSelect(const Select& select, bool changeable) {
     SqliteExpressionWriter writer(QueryText);
     Translated result;
@@ -90,7 +81,7 @@ Translated WriteSelect(const Select& select, bool changeable) {
     for (const SelectItem& item : select.items) {
         if (&item != &select.items.front()) text += ", ";
         text += ItemText(select, *item.value, writer);
-        result.columns.push_back(ColumnOf(item));
+        result.columns.push_back(ResultColumnOf(item));
     }
     if (changeable && select.sources.size() == 1 && !select.distinct && !select.grouped) {
         const TableSource& source = select.sources.front();
@@ -103,30 +94,7 @@ Translated WriteSelect(const Select& select, bool changeable) {
     return result;
 }
 
-Translated WriteInsert(const Statement& statement) {
-    SqliteExpressionWriter writer(QueryText);
-    std::string text = "insert into " + QuotedForSqlite(statement.target.info->name) + '(';
-    for (const std::string& column : statement.columns) {
-        if (&column != &statement.columns.front()) text += ", ";
-        text += QuotedForSqlite(column);
-    }
-    text += ')';
-    const auto addValue = [&](std::size_t place, const Expression& value) {
-        if (place > 0) text += ", ";
-        text += writer.Stored(value, statement.columnTypes[place], statement.columns[place]);
-    };
-    if (statement.select) {
-        text += statement.select->distinct ? " select distinct " : " select ";
-        for (std::size_t i = 0; i < statement.columns.size(); ++i) {
-            addValue(i, *statement.select->items[i].value);
-        }
-        text += Clauses(*statement.select, writer);
-    }
-    for (const std::vector<ExpressionPtr>& row : statement.values) {
-        text += &row == &statement.values.front() ? " values (" : ", (";
-        for (std::size_t i = 0; i < row.size(); ++i) addValue(i, *row[i]);
-        text += ')';
-    }
+Translated Finished(std::string text, SqliteExpressionWriter& writer) {
     Translated result;
     result.text = std::move(text);
     result.parameters = writer.TakeParameters();
@@ -134,47 +102,32 @@ Translated WriteInsert(const Statement& statement) {
     return result;
 }
 
-bool IsConstant(const Assignment& assignment) {
-    return assignment.value->kind == Kind::Literal || assignment.value->kind == Kind::Null;
+Translated WriteInsert(const Statement& statement) {
+    SqliteExpressionWriter writer(QueryText);
+    std::string text = InsertHead(statement);
+    if (statement.select) {
+        text += statement.select->distinct ? " select distinct " : " select ";
+        text += InsertedItems(statement, writer);
+        text += Clauses(*statement.select, writer);
+    }
+    text += InsertedRows(statement, writer);
+    return Finished(std::move(text), writer);
 }
 
 Translated WriteUpdate(const Statement& statement) {
     SqliteExpressionWriter writer(QueryText);
-    std::string text = "update " + QuotedForSqlite(statement.target.info->name) + " set ";
-    std::string differs;
-    for (const Assignment& assignment : statement.assignments) {
-        const std::string column = QuotedForSqlite(assignment.column);
-        const std::string value =
-            writer.Stored(*assignment.value, assignment.type, assignment.column);
-        if (&assignment != &statement.assignments.front()) {
-            text += ", ";
-            differs += " or ";
-        }
-        text.append(column).append(" = ").append(value);
-        differs.append(column).append(" is not ").append(value).append(" collate binary");
-    }
-    const std::string where = statement.where ? writer.Value(*statement.where) : "";
-    // Rows that hold the constants already are left alone, so that nothing needs to be made durable
-    // when there is nothing to change.
-    const bool constant =
-        std::all_of(statement.assignments.begin(), statement.assignments.end(), IsConstant);
-    if (!where.empty()) text += " where " + where;
-    if (constant) text += (where.empty() ? " where (" : " and (") + differs + ')';
-    Translated result;
-    result.text = std::move(text);
-    result.parameters = writer.TakeParameters();
-    result.canFailMidway = writer.CanFail();
-    return result;
+    std::string text = "update " + QuotedForSqlite(statement.target.info->name);
+    text += SetAndWhere(statement, writer, [](const std::string& column, const std::string& value) {
+        return column + " is not " + value + " collate binary";
+    });
+    return Finished(std::move(text), writer);
 }
 
 Translated WriteDelete(const Statement& statement) {
     SqliteExpressionWriter writer(QueryText);
-    Translated result;
-    result.text = "delete from " + QuotedForSqlite(statement.target.info->name);
-    if (statement.where) result.text += " where " + writer.Value(*statement.where);
-    result.parameters = writer.TakeParameters();
-    result.canFailMidway = writer.CanFail();
-    return result;
+    std::string text = "delete from " + QuotedForSqlite(statement.target.info->name);
+    if (statement.where) text += " where " + writer.Value(*statement.where);
+    return Finished(std::move(text), writer);
 }
 
 Translated WriteAny(const Statement& statement, bool changeable) {

@@ -111,8 +111,6 @@ unsigned Threads() {
     entry.dwSize = sizeof(entry);
     for (BOOL more = Thread32First(list, &entry); more; more = Thread32Next(list, &entry)) {
         if (entry.th32OwnerProcessID != GetCurrentProcessId()) continue;
-        GetModuleFileNameW(HomeOf(entry.th32ThreadID), n, 300);
-        std::printf("thread %ls\n", n);
         if (HomeOf(entry.th32ThreadID) != workers) ++count;
     }
     CloseHandle(list);

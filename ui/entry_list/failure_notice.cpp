@@ -72,6 +72,10 @@ void FailureNotice::Succeeded(Work work) {
     if (mShown && (work == mWork || work == Work::Save)) Clear();
 }
 
+void FailureNotice::GivenUp(Work work) {
+    if (mShown && work == mWork) Clear();
+}
+
 void FailureNotice::Clear() {
     mShow("");
     mShown = false;

@@ -27,6 +27,8 @@ public:
     // Clears the line when it speaks of this kind of work; a success of saving clears it in any
     // case.
     void Succeeded(Work work);
+    // Clears the line when it speaks of this kind of work: what it was about is gone.
+    void GivenUp(Work work);
     void Clear();
 
 private:

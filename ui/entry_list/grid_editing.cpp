@@ -255,6 +255,7 @@ void frmPeriodItem::GridPeriodItem_AbandonRow(int row) {
     if (!AskDelete()) return;
     mDetailSql = {};
     GridPeriodItem.RemoveItem(row);
+    mFailureNotice.GivenUp(Work::Save);
 }
 
 void frmPeriodItem::CheckBeforeEntry(bool& ok) {

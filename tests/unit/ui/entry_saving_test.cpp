@@ -415,6 +415,29 @@ TEST_F(EntrySavingTest, AnApostropheIsSavedInAChangedEntryAndEndsANewOne) {
     EXPECT_EQ(List().Text(row, kDigestColumn), "x'); delete from PM_ItemQC --");
 }
 
+TEST_F(EntrySavingTest, ARowThatIsGivenUpTakesItsNoticeAlong) {
+    Open();
+    const int row = AddFilledRow();
+    Go(row, kDigestColumn);
+    Type("工'");
+    EXPECT_FALSE(Go(1, kDateColumn));
+    ASSERT_NE(Form().Notice(), "");
+    windows.answers = {MessageAnswer::No, MessageAnswer::Yes};
+    Form().GridPeriodItem_AbandonRow(row);
+    EXPECT_NE(Form().Notice(), "");
+    Form().GridPeriodItem_AbandonRow(row);
+    EXPECT_EQ(List().Rows(), 4);
+    EXPECT_EQ(Form().Notice(), "");
+    // What is not about saving a row stays.
+    Form().AddEntryRow();
+    data::ReportTrapped("LoadEntryGrid", "gone");
+    const std::string loading = Form().Notice();
+    windows.answers = {MessageAnswer::Yes};
+    Form().GridPeriodItem_AbandonRow(List().Row());
+    EXPECT_EQ(List().Rows(), 4);
+    EXPECT_EQ(Form().Notice(), loading);
+}
+
 // Settled rows.
 
 TEST_F(EntrySavingTest, ASettledRowIsNotDeletedWhenTheCheckAnswers) {

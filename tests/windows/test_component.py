@@ -23,7 +23,7 @@ del sys.argv[1:4]
 TRIAL = PACKAGE / "samples" / "trial.vbs"
 SCRIPTS = wine_session.HERE / "scripts"
 YEAR = "2004"
-SHOW_SECONDS = 300
+SHOW_SECONDS = 600
 ANSWER_SECONDS = 15
 NO_SERVER = "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=1;Database=none;UID=none;PWD=secret"
 # The columns that nobody edits, at the least: less than a tenth of what they take.
@@ -43,14 +43,14 @@ def query(statement):
         ["psql", "-h", parts["Server"], "-p", parts["Port"], "-U", parts["UID"], "-At",
          parts["Database"], "-c", statement],
         env={**os.environ, "PGPASSWORD": parts["PWD"], "PGCLIENTENCODING": "UTF8"},
-        capture_output=True, check=True, encoding="utf-8", timeout=30)
+        capture_output=True, check=True, encoding="utf-8", timeout=120)
     return result.stdout.splitlines()
 
 
 def is_shown(title):
     """Whether a window with the title is to be seen."""
     return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], check=False,
-                          capture_output=True, timeout=60).returncode == 0
+                          capture_output=True, timeout=120).returncode == 0
 
 
 def wait_for(condition, seconds):
@@ -67,7 +67,7 @@ def press(key, condition):
     """Presses a key until the condition holds: a window takes the keyboard some time after it is
     seen, and until then a key is lost."""
     for _ in range(SHOW_SECONDS // ANSWER_SECONDS):
-        subprocess.run(["xdotool", "key", key], check=True, timeout=60)
+        subprocess.run(["xdotool", "key", key], check=True, timeout=120)
         if wait_for(condition, ANSWER_SECONDS):
             return
     raise AssertionError(f"nothing came of the key {key}")
@@ -79,9 +79,9 @@ def wait_for_pixels(colour):
     with tempfile.TemporaryDirectory() as folder:
         picture = Path(folder, "screen.png")
         while True:
-            subprocess.run(["import", "-window", "root", picture], check=True, timeout=60)
+            subprocess.run(["import", "-window", "root", picture], check=True, timeout=120)
             raw = subprocess.run(["convert", picture, "-depth", "8", "rgb:-"], check=True,
-                                 capture_output=True, timeout=60).stdout
+                                 capture_output=True, timeout=120).stdout
             count = sum(raw[at:at + 3] == colour for at in range(0, len(raw), 3))
             if count > LOCKED_PIXELS or time.monotonic() > end:
                 wine_session.keep(picture, "screen.png")

@@ -17,7 +17,7 @@ from pathlib import Path
 import wine_session
 
 KELVANE, ADO_LIBRARY, COMPONENT, HOST = map(Path, sys.argv[1:5])
-SECONDS = 300
+SECONDS = 1200
 
 
 class HostProcessTest(unittest.TestCase):

@@ -19,7 +19,7 @@ import wine_session
 from registry import COMPONENT_KEYS, classes
 
 PACKAGE, ADO, HOST_OBJECTS = (Path(argument) for argument in sys.argv[1:4])
-SECONDS = 300
+SECONDS = 600
 CONNECTION = os.environ["KELVANE_TEST_POSTGRES"]
 
 
@@ -114,7 +114,7 @@ class PackageTest(unittest.TestCase):
     def assert_picture_of_the_list(self, picture):
         wine_session.keep(picture, "list.png")
         described = subprocess.run(["identify", "-format", "%m %w %h %k", picture], check=True,
-                                   capture_output=True, text=True, timeout=60).stdout.split()
+                                   capture_output=True, text=True, timeout=120).stdout.split()
         self.assertEqual(described[0], "PNG")
         # A window that shows texts, icons and cells has more colours than an empty one.
         for size, least in zip(described[1:], (800, 500, 100)):

@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 from pathlib import Path
 
-RUN_SECONDS = 300
+RUN_SECONDS = 600
 HERE = Path(__file__).resolve().parent
 
 

@@ -19,7 +19,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kPatience = 8s;
+constexpr auto kPatience = 30s;
 constexpr auto kPause = 2s;
 constexpr auto kGlance = 15ms;
 

@@ -16,7 +16,7 @@ import unittest
 from contextlib import closing
 from pathlib import Path
 
-PATIENCE_SECONDS = 20
+PATIENCE_SECONDS = 60
 GLANCE_SECONDS = 0.05
 BLINK_SECONDS = 0.3
 HELD_SECONDS = 2.0  # long enough for a key to repeat

@@ -119,7 +119,9 @@ void PlainXlsx(const Grid& grid, const std::string& path) {
                 worksheet_write_number(sheet, line, place, value, amount);
             } else if (row > 0 && col == ui::kDateColumn) {
                 lxw_datetime day{};
-                std::sscanf(text.c_str(), "%d-%d-%d", &day.year, &day.month, &day.day);
+                day.year = std::stoi(text.substr(0, 4));
+                day.month = std::stoi(text.substr(5, 2));
+                day.day = std::stoi(text.substr(8, 2));
                 worksheet_write_datetime(sheet, line, place, &day, date);
             } else {
                 worksheet_write_string(sheet, line, place, text.c_str(), nullptr);
@@ -151,10 +153,10 @@ double PagesOf(const std::string& file) {
     const std::string command = "pdfinfo '" + file + "' | sed -n 's/^Pages: *//p'";
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"),
                                                                  pclose);
-    double pages = 0;
-    if (!output || std::fscanf(output.get(), "%lf", &pages) != 1) {
-        throw std::runtime_error("no answer from: " + command);
-    }
+    std::array<char, 32> answer{};
+    if (output) std::fread(answer.data(), 1, answer.size() - 1, output.get());
+    const double pages = std::strtod(answer.data(), nullptr);
+    if (pages < 1) throw std::runtime_error("no answer from: " + command);
     return pages;
 }
 
@@ -180,7 +182,7 @@ double MemoryOf(const std::string& ending, std::int64_t entries) {
 void MemoryOfExport(benchmark::State& state, const std::string& ending) {
     constexpr std::array<std::int64_t, 3> kSizes{1'000, 10'000, 100'000};
     Samples samples;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::array<double, 3> bytes{};
         for (std::size_t at = 0; at < 3; ++at) bytes[at] = MemoryOf(ending, kSizes[at]);
         samples.Add((bytes[1] - bytes[0]) / static_cast<double>(kSizes[1] - kSizes[0]),

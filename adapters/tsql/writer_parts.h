@@ -62,7 +62,7 @@ std::string SetAndWhere(const Statement& update, Writer& writer, const Differs& 
             text += ", ";
             changes += " or ";
         }
-        text += column + " = " + value;
+        text.append(column).append(" = ").append(value);
         changes += differs(column, value);
     }
     const std::string where = update.where ? writer.Value(*update.where) : "";

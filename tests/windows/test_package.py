@@ -112,7 +112,7 @@ class PackageTest(unittest.TestCase):
         self.assert_picture_of_the_list(picture)
 
     def assert_picture_of_the_list(self, picture):
-        wine_session.keep(picture, "list.png")
+        wine_session.keep(picture, picture.name)
         described = subprocess.run(["identify", "-format", "%m %w %h %k", picture], check=True,
                                    capture_output=True, text=True, timeout=120).stdout.split()
         self.assertEqual(described[0], "PNG")

@@ -13,15 +13,15 @@
 
 /* As <windows.h> has it, which defines names that the libraries use for their own. */
 __declspec(dllimport) int __stdcall MultiByteToWideChar(unsigned int page, unsigned long flags,
-                                                        const char *text, int length,
-                                                        wchar_t *wide, int room);
+                                                        const char* text, int length, wchar_t* wide,
+                                                        int room);
 
 enum { kLongestWidePath = 32768 };
 
 /* To be freed; null when `text` is no UTF-8. */
-static inline wchar_t *WideTextOf(const char *text) {
+static inline wchar_t* WideTextOf(const char* text) {
     const unsigned int utf8 = 65001;
-    wchar_t *wide = (wchar_t *)malloc(kLongestWidePath * sizeof(wchar_t));
+    wchar_t* wide = (wchar_t*)malloc(kLongestWidePath * sizeof(wchar_t));
     if (wide != NULL && MultiByteToWideChar(utf8, 8, text, -1, wide, kLongestWidePath) == 0) {
         free(wide);
         wide = NULL;
@@ -29,25 +29,25 @@ static inline wchar_t *WideTextOf(const char *text) {
     return wide;
 }
 
-static inline FILE *OpenUtf8Stream(const char *name, const char *mode) {
-    wchar_t *wideName = WideTextOf(name);
-    wchar_t *wideMode = WideTextOf(mode);
-    FILE *stream = NULL;
+static inline FILE* OpenUtf8Stream(const char* name, const char* mode) {
+    wchar_t* wideName = WideTextOf(name);
+    wchar_t* wideMode = WideTextOf(mode);
+    FILE* stream = NULL;
     if (wideName != NULL && wideMode != NULL) stream = _wfopen(wideName, wideMode);
     free(wideName);
     free(wideMode);
     return stream;
 }
 
-static inline int OpenUtf8File(const char *name, int flags, int rights) {
-    wchar_t *wideName = WideTextOf(name);
+static inline int OpenUtf8File(const char* name, int flags, int rights) {
+    wchar_t* wideName = WideTextOf(name);
     const int file = wideName == NULL ? -1 : _wopen(wideName, flags, rights);
     free(wideName);
     return file;
 }
 
-static inline int StateOfUtf8File(const char *name, struct stat *state) {
-    wchar_t *wideName = WideTextOf(name);
+static inline int StateOfUtf8File(const char* name, struct stat* state) {
+    wchar_t* wideName = WideTextOf(name);
     const int result = wideName == NULL ? -1 : wstat(wideName, state);
     free(wideName);
     return result;

@@ -93,17 +93,9 @@ class Host:
     """One run of a host, with the operator script that works its windows."""
 
     def __init__(self, script, operator_script, *steps):
-        with tempfile.TemporaryDirectory() as folder:
-            commands = Path(folder, "operator.script")
-            transcript = Path(folder, "transcript.txt")
-            commands.write_text(operator_script, encoding="utf-8")
-            self.report = wine_session.run_script(
-                script, connection_string(),
-                wine_session.windows_path(PACKAGE), YEAR, *steps, seconds=SHOW_SECONDS,
-                environment={"KELVANE_DRIVE": wine_session.windows_path(commands),
-                             "KELVANE_TRANSCRIPT": wine_session.windows_path(transcript)})
-            self.transcript = (transcript.read_text(encoding="utf-8").splitlines()
-                               if transcript.exists() else [])
+        self.report, self.transcript = wine_session.run_driven(
+            script, connection_string(), wine_session.windows_path(PACKAGE), YEAR, *steps,
+            operator_script=operator_script, seconds=SHOW_SECONDS)
 
 
 class ComponentTest(unittest.TestCase):
@@ -111,9 +103,7 @@ class ComponentTest(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        for library in (ADO, PACKAGE / "Kelvane.dll"):
-            if wine_session.register(library) != 0:
-                raise AssertionError(f"{library} did not register")
+        wine_session.register_all(ADO, PACKAGE / "Kelvane.dll")
 
     def setUp(self):
         subprocess.run([PROGRAM, "init", "--sample", "--force", "--database", connection_string()],

@@ -39,9 +39,7 @@ class PrintingTest(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        for library in (ADO, PACKAGE / "Kelvane.dll"):
-            if wine_session.register(library) != 0:
-                raise AssertionError(f"{library} did not register")
+        wine_session.register_all(ADO, PACKAGE / "Kelvane.dll")
         connection = os.environ["KELVANE_TEST_POSTGRES"]
         subprocess.run([PROGRAM, "init", "--sample", "--force", "--database", connection],
                        check=True, capture_output=True, timeout=120)
@@ -65,20 +63,9 @@ class PrintingTest(unittest.TestCase):
     @classmethod
     def show(cls, connection, host_folder, script, picture):
         """Shows the list in a host once; the host's report and the script's transcript."""
-        with tempfile.TemporaryDirectory() as folder:
-            commands, transcript, screen = (Path(folder, name) for name in
-                                            ("operator.script", "transcript.txt", "screen.png"))
-            commands.write_text(script, encoding="utf-8")
-            report = wine_session.run_script(
-                PACKAGE / "samples" / "trial.vbs", connection, host_folder, "2004", "init", "show",
-                seconds=SHOW_SECONDS,
-                environment={"KELVANE_DRIVE": wine_session.windows_path(commands),
-                             "KELVANE_TRANSCRIPT": wine_session.windows_path(transcript),
-                             "KELVANE_SCREENSHOT": wine_session.windows_path(screen)})
-            if screen.exists():
-                wine_session.keep(screen, "printing-" + picture)
-            return report, (transcript.read_text(encoding="utf-8").splitlines()
-                            if transcript.exists() else [])
+        return wine_session.run_driven(
+            PACKAGE / "samples" / "trial.vbs", connection, host_folder, "2004", "init", "show",
+            operator_script=script, seconds=SHOW_SECONDS, picture="printing-" + picture)
 
     def said_after(self, command, occurrence=0):
         """What followed a command's line in the transcript, up to the next command."""

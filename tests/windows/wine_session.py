@@ -40,6 +40,13 @@ def register(library):
     return run("regsvr32", "/s", windows_path(library)).returncode
 
 
+def register_all(*libraries):
+    """Registers COM servers that a test cannot do without."""
+    for library in libraries:
+        if register(library) != 0:
+            raise AssertionError(f"{library} did not register")
+
+
 def run_script(script, *arguments, seconds=RUN_SECONDS, environment=None):
     """Runs a script of VBScript or JScript and returns the lines it reported.
 
@@ -55,3 +62,24 @@ def run_script(script, *arguments, seconds=RUN_SECONDS, environment=None):
         if not lines:
             lines.append(f"(no report; status {result.returncode}; {result.stderr[-2000:]!r})")
         return lines
+
+
+def run_driven(script, *arguments, operator_script, seconds=RUN_SECONDS, picture=None):
+    """Runs a host's script while an operator script works its windows.
+
+    Returns the host's report and the operator script's transcript, in lines. With a picture's name,
+    the screenshot of the run is kept under it.
+    """
+    with tempfile.TemporaryDirectory() as folder:
+        commands, transcript, screen = (Path(folder, name) for name in
+                                        ("operator.script", "transcript.txt", "screen.png"))
+        commands.write_text(operator_script, encoding="utf-8")
+        environment = {"KELVANE_DRIVE": windows_path(commands),
+                       "KELVANE_TRANSCRIPT": windows_path(transcript)}
+        if picture:
+            environment["KELVANE_SCREENSHOT"] = windows_path(screen)
+        report = run_script(script, *arguments, seconds=seconds, environment=environment)
+        if screen.exists():
+            keep(screen, picture)
+        return report, (transcript.read_text(encoding="utf-8").splitlines()
+                        if transcript.exists() else [])

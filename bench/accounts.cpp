@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "host/account_creation.h"
+#include "host/creation/account_creation.h"
 
 namespace kelvane::bench {
 

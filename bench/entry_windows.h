@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/session.h"
+#include "host/account/session.h"
 #include "platform/windows.h"
 #include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"

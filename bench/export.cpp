@@ -11,13 +11,13 @@
 #include <memory>
 #include <stdexcept>
 
-#include "adapters/output/file_printing.h"
+#include "adapters/output/formats/file_printing.h"
 #include "bench/accounts.h"
 #include "bench/child.h"
 #include "bench/entry_windows.h"
 #include "bench/memory.h"
 #include "bench/samples.h"
-#include "host/session.h"
+#include "host/account/session.h"
 
 namespace kelvane::bench {
 

@@ -13,8 +13,8 @@
 #include "bench/entry_windows.h"
 #include "bench/floor.h"
 #include "bench/samples.h"
-#include "host/account_host.h"
-#include "host/account_place.h"
+#include "host/account/account_host.h"
+#include "host/account/account_place.h"
 
 namespace kelvane::bench {
 

@@ -11,7 +11,7 @@
 #include "bench/samples.h"
 #include "bench/server_floor.h"
 #include "data/login_context.h"
-#include "host/server_account.h"
+#include "host/creation/server_account.h"
 
 namespace kelvane::bench {
 

@@ -14,7 +14,7 @@
 #include "bench/child.h"
 #include "bench/entry_windows.h"
 #include "bench/samples.h"
-#include "host/screen.h"
+#include "host/surroundings/screen.h"
 
 namespace kelvane::bench {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "data/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace kelvane::data {
 
@@ -127,8 +127,9 @@ std::span<const AccountTable> AccountTables() {
 }
 
 const AccountTable& AccountTableNamed(std::string_view name) {
-    const auto found = std::ranges::find_if(
-        kTables, [&](const AccountTable& table) { return EqualIgnoringCase(table.name, name); });
+    const auto found = std::ranges::find_if(kTables, [&](const AccountTable& table) {
+        return platform::EqualIgnoringCase(table.name, name);
+    });
     if (found == std::end(kTables))
         throw std::out_of_range("no account table: " + std::string(name));
     return *found;

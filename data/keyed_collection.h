@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "data/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace kelvane::data {
 
@@ -18,26 +18,26 @@ class KeyedCollection {
 public:
     // Throws std::invalid_argument when `key` exists.
     void Add(std::string_view key, T value) {
-        if (!mItems.try_emplace(LowerAscii(key), std::move(value)).second)
+        if (!mItems.try_emplace(platform::LowerAscii(key), std::move(value)).second)
             throw std::invalid_argument("the key exists: " + std::string(key));
     }
 
     // Item and Remove throw std::out_of_range when there is no `key`.
-    const T& Item(std::string_view key) const { return mItems.at(LowerAscii(key)); }
+    const T& Item(std::string_view key) const { return mItems.at(platform::LowerAscii(key)); }
     void Remove(std::string_view key) {
-        if (mItems.erase(LowerAscii(key)) == 0)
+        if (mItems.erase(platform::LowerAscii(key)) == 0)
             throw std::out_of_range("no such key: " + std::string(key));
     }
 
     // Adds the value, or puts it in the place of the one under `key`.
     void Replace(std::string_view key, T value) {
-        mItems.insert_or_assign(LowerAscii(key), std::move(value));
+        mItems.insert_or_assign(platform::LowerAscii(key), std::move(value));
     }
 
     void Clear() { mItems.clear(); }
     void Reserve(std::size_t count) { mItems.reserve(count); }
     std::size_t Count() const { return mItems.size(); }
-    bool HasKey(std::string_view key) const { return mItems.contains(LowerAscii(key)); }
+    bool HasKey(std::string_view key) const { return mItems.contains(platform::LowerAscii(key)); }
 
 private:
     std::unordered_map<std::string, T> mItems;

@@ -1,6 +1,6 @@
 // The program "kelvane".
 
-#include "host/command_line.h"
+#include "host/commands/command_line.h"
 
 int main(int argc, char** argv) {
     return kelvane::host::RunCommandLine(argc, argv);

@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "adapters/windows/wide_text.h"
-#include "host/command_line.h"
+#include "adapters/com/wide_text.h"
+#include "host/commands/command_line.h"
 
 int wmain(int argc, wchar_t** argv) {
     SetConsoleOutputCP(CP_UTF8);
     for (FILE* stream : {stdin, stdout}) _setmode(_fileno(stream), _O_BINARY);
     std::vector<std::string> texts;
-    for (int i = 0; i < argc; ++i) texts.push_back(kelvane::windows::NarrowText(argv[i]));
+    for (int i = 0; i < argc; ++i) texts.push_back(kelvane::com::NarrowText(argv[i]));
     std::vector<char*> arguments;
     for (std::string& text : texts) arguments.push_back(text.data());
     arguments.push_back(nullptr);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "adapters/tsql/ascii.h"
+#include "platform/ascii.h"
 
 namespace kelvane::odbc {
 
 namespace {
 
-using tsql::EqualIgnoringCase;
+using platform::EqualIgnoringCase;
 
 constexpr std::string_view kUser = "UID";
 constexpr std::string_view kPassword = "PWD";
@@ -76,7 +76,7 @@ bool IsPasswordName(std::string_view name) {
 
 bool IsWordPart(char c) {
     return c == '_' || (c >= '0' && c <= '9') ||
-           (tsql::LowerAscii(c) >= 'a' && tsql::LowerAscii(c) <= 'z');
+           (platform::LowerAscii(c) >= 'a' && platform::LowerAscii(c) <= 'z');
 }
 
 void Append(std::string& text, std::string_view part) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/tsql/conversion.h"
+#include "adapters/tsql/values/conversion.h"
 
 namespace kelvane::odbc {
 

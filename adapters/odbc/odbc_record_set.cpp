@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/value_conversion.h"
+#include "adapters/tsql/values/value_conversion.h"
+#include "platform/ascii.h"
 
 namespace kelvane::odbc {
 
@@ -65,7 +65,7 @@ int OdbcRecordSet::FieldCount() const {
 
 int OdbcRecordSet::IndexOf(std::string_view name) const {
     for (int i = 0; i < FieldCount(); ++i) {
-        if (!name.empty() && tsql::EqualIgnoringCase(Column(i).name, name)) return i;
+        if (!name.empty() && platform::EqualIgnoringCase(Column(i).name, name)) return i;
     }
     throw DatabaseError("Item '" + std::string(name) + "' cannot be found in the record set.");
 }

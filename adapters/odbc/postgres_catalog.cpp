@@ -1,7 +1,7 @@
 #include "adapters/odbc/postgres_catalog.h"
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/postgres_definition.h"
+#include "adapters/tsql/postgres/postgres_definition.h"
+#include "platform/ascii.h"
 
 namespace kelvane::odbc {
 
@@ -42,7 +42,7 @@ void PostgresCatalog::Read() {
     const ResultRows rows = mChannel->Run(kColumns);
     for (std::size_t row = 0; row < rows.RowCount(); ++row) {
         const std::string name = Text(rows, row, 0);
-        Known& known = mTables[tsql::LowerAscii(name)];
+        Known& known = mTables[platform::LowerAscii(name)];
         if (!known.table) {
             known.table = std::make_shared<tsql::TableInfo>();
             known.table->name = name;
@@ -73,7 +73,7 @@ void PostgresCatalog::Read() {
 }
 
 std::shared_ptr<const tsql::TableInfo> PostgresCatalog::FindTable(std::string_view name) {
-    const std::string key = tsql::LowerAscii(name);
+    const std::string key = platform::LowerAscii(name);
     auto found = mTables.find(key);
     if (found == mTables.end()) {
         Read();

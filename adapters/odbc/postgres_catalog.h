@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "adapters/odbc/engine_dialect.h"
-#include "adapters/tsql/catalog.h"
+#include "adapters/tsql/language/catalog.h"
 
 namespace kelvane::odbc {
 

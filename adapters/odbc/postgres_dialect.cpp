@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "adapters/odbc/postgres_functions.h"
-#include "adapters/tsql/definition.h"
-#include "adapters/tsql/errors.h"
-#include "adapters/tsql/postgres_definition.h"
-#include "adapters/tsql/quoted_text.h"
+#include "adapters/tsql/language/definition.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/language/quoted_text.h"
+#include "adapters/tsql/postgres/postgres_definition.h"
 
 namespace kelvane::odbc {
 

@@ -11,7 +11,7 @@
 #include "adapters/odbc/engine_dialect.h"
 #include "adapters/odbc/odbc_connection.h"
 #include "adapters/odbc/postgres_catalog.h"
-#include "adapters/tsql/postgres_writer.h"
+#include "adapters/tsql/postgres/postgres_writer.h"
 
 namespace kelvane::odbc {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "adapters/odbc/postgres_dialect.h"
-#include "adapters/tsql/errors.h"
+#include "adapters/tsql/language/errors.h"
 
 namespace kelvane::odbc {
 

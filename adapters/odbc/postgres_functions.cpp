@@ -1,7 +1,7 @@
 #include "adapters/odbc/postgres_functions.h"
 
-#include "adapters/tsql/quoted_text.h"
-#include "adapters/tsql/text_rules.h"
+#include "adapters/tsql/language/quoted_text.h"
+#include "adapters/tsql/language/text_rules.h"
 
 namespace kelvane::odbc {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "adapters/tsql/value_conversion.h"
+#include "adapters/tsql/values/value_conversion.h"
 
 namespace kelvane::odbc {
 

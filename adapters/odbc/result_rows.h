@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "adapters/tsql/packed_rows.h"
 #include "adapters/tsql/translation.h"
+#include "adapters/tsql/values/packed_rows.h"
 #include "platform/value.h"
 
 namespace kelvane::odbc {

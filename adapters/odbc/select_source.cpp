@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/errors.h"
-#include "adapters/tsql/lexer.h"
-#include "adapters/tsql/parser.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/language/lexer.h"
+#include "adapters/tsql/language/parser.h"
+#include "platform/ascii.h"
 
 namespace kelvane::odbc {
 
 namespace {
 
-using tsql::EqualIgnoringCase;
+using platform::EqualIgnoringCase;
 using tsql::Expression;
 using tsql::LexedText;
 using tsql::Select;

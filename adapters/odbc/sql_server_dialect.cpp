@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "adapters/odbc/literal_text.h"
-#include "adapters/tsql/ascii.h"
+#include "platform/ascii.h"
 
 namespace kelvane::odbc {
 
 namespace {
 
-using tsql::EqualIgnoringCase;
+using platform::EqualIgnoringCase;
 
 constexpr int kDeadlock = 1205;
 constexpr int kLockTimeout = 1222;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "adapters/output/preview_window.h"
-#include "adapters/output/style_service.h"
+#include "adapters/output/style/style_service.h"
 
 namespace kelvane::output {
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/output/disk.h"
+#include "adapters/output/files/disk.h"
+#include "adapters/output/formats/table_export.h"
+#include "adapters/output/layout/ruled_measurer.h"
 #include "adapters/output/print_job.h"
-#include "adapters/output/ruled_measurer.h"
-#include "adapters/output/table_export.h"
 #include "platform/print_surroundings.h"
 #include "platform/printing.h"
 #include "platform/windows.h"

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "adapters/output/settings_window.h"
+#include "adapters/output/style/settings_window.h"
 
 namespace kelvane::output {
 

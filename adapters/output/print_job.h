@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
-#include "adapters/output/sheet.h"
-#include "adapters/output/sheet_pages.h"
-#include "adapters/output/style_service.h"
+#include "adapters/output/layout/sheet.h"
+#include "adapters/output/layout/sheet_pages.h"
+#include "adapters/output/style/style_service.h"
 
 namespace kelvane::output {
 

@@ -3,8 +3,8 @@
 #include <sqlite3.h>
 
 #include "adapters/sqlite/function_support.h"
-#include "adapters/tsql/arithmetic.h"
-#include "adapters/tsql/errors.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/values/arithmetic.h"
 
 namespace kelvane::sqlite {
 

@@ -4,7 +4,7 @@
 
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/statement.h"
-#include "adapters/tsql/ascii.h"
+#include "platform/ascii.h"
 
 namespace kelvane::sqlite {
 
@@ -25,7 +25,7 @@ tsql::Type DialectType(const std::string& table, const std::string& column,
 }  // namespace
 
 std::shared_ptr<const tsql::TableInfo> SqliteCatalog::FindTable(std::string_view name) {
-    const std::string key = tsql::LowerAscii(name);
+    const std::string key = platform::LowerAscii(name);
     const auto known = mTables.find(key);
     if (known != mTables.end()) return known->second;
     std::shared_ptr<const tsql::TableInfo> table = Read(key);
@@ -55,7 +55,7 @@ std::shared_ptr<const tsql::TableInfo> SqliteCatalog::Read(const std::string& na
         column.name = statement.Text(1);
         column.type = DialectType(table->name, column.name, declared);
         column.isRowNumber = statement.Integer(4) > 0 && statement.Integer(5) == 1 &&
-                             tsql::EqualIgnoringCase(declared, "integer");
+                             platform::EqualIgnoringCase(declared, "integer");
         column.isTextKey = statement.Integer(6) != 0;
         column.nullable = statement.Integer(3) == 0 && statement.Integer(4) == 0;
         table->columns.push_back(std::move(column));

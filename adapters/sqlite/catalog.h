@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "adapters/tsql/catalog.h"
+#include "adapters/tsql/language/catalog.h"
 
 namespace kelvane::sqlite {
 

@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "adapters/tsql/ascii.h"
+#include "platform/ascii.h"
 #include "platform/database.h"
 
 namespace kelvane::sqlite {
@@ -10,7 +10,7 @@ namespace kelvane::sqlite {
 namespace {
 
 using platform::DatabaseError;
-using tsql::EqualIgnoringCase;
+using platform::EqualIgnoringCase;
 
 std::string_view Trimmed(std::string_view text) {
     while (text.starts_with(' ')) text.remove_prefix(1);

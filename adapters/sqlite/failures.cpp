@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "adapters/tsql/errors.h"
+#include "adapters/tsql/language/errors.h"
 
 namespace kelvane::sqlite {
 

@@ -9,7 +9,7 @@
 
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/statement.h"
-#include "adapters/tsql/conversion.h"
+#include "adapters/tsql/values/conversion.h"
 
 namespace kelvane::sqlite {
 

@@ -9,10 +9,10 @@
 #include "adapters/sqlite/aggregates.h"
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/function_support.h"
-#include "adapters/tsql/arithmetic.h"
-#include "adapters/tsql/conversion.h"
-#include "adapters/tsql/stored_value.h"
-#include "adapters/tsql/text_rules.h"
+#include "adapters/tsql/language/text_rules.h"
+#include "adapters/tsql/values/arithmetic.h"
+#include "adapters/tsql/values/conversion.h"
+#include "adapters/tsql/values/stored_value.h"
 
 namespace kelvane::sqlite {
 

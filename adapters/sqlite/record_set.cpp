@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/errors.h"
-#include "adapters/tsql/value_conversion.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/values/value_conversion.h"
+#include "platform/ascii.h"
 
 namespace kelvane::sqlite {
 
@@ -68,7 +68,7 @@ int SqliteRecordSet::FieldCount() const {
 int SqliteRecordSet::IndexOf(std::string_view name) const {
     const auto& columns = Columns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!name.empty() && tsql::EqualIgnoringCase(columns[i].name, name)) {
+        if (!name.empty() && platform::EqualIgnoringCase(columns[i].name, name)) {
             return static_cast<int>(i);
         }
     }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapters/sqlite/statement.h"
-#include "adapters/tsql/packed_rows.h"
+#include "adapters/tsql/values/packed_rows.h"
 
 namespace kelvane::sqlite {
 

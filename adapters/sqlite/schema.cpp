@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/sqlite_name.h"
-#include "adapters/tsql/type.h"
+#include "adapters/tsql/language/type.h"
+#include "adapters/tsql/sqlite/sqlite_name.h"
+#include "platform/ascii.h"
 
 namespace kelvane::sqlite {
 
 namespace {
 
-using tsql::EqualIgnoringCase;
+using platform::EqualIgnoringCase;
 using Kind = tsql::Type::Kind;
 
 tsql::Type TypeOf(std::string_view text) {

@@ -18,7 +18,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/tsql/table_description.h"
+#include "adapters/tsql/language/table_description.h"
 #include "platform/database.h"
 
 namespace kelvane::sqlite {

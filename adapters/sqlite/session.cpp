@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "adapters/tsql/errors.h"
-#include "adapters/tsql/sqlite_name.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/sqlite/sqlite_name.h"
 
 namespace kelvane::sqlite {
 

@@ -11,8 +11,8 @@
 #include "adapters/sqlite/result_row.h"
 #include "adapters/sqlite/statement_cache.h"
 #include "adapters/sqlite/transactions.h"
-#include "adapters/tsql/lexer.h"
-#include "adapters/tsql/sqlite_writer.h"
+#include "adapters/tsql/language/lexer.h"
+#include "adapters/tsql/sqlite/sqlite_writer.h"
 
 namespace kelvane::sqlite {
 

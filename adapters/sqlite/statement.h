@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "adapters/tsql/conversion.h"
+#include "adapters/tsql/values/conversion.h"
 
 namespace kelvane::sqlite {
 

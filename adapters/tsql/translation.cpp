@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/tsql/analyzer.h"
-#include "adapters/tsql/parser.h"
-#include "adapters/tsql/stored_value.h"
-#include "adapters/tsql/text_rules.h"
+#include "adapters/tsql/language/analyzer.h"
+#include "adapters/tsql/language/parser.h"
+#include "adapters/tsql/language/text_rules.h"
+#include "adapters/tsql/values/stored_value.h"
 
 namespace kelvane::tsql {
 

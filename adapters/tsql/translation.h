@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "adapters/tsql/catalog.h"
-#include "adapters/tsql/conversion.h"
-#include "adapters/tsql/errors.h"
-#include "adapters/tsql/lexer.h"
-#include "adapters/tsql/syntax.h"
-#include "adapters/tsql/token_reader.h"
+#include "adapters/tsql/language/catalog.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/language/lexer.h"
+#include "adapters/tsql/language/syntax.h"
+#include "adapters/tsql/language/token_reader.h"
+#include "adapters/tsql/values/conversion.h"
 
 namespace kelvane::tsql {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/tsql/quoted_text.h"
+#include "adapters/tsql/language/quoted_text.h"
 #include "adapters/tsql/translation.h"
 
 namespace kelvane::tsql {

@@ -20,9 +20,9 @@
 #include <utility>
 
 #include "data/account_tables.h"
-#include "host/host_tables.h"
-#include "host/item_class.h"
-#include "host/table_rows.h"
+#include "host/account/host_tables.h"
+#include "host/account/item_class.h"
+#include "host/account/table_rows.h"
 #include "tests/support/plain_text_connection.h"
 #include "tests/support/test_place.h"
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "adapters/odbc/odbc_connection.h"
-#include "adapters/tsql/table_statements.h"
+#include "adapters/tsql/language/table_statements.h"
 #include "tests/support/bare_odbc.h"
 #include "tests/support/test_tables.h"
 

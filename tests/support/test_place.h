@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/tsql/table_description.h"
+#include "adapters/tsql/language/table_description.h"
 #include "platform/database.h"
 
 namespace kelvane::support {

@@ -1,7 +1,7 @@
 #include "tests/support/test_tables.h"
 
 #include "data/account_tables.h"
-#include "host/host_tables.h"
+#include "host/account/host_tables.h"
 
 namespace kelvane::support {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/tsql/table_description.h"
+#include "adapters/tsql/language/table_description.h"
 
 namespace kelvane::support {
 

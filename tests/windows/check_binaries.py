@@ -48,7 +48,7 @@ def imports_of(binary):
 
 def described_ids():
     """The identities in the interface description: interface, library and class."""
-    text = (ROOT / "host/windows/kelvane.idl").read_text(encoding="utf-8")
+    text = (ROOT / "host/com_server/kelvane.idl").read_text(encoding="utf-8")
     ids = [uuid.UUID(found) for found in re.findall(r"uuid\(([0-9A-F-]{36})\)", text)]
     assert len(ids) == 3, ids
     return ids

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "data/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace kelvane::data {
 namespace {
@@ -15,10 +15,10 @@ namespace {
 TEST(AccountTables, NamesAreDistinct) {
     std::set<std::string> tables;
     for (const AccountTable& table : AccountTables()) {
-        EXPECT_TRUE(tables.insert(LowerAscii(table.name)).second) << table.name;
+        EXPECT_TRUE(tables.insert(platform::LowerAscii(table.name)).second) << table.name;
         std::set<std::string> columns;
         for (const AccountColumn& column : table.columns)
-            EXPECT_TRUE(columns.insert(LowerAscii(column.name)).second) << column.name;
+            EXPECT_TRUE(columns.insert(platform::LowerAscii(column.name)).second) << column.name;
     }
     EXPECT_EQ(tables.size(), 19U);
 }

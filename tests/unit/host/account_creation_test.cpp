@@ -1,4 +1,4 @@
-#include "host/account_creation.h"
+#include "host/creation/account_creation.h"
 
 #include <gtest/gtest.h>
 

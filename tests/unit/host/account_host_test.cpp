@@ -1,9 +1,9 @@
-#include "host/account_host.h"
+#include "host/account/account_host.h"
 
 #include <gtest/gtest.h>
 
-#include "host/account_creation.h"
-#include "host/account_place.h"
+#include "host/account/account_place.h"
+#include "host/creation/account_creation.h"
 #include "tests/unit/host/plain_sqlite.h"
 #include "tests/unit/host/temporary_folder.h"
 

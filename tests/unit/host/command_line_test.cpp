@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/screen.h"
+#include "host/surroundings/screen.h"
 #include "tests/unit/host/plain_sqlite.h"
 #include "tests/unit/host/program.h"
 #include "tests/unit/host/temporary_folder.h"

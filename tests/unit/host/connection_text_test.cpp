@@ -1,11 +1,11 @@
-#include "host/connection_text.h"
+#include "host/account/connection_text.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "host/account_place.h"
-#include "host/password.h"
+#include "host/account/account_place.h"
+#include "host/surroundings/password.h"
 
 namespace kelvane::host_test {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/diagnostics_log.h"
+#include "host/surroundings/diagnostics_log.h"
 
 #include <gtest/gtest.h>
 

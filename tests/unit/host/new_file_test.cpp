@@ -1,4 +1,4 @@
-#include "host/new_file.h"
+#include "host/account/new_file.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "host/account_creation.h"
+#include "host/creation/account_creation.h"
 #include "tests/unit/host/plain_sqlite.h"
 #include "tests/unit/host/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "host/settings_file.h"
+#include "host/surroundings/settings_file.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "adapters/output/disk.h"
+#include "adapters/output/files/disk.h"
 
 namespace kelvane::output_test {
 

@@ -1,4 +1,4 @@
-#include "adapters/output/line_breaking.h"
+#include "adapters/output/layout/line_breaking.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

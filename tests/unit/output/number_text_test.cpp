@@ -1,4 +1,4 @@
-#include "adapters/output/number_text.h"
+#include "adapters/output/layout/number_text.h"
 
 #include <gtest/gtest.h>
 

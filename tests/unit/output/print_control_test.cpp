@@ -3,8 +3,8 @@
 
 #include "adapters/output/output_print_control.h"
 #include "adapters/output/preview_window.h"
-#include "adapters/output/settings_window.h"
-#include "adapters/output/style_service.h"
+#include "adapters/output/style/settings_window.h"
+#include "adapters/output/style/style_service.h"
 #include "tests/support/acting_windows.h"
 #include "tests/unit/host/temporary_folder.h"
 #include "tests/unit/output/failing_disk.h"

@@ -1,4 +1,4 @@
-#include "adapters/output/ruled_measurer.h"
+#include "adapters/output/layout/ruled_measurer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

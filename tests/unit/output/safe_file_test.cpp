@@ -1,9 +1,9 @@
-#include "adapters/output/safe_file.h"
+#include "adapters/output/files/safe_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "adapters/output/xml_text_document.h"
+#include "adapters/output/formats/xml_text_document.h"
 #include "tests/unit/host/temporary_folder.h"
 #include "tests/unit/output/failing_disk.h"
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/output/sheet.h"
-#include "adapters/output/text_measurer.h"
-#include "adapters/output/utf8_reader.h"
+#include "adapters/output/formats/utf8_reader.h"
+#include "adapters/output/layout/sheet.h"
+#include "adapters/output/layout/text_measurer.h"
 
 namespace kelvane::output_test {
 

@@ -1,4 +1,4 @@
-#include "adapters/output/settings_window.h"
+#include "adapters/output/style/settings_window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

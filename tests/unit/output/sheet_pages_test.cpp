@@ -1,4 +1,4 @@
-#include "adapters/output/sheet_pages.h"
+#include "adapters/output/layout/sheet_pages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
-#include "adapters/output/style_service.h"
+#include "adapters/output/style/style_service.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "adapters/output/formats/xml_parser.h"
 #include "adapters/output/output_print_control.h"
-#include "adapters/output/xml_parser.h"
 #include "tests/unit/host/temporary_folder.h"
 #include "tests/unit/output/sample_sheet.h"
 

@@ -6,9 +6,9 @@
 
 #include <csignal>
 
-#include "adapters/output/table_export.h"
-#include "adapters/output/xlsx_check.h"
-#include "adapters/output/xml_parser.h"
+#include "adapters/output/formats/table_export.h"
+#include "adapters/output/formats/xlsx_check.h"
+#include "adapters/output/formats/xml_parser.h"
 #include "tests/unit/host/temporary_folder.h"
 #include "tests/unit/output/recording_surroundings.h"
 #include "tests/unit/output/sample_sheet.h"

@@ -1,10 +1,10 @@
-#include "adapters/tsql/arithmetic.h"
+#include "adapters/tsql/values/arithmetic.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "adapters/tsql/errors.h"
+#include "adapters/tsql/language/errors.h"
 
 namespace kelvane::tsql {
 namespace {

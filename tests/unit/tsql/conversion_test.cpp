@@ -1,11 +1,11 @@
-#include "adapters/tsql/conversion.h"
+#include "adapters/tsql/values/conversion.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "adapters/tsql/errors.h"
-#include "adapters/tsql/stored_value.h"
+#include "adapters/tsql/language/errors.h"
+#include "adapters/tsql/values/stored_value.h"
 
 namespace kelvane::tsql {
 namespace {

@@ -1,8 +1,8 @@
-#include "adapters/tsql/lexer.h"
+#include "adapters/tsql/language/lexer.h"
 
 #include <gtest/gtest.h>
 
-#include "adapters/tsql/errors.h"
+#include "adapters/tsql/language/errors.h"
 
 namespace kelvane::tsql {
 namespace {

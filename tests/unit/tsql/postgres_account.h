@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/catalog.h"
-#include "adapters/tsql/postgres_definition.h"
-#include "adapters/tsql/postgres_writer.h"
+#include "adapters/tsql/language/catalog.h"
+#include "adapters/tsql/postgres/postgres_definition.h"
+#include "adapters/tsql/postgres/postgres_writer.h"
 #include "data/account_tables.h"
+#include "platform/ascii.h"
 
 namespace kelvane::tsql {
 
@@ -42,13 +42,13 @@ public:
     }
 
     std::shared_ptr<const TableInfo> FindTable(std::string_view name) override {
-        const auto found = mTables.find(LowerAscii(name));
+        const auto found = mTables.find(platform::LowerAscii(name));
         return found == mTables.end() ? nullptr : found->second;
     }
 
 private:
     TableInfo& Add(const std::string& name) {
-        auto& table = mTables[LowerAscii(name)];
+        auto& table = mTables[platform::LowerAscii(name)];
         table = std::make_shared<TableInfo>();
         table->name = name;
         table->rowColumn = kPostgresRowColumn;

@@ -1,4 +1,4 @@
-#include "adapters/tsql/postgres_definition.h"
+#include "adapters/tsql/postgres/postgres_definition.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // What each construct becomes for PostgreSQL.
-#include "adapters/tsql/postgres_writer.h"
+#include "adapters/tsql/postgres/postgres_writer.h"
 
 #include <gtest/gtest.h>
 

@@ -4,10 +4,10 @@
 #include <map>
 #include <string>
 
-#include "adapters/tsql/ascii.h"
-#include "adapters/tsql/catalog.h"
-#include "adapters/tsql/sqlite_writer.h"
+#include "adapters/tsql/language/catalog.h"
+#include "adapters/tsql/sqlite/sqlite_writer.h"
 #include "adapters/tsql/translation.h"
+#include "platform/ascii.h"
 
 namespace kelvane::tsql {
 
@@ -28,13 +28,13 @@ public:
     }
 
     std::shared_ptr<const TableInfo> FindTable(std::string_view name) override {
-        const auto found = mTables.find(LowerAscii(name));
+        const auto found = mTables.find(platform::LowerAscii(name));
         return found == mTables.end() ? nullptr : found->second;
     }
 
 private:
     void Add(const std::string& name, std::vector<ColumnInfo> columns) {
-        mTables[LowerAscii(name)] =
+        mTables[platform::LowerAscii(name)] =
             std::make_shared<const TableInfo>(TableInfo{name, std::move(columns)});
     }
 

@@ -1,4 +1,4 @@
-#include "adapters/tsql/table_statements.h"
+#include "adapters/tsql/language/table_statements.h"
 
 #include <gtest/gtest.h>
 

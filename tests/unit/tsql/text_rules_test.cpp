@@ -1,4 +1,4 @@
-#include "adapters/tsql/text_rules.h"
+#include "adapters/tsql/language/text_rules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The values of a record set as the object library types them.
 #pragma once
 
-#include "adapters/tsql/type.h"
+#include "adapters/tsql/language/type.h"
 #include "platform/value.h"
 #include "tests/windows/ado_server/ado_error.h"
 #include "tests/windows/automation/variant.h"

@@ -20,7 +20,7 @@ FakeObject::Function Always(const Variant& answer) {
 }  // namespace
 
 HostObjects::HostObjects(const std::string& connectionString)
-    : mConnection(windows::DispatchObject::Create("ADODB.Connection")) {
+    : mConnection(com::DispatchObject::Create("ADODB.Connection")) {
     mConnection.Put("CursorLocation", Variant::OfInteger(kClientSide));
     mConnection.Call("Open", {Variant::OfText(connectionString)});
 
@@ -47,7 +47,7 @@ HostObjects::HostObjects(const std::string& connectionString)
 
 Variant HostObjects::Query(const Variant& statement) {
     if (atQuery) std::exchange(atQuery, {})();
-    const auto rows = windows::DispatchObject::Create("ADODB.Recordset");
+    const auto rows = com::DispatchObject::Create("ADODB.Recordset");
     rows.Call("Open", {statement, Variant::OfObject(mConnection.Get()),
                        Variant::OfInteger(kClientSide), Variant::OfInteger(1)});
     return Variant::OfObject(rows.Get());

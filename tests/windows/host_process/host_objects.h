@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "adapters/windows/dispatch_object.h"
+#include "adapters/com/dispatch_object.h"
 #include "tests/windows/unit/fake_object.h"
 
 namespace kelvane::windows_test {
@@ -24,7 +24,7 @@ public:
 private:
     Variant Query(const Variant& statement);
 
-    windows::DispatchObject mConnection;
+    com::DispatchObject mConnection;
     // Parts outlive what holds them.
     FakeObject mUnit;
     FakeObject mOperator;

@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "adapters/windows/wide_text.h"
+#include "adapters/com/wide_text.h"
 #include "kelvane_idl.h"
 #include "tests/windows/host_process/process_use.h"
 #include "tests/windows/host_process/test_host.h"
@@ -14,7 +14,7 @@
 namespace kelvane::windows_test {
 namespace {
 
-using windows::ComPointer;
+using com::ComPointer;
 
 constexpr HRESULT kHostRefused = static_cast<HRESULT>(0x80040201);
 constexpr HRESULT kCallOrder = static_cast<HRESULT>(0x80040206);
@@ -48,7 +48,7 @@ std::string ErrorText() {
     if (GetErrorInfo(0, info.Receive()) != S_OK) return "";
     BSTR text = nullptr;
     info->GetDescription(&text);
-    const std::string result = windows::TextOf(text);
+    const std::string result = com::TextOf(text);
     SysFreeString(text);
     return result;
 }
@@ -102,7 +102,7 @@ protected:
         EXPECT_LT(after.bytes, before.bytes + kGrowth);
     }
 
-    TestHost host{windows::NarrowText(windows::EnvironmentText(L"KELVANE_TEST_ACCOUNT"))};
+    TestHost host{com::NarrowText(com::EnvironmentText(L"KELVANE_TEST_ACCOUNT"))};
 };
 
 TEST_F(HostProcessTest, IsShownOverTheHostsWindowWhichTakesNoInputMeanwhile) {
@@ -141,8 +141,7 @@ TEST_F(HostProcessTest, LeavesNothingBehindWhenItIsUnloaded) {
 }
 
 TEST_F(HostProcessTest, CanBeFreedByHand) {
-    const HMODULE library =
-        LoadLibraryW(windows::EnvironmentText(L"KELVANE_TEST_COMPONENT").c_str());
+    const HMODULE library = LoadLibraryW(com::EnvironmentText(L"KELVANE_TEST_COMPONENT").c_str());
     ASSERT_NE(library, nullptr);
     const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
         reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")));

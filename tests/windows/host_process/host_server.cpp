@@ -2,7 +2,7 @@
 // Their account is the one whose connection string KELVANE_TEST_ACCOUNT holds.
 #include <array>
 
-#include "adapters/windows/wide_text.h"
+#include "adapters/com/wide_text.h"
 #include "tests/windows/automation/module.h"
 #include "tests/windows/automation/server.h"
 #include "tests/windows/host_process/host_objects.h"
@@ -15,7 +15,7 @@ windows_test::HostObjects& Objects() {
     static auto* const objects = [] {
         automation::ObjectMade();
         return new windows_test::HostObjects(
-            windows::NarrowText(windows::EnvironmentText(L"KELVANE_TEST_ACCOUNT")));
+            com::NarrowText(com::EnvironmentText(L"KELVANE_TEST_ACCOUNT")));
     }();
     return *objects;
 }

@@ -1,7 +1,7 @@
 // What this process holds of the system, to be compared before and after.
 #pragma once
 
-#include "adapters/windows/com_headers.h"
+#include "adapters/com/com_headers.h"
 
 namespace kelvane::windows_test {
 

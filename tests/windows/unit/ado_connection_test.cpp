@@ -1,10 +1,10 @@
-#include "adapters/windows/ado_connection.h"
+#include "adapters/com/ado_connection.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/windows/unit/fake_ado.h"
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 using platform::StatementText;
@@ -125,4 +125,4 @@ TEST_F(AdoConnectionTest, AFailedOpeningSaysWhyWithoutThePassword) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

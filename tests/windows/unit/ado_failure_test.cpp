@@ -1,8 +1,8 @@
-#include "adapters/windows/ado_failure.h"
+#include "adapters/com/ado_failure.h"
 
 #include <gtest/gtest.h>
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 AdoFailure Failure(int nativeCode, const char* sqlState, HRESULT code = E_FAIL) {
@@ -40,4 +40,4 @@ TEST(AdoFailure, HasNoSecretsOfTheConnection) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

@@ -1,10 +1,10 @@
-#include "adapters/windows/automation_value.h"
+#include "adapters/com/automation_value.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 using platform::DateTime;
@@ -138,4 +138,4 @@ TEST(ToVariant, WritesEachKindAsItsOwn) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

@@ -1,11 +1,11 @@
-#include "adapters/windows/call_arguments.h"
+#include "adapters/com/call_arguments.h"
 
 #include <gtest/gtest.h>
 
-#include "adapters/windows/error_report.h"
+#include "adapters/com/error_report.h"
 #include "tests/windows/unit/fake_object.h"
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 using windows_test::FakeObject;
@@ -85,4 +85,4 @@ TEST_F(CallArgumentsTest, FindsArgumentsByPlaceAndByName) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

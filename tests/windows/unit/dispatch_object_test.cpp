@@ -1,11 +1,11 @@
-#include "adapters/windows/dispatch_object.h"
+#include "adapters/com/dispatch_object.h"
 
 #include <gtest/gtest.h>
 
-#include "adapters/windows/automation_value.h"
+#include "adapters/com/automation_value.h"
 #include "tests/windows/unit/fake_object.h"
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 using windows_test::FakeObject;
@@ -104,4 +104,4 @@ TEST_F(DispatchObjectTest, ReleasesWhatItHeld) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

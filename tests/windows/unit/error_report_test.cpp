@@ -1,14 +1,14 @@
-#include "adapters/windows/error_report.h"
+#include "adapters/com/error_report.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 
-#include "adapters/windows/com_pointer.h"
-#include "adapters/windows/wide_text.h"
+#include "adapters/com/com_pointer.h"
+#include "adapters/com/wide_text.h"
 #include "platform/host.h"
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 template <typename Error>
@@ -52,4 +52,4 @@ TEST(ErrorReport, BecomesTheThreadsErrorObject) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

@@ -23,7 +23,7 @@ public:
             connection.Add(method, DISPATCH_METHOD, [this, method](auto&) { return Do(method); });
         }
         connection.Add("Execute", DISPATCH_METHOD, [this](const FakeObject::Arguments& arguments) {
-            statements.push_back(windows::TextOf(V_BSTR(&arguments.at(0).Get())));
+            statements.push_back(com::TextOf(V_BSTR(&arguments.at(0).Get())));
             return Do("Execute");
         });
         result.Add("NextRecordset", DISPATCH_METHOD, [this](auto&) { return Do("NextRecordset"); });

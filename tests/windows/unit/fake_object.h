@@ -9,13 +9,13 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/windows/com_pointer.h"
-#include "adapters/windows/variant.h"
-#include "adapters/windows/wide_text.h"
+#include "adapters/com/com_pointer.h"
+#include "adapters/com/variant.h"
+#include "adapters/com/wide_text.h"
 
 namespace kelvane::windows_test {
 
-using windows::Variant;
+using com::Variant;
 
 // Thrown by a member: the call fails with this report.
 struct Refusal {
@@ -30,7 +30,7 @@ public:
 
     // A member that can be called in the ways of `kinds` (DISPATCH_…) and in no other.
     void Add(const std::string& name, WORD kinds, Function function) {
-        mMembers.push_back({windows::WideText(name), kinds, std::move(function)});
+        mMembers.push_back({com::WideText(name), kinds, std::move(function)});
     }
     void AddProperty(const std::string& name, Variant value) {
         Add(name, DISPATCH_PROPERTYGET, [value](const Arguments&) { return value; });
@@ -41,7 +41,7 @@ public:
     // Every call, as "kind name".
     std::vector<std::string> calls;
 
-    windows::ComPointer<IDispatch> Pointer() { return windows::ComPointer<IDispatch>::Share(this); }
+    com::ComPointer<IDispatch> Pointer() { return com::ComPointer<IDispatch>::Share(this); }
     ULONG References() const { return mReferences; }
 
     STDMETHOD(QueryInterface)(REFIID id, void** object) override {
@@ -106,7 +106,7 @@ private:
     HRESULT Run(DISPID id, WORD kind, const DISPPARAMS& parameters, VARIANT* result,
                 EXCEPINFO* exception) {
         const Member& member = mMembers.at(static_cast<std::size_t>(id) - 1);
-        calls.push_back(std::to_string(kind) + " " + windows::NarrowText(member.name));
+        calls.push_back(std::to_string(kind) + " " + com::NarrowText(member.name));
         // As strict objects do: one kind at a time.
         if ((kind & ~member.kinds) != 0) return DISP_E_MEMBERNOTFOUND;
         Arguments arguments;
@@ -119,8 +119,7 @@ private:
             return S_OK;
         } catch (const Refusal& refusal) {
             exception->scode = refusal.code;
-            exception->bstrDescription =
-                SysAllocString(windows::WideText(refusal.description).c_str());
+            exception->bstrDescription = SysAllocString(com::WideText(refusal.description).c_str());
             return DISP_E_EXCEPTION;
         }
     }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/windows/com_headers.h"
+#include "adapters/com/com_headers.h"
 
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);

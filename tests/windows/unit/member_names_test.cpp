@@ -1,4 +1,4 @@
-#include "adapters/windows/member_names.h"
+#include "adapters/com/member_names.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "platform/host.h"
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 std::string RefusalOf(std::string_view text) {
@@ -56,4 +56,4 @@ TEST(MemberNames, AreReadInBothEncodings) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

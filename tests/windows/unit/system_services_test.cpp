@@ -6,11 +6,11 @@
 #include <fstream>
 #include <sstream>
 
-#include "adapters/windows/machine_registry.h"
-#include "adapters/windows/msxml_document.h"
-#include "adapters/windows/wide_text.h"
+#include "adapters/com/machine_registry.h"
+#include "adapters/com/msxml_document.h"
+#include "adapters/com/wide_text.h"
 
-namespace kelvane::windows {
+namespace kelvane::com {
 namespace {
 
 using Outcome = platform::Registry::Outcome;
@@ -95,4 +95,4 @@ TEST_F(MsxmlDocumentTest, NamesTheFileThatCannotBeWritten) {
 }
 
 }  // namespace
-}  // namespace kelvane::windows
+}  // namespace kelvane::com

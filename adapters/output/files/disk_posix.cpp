@@ -1,0 +1,101 @@
+#include "adapters/output/files/disk.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+namespace kelvane::output {
+
+namespace {
+
+constexpr mode_t kNewFileRights = 0666;
+
+[[noreturn]] void Fail() {
+    throw std::system_error(errno, std::generic_category());
+}
+
+void Need(bool done) {
+    if (!done) Fail();
+}
+
+mode_t UsualRights() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return kNewFileRights & ~mask;
+}
+
+}  // namespace
+
+void Disk::CheckWritable(const std::string& path) {
+    Need(access(path.c_str(), W_OK) == 0 || errno == ENOENT);
+}
+
+int Disk::Create(const std::string& path) {
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    for (;;) {
+        const int file = open(path.c_str(), kFlags, S_IRUSR | S_IWUSR);
+        Need(file >= 0);
+        // Where files cannot be locked, none is ever taken for one that was left behind.
+        flock(file, LOCK_EX);
+        struct stat found {};
+        if (fstat(file, &found) != 0 || found.st_nlink > 0) return file;
+        // Another process took it for one that was left behind before it was locked.
+        close(file);
+    }
+}
+
+void Disk::RemoveLeftBehind(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) return;
+    if (flock(file, LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+    close(file);
+}
+
+void Disk::Write(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        Need(written > 0);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void Disk::CopyRights(int file, const std::string& model) {
+    struct stat found {};
+    const bool there = stat(model.c_str(), &found) == 0;
+    Need(fchmod(file, there ? found.st_mode & ALLPERMS : UsualRights()) == 0);
+}
+
+void Disk::Sync(int file) {
+    Need(fsync(file) == 0);
+}
+
+void Disk::Close(int file) {
+    Need(close(file) == 0);
+}
+
+void Disk::Rename(const std::string& from, const std::string& to) {
+    Need(std::rename(from.c_str(), to.c_str()) == 0);
+}
+
+void Disk::SyncFolder(const std::string& folder) {
+    const int opened = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    Need(opened >= 0);
+    const bool synced = fsync(opened) == 0 || errno == EINVAL;
+    const int error = errno;
+    close(opened);
+    errno = error;
+    Need(synced);
+}
+
+Disk& SystemDisk() {
+    static Disk disk;
+    return disk;
+}
+
+}  // namespace kelvane::output

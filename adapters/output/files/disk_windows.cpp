@@ -1,0 +1,126 @@
+// The disk as Windows has it. A file that is being written is open with what lets it be renamed and
+// written by others, and not by who wants it for himself alone.
+
+#include <errno.h>
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+#include "adapters/output/files/disk.h"
+#include "platform/native_path.h"
+
+namespace kelvane::output {
+
+namespace {
+
+struct Reason {
+    DWORD code;
+    std::errc meaning;
+};
+constexpr std::array kReasons{
+    Reason{ERROR_ACCESS_DENIED, std::errc::permission_denied},
+    Reason{ERROR_WRITE_PROTECT, std::errc::read_only_file_system},
+    Reason{ERROR_SHARING_VIOLATION, std::errc::device_or_resource_busy},
+    Reason{ERROR_LOCK_VIOLATION, std::errc::device_or_resource_busy},
+    Reason{ERROR_USER_MAPPED_FILE, std::errc::device_or_resource_busy},
+    Reason{ERROR_DISK_FULL, std::errc::no_space_on_device},
+    Reason{ERROR_HANDLE_DISK_FULL, std::errc::no_space_on_device},
+    Reason{ERROR_FILE_NOT_FOUND, std::errc::no_such_file_or_directory},
+    Reason{ERROR_PATH_NOT_FOUND, std::errc::no_such_file_or_directory},
+    Reason{ERROR_FILE_EXISTS, std::errc::file_exists},
+    Reason{ERROR_ALREADY_EXISTS, std::errc::file_exists},
+    Reason{ERROR_FILENAME_EXCED_RANGE, std::errc::filename_too_long},
+};
+
+// Throws for what the system refused last; the reasons are named as elsewhere.
+[[noreturn]] void Refuse() {
+    const DWORD code = GetLastError();
+    for (const Reason& reason : kReasons) {
+        if (reason.code == code) throw std::system_error(std::make_error_code(reason.meaning));
+    }
+    throw std::system_error(std::make_error_code(std::errc::io_error));
+}
+
+void Need(bool done) {
+    if (!done) Refuse();
+}
+
+// For the calls of the C library.
+void NeedNoError(bool done) {
+    if (!done) throw std::system_error(errno, std::generic_category());
+}
+
+std::wstring Wide(const std::string& path) {
+    return platform::PathOf(path).wstring();
+}
+
+HANDLE HandleOf(int file) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(file));
+}
+
+}  // namespace
+
+void Disk::CheckWritable(const std::string& path) {
+    constexpr int kWritable = 2;
+    NeedNoError(_waccess(Wide(path).c_str(), kWritable) == 0 || errno == ENOENT);
+}
+
+int Disk::Create(const std::string& path) {
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    HANDLE handle = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_NEW,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    Need(handle != INVALID_HANDLE_VALUE);
+    const int file = _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_BINARY);
+    if (file < 0) CloseHandle(handle);
+    NeedNoError(file >= 0);
+    return file;
+}
+
+void Disk::RemoveLeftBehind(const std::string& path) {
+    // Nobody else may have it open.
+    HANDLE handle = CreateFileW(Wide(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
+}
+
+void Disk::Write(int file, std::string_view bytes) {
+    constexpr std::size_t kMost = 1U << 20U;
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto count = static_cast<DWORD>(std::min(bytes.size(), kMost));
+        Need(WriteFile(HandleOf(file), bytes.data(), count, &written, nullptr) != 0);
+        if (written == 0) SetLastError(ERROR_DISK_FULL);
+        Need(written > 0);
+        bytes.remove_prefix(written);
+    }
+}
+
+// A new file has the rights that its folder gives.
+void Disk::CopyRights(int /*file*/, const std::string& /*model*/) {}
+
+void Disk::Sync(int file) {
+    Need(FlushFileBuffers(HandleOf(file)) != 0);
+}
+
+void Disk::Close(int file) {
+    NeedNoError(_close(file) == 0);
+}
+
+void Disk::Rename(const std::string& from, const std::string& to) {
+    Need(MoveFileExW(Wide(from).c_str(), Wide(to).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0);
+}
+
+// Renaming waits until it has reached the disk.
+void Disk::SyncFolder(const std::string& /*folder*/) {}
+
+Disk& SystemDisk() {
+    static Disk disk;
+    return disk;
+}
+
+}  // namespace kelvane::output

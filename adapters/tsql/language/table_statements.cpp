@@ -1,0 +1,84 @@
+#include "adapters/tsql/language/table_statements.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "adapters/tsql/language/type.h"
+#include "platform/ascii.h"
+
+namespace kelvane::tsql {
+
+namespace {
+
+using platform::StatementText;
+
+void AppendType(StatementText& text, const std::string& declared) {
+    const std::optional<Type> type = ParseType(declared);
+    if (!type) throw std::invalid_argument("no type of the dialect: " + declared);
+    text.Identifier(TypeName(*type));
+    if (type->IsText() && type->length > 0) {
+        text << "(";
+        text.Number(type->length) << ")";
+    }
+}
+
+void AppendNames(StatementText& text, const std::vector<std::string>& names) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i != 0) text << ",";
+        text.Identifier(names[i]);
+    }
+}
+
+bool IsKey(const TableDescription& table, std::string_view column) {
+    return std::ranges::any_of(table.key, [&](const std::string& key) {
+        return platform::EqualIgnoringCase(key, column);
+    });
+}
+
+StatementText CreateTable(const TableDescription& table) {
+    StatementText text("create table ");
+    text.Identifier(table.name) << "(";
+    for (const ColumnDescription& column : table.columns) {
+        if (&column != &table.columns.front()) text << ",";
+        text.Identifier(column.name) << " ";
+        AppendType(text, column.type);
+        const bool nullable = column.nullable && !IsKey(table, column.name);
+        if (nullable) {
+            text << " null";
+        } else {
+            text << " not null";
+        }
+    }
+    if (!table.key.empty()) {
+        text << ",primary key(";
+        AppendNames(text, table.key);
+        text << ")";
+    }
+    return text << ")";
+}
+
+StatementText CreateIndex(const TableDescription& table, const std::vector<std::string>& columns) {
+    std::string name = table.name;
+    for (const std::string& column : columns) name += '_' + column;
+    StatementText text("create index ");
+    text.Identifier(name + "_index") << " on ";
+    text.Identifier(table.name) << "(";
+    AppendNames(text, columns);
+    return text << ")";
+}
+
+}  // namespace
+
+std::vector<StatementText> CreateStatements(const TableDescription& table) {
+    std::vector<StatementText> statements{CreateTable(table)};
+    for (const auto& columns : table.indexes) statements.push_back(CreateIndex(table, columns));
+    return statements;
+}
+
+StatementText DropStatement(const std::string& table) {
+    StatementText text("drop table ");
+    text.Identifier(table);
+    return text;
+}
+
+}  // namespace kelvane::tsql

@@ -1,0 +1,212 @@
+#include "adapters/tsql/sqlite/sqlite_expression_writer.h"
+
+#include <utility>
+
+#include "adapters/tsql/sqlite/sqlite_name.h"
+
+namespace kelvane::tsql {
+
+namespace {
+
+using Kind = Expression::Kind;
+
+std::string KindNumber(Type type) {
+    return std::to_string(static_cast<int>(type.kind));
+}
+
+}  // namespace
+
+std::string SqliteExpressionWriter::AddParameter(const Expression& literal, Parameter::Use use,
+                                                 Type type, std::string_view column) {
+    mParameters.push_back({literal.literal, literal.negated, type, use, std::string(column)});
+    return '?' + std::to_string(mParameters.size());
+}
+
+std::string SqliteExpressionWriter::Call(std::string_view function,
+                                         std::initializer_list<std::string> arguments) {
+    mCanFail = true;
+    std::string text = "kelvane_" + std::string(function) + '(';
+    for (const std::string& argument : arguments) {
+        if (&argument != arguments.begin()) text += ", ";
+        text += argument;
+    }
+    return text + ')';
+}
+
+std::string SqliteExpressionWriter::StoredColumn(const Expression& column) {
+    return QuotedForSqlite(column.table) + '.' + QuotedForSqlite(column.name);
+}
+
+std::string SqliteExpressionWriter::Value(const Expression& expression) {
+    if (expression.IsCondition()) return Condition(expression);
+    const auto& operands = expression.operands;
+    switch (expression.kind) {
+        case Kind::Literal:
+            return AddParameter(expression, Parameter::Use::Value, expression.type);
+        case Kind::Column:
+            if (expression.type.kind == Type::Kind::Money) {
+                return Call("units", {StoredColumn(expression)});
+            }
+            if (expression.type.kind == Type::Kind::DateTime) {
+                return Call("date", {StoredColumn(expression)});
+            }
+            return StoredColumn(expression);
+        case Kind::Arithmetic: {
+            std::string left = Value(*operands[0]);
+            std::string right = Value(*operands[1]);
+            return Call("arithmetic", {'\'' + expression.symbol + '\'', KindNumber(expression.type),
+                                       std::move(left), std::move(right)});
+        }
+        case Kind::Concatenate: {
+            std::string left = Value(*operands[0]);
+            return '(' + left + " || " + Value(*operands[1]) + ')';
+        }
+        case Kind::Function:
+            return FunctionValue(expression);
+        case Kind::Aggregate:
+            return AggregateValue(expression);
+        case Kind::Convert:
+            return ConvertValue(expression);
+        case Kind::Query:
+            return QueryValue(*expression.query);
+        default:
+            return "null";
+    }
+}
+
+std::string SqliteExpressionWriter::Comparable(const Expression& expression) {
+    std::string value = Value(expression);
+    return expression.type.IsText() ? value + " collate kelvane_text" : value;
+}
+
+std::string SqliteExpressionWriter::Stored(const Expression& expression, Type type,
+                                           std::string_view column) {
+    if (expression.kind == Kind::Literal) {
+        return AddParameter(expression, Parameter::Use::Stored, type, column);
+    }
+    if (expression.kind == Kind::Null) return "null";
+    std::string value = Value(expression);
+    if (expression.type.kind != type.kind) {
+        const int length = 0;
+        value = Call("convert", {std::move(value), KindNumber(expression.type), KindNumber(type),
+                                 std::to_string(length), "0"});
+    }
+    return Call("store", {std::move(value), KindNumber(type), std::to_string(type.length),
+                          QuotedText(column)});
+}
+
+std::string SqliteExpressionWriter::FunctionValue(const Expression& expression) {
+    std::string first = Value(*expression.operands[0]);
+    if (expression.name == "isnull") {
+        return "ifnull(" + first + ", " + Value(*expression.operands[1]) + ')';
+    }
+    if (expression.name == "len") return "length(rtrim(" + first + "))";
+    return expression.name + '(' + first + ", ' ')";
+}
+
+std::string SqliteExpressionWriter::AggregateValue(const Expression& expression) {
+    if (expression.operands.empty()) return "count(*)";
+    const Expression& operand = *expression.operands[0];
+    const std::string distinct = expression.distinct ? "distinct " : "";
+    const bool adds = expression.name == "sum" || expression.name == "avg";
+    const std::string argument = distinct + (adds ? Value(operand) : Comparable(operand));
+    if (!adds || operand.type.kind == Type::Kind::Float) {
+        return expression.name + '(' + argument + ')';
+    }
+    const bool money = operand.type.kind == Type::Kind::Money;
+    const bool big = operand.type.kind == Type::Kind::BigInt;
+    return Call(expression.name + (money || big ? "" : "_int"), {argument});
+}
+
+std::string SqliteExpressionWriter::ConvertValue(const Expression& expression) {
+    const Expression& operand = *expression.operands[0];
+    if (operand.kind == Kind::Null) return "null";
+    return Call("convert",
+                {Value(operand), KindNumber(operand.type), KindNumber(expression.type),
+                 std::to_string(expression.type.length), std::to_string(expression.style)});
+}
+
+std::string SqliteExpressionWriter::QueryValue(const Select& query) {
+    const std::string text = mWriteQuery(query, *this);
+    const bool oneRow = query.grouped && query.groups.empty();
+    if (oneRow) return '(' + text + ')';
+    return "(select " + Call("single", {"value"}) + " from (select * from (" + text + ") limit 2))";
+}
+
+std::string SqliteExpressionWriter::CompareCondition(const Expression& expression) {
+    const Expression& left = *expression.operands[0];
+    const Expression& right = *expression.operands[1];
+    if (expression.symbol == "=" && left.type.IsText()) {
+        const bool swapped = left.kind == Kind::Literal;
+        const Expression& column = swapped ? right : left;
+        const Expression& literal = swapped ? left : right;
+        if (column.kind == Kind::Column && literal.kind == Kind::Literal &&
+            literal.form != Literal::Form::CasedText) {
+            return "rtrim(" + StoredColumn(column) +
+                   ") = " + AddParameter(literal, Parameter::Use::Trimmed, literal.type) +
+                   " collate nocase";
+        }
+    }
+    const std::string first = Value(left);
+    std::string text = first + ' ' + expression.symbol + ' ' + Comparable(right);
+    if (expression.symbol == "=" && left.kind == Kind::Column && right.kind == Kind::Column) {
+        if (left.isTextKey) text += KeyRange(left, right);
+        if (right.isTextKey) text += KeyRange(right, left);
+    }
+    return text;
+}
+
+// The keys' index knows the letter case of ASCII alone. A key that equals `sought` lies between
+// these two, which are one and the same unless other letters with a case are in it.
+std::string SqliteExpressionWriter::KeyRange(const Expression& key, const Expression& sought) {
+    const std::string indexed = "rtrim(" + StoredColumn(key) + ')';
+    const std::string text = StoredColumn(sought);
+    return " and " + indexed + " >= kelvane_first_key(" + text + ") collate nocase and " + indexed +
+           " <= kelvane_last_key(" + text + ") collate nocase";
+}
+
+std::string SqliteExpressionWriter::Condition(const Expression& expression) {
+    const auto& operands = expression.operands;
+    const std::string negation = expression.negated ? "not " : "";
+    switch (expression.kind) {
+        case Kind::And:
+        case Kind::Or: {
+            const std::string left = Condition(*operands[0]);
+            const char* word = expression.kind == Kind::And ? " and " : " or ";
+            return '(' + left + word + Condition(*operands[1]) + ')';
+        }
+        case Kind::Not:
+            return "(not " + Condition(*operands[0]) + ')';
+        case Kind::Compare:
+            return '(' + CompareCondition(expression) + ')';
+        case Kind::IsNull:
+            return '(' + Value(*operands[0]) + " is " + negation + "null)";
+        case Kind::Like: {
+            const std::string text = Value(*operands[0]);
+            const std::string pattern = Value(*operands[1]);
+            return '(' + negation + "kelvane_like(" + pattern + ", " + text + "))";
+        }
+        case Kind::Between: {
+            std::string text = '(' + Comparable(*operands[0]) + ' ' + negation + "between ";
+            text += Value(*operands[1]);
+            text += " and ";
+            return text + Value(*operands[2]) + ')';
+        }
+        case Kind::InList: {
+            std::string text = '(' + Comparable(*operands[0]) + ' ' + negation + "in (";
+            for (std::size_t i = 1; i < operands.size(); ++i) {
+                if (i > 1) text += ", ";
+                text += Value(*operands[i]);
+            }
+            return text + "))";
+        }
+        case Kind::InQuery: {
+            const std::string text = '(' + Comparable(*operands[0]) + ' ' + negation + "in (";
+            return text + mWriteQuery(*expression.query, *this) + "))";
+        }
+        default:
+            return "exists (" + mWriteQuery(*expression.query, *this) + ')';
+    }
+}
+
+}  // namespace kelvane::tsql

@@ -1,0 +1,69 @@
+#include "host/account/account_place.h"
+
+#include <utility>
+
+#include "adapters/odbc/odbc_connection.h"
+#include "adapters/sqlite/connection.h"
+#include "host/account/connection_text.h"
+#include "host/account/host_tables.h"
+#include "host/account/item_class.h"
+
+namespace kelvane::host {
+
+namespace {
+
+odbc::OdbcSettings ServerSettings(const ServerTimeouts& timeouts) {
+    odbc::OdbcSettings settings;
+    settings.connectTimeout = timeouts.connect;
+    settings.queryTimeout = timeouts.query;
+    settings.lockTimeout = timeouts.lock * 1000;
+    for (const auto& table : AccountTables(kMostKeyFields)) {
+        if (!table.key.empty()) settings.keys.push_back({table.name, table.key});
+    }
+    return settings;
+}
+
+}  // namespace
+
+AccountPlace::AccountPlace(bool onServer, std::string name, std::string connectionString)
+    : mOnServer(onServer), mName(std::move(name)), mConnectionString(std::move(connectionString)) {}
+
+AccountPlace AccountPlace::File(const std::string& path) {
+    return {false, path, ConnectionStringOf(path)};
+}
+
+AccountPlace AccountPlace::Database(const std::string& connectionString,
+                                    const ServerTimeouts& timeouts) {
+    AccountPlace place(true, ServerNameOf(connectionString), connectionString);
+    place.mTimeouts = timeouts;
+    return place;
+}
+
+std::shared_ptr<platform::Connection> AccountPlace::NewConnection() const {
+    if (!mOnServer) return host::NewConnection();
+    return std::make_shared<odbc::OdbcConnection>(ServerSettings(mTimeouts));
+}
+
+std::shared_ptr<platform::Connection> AccountPlace::Open() const {
+    auto connection = NewConnection();
+    connection->SetConnectionString(mConnectionString);
+    connection->SetCursorLocation(platform::CursorLocation::Client);
+    connection->Open({}, {}, -1);
+    return connection;
+}
+
+std::string ConnectionStringOf(const std::string& path) {
+    return "Data Source=\"" + path + "\"";
+}
+
+std::shared_ptr<platform::Connection> NewConnection() {
+    std::vector<std::string> required;
+    for (const auto& table : AccountTables(0)) required.push_back(table.name);
+    return sqlite::CreateConnection(std::move(required));
+}
+
+std::shared_ptr<platform::Connection> OpenAccount(const std::string& path) {
+    return AccountPlace::File(path).Open();
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,76 @@
+#include "host/account/session.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "adapters/reference/reference_list_service.h"
+#include "data/login_context.h"
+#include "host/account/account_place.h"
+#include "host/surroundings/local_time.h"
+#include "host/surroundings/printing.h"
+#include "host/surroundings/user_folders.h"
+
+namespace kelvane::host {
+
+namespace {
+
+// The component's own folder, for what it keeps of its users.
+std::filesystem::path ComponentFolder() {
+    return UserFolder("XDG_DATA_HOME", ".local/share") / "kelvane";
+}
+
+}  // namespace
+
+Session::Session(AccountPlace account, platform::Windows& windows, drive::StatementLog* statements,
+                 platform::PrintSurroundings* printing)
+    : mAccount(std::move(account)),
+      mStatements(statements),
+      mSettings(SettingsPath()),
+      mLog(LogPath()),
+      mComponent(mServices) {
+    mServices.windows = &windows;
+    mServices.registry = &mSettings;
+    mServices.diagnostics = &mLog;
+    mServices.createConnection = [this] { return CreateConnection(); };
+    mServices.today = [this] { return mToday ? *mToday : LocalNow(); };
+    mServices.createReferenceList = [&windows] {
+        return std::make_unique<reference::ReferenceListService>(reference::ListSurroundings{
+            windows,
+            []() -> platform::HostDataAccess& { return data::gEnv->DataAccess(); },
+            [] { return data::gRefCenterCode; },
+        });
+    };
+    if (printing != nullptr) OfferPrinting(mServices, *printing);
+}
+
+Session::~Session() {
+    // The component's values outlive this run's services and host objects; its connection must not.
+    data::gConn.reset();
+    data::gLogin = nullptr;
+    data::gEnv = nullptr;
+    data::gServices = nullptr;
+}
+
+std::shared_ptr<platform::Connection> Session::CreateConnection() {
+    auto connection = mAccount.NewConnection();
+    if (mStatements == nullptr) return connection;
+    return std::make_shared<drive::RecordingConnection>(std::move(connection), *mStatements);
+}
+
+void Session::LogIn(const LoginRequest& request, std::optional<platform::DateTime> today) {
+    const LoginPlace place{[this] { return mAccount.NewConnection(); }, mAccount.ConnectionString(),
+                           ProgramFolder().string()};
+    auto login = std::make_unique<AccountHost>(place, request);
+    if (mStatements != nullptr) {
+        auto& environment = login->Environment();
+        mObservers.push_back(
+            std::make_unique<drive::RecordingDataAccess>(environment.DataAccess(), *mStatements));
+        environment.SetDataAccess(*mObservers.back());
+    }
+    mLogins.push_back(std::move(login));
+    mToday = today;
+    mComponent.Init(mLogins.back()->Login(), mLogins.back()->Environment(),
+                    ComponentFolder().string());
+}
+
+}  // namespace kelvane::host

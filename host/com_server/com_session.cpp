@@ -1,0 +1,133 @@
+#include "host/com_server/com_session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/com/ado_connection.h"
+#include "adapters/com/error_report.h"
+#include "adapters/com/module.h"
+#include "adapters/com/msxml_document.h"
+#include "adapters/com/wide_text.h"
+#include "adapters/reference/reference_list_service.h"
+#include "data/login_context.h"
+#include "host/com_server/driven_show.h"
+#include "host/surroundings/local_time.h"
+#include "host/surroundings/printing.h"
+
+namespace kelvane::host {
+
+namespace {
+
+constexpr const wchar_t* kNamesFile = L"Kelvane.ini";
+constexpr const wchar_t* kLogVariable = L"KELVANE_LOG";
+
+// Set while a window is shown: nobody may come in through a message meanwhile.
+class Shown {
+public:
+    explicit Shown(bool& shown) : mShown(shown) { mShown = true; }
+    ~Shown() { mShown = false; }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+
+private:
+    bool& mShown;
+};
+
+// The services that there are only while windows are.
+class ShownServices {
+public:
+    ShownServices(platform::Services& services, platform::Windows& windows,
+                  platform::PrintSurroundings& printing)
+        : mServices(services) {
+        mServices.windows = &windows;
+        OfferPrinting(mServices, printing);
+    }
+    ~ShownServices() {
+        WithdrawPrinting(mServices);
+        mServices.windows = nullptr;
+    }
+    ShownServices(const ShownServices&) = delete;
+    ShownServices& operator=(const ShownServices&) = delete;
+
+private:
+    platform::Services& mServices;
+};
+
+}  // namespace
+
+std::shared_ptr<ComSession> ComSession::Share() {
+    static std::weak_ptr<ComSession> current;
+    auto session = current.lock();
+    if (!session) current = session = std::make_shared<ComSession>();
+    return session;
+}
+
+ComSession::ComSession() : mLog(com::EnvironmentText(kLogVariable)), mNotesStatements(IsDriven()) {
+    mServices.registry = &mRegistry;
+    mServices.diagnostics = &mLog;
+    mServices.createConnection = [this] { return CreateConnection(); };
+    mServices.today = LocalNow;
+    mServices.createReferenceList = [this] {
+        return std::make_unique<reference::ReferenceListService>(reference::ListSurroundings{
+            *mServices.windows,
+            []() -> platform::HostDataAccess& { return data::gEnv->DataAccess(); },
+            [] { return data::gRefCenterCode; },
+        });
+    };
+    mServices.createXmlDocument = [] { return std::make_unique<com::MsxmlDocument>(); };
+}
+
+ComSession::~ComSession() {
+    // The component's values stay as long as it is loaded, what belongs to others does not.
+    data::gConn.reset();
+    data::gLogin = nullptr;
+    data::gEnv = nullptr;
+    data::gServices = nullptr;
+}
+
+std::shared_ptr<platform::Connection> ComSession::CreateConnection() {
+    auto connection = std::make_shared<com::AdoConnection>();
+    if (!mNotesStatements) return connection;
+    return std::make_shared<drive::RecordingConnection>(std::move(connection), mStatements);
+}
+
+void ComSession::Init(component::PeriodItem& item, com::ComPointer<IDispatch> login,
+                      com::ComPointer<IDispatch> environment, const std::string& appPath) {
+    if (mShown) throw com::CallOrderError("Init：窗口正打开着");
+    mLogins.push_back(std::make_unique<HostLoginObjects>(
+        com::MemberNames::Load(com::ModulePath().parent_path() / kNamesFile), std::move(login),
+        std::move(environment), mNotesStatements ? &mStatements : nullptr));
+    try {
+        item.Init(mLogins.back()->Login(), mLogins.back()->Environment(), appPath);
+    } catch (...) {
+        ForgetOldLogins();
+        throw;
+    }
+    ForgetOldLogins();
+}
+
+// A login that failed half-way leaves the component with objects of two of them.
+void ComSession::ForgetOldLogins() {
+    std::erase_if(mLogins, [](const std::unique_ptr<HostLoginObjects>& each) {
+        return &each->Login() != data::gLogin && &each->Environment() != data::gEnv;
+    });
+}
+
+void ComSession::Show(component::PeriodItem& item) {
+    if (mShown) throw com::CallOrderError("Show：窗口已经打开");
+    const Shown shown(mShown);
+    RunWindows(mNotesStatements ? &mStatements : nullptr,
+               [&](platform::Windows& windows, platform::PrintSurroundings& printing) {
+                   const ShownServices services(mServices, windows, printing);
+                   item.Show();
+               });
+}
+
+void AbandonLogin() noexcept try {
+    // On purpose never freed.
+    new std::shared_ptr<platform::Connection>(std::move(data::gConn));
+} catch (...) {
+    data::gConn.reset();
+}
+
+}  // namespace kelvane::host

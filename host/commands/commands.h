@@ -1,0 +1,46 @@
+// What the program's commands do. Each returns the program's exit status: 0, or 1 with the reason
+// on standard error.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/account/account_host.h"
+#include "host/account/account_place.h"
+#include "host/creation/account_creation.h"
+#include "platform/date_time.h"
+
+namespace kelvane::host {
+
+struct OpenArguments {
+    AccountPlace account = AccountPlace::File({});
+    LoginRequest login;
+    std::optional<platform::DateTime> today;
+};
+
+struct DriveArguments {
+    AccountPlace account = AccountPlace::File({});
+    bool window = false;
+    std::string screenshot;  // where to save the last window; empty: nowhere
+};
+
+struct ExportArguments {
+    AccountPlace account = AccountPlace::File({});
+    std::string file;
+    std::optional<int> details;  // an entry's identity; without one, the list
+    LoginRequest login;
+};
+
+int RunInit(const AccountPlace& account, const NewAccount& content);
+int RunOpen(const OpenArguments& arguments);
+// Reads the script from standard input and writes the transcript to standard output.
+int RunDrive(const DriveArguments& arguments);
+
+// Writes the entry list, or an entry's detail lines, to a file by its ending. What the operator
+// would be told goes to standard error.
+int RunExport(const ExportArguments& arguments);
+
+// Writes "kelvane: TEXT" to standard error; returns 1.
+int Fail(const std::string& text);
+
+}  // namespace kelvane::host

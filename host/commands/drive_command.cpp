@@ -1,0 +1,54 @@
+// kelvane drive
+
+#include <iostream>
+
+#include "adapters/headless/headless_windows.h"
+#include "adapters/output/files/named_files.h"
+#include "host/account/session.h"
+#include "host/commands/commands.h"
+#include "host/surroundings/ending_script.h"
+#include "host/surroundings/screen.h"
+
+namespace kelvane::host {
+
+namespace {
+
+int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::Windows& windows) {
+    drive::StatementLog statements;
+    const auto printing = output::PrintWithoutScreen(
+        [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
+    Session session(account, windows, &statements, printing.get());
+    script.SetHost({
+        .init =
+            [&session](const drive::InitOptions& options) {
+                session.LogIn({options.user, options.exempt, options.year}, options.today);
+            },
+        .show = [&session] { session.Show(); },
+        .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
+        .statements = &statements,
+    });
+    return script.Run();
+}
+
+int DriveOnScreen(const DriveArguments& arguments) {
+    EndingScript script(std::cin, std::cout);
+    return RunOnScreen(&script, [&](const Screen& screen) {
+        bool photographed = arguments.screenshot.empty();
+        if (!photographed) {
+            script.SetAtEnd([&] { photographed = screen.saveScreenshot(arguments.screenshot); });
+        }
+        const int status = Drive(arguments.account, script, screen.windows);
+        return photographed ? status : Fail("no screenshot in " + arguments.screenshot);
+    });
+}
+
+}  // namespace
+
+int RunDrive(const DriveArguments& arguments) {
+    if (arguments.window) return HasScreen() ? DriveOnScreen(arguments) : Fail(kNoScreen);
+    drive::ScriptOperator script(std::cin, std::cout);
+    headless::HeadlessWindows windows(script);
+    return Drive(arguments.account, script, windows);
+}
+
+}  // namespace kelvane::host

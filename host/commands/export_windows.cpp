@@ -1,0 +1,64 @@
+#include "host/commands/export_windows.h"
+
+namespace kelvane::host {
+
+namespace {
+
+// The row of the entry with this identity; 0 when the list has none.
+int RowOf(const controls::Grid& grid, int entry) {
+    for (int row = 1; row < grid.Rows(); ++row) {
+        if (grid.RowData(row) == entry) return row;
+    }
+    return 0;
+}
+
+}  // namespace
+
+void ExportWindows::ShowModal(platform::Window& window) {
+    auto& form = dynamic_cast<controls::Form&>(window);
+    form.Load();
+    form.Activate();
+    // What could not be read as a whole is not what was asked for.
+    if (!form.Notice().empty()) {
+        mOpenedDetails = true;
+        mTask.failed(form.Notice());
+    } else if (auto* list = dynamic_cast<ui::frmPeriodItem*>(&form)) {
+        Export(*list);
+    } else if (auto* editor = dynamic_cast<ui::frmQCEdit*>(&form)) {
+        mOpenedDetails = true;
+        editor->Toolbar1.Click("Output");
+    }
+    mDone = mDone || dynamic_cast<ui::frmPeriodItem*>(&form) != nullptr;
+    form.Unload();
+}
+
+platform::MessageAnswer ExportWindows::ShowMessage(const platform::Message& message) {
+    if (!mDone) mTask.message(message.text);
+    return message.buttons == platform::MessageButtons::Ok ? platform::MessageAnswer::Ok
+                                                           : platform::MessageAnswer::No;
+}
+
+void ExportWindows::Export(ui::frmPeriodItem& list) {
+    if (mTask.details) {
+        OpenDetails(list, *mTask.details);
+    } else {
+        list.Toolbar1.Click("DataOut");
+    }
+}
+
+void ExportWindows::OpenDetails(ui::frmPeriodItem& list, int entry) {
+    controls::Grid& grid = list.GridPeriodItem;
+    const std::string name = "entry " + std::to_string(entry);
+    const int row = RowOf(grid, entry);
+    if (row == 0) return mTask.failed("there is no " + name);
+    grid.MoveTo(row, ui::kAmountColumn);
+    // Lines that can only be looked at have a button of their own.
+    if (list.cmdRef.Visible()) {
+        list.cmdRef.Press();
+    } else {
+        grid.PressReference();
+    }
+    if (!mOpenedDetails) mTask.failed(name + " has no detail lines");
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,61 @@
+#include "host/surroundings/diagnostics_log.h"
+
+#include <array>
+#include <cstdlib>
+#include <fstream>
+
+#include "host/surroundings/local_time.h"
+#include "platform/ascii.h"
+
+namespace kelvane::host {
+
+namespace {
+
+// `text` as one line, without what a connection string would give away.
+std::string Harmless(std::string_view text) {
+    constexpr std::array<std::string_view, 2> kSecrets = {"password=", "pwd="};
+    std::string result;
+    std::string lower;
+    bool hidden = false;
+    for (const char c : text) {
+        if (hidden && c != ';' && c != '\n' && c != '"') continue;
+        hidden = false;
+        const char written = static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+        result += written;
+        lower += platform::LowerAscii(written);
+        for (const auto secret : kSecrets) {
+            if (!lower.ends_with(secret)) continue;
+            result += "***";
+            hidden = true;
+        }
+    }
+    return result;
+}
+
+}  // namespace
+
+std::filesystem::path LogPath() {
+    const char* named = std::getenv("KELVANE_LOG");
+    return named == nullptr ? std::filesystem::path() : std::filesystem::path(named);
+}
+
+DiagnosticsLog::DiagnosticsLog(std::filesystem::path path, std::function<std::string()> now)
+    : mPath(std::move(path)), mNow(std::move(now)) {
+    if (!mNow) mNow = [] { return LocalNow().FullText(); };
+}
+
+bool DiagnosticsLog::IsWritable() const {
+    return mPath.empty() || std::ofstream(mPath, std::ios::app).is_open();
+}
+
+void DiagnosticsLog::Trapped(std::string_view place, std::string_view detail) noexcept {
+    if (mPath.empty()) return;
+    try {
+        std::ofstream log(mPath, std::ios::app);
+        log << mNow() << " [" << Harmless(place) << "] " << Harmless(detail) + "\n" << std::flush;
+    } catch (...) {
+        return;  // the error being reported matters more than the report
+    }
+}
+
+}  // namespace kelvane::host

@@ -3,7 +3,7 @@
 include(CMakePackageConfigHelpers)
 
 set(kelvane_packaged
-    kelvane_platform kelvane_controls kelvane_data kelvane_ui kelvane_component
+    kelvane_platform kelvane_controls kelvane_data kelvane_entries kelvane_ui kelvane_component
     kelvane_tsql kelvane_sqlite kelvane_odbc kelvane_drive kelvane_headless kelvane_reference)
 foreach(target ${kelvane_packaged})
     string(REPLACE "kelvane_" "" short "${target}")
@@ -13,7 +13,7 @@ endforeach()
 
 install(TARGETS ${kelvane_packaged} EXPORT KelvaneTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}/kelvane)
-foreach(folder platform controls data ui component adapters/tsql adapters/sqlite adapters/odbc
+foreach(folder platform controls data entries ui component adapters/tsql adapters/sqlite adapters/odbc
                adapters/drive adapters/headless adapters/reference)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
             DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kelvane/${folder}

@@ -5,6 +5,7 @@
 #include "controls/control.h"
 #include "data/login_context.h"
 #include "ui/entry_list/entry_list.h"
+#include "ui/windows.h"
 
 namespace kelvane::component {
 
@@ -40,6 +41,7 @@ bool PeriodItem::Init(platform::HostLogin& objLogin, platform::HostEnvironment& 
 void PeriodItem::Show() {
     if (!mInitialized) throw std::logic_error("Show needs a successful Init before it");
     gToday = gServices->today().DateText('.');
+    ui::ConnectWindows();
     gServices->windows->ShowModal(ui::GetPeriodItemForm());
 }
 

@@ -9,11 +9,16 @@ using platform::MessageAnswer;
 using platform::MessageButtons;
 using platform::MessageIcon;
 
-void ShowInformation(std::string_view text, std::string_view caption) {
+void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon) {
     Message message;
     message.text = text;
     message.caption = caption;
+    message.icon = icon;
     gServices->windows->ShowMessage(message);
+}
+
+void ShowInformation(std::string_view text, std::string_view caption) {
+    ShowMessage(text, caption, MessageIcon::Information);
 }
 
 bool AskQuestion(std::string_view text, std::string_view caption, MessageIcon icon,

@@ -10,7 +10,9 @@ namespace kelvane::data {
 inline constexpr std::string_view kPromptCaption = "提示信息";
 inline constexpr std::string_view kModuleCaption = "项目管理";
 
-// A box with the information icon and an OK button, over gServices->windows.
+// A box with an OK button, over gServices->windows.
+void ShowMessage(std::string_view text, std::string_view caption, platform::MessageIcon icon);
+// The same with the information icon.
 void ShowInformation(std::string_view text, std::string_view caption = kPromptCaption);
 
 // A Yes/No box; True for Yes.

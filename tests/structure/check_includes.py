@@ -5,7 +5,7 @@ import re
 import subprocess
 import sys
 
-LIBRARY = ["platform", "controls", "data", "ui", "component"]
+LIBRARY = ["platform", "controls", "data", "entries", "ui", "component"]
 
 # Folder -> folders that its files may include, beside itself. A folder named here stands for itself
 # alone; "NAME/*" stands for it with everything below it.
@@ -13,11 +13,13 @@ ALLOWED = {
     "platform": [],
     "controls": ["platform"],
     "data": ["platform"],
-    "ui/common": ["platform", "controls", "data"],
-    "ui/find": ["platform", "controls", "data", "ui/common", "ui/entry_list"],
-    "ui/detail_editor": ["platform", "controls", "data", "ui/common", "ui/entry_list"],
-    "ui/entry_list": ["platform", "controls", "data", "ui/common", "ui/detail_editor", "ui/find"],
-    "component": ["platform", "controls", "data", "ui/*"],
+    "entries": ["platform", "data"],
+    "ui/common": ["platform", "controls", "data", "entries"],
+    "ui/find": ["platform", "controls", "data", "entries", "ui/common"],
+    "ui/detail_editor": ["platform", "controls", "data", "entries", "ui/common"],
+    "ui/entry_list": ["platform", "controls", "data", "entries", "ui/common"],
+    "ui": ["ui/*"],
+    "component": ["platform", "controls", "data", "entries", "ui/*"],
     "adapters/tsql/language": ["platform"],
     "adapters/tsql/values": ["platform", "adapters/tsql/language"],
     "adapters/tsql": ["platform", "adapters/tsql/language", "adapters/tsql/values"],

@@ -3,19 +3,16 @@
 #include <array>
 #include <utility>
 
-#include "data/budget_control.h"
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/number_format.h"
-#include "data/text_conversion.h"
+#include "ui/common/opening_budget.h"
 #include "ui/detail_editor/detail_editor.h"
 
 namespace kelvane::ui {
 
 using controls::GridAnswer;
-using data::MoneyOfDisplay;
 using platform::Money;
-using platform::StatementText;
 using platform::Value;
 
 void frmQCEdit::Toolbar1_ButtonClick(controls::ToolbarButton& button) {
@@ -72,27 +69,18 @@ void frmQCEdit::SaveDetails() {
         Unload();
         return;
     }
-    Money total;
+    std::vector<entries::DetailLine> lines;
+    std::vector<std::string> texts;
     for (int row = 1; row < Grid1.Rows(); ++row) {
-        total += MoneyOfDisplay(CellText(row, AmountColumn()));
+        lines.push_back(entries::LineOf(TextsOf(row)));
+        texts.push_back(Grid1.RowText(row));
     }
-    if (!data::CheckOpeningBudget(total)) return;
+    const Money total = entries::TotalOf(lines);
+    if (!CheckOpeningBudget(total)) return;
 
-    StatementText script("delete from PM_ItemQCsub where iEleVid=");
-    script.EntryPlaceholder();
-    std::vector<std::string> lines;
-    for (int row = 1; row < Grid1.Rows(); ++row) {
-        script << " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(";
-        script.EntryPlaceholder() << ",";
-        script.Quoted(CellText(row, 0)) << ",";
-        script.Amount(MoneyOfDisplay(CellText(row, PriceColumn()))) << ",";
-        script.Double(data::DoubleOfDisplay(CellText(row, QuantityColumn()))) << ",";
-        script.Amount(MoneyOfDisplay(CellText(row, AmountColumn()))) << ")";
-        lines.push_back(Grid1.RowText(row));
-    }
-    mColTempValues = std::move(lines);
+    mColTempValues = std::move(texts);
     RetValue = total.IsZero() ? "" : data::NumFormatText(Value(total), data::kMoneyKind, true);
-    RetStrSql = script;
+    RetStrSql = entries::ReplacementOf(lines);
     Unload();
 }
 

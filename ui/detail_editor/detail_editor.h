@@ -15,10 +15,14 @@
 #include "controls/grid.h"
 #include "controls/label.h"
 #include "controls/picture.h"
+#include "entries/account_master_data.h"
+#include "entries/line_rules.h"
 #include "platform/database.h"
 #include "platform/printing.h"
 #include "platform/statement_text.h"
+#include "ui/common/picked_cells.h"
 #include "ui/common/toolbar_form.h"
+#include "ui/common/window_requests.h"
 
 namespace kelvane::ui {
 
@@ -38,7 +42,11 @@ public:
     // Made anew for each print, preview and export.
     std::unique_ptr<platform::PrintControl> xmlPrt;
 
-    // Set before opening: equipment lines instead of inventory lines; lines only to be looked at.
+    // Shows the lines of the request's entry and returns, when the window has been left, what
+    // saving came to.
+    DetailAnswer Edit(const DetailRequest& request);
+
+    // Equipment lines instead of inventory lines; lines only to be looked at.
     bool bEquipment = false;
     bool bReadOnly = false;
     // Set by saving: the lines' total as an amount text (empty when it is zero), and the script
@@ -94,9 +102,12 @@ protected:
     void Trapped(std::string_view place, std::string_view detail) noexcept override;
 
 private:
-    // Which field of a line a lookup goes by.
-    struct Lookup;
-    bool Fill(const Lookup& by, const std::string& sought, int row);
+    entries::LineRules Rules();
+    // Shows what was found, if anything was.
+    static bool Accepts(const std::optional<entries::Finding>& finding);
+    bool Fill(entries::LineField by, const std::string& sought, int row);
+    entries::LineTexts TextsOf(int row) const;
+    int GridColumnOf(int lineColumn) const;
 
     // The columns that both kinds of lines address from the right.
     int PriceColumn() const { return Grid1.Cols() - 3; }
@@ -104,20 +115,10 @@ private:
     int AmountColumn() const { return Grid1.Cols() - 1; }
     int UnitColumn() const { return Grid1.Cols() - 4; }
 
-    // An equipment or inventory item as a line shows it; equipment has no unit.
-    struct LineItem {
-        std::string code;
-        std::string name;
-        std::string model;
-        platform::Value price;
-        std::optional<std::string> unit;
-    };
-    LineItem ItemOf(const platform::RecordSet& found) const;
     // Fills the line but for column `kept`. Throws before anything is written.
-    void FillLine(int row, int kept, const LineItem& item);
+    void FillLine(int row, int kept, const entries::LineItem& item);
     std::string AmountText(const std::string& price, int row) const;
     bool ValidateItem(const std::string& text, int row, int col);
-    void DropPickedItem();
 
     bool MayLoseChanges();
     void AllowChanges(bool allowed);
@@ -126,27 +127,17 @@ private:
     void AppendLine(const platform::RecordSet& line);
     void LayOutGrid();
     std::string CellText(int row, int col) const { return Grid1.Text(row, col); }
-    // The cell of a line that its row check refuses, with the message to be shown; no message when
-    // the line is complete.
-    struct Incomplete {
-        int col = 0;
-        std::string_view message;
-    };
-    Incomplete FindIncomplete(int row) const;
 
+    // The entry whose lines are shown.
+    entries::BudgetedEntry mEntry;
+    std::string mCenterCode;
+    entries::AccountMasterData mMasterData;
     // Who hears of trapped errors when this window does not.
     std::function<void(std::string_view place)> mOuterTrapListener;
     // The lines' texts as they were loaded, header included.
     std::vector<std::string> mSnapshot;
-    // What was picked from a list for an open cell, and the line as it was before: the pick can
-    // still be refused or given up.
-    struct PickedItem {
-        int row = 0;
-        int col = 0;
-        std::string text;
-        std::vector<std::string> before;
-    };
-    std::optional<PickedItem> mPickedItem;
+    // The item picked from a list for an open cell.
+    PickedCells mPickedItem;
     // Layout of the grid as it stood after loading.
     std::string mGridLayoutText;
 };

@@ -5,10 +5,9 @@
 
 #include "data/login_context.h"
 #include "data/number_format.h"
-#include "ui/common/failure_reason.h"
+#include "entries/failure_reason.h"
 #include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
-#include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
 
@@ -109,17 +108,29 @@ frmQCEdit::frmQCEdit()
     Grid1.Beep = [] { data::gServices->windows->Beep(); };
 }
 
+DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {
+    bEquipment = request.kind == entries::DetailKind::Equipment;
+    bReadOnly = request.readOnly;
+    mEntry = request.entry;
+    mCenterCode = request.centerCode;
+    mColTempValues = request.lines;
+    // What an earlier entry's lines came to must not reach this one when the editor is quit.
+    RetValue.clear();
+    RetStrSql = {};
+    data::gServices->windows->ShowModal(*this);
+    bReadOnly = false;
+    return {.total = RetValue, .lines = {.script = RetStrSql, .texts = mColTempValues}};
+}
+
 void frmQCEdit::Form_Load() {
     SetNotice("");
     mOuterTrapListener =
         std::exchange(data::gTrapListener, [this](std::string_view place) { TellFailure(place); });
     SetIconPicture(kPictureWindow);
     lblTitle.SetCaption(bEquipment ? "项目期初设备明细" : "项目期初存货明细");
-    const controls::Grid& entries = GetPeriodItemForm().GridPeriodItem;
-    const int row = entries.Row();
-    lblElement.SetCaption(entries.Text(row, entries.Col() - 2));
-    lblItem.SetCaption(entries.Text(row, kItemColumn));
-    lblDutyCenter.SetCaption(entries.Text(row, kCenterColumn));
+    lblElement.SetCaption(mEntry.elementName);
+    lblItem.SetCaption(mEntry.itemCode);
+    lblDutyCenter.SetCaption(mCenterCode);
     SetupToolbar();
     // Lines that could not be read must not be replaced by what the grid shows.
     AllowChanges(false);
@@ -172,12 +183,10 @@ void frmQCEdit::LayOutGrid() {
 
 void frmQCEdit::LoadDetailGrid() {
     LayOutGrid();
-    const controls::Grid& entries = GetPeriodItemForm().GridPeriodItem;
-    const int identity = entries.RowData(entries.Row());
     if (!mColTempValues.empty()) {
         for (const std::string& line : mColTempValues) Grid1.AddItem(line);
     } else {
-        const auto lines = data::gConn->OpenRecordSet(LinesStatement(bEquipment, identity),
+        const auto lines = data::gConn->OpenRecordSet(LinesStatement(bEquipment, mEntry.identity),
                                                       {.location = platform::CursorLocation::Client,
                                                        .lock = platform::LockType::ReadOnly,
                                                        .command = platform::CommandType::Text});
@@ -276,7 +285,7 @@ void frmQCEdit::TellFailure(std::string_view place) {
     std::string sentence = place == "Form_Load"
                                ? "读取明细时出错，明细没有显示，现在不能修改，请退出后重试。"
                                : "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。";
-    SetNotice(sentence += ReasonOfFailure());
+    SetNotice(sentence += entries::ReasonOfFailure());
 }
 
 }  // namespace kelvane::ui

@@ -2,12 +2,10 @@
 #include <algorithm>
 #include <array>
 
-#include "data/budget_control.h"
 #include "data/login_context.h"
 #include "data/messages.h"
-#include "ui/common/flag_scope.h"
+#include "ui/common/opening_budget.h"
 #include "ui/common/print_setup.h"
-#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -106,16 +104,12 @@ frmPeriodItem::frmPeriodItem()
     cmdRef.Click = [this] { cmdRef_Click(); };
     GridPeriodItem.SetOpensWithF2(false);
     WireGrid();
-    data::gCurrentEntry = [this] {
-        const int row = GridPeriodItem.Row();
-        return data::CurrentEntry{GridPeriodItem.RowData(row), CellText(row, kElementColumn),
-                                  CellText(row, kItemColumn)};
-    };
+    gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };
     data::gTrapListener = [this](std::string_view place) { mFailureNotice.Failed(place); };
 }
 
 frmPeriodItem::~frmPeriodItem() {
-    data::gCurrentEntry = {};
+    gCurrentEntry = {};
     data::gTrapListener = {};
 }
 
@@ -223,12 +217,9 @@ void frmPeriodItem::Form_KeyPress(char32_t& character) {
 }
 
 void frmPeriodItem::cmdRef_Click() {
-    frmQCEdit& editor = GetDetailEditorForm();
-    editor.bEquipment = ElementDetailFlag(GridPeriodItem.Row()) == kEquipmentDetail;
-    {
-        const FlagScope readOnly(editor.bReadOnly);
-        data::gServices->windows->ShowModal(editor);
-    }
+    DetailRequest request = DetailsOf(GridPeriodItem.Row());
+    request.readOnly = true;
+    EditDetails(request);
     if (ActiveControl() == &cmdRef) GridPeriodItem.SetFocus();
 }
 

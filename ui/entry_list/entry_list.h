@@ -4,44 +4,32 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "controls/button.h"
 #include "controls/grid.h"
 #include "controls/label.h"
 #include "controls/picture.h"
 #include "data/keyed_collection.h"
-#include "data/messages.h"
+#include "entries/account_master_data.h"
+#include "entries/entry.h"
+#include "entries/entry_rules.h"
+#include "entries/entry_store.h"
 #include "platform/database.h"
-#include "platform/date_time.h"
 #include "platform/printing.h"
 #include "platform/statement_text.h"
+#include "ui/common/picked_cells.h"
 #include "ui/common/toolbar_form.h"
+#include "ui/common/window_requests.h"
 #include "ui/entry_list/failure_notice.h"
 
 namespace kelvane::ui {
 
-// The grid's columns.
-enum EntryColumn {
-    kDateColumn = 1,
-    kCenterColumn = 2,
-    kItemColumn = 3,
-    kItemNameColumn = 4,
-    kKey1Column = 5,
-    kKey2Column = 6,
-    kElementColumn = 7,
-    kDigestColumn = 8,
-    kAmountColumn = 9,
-    kEntryColumnCount = 10,
-};
-
-// The element-detail flag of elements that are kept in equipment lines.
-inline constexpr std::int16_t kEquipmentDetail = 2;
+using enum entries::EntryColumn;
 
 class frmPeriodItem : public ToolbarForm {
 public:
@@ -68,10 +56,16 @@ public:
     bool mEditing = false;
     // True while the detail editor is shown from the grid.
     bool mDetailOpen = false;
-    // The detail editor's script for the current row, run when the row is saved.
-    platform::StatementText mDetailSql;
+    // What the detail editor came to for the current row; its script runs when the row is saved.
+    WaitingLines mWaiting;
+    platform::StatementText& mDetailSql = mWaiting.script;
     // Layout of the grid as it stood after loading.
     std::string mGridLayoutText;
+
+    // The windows that this one opens: the detail editor, and the find dialog, which answers
+    // nothing when it was not left by OK. Set before the list is shown.
+    std::function<DetailAnswer(const DetailRequest&)> EditDetails;
+    std::function<std::optional<FindAnswer>()> AskWhatToFind;
 
     // Loading (entry_loading.cpp). Statements run over gEnv; errors end each routine quietly and
     // leave a notice.
@@ -136,9 +130,6 @@ public:
     // The element-detail flag of a row's element, 0 when it is kept without detail lines.
     std::int16_t ElementDetailFlag(int row) const;
 
-    // The date from which on no opening entry may be dated: the first day of the opening period.
-    static platform::DateTime OpeningBound();
-
 protected:
     void Form_Load() override;
     void Form_Resize() override;
@@ -155,40 +146,32 @@ private:
 
     void WireGrid();
     void LayOutGrid();
-    void ReSumEntries();
-    void AppendEntries(platform::RecordSet& entries);
+    void AppendEntries(platform::RecordSet& rows);
     void AppendEntry(const platform::RecordSet& entry, const platform::StatementText& elementQuery);
-    // The query that CheckItemSettled() asks, and what its answer says.
-    static platform::StatementText SettlementOf(const std::string& item, const std::string& key1,
-                                                const std::string& key2);
-    bool IsSettled(const platform::StatementText& settlementQuery);
     void LockRows();
     void ResetToDesign();
     void AllowEntry(bool allowed);
-    bool EntryIsLocked();
     static bool AskDelete();
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
     void PaintRow(int row, int firstCol, int lastCol);
 
-    bool ValidateDate(std::string& text);
-    bool ValidateCenter(int row, const std::string& text, bool changed);
-    bool ValidateItem(int row, const std::string& text);
-    bool ValidateElement(int row, const std::string& text, bool changed);
-    bool ValidateAmount(int row, std::string& text, bool singleBlank);
-    bool Refuse(std::string_view message, std::string_view caption = data::kPromptCaption);
+    entries::EntryTexts TextsOf(int row) const;
+    entries::BudgetedEntry BudgetedEntryOf(int row) const;
+    // Shows what was found, if anything was, and gives the focus back to the grid.
+    bool Accepts(const std::optional<entries::Finding>& finding);
+    // Checks the element, and makes it the row's: its lines and its amount go.
+    bool ChangeElement(int row, const std::string& name);
+    void EmptyFrom(int firstCol, int row);
 
-    std::string ElementCodeOf(const std::string& elementName);
-    bool UpdateEntry(int row, std::int32_t identity, platform::StatementText& detailSql);
-    bool InsertEntry(int row, platform::StatementText& detailSql);
-    void WriteNewEntry(int row, std::int32_t identity, platform::StatementText& detailSql);
+    // Writes the row; false after a message.
+    bool WriteRow(int row, const platform::StatementText& detailSql);
     void TakeIdentity(int row, std::int32_t identity);
     // Reports the error being handled as trapped in `place`, and tells what came of the write.
     struct WriteSentences;
     void TellFailedWrite(std::string_view place, const WriteSentences& sentences);
 
+    DetailRequest DetailsOf(int row) const;
     void OpenDetailsFromGrid(std::string& value, int row);
-    void KeepCellsOfItem(int row, const std::string& chosenCode);
-    void DropChosenItem(int row);
     void PlaceDetailButton();
     void HideDetailButton();
     void ClickButton(std::string_view key);
@@ -198,14 +181,11 @@ private:
     // Caption of the item-name field, read at each load.
     std::string mItemNameCaption;
     data::KeyedCollection<std::int16_t> mElementDetails;
-    // Identities of new entries whose commit was never answered.
-    std::set<std::int32_t> mEntriesInDoubt;
-    // The item chosen while its cell is open, and what its choice overwrote beside it.
-    struct ChosenItem {
-        std::string code;
-        std::vector<std::string> cellsBefore;
-    };
-    std::optional<ChosenItem> mChosenItem;
+    entries::AccountMasterData mMasterData;
+    entries::EntryRules mRules{mMasterData};
+    entries::EntryStore mStore;
+    // The item chosen while its cell is open.
+    PickedCells mPickedItem;
     // True while keystrokes that this window sent itself are on their way.
     bool mSendingOpenKeys = false;
 };

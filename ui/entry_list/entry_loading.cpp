@@ -8,8 +8,8 @@
 #include "data/messages.h"
 #include "data/number_format.h"
 #include "data/text_conversion.h"
-#include "ui/common/announced_queries.h"
-#include "ui/detail_editor/detail_editor.h"
+#include "entries/announced_queries.h"
+#include "entries/opening_period.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -85,30 +85,6 @@ std::unique_ptr<RecordSet> Query(const StatementText& statement) {
     return gEnv->DataAccess().Query(statement);
 }
 
-// What `read` makes of every row, for announcing what will be asked of them; leaves the set at its
-// first row. Ends before a row that cannot be read: that is an error when the row's turn comes.
-template <typename Read>
-auto ReadAll(RecordSet& rows, const Read& read) {
-    std::vector<decltype(read(rows))> values;
-    try {
-        for (; !rows.EndOfFile(); rows.MoveNext()) values.push_back(read(rows));
-    } catch (const std::exception&) {
-        // Told when the row is loaded.
-    }
-    rows.MoveFirst();
-    return values;
-}
-
-std::int64_t FirstNumber(const RecordSet& row) {
-    return row.Field(0).ToInteger();
-}
-
-StatementText DetailSum(std::int64_t identity) {
-    StatementText statement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
-    statement.Number(identity) << "'";
-    return statement;
-}
-
 std::string ElementCode(const RecordSet& entry) {
     return entry.Field("cElementCode").ToText();
 }
@@ -158,10 +134,9 @@ void frmPeriodItem::ResetToDesign() {
     // Until it is known whether entries may be made: the opening can fail before that.
     AllowEntry(false);
     CTBCtrl1.Refresh();
-    mDetailSql = {};
-    mEntriesInDoubt.clear();
-    GetDetailEditorForm().mColTempValues = {};
-    mChosenItem.reset();
+    mWaiting.Forget();
+    mStore.ForgetDoubts();
+    mPickedItem.Forget();
     mSendingOpenKeys = false;
 }
 
@@ -207,31 +182,6 @@ void frmPeriodItem::LayOutGrid() {
     grid.SetTopRow(1);
 }
 
-// Brings each entry's amount up to the sum of its detail lines. Lines that sum to 0 leave the
-// amount as it is.
-void frmPeriodItem::ReSumEntries() {
-    const auto entries = Query(StatementText("Select distinct iEleVid from PM_ItemQC"));
-    const auto identities = ReadAll(*entries, FirstNumber);
-    // The amounts that are written in between are another table's: sums already read stay true.
-    // Another operator's save between an entry's sum and its amount is followed by the old sum, as
-    // ever; the pieces are small so that this time stays short.
-    constexpr std::size_t kPiece = 64;
-    AnnouncedQueries sumQueries(
-        gEnv->DataAccess(), identities.size(),
-        [&](std::size_t i) { return DetailSum(identities[i]); }, kPiece);
-    for (; !entries->EndOfFile(); entries->MoveNext()) {
-        const std::int64_t identity = FirstNumber(*entries);
-        const auto sums = Query(sumQueries.Next());
-        if (sums->EndOfFile() || sums->Field(0).IsNull()) continue;
-        const platform::Money sum = sums->Field(0).ToMoney();
-        if (sum.IsZero()) continue;
-        StatementText update("Update PM_ItemQC set mQC = ");
-        update.Amount(sum) << " where iEleVid = '";
-        update.Number(identity) << "'";
-        Query(update);
-    }
-}
-
 void frmPeriodItem::AppendEntry(const RecordSet& entry, const StatementText& elementQuery) {
     const auto element = Query(elementQuery);
     const bool known = !element->EndOfFile();
@@ -272,52 +222,42 @@ void frmPeriodItem::LockRows() {
         PaintRow(row, kItemNameColumn, kKey2Column);
     }
     const int rows = GridPeriodItem.Rows();
-    AnnouncedQueries settlements(
+    entries::AnnouncedQueries settlements(
         gEnv->DataAccess(), static_cast<std::size_t>(std::max(rows - 1, 0)), [&](std::size_t i) {
             const int row = static_cast<int>(i) + 1;
-            return SettlementOf(CellText(row, kItemColumn), CellText(row, kKey1Column),
-                                CellText(row, kKey2Column));
+            return entries::SettlementQuery(CellText(row, kItemColumn), CellText(row, kKey1Column),
+                                            CellText(row, kKey2Column));
         });
     for (int row = 1; row < rows; ++row) {
-        if (IsSettled(settlements.Next())) PaintRow(row, kDateColumn, kAmountColumn);
+        if (entries::IsSettled(settlements.Next())) PaintRow(row, kDateColumn, kAmountColumn);
     }
 }
 
-void frmPeriodItem::AppendEntries(RecordSet& entries) {
-    const auto codes = ReadAll(entries, ElementCode);
-    AnnouncedQueries elements(gEnv->DataAccess(), codes.size(), [&](std::size_t i) {
-        return ElementOf(i < codes.size() ? codes[i] : ElementCode(entries));
+void frmPeriodItem::AppendEntries(RecordSet& rows) {
+    const auto codes = entries::ReadAll(rows, ElementCode);
+    entries::AnnouncedQueries elements(gEnv->DataAccess(), codes.size(), [&](std::size_t i) {
+        return ElementOf(i < codes.size() ? codes[i] : ElementCode(rows));
     });
-    mElementDetails.Reserve(static_cast<std::size_t>(entries.RecordCount()));
-    for (; !entries.EndOfFile(); entries.MoveNext()) AppendEntry(entries, elements.Next());
+    mElementDetails.Reserve(static_cast<std::size_t>(rows.RecordCount()));
+    for (; !rows.EndOfFile(); rows.MoveNext()) AppendEntry(rows, elements.Next());
 }
 
 void frmPeriodItem::LoadEntryGrid() {
     try {
         mElementDetails = {};
         LayOutGrid();
-        ReSumEntries();
-        const auto entries = Query(StatementText(
+        entries::EntryStore::ReSum(gEnv->DataAccess());
+        const auto rows = Query(StatementText(
             "select PM_ItemQC.iEleVid,PM_ItemQC.dDate,PM_ItemQC.cItemCode,fitemss97.citemname,"
             "cKeyCode1,cKeyCode2,cCenterCode,cDigest,cElementCode,mQC from PM_ItemQC inner join "
             "fitemss97 on fitemss97.citemcode = PM_ItemQC.cItemCode order by PM_ItemQC.cItemCode "
             "asc"));
-        AppendEntries(*entries);
+        AppendEntries(*rows);
         LockRows();
         CTBCtrl1.Refresh();
     } catch (...) {
         data::ReportTrapped("LoadEntryGrid");
     }
-}
-
-// True when no opening entry may be entered in this account and year.
-bool frmPeriodItem::EntryIsLocked() {
-    const bool closed = CheckPeriodClosed();
-    const bool carriedOver = CheckYearCarriedOver();
-    if (closed || carriedOver) return true;
-    const std::string start = gEnv->ModuleSetting("PM", "dPMStartDatePeriod");
-    const int startYear = Value(start).ToDateTime().year;
-    return startYear != data::gLogin->Year();
 }
 
 void frmPeriodItem::SetupToolbar() {
@@ -331,21 +271,11 @@ void frmPeriodItem::SetupToolbar() {
             Toolbar1.Button(use.button)->SetImage(use.image);
         }
         DisableMissingCommands();
-        if (EntryIsLocked()) AllowEntry(false);
+        if (!entries::LocksOfList().empty()) AllowEntry(false);
     } catch (...) {
         data::ReportTrapped("SetupToolbar");
     }
     CTBCtrl1.Refresh();
-}
-
-DateTime frmPeriodItem::OpeningBound() {
-    platform::HostAccount& calendar = gEnv->Account();
-    const int year = data::gLogin->Year();
-    if (year == data::gPmStartYear) return calendar.PeriodStart(data::gPmStartDate);
-    const DateTime yearStart = calendar.YearStart(year);
-    return data::gPmStartDate.DateText('.') > yearStart.DateText('.')
-               ? calendar.PeriodStart(data::gPmStartDate)
-               : yearStart;
 }
 
 void frmPeriodItem::AddEntryRow() {
@@ -355,7 +285,7 @@ void frmPeriodItem::AddEntryRow() {
             data::ShowInformation("不存在可用的项目要素，请先设置项目要素！");
             return;
         }
-        const std::string date = OpeningBound().AddDays(-1).DateText('-');
+        const std::string date = entries::OpeningBound().AddDays(-1).DateText('-');
         controls::Grid& grid = GridPeriodItem;
         // The new row becomes the current one, so the present one is left first.
         if (!grid.LeaveRow()) return;

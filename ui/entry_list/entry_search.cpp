@@ -3,7 +3,6 @@
 #include "data/messages.h"
 #include "data/text_conversion.h"
 #include "ui/entry_list/entry_list.h"
-#include "ui/find/find_dialog.h"
 
 namespace kelvane::ui {
 
@@ -19,7 +18,14 @@ bool frmPeriodItem::MatchesSearch(int row) const {
 
 void frmPeriodItem::FindEntry() {
     bClickOk = false;
-    data::gServices->windows->ShowModal(GetFindForm());
+    ExecCom = false;
+    if (const auto answer = AskWhatToFind()) {
+        ExecCom = true;
+        FindItemCode = answer->itemCode;
+        FindKeyCode1 = answer->key1;
+        FindKeyCode2 = answer->key2;
+        bClickOk = true;
+    }
     if (!bClickOk || !ExecCom) return;
 
     controls::Grid& grid = GridPeriodItem;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "ui/common/failure_reason.h"
+#include "entries/failure_reason.h"
 
 namespace kelvane::ui {
 
@@ -53,7 +53,7 @@ void FailureNotice::Failed(std::string_view place) {
                                      [&](const Sentence& entry) { return entry.place == place; });
     const bool named = known != kSentences.end();
     std::string sentence(named ? known->text : "操作时出错，该操作没有完成。");
-    sentence += ReasonOfFailure();
+    sentence += entries::ReasonOfFailure();
     Show(named ? known->work : Work::Check, sentence);
 }
 

@@ -1,14 +1,14 @@
 // What happens while the operator edits the grid: pick lists, cell and row checks, the detail
 // button, and the checks that precede an edit.
 #include <array>
+#include <utility>
 
-#include "data/budget_control.h"
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/text_conversion.h"
 #include "ui/common/flag_scope.h"
+#include "ui/common/opening_budget.h"
 #include "ui/common/reference_pick.h"
-#include "ui/detail_editor/detail_editor.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -80,23 +80,25 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
     }
 }
 
+DetailRequest frmPeriodItem::DetailsOf(int row) const {
+    return {.kind = entries::KindOfDetail(ElementDetailFlag(row)),
+            .readOnly = false,
+            .entry = BudgetedEntryOf(row),
+            .centerCode = CellText(row, kCenterColumn),
+            .lines = mWaiting.texts};
+}
+
 void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
-    const std::int16_t flag = ElementDetailFlag(row);
-    if (flag == 0) return;
-    frmQCEdit& editor = GetDetailEditorForm();
-    // What an earlier entry's lines came to must not reach this one when the editor is quit.
-    editor.RetValue.clear();
-    editor.RetStrSql = {};
-    editor.bEquipment = flag == kEquipmentDetail;
+    if (ElementDetailFlag(row) == 0) return;
+    DetailAnswer answer;
     {
         const FlagScope open(mDetailOpen);
-        data::gServices->windows->ShowModal(editor);
+        answer = EditDetails(DetailsOf(row));
     }
-    if (!editor.RetValue.empty()) value = editor.RetValue;
-    if (!editor.RetStrSql.IsEmpty()) {
-        mDetailSql = editor.RetStrSql;
-        GridPeriodItem.SetRowTouched(true);
-    }
+    if (!answer.total.empty()) value = answer.total;
+    if (answer.lines.script.IsEmpty()) return;
+    mWaiting = std::move(answer.lines);
+    GridPeriodItem.SetRowTouched(true);
 }
 
 std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, int row, int col) {
@@ -122,34 +124,15 @@ std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, i
     const auto record = service->ListOnConnection(gConn, statement, titles, widths, chosen);
     if (!chosen || record == nullptr) return "";
     std::string code = record->Field(0).ToText();
-    KeepCellsOfItem(row, code);
+    // The item can still be refused or given up: its name and keywords then give way to those of
+    // the item that stays.
+    mPickedItem.Picked(GridPeriodItem, row, col, code, kItemNameColumn, kKey2Column);
     GridPeriodItem.SetText(row, col + 1, record->Field(1).ToText());
     if (keywords > 0) GridPeriodItem.SetText(row, col + 2, record->Field(2).ToText());
     if (keywords == 2) GridPeriodItem.SetText(row, col + 3, record->Field(3).ToText());
     // Another keyword of the same item leaves the item's cell as it was.
     GridPeriodItem.SetRowTouched(true);
     return code;
-}
-
-// A chosen item can still be refused and given up: its name and keywords must then give way to
-// those of the item that stays.
-void frmPeriodItem::KeepCellsOfItem(int row, const std::string& chosenCode) {
-    if (!mChosenItem) {
-        mChosenItem.emplace();
-        for (int col = kItemNameColumn; col <= kKey2Column; ++col) {
-            mChosenItem->cellsBefore.push_back(CellText(row, col));
-        }
-    }
-    mChosenItem->code = chosenCode;
-}
-
-void frmPeriodItem::DropChosenItem(int row) {
-    if (!mChosenItem) return;
-    const ChosenItem chosen = *mChosenItem;
-    mChosenItem.reset();
-    if (data::Trim(CellText(row, kItemColumn)) == data::Trim(chosen.code)) return;
-    int col = kItemNameColumn;
-    for (const std::string& text : chosen.cellsBefore) GridPeriodItem.SetText(row, col++, text);
 }
 
 void frmPeriodItem::GridPeriodItem_CellValidate(std::string& text, GridAnswer& answer, int row,
@@ -170,9 +153,9 @@ void frmPeriodItem::GridPeriodItem_RowValidate(GridAnswer& answer, int row, int&
         }
     }
     GridPeriodItem.SetRow(row);
-    if (!data::CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)))) return;
+    if (!CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)))) return;
     if (!SaveRow(row, mDetailSql)) return;
-    GetDetailEditorForm().mColTempValues = {};
+    mWaiting.Forget();
     answer = GridAnswer::Accept;
 }
 
@@ -197,17 +180,15 @@ void frmPeriodItem::GridPeriodItem_ComboDropDown(int row, int col, controls::Gri
 void frmPeriodItem::GridPeriodItem_EditModeChange(bool editing) {
     mEditText = editing ? CellText(GridPeriodItem.Row(), GridPeriodItem.Col()) : "";
     mEditing = editing;
-    if (!editing) DropChosenItem(GridPeriodItem.Row());
+    if (!editing) mPickedItem.EndEdit(GridPeriodItem);
 }
 
 void frmPeriodItem::GridPeriodItem_CellChanged(int /*row*/, int col) {
-    if (col != kAmountColumn) return;
-    mDetailSql = {};
-    GetDetailEditorForm().mColTempValues = {};
+    if (col == kAmountColumn) mWaiting.Forget();
 }
 
 void frmPeriodItem::GridPeriodItem_DetailReset() {
-    GetDetailEditorForm().mColTempValues = {};
+    mWaiting.texts.clear();
 }
 
 void frmPeriodItem::GridPeriodItem_EditCheck() {
@@ -253,7 +234,7 @@ void frmPeriodItem::GridPeriodItem_ViewChange() {
 void frmPeriodItem::GridPeriodItem_AbandonRow(int row) {
     if (GridPeriodItem.RowData(row) != 0) return;
     if (!AskDelete()) return;
-    mDetailSql = {};
+    mWaiting.Forget();
     GridPeriodItem.RemoveItem(row);
     mFailureNotice.GivenUp(Work::Save);
 }

@@ -1,30 +1,20 @@
 // Writing a row to the account, and deleting one.
 #include <cstdint>
-#include <limits>
 
-#include "data/date_text.h"
 #include "data/entry_counter.h"
 #include "data/login_context.h"
 #include "data/messages.h"
+#include "ui/common/findings.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
 
 using data::gConn;
-using platform::CursorLocation;
-using platform::LockType;
-using platform::Money;
 using platform::StatementText;
-using platform::Transaction;
-using platform::Value;
 
 namespace {
 
 constexpr const char* kCounterName = "NumMax_EleQc";
-constexpr std::int32_t kLargestIdentity = std::numeric_limits<std::int16_t>::max();
-
-constexpr const char* kExhausted =
-    "期初编号已经用完（最大 32767），当前行没有保存，没有写入数据库。";
 
 }  // namespace
 
@@ -34,19 +24,9 @@ struct frmPeriodItem::WriteSentences {
     const char* inDoubt;
 };
 
-std::string frmPeriodItem::ElementCodeOf(const std::string& elementName) {
-    StatementText statement("select cElementCode from PM_ItemElement where cElementName = '");
-    statement.Inside(elementName) << "'";
-    return data::gEnv->DataAccess().Query(statement)->Field(0).ToText();
-}
-
 bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
     try {
-        const std::int32_t identity = GridPeriodItem.RowData(row);
-        const bool saved =
-            identity != 0 ? UpdateEntry(row, identity, detailSql) : InsertEntry(row, detailSql);
-        if (!saved) return false;
-        mEntriesInDoubt.erase(GridPeriodItem.RowData(row));
+        if (!WriteRow(row, detailSql)) return false;
         detailSql = {};
         GridPeriodItem.SetRowTouched(false);
         mFailureNotice.Succeeded(Work::Save);
@@ -66,7 +46,9 @@ void frmPeriodItem::TellFailedWrite(std::string_view place, const WriteSentences
     try {
         throw;
     } catch (const data::CounterExhausted&) {
-        mFailureNotice.FailedSave(kExhausted);
+        mFailureNotice.FailedSave(
+            entries::Found(entries::Rule::IdentityExhausted, std::to_string(entries::kMaxIdentity))
+                .text);
     } catch (const platform::CommitInDoubt&) {
         mFailureNotice.FailedSave(sentences.inDoubt);
     } catch (const platform::DatabaseBusy&) {
@@ -76,76 +58,23 @@ void frmPeriodItem::TellFailedWrite(std::string_view place, const WriteSentences
     }
 }
 
-bool frmPeriodItem::UpdateEntry(int row, std::int32_t identity, StatementText& detailSql) {
-    Transaction transaction(*gConn);
-    StatementText statement("select * from PM_ItemQC with (HOLDLOCK) where iEleVid=");
-    const auto entry =
-        gConn->OpenRecordSet(statement.Number(identity),
-                             {.location = CursorLocation::Client, .lock = LockType::Optimistic});
-    if (entry->EndOfFile()) {
-        transaction.RollBack();
-        if (mEntriesInDoubt.count(identity) != 0) {
-            WriteNewEntry(row, identity, detailSql);
-            return true;
-        }
-        data::ShowInformation("该行记录已经被他人删除", data::kModuleCaption);
-        return false;
+bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
+    entries::Entry entry = entries::EntryOf(TextsOf(row));
+    if (entry.identity != 0) {
+        const auto gone = mStore.Update(entry, detailSql);
+        if (gone) ShowFinding(*gone);
+        return !gone;
     }
-    const auto setText = [&](const char* field, int col) {
-        entry->SetField(field, Value(CellText(row, col)));
-    };
-    entry->SetField("dDate", Value(data::DateTextToDate(CellText(row, kDateColumn))));
-    setText("cCenterCode", kCenterColumn);
-    setText("citemcode", kItemColumn);
-    setText("cKeyCode1", kKey1Column);
-    setText("cKeyCode2", kKey2Column);
-    entry->SetField("cElementCode", Value(ElementCodeOf(CellText(row, kElementColumn))));
-    setText("cDigest", kDigestColumn);
-    entry->SetField("mQC", Value(Money::FromText(CellText(row, kAmountColumn))));
-    entry->Update();
-    if (!detailSql.IsEmpty()) gConn->Execute(detailSql.WithEntry(identity));
-    entry->Close();
-    transaction.Commit();
-    return true;
-}
-
-bool frmPeriodItem::InsertEntry(int row, StatementText& detailSql) {
-    const std::int32_t identity = data::NextSettingNumber(kCounterName, *gConn, kLargestIdentity);
-    if (identity == data::kNoNumber) return false;
-    WriteNewEntry(row, identity, detailSql);
-    return true;
-}
-
-void frmPeriodItem::WriteNewEntry(int row, std::int32_t identity, StatementText& detailSql) {
-    const std::string elementCode = ElementCodeOf(CellText(row, kElementColumn));
-
-    StatementText insert(
-        "insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,cElementCode,"
-        "cDigest,mQC,iEleVid) values ");
-    insert << "( '";
-    insert.Inside(data::DateTextToDate(CellText(row, kDateColumn)).DateText('-'));
-    for (const int col : {kCenterColumn, kItemColumn, kKey1Column, kKey2Column}) {
-        insert << "','";
-        insert.Inside(CellText(row, col));
-    }
-    insert << "','";
-    insert.Inside(elementCode) << "','";
-    insert.Inside(CellText(row, kDigestColumn)) << "',";
-    insert.Amount(Money::FromText(CellText(row, kAmountColumn))) << ",";
-    insert.Number(identity) << ") ";
-
-    Transaction transaction(*gConn);
-    if (!detailSql.IsEmpty()) gConn->Execute(detailSql.WithEntry(identity));
-    gConn->Execute(insert);
+    entry.identity = data::NextSettingNumber(kCounterName, *gConn, entries::kMaxIdentity);
+    if (entry.identity == data::kNoNumber) return false;
     try {
-        transaction.Commit();
+        mStore.Insert(entry, detailSql);
     } catch (const platform::CommitInDoubt&) {
-        // The entry may be there: saved once more under another identity it would be there twice.
-        TakeIdentity(row, identity);
-        mEntriesInDoubt.insert(identity);
+        TakeIdentity(row, entry.identity);
         throw;
     }
-    TakeIdentity(row, identity);
+    TakeIdentity(row, entry.identity);
+    return true;
 }
 
 void frmPeriodItem::TakeIdentity(int row, std::int32_t identity) {
@@ -156,12 +85,9 @@ void frmPeriodItem::TakeIdentity(int row, std::int32_t identity) {
 }
 
 bool frmPeriodItem::CheckRowDeletable(int row) {
-    if (!CheckItemSettled(CellText(row, kItemColumn), CellText(row, kKey1Column),
-                          CellText(row, kKey2Column))) {
-        return true;
-    }
-    data::ShowInformation("此项目已经结算，不能删除 ！");
-    return false;
+    const auto settled = mRules.CheckDeletion(TextsOf(row));
+    if (settled) ShowFinding(*settled);
+    return !settled;
 }
 
 bool frmPeriodItem::AskDelete() {
@@ -175,16 +101,10 @@ void frmPeriodItem::DeleteRow() {
         SelectRow(row);
         if (!AskDelete()) return;
 
-        const std::int32_t identity = GridPeriodItem.RowData(row);
-        StatementText deleteEntry("delete from pm_itemQC where iEleVid=");
-        StatementText deleteLines("delete from pm_itemQCSub where iEleVid=");
-        Transaction transaction(*gConn);
-        gConn->Execute(deleteEntry.Number(identity));
-        gConn->Execute(deleteLines.Number(identity));
-        transaction.Commit();
+        mStore.Delete(GridPeriodItem.RowData(row));
 
         // What was kept for the deleted row must not be saved with another one.
-        mDetailSql = {};
+        mWaiting.Forget();
         GridPeriodItem.RemoveItem(row);
         mFailureNotice.Succeeded(Work::Save);
     } catch (...) {

@@ -5,7 +5,6 @@
 #include "data/reference_queries.h"
 #include "ui/common/reference_pick.h"
 #include "ui/common/toolbar_form.h"
-#include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
 
@@ -71,6 +70,12 @@ frmFind::frmFind()
     CmdCancel.Click = [this] { CmdCancel_Click(); };
 }
 
+std::optional<FindAnswer> frmFind::Ask() {
+    mAnswer.reset();
+    data::gServices->windows->ShowModal(*this);
+    return mAnswer;
+}
+
 void frmFind::Form_Load() {
     TxtCode.SetText("");
     ComKey1.Clear();
@@ -129,17 +134,12 @@ void frmFind::CmdOK_Click() {
         TxtCode.SetFocus();
         return;
     }
-    frmPeriodItem& list = GetPeriodItemForm();
-    list.ExecCom = true;
-    list.FindItemCode = TxtCode.Text();
-    list.FindKeyCode1 = ComKey1.Text();
-    list.FindKeyCode2 = ComKey2.Text();
-    list.bClickOk = true;
+    mAnswer = {TxtCode.Text(), ComKey1.Text(), ComKey2.Text()};
     Unload();
 }
 
 void frmFind::CmdCancel_Click() {
-    GetPeriodItemForm().ExecCom = false;
+    mAnswer.reset();
     Unload();
 }
 

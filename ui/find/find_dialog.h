@@ -1,7 +1,8 @@
-// frmFind: asks for an item code and up to two keywords and hands them to the entry list's search.
-// One instance, created on first use; its values live on in the entry list's members.
+// frmFind: asks for an item code and up to two keywords and answers whoever asked. One
+// instance, created on first use.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "controls/button.h"
@@ -10,6 +11,7 @@
 #include "controls/form.h"
 #include "controls/label.h"
 #include "controls/picture.h"
+#include "ui/common/window_requests.h"
 
 namespace kelvane::ui {
 
@@ -27,6 +29,9 @@ public:
     controls::ComboBox ComKey2;
     controls::Button CmdOK;
     controls::Button CmdCancel;
+
+    // Shows the dialog and returns what is to be found; nothing when it was not left by OK.
+    std::optional<FindAnswer> Ask();
 
     void ComdRef_Click();
     void ComKey1_DropDown();
@@ -50,6 +55,8 @@ private:
     void FillKeywordLists();
     // Refills the lists and selects in `kept` what was selected in it before.
     void RefreshKeeping(controls::ComboBox& kept);
+
+    std::optional<FindAnswer> mAnswer;
 };
 
 // The one instance; created on first use.

@@ -23,12 +23,6 @@ protected:
         Open();
         EXPECT_TRUE(Go(2, kAmountColumn));
     }
-    ~DetailEditorTest() override {
-        frmQCEdit& editor = GetDetailEditorForm();
-        editor.RetValue.clear();
-        editor.RetStrSql = {};
-        editor.mColTempValues.clear();
-    }
 
     static inline const std::vector<platform::FixedText> kItems{
         "insert into computationunit values('01','吨')",
@@ -49,12 +43,14 @@ protected:
     }
     // The same without the list's amount cell: the editor as the entry list's code shows it.
     void InEquipmentEditor(const std::function<void(frmQCEdit&)>& act) {
-        frmQCEdit& editor = GetDetailEditorForm();
-        editor.bEquipment = true;
         windows.answers.assign(1, platform::MessageAnswer::Yes);
         windows.acts.emplace_back(
             [act](controls::Form& form) { act(dynamic_cast<frmQCEdit&>(form)); });
-        windows.ShowModal(editor);
+        Form().EditDetails({.kind = entries::DetailKind::Equipment,
+                            .readOnly = false,
+                            .entry = {2, "P02", "材料费"},
+                            .centerCode = "D01",
+                            .lines = {}});
     }
     static GridAnswer Edit(frmQCEdit& editor, int row, int col, std::string_view text) {
         EXPECT_TRUE(editor.Grid1.MoveTo(row, col));
@@ -170,7 +166,7 @@ TEST_F(DetailEditorTest, SavingHandsOverTotalScriptAndLines) {
               "PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(@@@@,'M01',10,1234.5,12345) "
               "insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) "
               "values(@@@@,'M02',5,30,150)");
-    EXPECT_THAT(editor.mColTempValues,
+    EXPECT_THAT(Form().mWaiting.texts,
                 ElementsAre("M01\t钢筋\tHRB335\t吨\t10.00\t1,234.50\t12,345.00",
                             "M02\t水泥\t42.5\t吨\t5.00\t30.00\t150.00"));
     EXPECT_EQ(Form().mDetailSql.Text(), editor.RetStrSql.Text());
@@ -377,7 +373,7 @@ TEST_F(DetailEditorTest, WhatOtherEntriesTookBackLeavesMoreOfTheBudget) {
 }
 
 TEST_F(DetailEditorTest, KeptLinesComeBeforeTheAccounts) {
-    GetDetailEditorForm().mColTempValues = {"M03\t砂\t中砂\t\t20.00\t1.00\t20.00"};
+    Form().mWaiting.texts = {"M03\t砂\t中砂\t\t20.00\t1.00\t20.00"};
     log.statements.clear();
     InEditor([](frmQCEdit& editor) {
         ASSERT_EQ(editor.Grid1.Rows(), 2);

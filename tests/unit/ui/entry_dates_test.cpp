@@ -1,5 +1,6 @@
 // The two days that opening entries are measured by, in every case of the calendar: the first day
 // of the opening period, and the one before which a closed item counts as settled.
+#include "entries/opening_period.h"
 #include "tests/unit/ui/entry_list_fixture.h"
 
 namespace kelvane::ui {
@@ -47,7 +48,7 @@ protected:
 };
 
 TEST_P(EntryDatesTest, EntriesLieBeforeTheOpeningPeriod) {
-    EXPECT_EQ(frmPeriodItem::OpeningBound().DateText('-'), GetParam().openingBound);
+    EXPECT_EQ(entries::OpeningBound().DateText('-'), GetParam().openingBound);
     EXPECT_TRUE(Accepts(GetParam().lastDay));
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_FALSE(Accepts(GetParam().openingBound));

@@ -17,11 +17,9 @@ class EntryEditingTest : public EntryListTest {
 protected:
     void KeepLines() {
         Form().mDetailSql = StatementText("delete from PM_ItemQCsub where iEleVid=0");
-        GetDetailEditorForm().mColTempValues = {"M01\t螺纹钢"};
+        Form().mWaiting.texts = {"M01\t螺纹钢"};
     }
-    bool LinesAreKept() {
-        return !Form().mDetailSql.IsEmpty() && !GetDetailEditorForm().mColTempValues.empty();
-    }
+    bool LinesAreKept() { return !Form().mDetailSql.IsEmpty() && !Form().mWaiting.texts.empty(); }
     std::string Reference(int row, int col) {
         std::string value = List().Text(row, col);
         Form().GridPeriodItem_CellReference(value, row, col);
@@ -77,7 +75,7 @@ TEST_F(EntryEditingTest, ASavedRowLetsGoOfTheLinesKeptForIt) {
     EXPECT_EQ(answer, GridAnswer::Accept);
     EXPECT_EQ(col, kDateColumn);
     EXPECT_TRUE(Form().mDetailSql.IsEmpty());
-    EXPECT_THAT(GetDetailEditorForm().mColTempValues, IsEmpty());
+    EXPECT_THAT(Form().mWaiting.texts, IsEmpty());
 }
 
 TEST_F(EntryEditingTest, ABudgetThatIsExceededKeepsTheRowAndItsLines) {
@@ -173,7 +171,7 @@ TEST_F(EntryEditingTest, AnElementIsChangedWithItsLines) {
     EXPECT_EQ(Type("机械费"), GridAnswer::Accept);
     EXPECT_EQ(List().Text(2, kAmountColumn), "");
     EXPECT_TRUE(Form().mDetailSql.IsEmpty());
-    EXPECT_THAT(GetDetailEditorForm().mColTempValues, IsEmpty());
+    EXPECT_THAT(Form().mWaiting.texts, IsEmpty());
     EXPECT_EQ(Form().ElementDetailFlag(2), 2);
     EXPECT_THAT(log.Lines(), ElementsAre("gConn: select cElementCode,iElementDetail from "
                                          "PM_ItemElement where cElementName ='机械费'",
@@ -286,7 +284,7 @@ TEST_F(EntryEditingTest, OnlyAnAmountTypedByHandDiscardsLines) {
     EXPECT_TRUE(LinesAreKept());
     Form().GridPeriodItem_CellChanged(1, kAmountColumn);
     EXPECT_TRUE(Form().mDetailSql.IsEmpty());
-    EXPECT_THAT(GetDetailEditorForm().mColTempValues, IsEmpty());
+    EXPECT_THAT(Form().mWaiting.texts, IsEmpty());
 }
 
 TEST_F(EntryEditingTest, AResetDiscardsTheLinesAlone) {
@@ -294,7 +292,7 @@ TEST_F(EntryEditingTest, AResetDiscardsTheLinesAlone) {
     KeepLines();
     Form().GridPeriodItem_DetailReset();
     EXPECT_FALSE(Form().mDetailSql.IsEmpty());
-    EXPECT_THAT(GetDetailEditorForm().mColTempValues, IsEmpty());
+    EXPECT_THAT(Form().mWaiting.texts, IsEmpty());
 }
 
 TEST_F(EntryEditingTest, TheAmountIsNotCheckedAsACell) {

@@ -173,7 +173,7 @@ TEST_F(EntryLayoutTest, NothingOfAnEarlierOpeningStays) {
     ASSERT_TRUE(Form().cmdRef.Visible());
     Form().cmdRef.SetFocus();
     Form().mDetailSql = platform::StatementText("select 1");
-    GetDetailEditorForm().mColTempValues = {"M01\t螺纹钢"};
+    Form().mWaiting.texts = {"M01\t螺纹钢"};
     List().SetColumnWidth(kDateColumn, 5000);
     ASSERT_TRUE(Form().Unload());
 
@@ -185,7 +185,7 @@ TEST_F(EntryLayoutTest, NothingOfAnEarlierOpeningStays) {
     EXPECT_FALSE(Form().cmdRef.Visible());
     EXPECT_EQ(Form().ActiveControl(), &List());
     EXPECT_TRUE(Form().mDetailSql.IsEmpty());
-    EXPECT_THAT(GetDetailEditorForm().mColTempValues, IsEmpty());
+    EXPECT_THAT(Form().mWaiting.texts, IsEmpty());
     EXPECT_EQ(List().Row(), 0);
     EXPECT_EQ(List().TopRow(), 1);
     EXPECT_EQ(List().ColumnWidth(kDateColumn), 1300);

@@ -19,6 +19,7 @@
 #include "tests/support/recording_registry.h"
 #include "tests/support/test_host.h"
 #include "ui/entry_list/entry_list.h"
+#include "ui/windows.h"
 
 namespace kelvane::ui {
 
@@ -43,6 +44,7 @@ protected:
         data::gNumPointQty = data::gNumPointPrice = data::gNumPointMoney = 2;
         login.exempt = true;
         environment.startPeriod = "2004-07-01";
+        ConnectWindows();
         for (const platform::FixedText& statement : kContent) Run(statement);
     }
 

@@ -233,7 +233,7 @@ TEST_F(EntrySavingTest, DeletingAsksWithNoPreselected) {
     EXPECT_THAT(Messages(), ElementsAre("[删除确认|none] 是否删除当前行？ (yes/NO)"));
     EXPECT_THAT(log.Lines(), IsEmpty());
     windows.answers = {MessageAnswer::Yes};
-    GetDetailEditorForm().mColTempValues = {"M01\t螺纹钢"};
+    Form().mWaiting.texts = {"M01\t螺纹钢"};
     Form().mDetailSql = LinesScript();
     Form().DeleteRow();
     EXPECT_THAT(log.Lines(),
@@ -242,7 +242,7 @@ TEST_F(EntrySavingTest, DeletingAsksWithNoPreselected) {
                             "iEleVid=2",
                             "gConn: delete from pm_itemQCSub where iEleVid=2", "gConn: commit"));
     EXPECT_TRUE(Form().mDetailSql.IsEmpty());
-    EXPECT_THAT(GetDetailEditorForm().mColTempValues, IsEmpty());
+    EXPECT_THAT(Form().mWaiting.texts, IsEmpty());
     EXPECT_THAT(Read("select count(*) from PM_ItemQCsub"), ElementsAre("0"));
 }
 

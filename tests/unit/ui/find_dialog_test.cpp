@@ -46,11 +46,15 @@ TEST_F(FindDialogTest, WithoutACodeItStays) {
 }
 
 TEST_F(FindDialogTest, OkHandsEverythingOverUntested) {
-    dialog.TxtCode.SetText("没有");
-    dialog.ComKey1.SetText("甲");
-    dialog.ComKey2.SetText("乙");
-    dialog.CmdOK.Press();
-    EXPECT_FALSE(dialog.IsLoaded());
+    dialog.Unload();
+    windows.acts.emplace_back([this](controls::Form& /*shown*/) {
+        dialog.TxtCode.SetText("没有");
+        dialog.ComKey1.SetText("甲");
+        dialog.ComKey2.SetText("乙");
+        dialog.CmdOK.Press();
+        EXPECT_FALSE(dialog.IsLoaded());
+    });
+    Form().FindEntry();
     EXPECT_TRUE(Form().bClickOk);
     EXPECT_TRUE(Form().ExecCom);
     EXPECT_EQ(Form().FindItemCode, "没有");
@@ -68,7 +72,10 @@ TEST_F(FindDialogTest, CancelAndItsKey) {
     EXPECT_TRUE(dialog.IsLoaded());
     dialog.KeyUp(Key::F4, platform::kCtrl);
     EXPECT_FALSE(dialog.IsLoaded());
+    windows.acts.emplace_back([this](controls::Form& /*shown*/) { dialog.CmdCancel.Press(); });
+    Form().FindEntry();
     EXPECT_FALSE(Form().ExecCom);
+    EXPECT_THAT(Messages(), IsEmpty());
 }
 
 TEST_F(FindDialogTest, TheItemListKnowsEveryItem) {

@@ -4,10 +4,10 @@
 
 #include <string_view>
 
-namespace kelvane::ui {
+namespace kelvane::entries {
 
 // A sentence on the exception that is being handled; empty when none is, and for one that an
 // operator can do nothing about. For use in a catch block or below it.
 std::string_view ReasonOfFailure();
 
-}  // namespace kelvane::ui
+}  // namespace kelvane::entries

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -10,7 +11,21 @@
 #include "platform/host.h"
 #include "platform/statement_text.h"
 
-namespace kelvane::ui {
+namespace kelvane::entries {
+
+// What `read` makes of every row, for announcing what will be asked of them; leaves the set at its
+// first row. Ends before a row that cannot be read: that is an error when the row's turn comes.
+template <typename Read>
+auto ReadAll(platform::RecordSet& rows, const Read& read) {
+    std::vector<decltype(read(rows))> values;
+    try {
+        for (; !rows.EndOfFile(); rows.MoveNext()) values.push_back(read(rows));
+    } catch (const std::exception&) {
+        // Told when the row is loaded.
+    }
+    rows.MoveFirst();
+    return values;
+}
 
 class AnnouncedQueries {
 public:
@@ -38,4 +53,4 @@ private:
     std::vector<platform::StatementText> mPiece;
 };
 
-}  // namespace kelvane::ui
+}  // namespace kelvane::entries

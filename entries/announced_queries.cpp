@@ -1,8 +1,8 @@
-#include "ui/common/announced_queries.h"
+#include "entries/announced_queries.h"
 
 #include <algorithm>
 
-namespace kelvane::ui {
+namespace kelvane::entries {
 
 platform::StatementText AnnouncedQueries::Next() {
     const std::size_t row = mNext++;
@@ -17,4 +17,4 @@ platform::StatementText AnnouncedQueries::Next() {
     return std::move(mPiece[row - mPieceStart]);
 }
 
-}  // namespace kelvane::ui
+}  // namespace kelvane::entries

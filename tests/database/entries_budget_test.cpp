@@ -1,13 +1,18 @@
-#include "data/budget_control.h"
+#include "entries/item_budget.h"
 
 #include "tests/database/data_fixture.h"
+#include "ui/common/opening_budget.h"
 
-namespace kelvane::data {
+namespace kelvane::entries {
 namespace {
+
+using data::Lines;
+using ui::CheckOpeningBudget;
+using ui::gCurrentEntry;
 
 using platform::Money;
 
-class BudgetControl : public DataTest {
+class BudgetControl : public data::DataTest {
 protected:
     void SetUp() override {
         DataTest::SetUp();
@@ -31,7 +36,7 @@ protected:
         return GetItemBudget("P01", "E01", mControlled, mBudget, mError, detailCode, mQuantity);
     }
 
-    CurrentEntry mEntry{1, "人工费", "P01"};
+    BudgetedEntry mEntry{1, "P01", "人工费"};
     bool mControlled = true;
     Money mBudget = Money::FromInteger(-1);
     std::string mError = "-";
@@ -185,4 +190,4 @@ TEST_F(BudgetControl, ATotalThatDoesNotFitGoesToTheCaller) {
 }
 
 }  // namespace
-}  // namespace kelvane::data
+}  // namespace kelvane::entries

@@ -1,4 +1,4 @@
-#include "ui/common/failure_reason.h"
+#include "entries/failure_reason.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 #include "platform/database.h"
 #include "platform/money.h"
 
-namespace kelvane::ui {
+namespace kelvane::entries {
 
 namespace {
 
@@ -56,4 +56,4 @@ std::string_view ReasonOfFailure() {
     }
 }
 
-}  // namespace kelvane::ui
+}  // namespace kelvane::entries

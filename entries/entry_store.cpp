@@ -1,0 +1,131 @@
+#include "entries/entry_store.h"
+
+#include <vector>
+
+#include "data/login_context.h"
+#include "entries/announced_queries.h"
+#include "platform/database.h"
+
+namespace kelvane::entries {
+
+using data::gConn;
+using platform::CursorLocation;
+using platform::LockType;
+using platform::StatementText;
+using platform::Transaction;
+using platform::Value;
+
+namespace {
+
+std::string ElementCodeOf(const std::string& elementName) {
+    StatementText statement("select cElementCode from PM_ItemElement where cElementName = '");
+    statement.Inside(elementName) << "'";
+    return data::gEnv->DataAccess().Query(statement)->Field(0).ToText();
+}
+
+StatementText InsertionOf(const Entry& entry, const std::string& elementCode) {
+    StatementText insert(
+        "insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,cElementCode,"
+        "cDigest,mQC,iEleVid) values ");
+    insert << "( '";
+    insert.Inside(entry.date.DateText('-'));
+    for (const std::string* text : {&entry.centerCode, &entry.itemCode, &entry.key1, &entry.key2,
+                                    &elementCode, &entry.digest}) {
+        insert << "','";
+        insert.Inside(*text);
+    }
+    insert << "',";
+    insert.Amount(entry.amount) << ",";
+    insert.Number(entry.identity) << ") ";
+    return insert;
+}
+
+StatementText DetailSum(std::int64_t identity) {
+    StatementText statement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
+    statement.Number(identity) << "'";
+    return statement;
+}
+
+}  // namespace
+
+std::optional<Finding> EntryStore::Update(const Entry& entry, const StatementText& detailScript) {
+    Transaction transaction(*gConn);
+    StatementText statement("select * from PM_ItemQC with (HOLDLOCK) where iEleVid=");
+    const auto stored =
+        gConn->OpenRecordSet(statement.Number(entry.identity),
+                             {.location = CursorLocation::Client, .lock = LockType::Optimistic});
+    if (stored->EndOfFile()) {
+        transaction.RollBack();
+        if (mInDoubt.count(entry.identity) == 0) return Found(Rule::EntryGone);
+        Insert(entry, detailScript);
+        return std::nullopt;
+    }
+    stored->SetField("dDate", Value(entry.date));
+    stored->SetField("cCenterCode", Value(entry.centerCode));
+    stored->SetField("citemcode", Value(entry.itemCode));
+    stored->SetField("cKeyCode1", Value(entry.key1));
+    stored->SetField("cKeyCode2", Value(entry.key2));
+    stored->SetField("cElementCode", Value(ElementCodeOf(entry.elementName)));
+    stored->SetField("cDigest", Value(entry.digest));
+    stored->SetField("mQC", Value(entry.amount));
+    stored->Update();
+    if (!detailScript.IsEmpty()) gConn->Execute(detailScript.WithEntry(entry.identity));
+    stored->Close();
+    transaction.Commit();
+    mInDoubt.erase(entry.identity);
+    return std::nullopt;
+}
+
+void EntryStore::Insert(const Entry& entry, const StatementText& detailScript) {
+    const StatementText insert = InsertionOf(entry, ElementCodeOf(entry.elementName));
+    Transaction transaction(*gConn);
+    if (!detailScript.IsEmpty()) gConn->Execute(detailScript.WithEntry(entry.identity));
+    gConn->Execute(insert);
+    try {
+        transaction.Commit();
+    } catch (const platform::CommitInDoubt&) {
+        // The entry may be there: under another identity it would be there twice.
+        mInDoubt.insert(entry.identity);
+        throw;
+    }
+    mInDoubt.erase(entry.identity);
+}
+
+void EntryStore::Delete(std::int32_t identity) {
+    StatementText deleteEntry("delete from pm_itemQC where iEleVid=");
+    StatementText deleteLines("delete from pm_itemQCSub where iEleVid=");
+    Transaction transaction(*gConn);
+    gConn->Execute(deleteEntry.Number(identity));
+    gConn->Execute(deleteLines.Number(identity));
+    transaction.Commit();
+}
+
+void EntryStore::DeleteLines(std::int32_t identity) {
+    StatementText statement("delete from pm_itemQCSub where iEleVid=");
+    gConn->Execute(statement.Number(identity));
+}
+
+void EntryStore::ReSum(platform::HostDataAccess& access) {
+    const auto entries = access.Query(StatementText("Select distinct iEleVid from PM_ItemQC"));
+    const auto identities =
+        ReadAll(*entries, [](const platform::RecordSet& row) { return row.Field(0).ToInteger(); });
+    // The amounts that are written in between are another table's: sums already read stay true.
+    // Another operator's save between an entry's sum and its amount is followed by the old sum, as
+    // ever; the pieces are small so that this time stays short.
+    constexpr std::size_t kPiece = 64;
+    AnnouncedQueries sumQueries(
+        access, identities.size(), [&](std::size_t i) { return DetailSum(identities[i]); }, kPiece);
+    for (; !entries->EndOfFile(); entries->MoveNext()) {
+        const std::int64_t identity = entries->Field(0).ToInteger();
+        const auto sums = access.Query(sumQueries.Next());
+        if (sums->EndOfFile() || sums->Field(0).IsNull()) continue;
+        const platform::Money sum = sums->Field(0).ToMoney();
+        if (sum.IsZero()) continue;
+        StatementText update("Update PM_ItemQC set mQC = ");
+        update.Amount(sum) << " where iEleVid = '";
+        update.Number(identity) << "'";
+        access.Query(update);
+    }
+}
+
+}  // namespace kelvane::entries

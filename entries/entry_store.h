@@ -1,0 +1,48 @@
+// EntryStore: writes opening entries and their detail lines to the account, over gConn, in
+// transactions of its own, and removes them. What is written has passed its checks. Errors are
+// thrown, with nothing written; platform::CommitInDoubt where that cannot be told.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "entries/entry.h"
+#include "entries/rules.h"
+#include "platform/host.h"
+#include "platform/statement_text.h"
+
+namespace kelvane::entries {
+
+// Identities are 16-bit numbers from 1 on.
+inline constexpr std::int32_t kMaxIdentity = 32767;
+
+class EntryStore {
+public:
+    // Writes an existing entry and then runs `detailScript`, with the identity in its places,
+    // unless it is empty. Finds that another operator has deleted the entry; one whose insertion
+    // was in doubt is inserted instead. The element's code is read over gEnv.
+    std::optional<Finding> Update(const Entry& entry, const platform::StatementText& detailScript);
+
+    // Runs `detailScript` and inserts the entry under its identity. A commit without an answer
+    // leaves the identity in doubt.
+    void Insert(const Entry& entry, const platform::StatementText& detailScript);
+
+    // Deletes an entry with its lines, and the lines alone, at once.
+    void Delete(std::int32_t identity);
+    void DeleteLines(std::int32_t identity);
+
+    // Brings each entry's amount up to the sum of its lines, over `access`. Lines that sum to 0
+    // leave the amount as it is.
+    static void ReSum(platform::HostDataAccess& access);
+
+    // Forgets which insertions were in doubt.
+    void ForgetDoubts() { mInDoubt.clear(); }
+
+private:
+    // Identities of new entries whose commit was never answered.
+    std::set<std::int32_t> mInDoubt;
+};
+
+}  // namespace kelvane::entries

@@ -1,0 +1,121 @@
+#include "entries/rules.h"
+
+#include <array>
+#include <cstddef>
+#include <utility>
+
+#include "data/messages.h"
+#include "entries/detail_line.h"
+#include "entries/entry.h"
+
+namespace kelvane::entries {
+
+namespace {
+
+using data::kModuleCaption;
+using data::kPromptCaption;
+
+constexpr int kCode = static_cast<int>(LineColumn::Code);
+constexpr int kName = static_cast<int>(LineColumn::Name);
+constexpr int kPrice = static_cast<int>(LineColumn::Price);
+constexpr int kQuantity = static_cast<int>(LineColumn::Quantity);
+constexpr int kLineAmount = static_cast<int>(LineColumn::Amount);
+constexpr int kWholeEntry = 0;
+
+constexpr std::string_view kBeyondBudget = "金额超出项目预算中的项目期初发生额";
+
+// In the order of the enumeration.
+constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules{{
+    {Rule::DateEmpty, "date.empty", kDateColumn, "日期不能为空", kPromptCaption},
+    {Rule::DateInvalid, "date.invalid", kDateColumn, "日期非法", kPromptCaption},
+    {Rule::DateBound, "date.bound", kDateColumn, "期初录入时间应在本年度帐套启用期间第一天({})之前",
+     kPromptCaption},
+    {Rule::DateRange, "date.range", kDateColumn, "期初录入时间录入有误！", kPromptCaption},
+    {Rule::CenterEmpty, "center.empty", kCenterColumn, "责任中心不能为空", kPromptCaption},
+    {Rule::CenterUnknown, "center.unknown", kCenterColumn,
+     "此责任中心不存在或操作员没有权限，须重新输入！", kPromptCaption},
+    {Rule::ItemEmpty, "item.empty", kItemColumn, "项目编号不能为空", kPromptCaption},
+    {Rule::ItemCenter, "item.center", kItemColumn, "该责任中心下不包括此项目，须重新输入！",
+     kPromptCaption},
+    {Rule::ItemSettled, "item.settled", kItemColumn,
+     "项目已经完工结算，不能在启用后对该项目录入期初！", "提示"},
+    {Rule::ItemSettledDeletion, "item.settled", kItemColumn, "此项目已经结算，不能删除 ！",
+     kPromptCaption},
+    {Rule::ElementEmpty, "element.empty", kElementColumn, "项目要素不能为空", kPromptCaption},
+    {Rule::ElementUnknown, "element.unknown", kElementColumn, "输入的项目要素不存在，须重新输入！",
+     kPromptCaption},
+    {Rule::DigestEmpty, "digest.empty", kDigestColumn, "摘要不能为空", kPromptCaption},
+    {Rule::AmountEmpty, "amount.empty", kAmountColumn, "期初不能为空", kPromptCaption},
+    {Rule::AmountNumber, "amount.number", kAmountColumn, "请输入数字", kPromptCaption},
+    {Rule::BudgetExceeded, "budget.exceeded", kAmountColumn, kBeyondBudget, kModuleCaption},
+    {Rule::BudgetFailed, "budget.failed", kAmountColumn, "", kModuleCaption},
+    {Rule::PeriodClosed, "list.locked", kWholeEntry, "启用期间已经结账，不能再录入期初。",
+     kPromptCaption},
+    {Rule::YearCarriedOver, "list.locked", kWholeEntry, "{} 年度已经结转，不能再录入期初。",
+     kPromptCaption},
+    {Rule::OtherStartYear, "list.locked", kWholeEntry, "启用年度不是登录年度（{}），不能录入期初。",
+     kPromptCaption},
+    {Rule::EntryGone, "entry.gone", kWholeEntry, "该行记录已经被他人删除", kModuleCaption},
+    {Rule::IdentityExhausted, "identity.exhausted", kWholeEntry,
+     "期初编号已经用完（最大 {}），当前行没有保存，没有写入数据库。", kPromptCaption},
+    {Rule::CounterMissing, "counter.missing", kWholeEntry, "出现冲突，请稍后再试！",
+     kPromptCaption},
+    {Rule::LineCodeEmpty, "line.code.empty", kCode, "编码不能为空", kModuleCaption},
+    {Rule::LineNameEmpty, "line.name.empty", kName, "名称不能为空", kModuleCaption},
+    {Rule::EquipmentCodeUnknown, "line.code.unknown", kCode, "设备编码不存在或不是末级",
+     kModuleCaption},
+    {Rule::EquipmentNameUnknown, "line.code.unknown", kName, "设备名称不存在或不是末级",
+     kModuleCaption},
+    {Rule::InventoryCodeUnknown, "line.code.unknown", kCode, "存货编码不存在或所属分类不正确",
+     kModuleCaption},
+    {Rule::InventoryNameUnknown, "line.code.unknown", kName, "存货名称不存在或所属分类不正确",
+     kModuleCaption},
+    {Rule::LineCodeDuplicate, "line.code.duplicate", kCode, "编码不能重复", kModuleCaption},
+    {Rule::LinePriceZero, "line.price.zero", kPrice, "单价不能为空或0", kModuleCaption},
+    {Rule::LineQuantityZero, "line.quantity.zero", kQuantity, "数量不能为空或0", kModuleCaption},
+    {Rule::LineNumber, "line.number", kQuantity, "非法金额数量", kModuleCaption},
+    {Rule::LineBudgetAmount, "line.budget.amount", kLineAmount, kBeyondBudget, kModuleCaption},
+    {Rule::LineBudgetQuantity, "line.budget.quantity", kQuantity,
+     "数量超出项目预算中的项目期初数量", kModuleCaption},
+}};
+
+constexpr bool InOrder() {
+    for (std::size_t i = 0; i < kRules.size(); ++i) {
+        if (kRules[i].rule != static_cast<Rule>(i)) return false;
+    }
+    return true;
+}
+static_assert(InOrder(), "the rules stand in the order of their enumeration");
+
+}  // namespace
+
+const DeclaredRule& Declared(Rule rule) {
+    return kRules[static_cast<std::size_t>(rule)];
+}
+
+std::span<const DeclaredRule> DeclaredRules() {
+    return kRules;
+}
+
+Finding Found(Rule rule) {
+    return Found(rule, {});
+}
+
+Finding Found(Rule rule, std::string_view value) {
+    constexpr std::string_view kPlace = "{}";
+    const DeclaredRule& declared = Declared(rule);
+    std::string text(declared.text);
+    const auto place = text.find(kPlace);
+    if (text.empty()) {
+        text = value;
+    } else if (place != std::string::npos) {
+        text.replace(place, kPlace.size(), value);
+    }
+    return {.rule = rule,
+            .id = declared.id,
+            .column = declared.column,
+            .text = std::move(text),
+            .caption = declared.caption};
+}
+
+}  // namespace kelvane::entries

@@ -1,0 +1,85 @@
+// The catalogue of rules: what can be wrong with an entry or a detail line, each with the id that
+// reports name it by, its column and the text that an operator reads. A rule shows nothing: checks
+// give findings, and whoever asked decides what becomes of them.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/windows.h"
+
+namespace kelvane::entries {
+
+enum class Rule {
+    DateEmpty,
+    DateInvalid,
+    DateBound,
+    DateRange,
+    CenterEmpty,
+    CenterUnknown,
+    ItemEmpty,
+    ItemCenter,
+    ItemSettled,
+    ItemSettledDeletion,
+    ElementEmpty,
+    ElementUnknown,
+    DigestEmpty,
+    AmountEmpty,
+    AmountNumber,
+    BudgetExceeded,
+    BudgetFailed,
+    PeriodClosed,
+    YearCarriedOver,
+    OtherStartYear,
+    EntryGone,
+    IdentityExhausted,
+    CounterMissing,
+    LineCodeEmpty,
+    LineNameEmpty,
+    EquipmentCodeUnknown,
+    EquipmentNameUnknown,
+    InventoryCodeUnknown,
+    InventoryNameUnknown,
+    LineCodeDuplicate,
+    LinePriceZero,
+    LineQuantityZero,
+    LineNumber,
+    LineBudgetAmount,
+    LineBudgetQuantity,
+    Count,
+};
+
+// `column`: an EntryColumn, for rules of lines a LineColumn; 0 in an entry's rule: the whole entry.
+// `text`: what an operator reads, with "{}" where a run-time value stands; empty when all of it is
+// told at run time.
+struct DeclaredRule {
+    Rule rule;
+    std::string_view id;
+    int column;
+    std::string_view text;
+    std::string_view caption;
+};
+
+const DeclaredRule& Declared(Rule rule);
+std::span<const DeclaredRule> DeclaredRules();
+
+// What one check found.
+struct Finding {
+    Rule rule;
+    std::string_view id;
+    int column;
+    std::string text;
+    std::string_view caption;
+    platform::MessageIcon icon = platform::MessageIcon::Information;
+};
+
+using Findings = std::vector<Finding>;
+
+Finding Found(Rule rule);
+// `value` stands in the text's "{}", and alone where the rule has no text of its own.
+Finding Found(Rule rule, std::string_view value);
+
+}  // namespace kelvane::entries

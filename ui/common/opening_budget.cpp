@@ -1,0 +1,18 @@
+#include "ui/common/opening_budget.h"
+
+#include "entries/account_master_data.h"
+#include "entries/entry_rules.h"
+#include "ui/common/findings.h"
+
+namespace kelvane::ui {
+
+std::function<entries::BudgetedEntry()> gCurrentEntry;
+
+bool CheckOpeningBudget(platform::Money amount) {
+    entries::AccountMasterData masterData;
+    const auto refused = entries::EntryRules(masterData).CheckBudget(gCurrentEntry(), amount);
+    if (refused) ShowFinding(*refused);
+    return !refused;
+}
+
+}  // namespace kelvane::ui

@@ -1,0 +1,19 @@
+// The budget check of the list's current entry, which the detail editor runs too.
+#pragma once
+
+#include <functional>
+
+#include "entries/entry.h"
+#include "platform/money.h"
+
+namespace kelvane::ui {
+
+// Set by the list of entries; answers with the current row's present texts.
+extern std::function<entries::BudgetedEntry()> gCurrentEntry;
+
+// Whether `amount` for the current entry keeps within the budget, the amounts of all other entries
+// of its item and element included. Tells the operator when it does not, or when the budget cannot
+// be read. Over gConn; passes the errors of its own reads on.
+bool CheckOpeningBudget(platform::Money amount);
+
+}  // namespace kelvane::ui

@@ -84,8 +84,6 @@ void frmFind::Form_Load() {
     const bool first = keywords == 1 || keywords == 2;
     Label2.SetCaption(first ? data::gItemKeyField1 : "关键字一");
     Label3.SetCaption(keywords == 2 ? data::gItemKeyField2 : "关键字二");
-    ComKey1.SetEnabled(first);
-    ComKey2.SetEnabled(keywords == 2);
     ComdRef.SetPicture(kPictureReference);
     ComdRef.SetEnabled(static_cast<bool>(data::gServices->createReferenceList));
     data::gServices->windows->SetHelpFile(HelpFilePath());

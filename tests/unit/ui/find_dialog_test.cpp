@@ -29,7 +29,7 @@ TEST_F(FindDialogTest, OpensEmptyWithTheKeywordsNames) {
     EXPECT_EQ(dialog.ComdRef.Picture(), 108);
     EXPECT_EQ(dialog.Label2.Caption(), "标段");
     EXPECT_TRUE(dialog.ComKey1.Enabled());
-    EXPECT_FALSE(dialog.ComKey2.Enabled());
+    EXPECT_TRUE(dialog.ComKey2.Enabled());
     EXPECT_EQ(windows.helpFile, "host\\help\\项目管理.chm");
     EXPECT_EQ(dialog.ActiveControl(), &dialog.TxtCode);
     EXPECT_EQ(dialog.Left(), (1920 * 15 - dialog.Width()) / 2);
@@ -142,6 +142,23 @@ TEST_F(FindDialogTest, AnUnknownCodeIsEmptiedWithTheLists) {
     EXPECT_THAT(dialog.ComKey1.Items(), IsEmpty());
     EXPECT_EQ(dialog.ComKey1.Text(), "");
     EXPECT_EQ(dialog.ActiveControl(), &dialog.TxtCode);
+}
+
+TEST_F(FindDialogTest, ListsWithoutAKeywordFieldTestTheCodeAndStayEmpty) {
+    for (const std::int16_t count : std::vector<std::int16_t>{0, 1, 3}) {
+        data::gItemKeyCount = count;
+        dialog.Unload();
+        dialog.Load();
+        dialog.TxtCode.SetText("P02");
+        dialog.ComKey2.Open();
+        EXPECT_THAT(Messages(), IsEmpty());
+        EXPECT_THAT(dialog.ComKey2.Items(), IsEmpty());
+        dialog.TxtCode.SetText("P99");
+        dialog.ComKey2.Open();
+        EXPECT_THAT(Messages(), ElementsAre("[提示信息|information] 所填项目不存在! ")) << count;
+        EXPECT_EQ(dialog.TxtCode.Text(), "") << count;
+        windows.messages.clear();
+    }
 }
 
 TEST_F(FindDialogTest, WithoutACodeTheListsStay) {

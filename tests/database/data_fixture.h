@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/login_context.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/recording_database.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_windows.h"
@@ -33,20 +34,7 @@ protected:
         gConn = std::make_shared<support::RecordingConnection>(Connect(), mLog);
     }
 
-    void TearDown() override {
-        gConn.reset();
-        gEnv = nullptr;
-        gLogin = nullptr;
-        gServices = nullptr;
-        gNumPointQty = gNumPointPrice = gNumPointRate = gNumPointMoney = 0;
-        gItemKeyCount = gItemKeyType1 = gItemKeyType2 = 0;
-        gItemKeyField1.clear();
-        gItemKeyField2.clear();
-        gPmStartDate = {1899, 12, 30};
-        gPmStartYear = 0;
-        gRefCenterCode.clear();
-        gRefByCenter = false;
-    }
+    void TearDown() override { support::ResetLoginContext(); }
 
     // Runs a statement as another operator does.
     void Run(platform::FixedText statement) { mOther->Execute(statement); }

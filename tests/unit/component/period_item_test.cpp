@@ -7,6 +7,7 @@
 
 #include "data/login_context.h"
 #include "tests/support/embedded_account.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/recording_registry.h"
 #include "tests/support/recording_windows.h"
 #include "tests/support/test_host.h"
@@ -87,15 +88,7 @@ protected:
             account.Connect()->Execute(statement);
         }
     }
-    ~PeriodItemTest() override {
-        gConn.reset();
-        gEnv = nullptr;
-        gLogin = nullptr;
-        gServices = nullptr;
-        gNumPointQty = gNumPointPrice = gNumPointRate = gNumPointMoney = 0;
-        gUnitName = gOperatorName = gAccountYear = gToday = gPrintStylePath = "";
-        gColorWhite = gColorLocked = gColorPink = gColorCream = 0;
-    }
+    ~PeriodItemTest() override { support::ResetLoginContext(); }
 
     static std::string Name() {
         return std::string("PeriodItemTest_") +

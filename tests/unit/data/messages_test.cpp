@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "data/login_context.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_windows.h"
 
@@ -18,7 +19,7 @@ protected:
         mServices.diagnostics = &mDiagnostics;
         gServices = &mServices;
     }
-    void TearDown() override { gServices = nullptr; }
+    void TearDown() override { support::ResetLoginContext(); }
 
     support::RecordingWindows mWindows;
     support::RecordingDiagnostics mDiagnostics;

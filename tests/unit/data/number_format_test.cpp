@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/login_context.h"
+#include "tests/support/login_context_reset.h"
 
 namespace kelvane::data {
 namespace {
@@ -20,7 +21,7 @@ protected:
         gNumPointMoney = 2;
         gNumPointRate = 1;
     }
-    void TearDown() override { gNumPointPrice = gNumPointQty = gNumPointMoney = gNumPointRate = 0; }
+    void TearDown() override { support::ResetLoginContext(); }
 };
 
 TEST_F(NumberFormat, EachKindHasItsDecimals) {

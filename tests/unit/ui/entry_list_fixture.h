@@ -13,6 +13,7 @@
 #include "data/login_context.h"
 #include "tests/support/acting_windows.h"
 #include "tests/support/embedded_account.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/recording_database.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_reference_list.h"
@@ -54,19 +55,7 @@ protected:
         windows.answers.assign(1, platform::MessageAnswer::Yes);
         form.Unload();
         form.FocusMoved = nullptr;
-        data::gConn.reset();
-        data::gEnv = nullptr;
-        data::gLogin = nullptr;
-        data::gServices = nullptr;
-        data::gNumPointQty = data::gNumPointPrice = data::gNumPointMoney = 0;
-        data::gItemKeyCount = data::gItemKeyType1 = data::gItemKeyType2 = 0;
-        data::gItemKeyField1.clear();
-        data::gItemKeyField2.clear();
-        data::gPmStartDate = {1899, 12, 30};
-        data::gPmStartYear = 0;
-        data::gToolbarStyle = 0;
-        data::gRefByCenter = false;
-        data::gRefCenterCode.clear();
+        support::ResetLoginContext();
     }
 
     static inline const std::vector<platform::FixedText> kContent{

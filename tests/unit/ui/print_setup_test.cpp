@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "data/login_context.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_windows.h"
 
@@ -118,10 +119,7 @@ protected:
         grid.SetText(2, 1, "乙");
         loaded = grid.FormatText();
     }
-    ~PrintSetupTest() override {
-        data::gServices = nullptr;
-        data::gPrintStylePath.clear();
-    }
+    ~PrintSetupTest() override { support::ResetLoginContext(); }
 
     bool Prepare() {
         return SetUpPrint(control, {.grid = grid,

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "data/login_context.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/memory_record_set.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_reference_list.h"
@@ -53,13 +54,8 @@ protected:
         data::gLogin = &login;
         data::gEnv = &mEnvironment;
         data::gServices = &mServices;
-        data::gRefByCenter = false;
     }
-    ~SelectReferenceTest() override {
-        data::gLogin = nullptr;
-        data::gEnv = nullptr;
-        data::gServices = nullptr;
-    }
+    ~SelectReferenceTest() override { support::ResetLoginContext(); }
 
     void Offer(std::vector<std::string> names, MemoryRecordSet::Row row) {
         log.choose = [names = std::move(names), row = std::move(row)] {

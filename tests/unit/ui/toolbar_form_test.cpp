@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/login_context.h"
+#include "tests/support/login_context_reset.h"
 #include "tests/support/memory_record_set.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_registry.h"
@@ -49,10 +50,7 @@ protected:
         services.diagnostics = &diagnostics;
         data::gServices = &services;
     }
-    ~ToolbarFormTest() override {
-        data::gServices = nullptr;
-        data::gToolbarStyle = 0;
-    }
+    ~ToolbarFormTest() override { support::ResetLoginContext(); }
 
     support::RecordingRegistry registry;
     support::RecordingDiagnostics diagnostics;
@@ -250,7 +248,6 @@ TEST_F(ToolbarFormTest, TheHelpFileLiesBelowTheHostsFolder) {
     environment.hostPath = "C:\\Kx";
     data::gEnv = &environment;
     EXPECT_EQ(HelpFilePath(), "C:\\Kx\\help\\项目管理.chm");
-    data::gEnv = nullptr;
 }
 
 }  // namespace

@@ -26,7 +26,8 @@ Color gColorCream = 0;
 std::int16_t gNumPointQty = 0;
 std::int16_t gNumPointPrice = 0;
 std::int16_t gNumPointRate = 0;
-std::int16_t gNumPointMoney = 0;
+std::int16_t gNumPointMoney = 2;
+bool gNumPointsFailed = false;
 
 std::int16_t gItemKeyCount = 0;
 std::string gItemKeyField1;
@@ -75,7 +76,9 @@ void LoadNumPoints() try {
         }
     }
     gNumPointMoney = 2;
+    gNumPointsFailed = false;
 } catch (...) {
+    gNumPointsFailed = true;
     ReportTrapped("LoadNumPoints");
 }
 

@@ -39,11 +39,13 @@ extern Color gColorLocked;
 extern Color gColorPink;
 extern Color gColorCream;
 
-// Decimal places of quantities, prices, rates and money.
+// Decimal places of quantities, prices, rates and money; money always has 2.
 extern std::int16_t gNumPointQty;
 extern std::int16_t gNumPointPrice;
 extern std::int16_t gNumPointRate;
 extern std::int16_t gNumPointMoney;
+// Whether the last reading of the decimal places failed.
+extern bool gNumPointsFailed;
 
 // Key fields of the project item class: how many, their column names and type codes.
 extern std::int16_t gItemKeyCount;
@@ -63,8 +65,8 @@ extern std::int16_t gToolbarStyle;
 extern std::string gRefCenterCode;
 extern bool gRefByCenter;
 
-// Reads the decimal places from the settings, over gConn. Traps every error: values not reached
-// keep their content.
+// Reads the decimal places from the settings, over gConn. Traps every error and sets
+// gNumPointsFailed then: values not reached keep their content.
 void LoadNumPoints();
 
 // Reads count, names and types of the item class's key fields, over gEnv. Traps every error.

@@ -52,13 +52,20 @@ TEST_F(LoginContext, AFailureKeepsTheNumPointsNotReached) {
     Run("insert into PM_SettingInf(cName,cValue) values('NumPoint_Price','70000')");
     LoadNumPoints();
     EXPECT_EQ(gNumPointPrice, 4);
-    EXPECT_EQ(gNumPointMoney, 0);
+    EXPECT_EQ(gNumPointMoney, 2);
+    EXPECT_TRUE(gNumPointsFailed);
+    gNumPointsFailed = false;
     mLog.failing = "PM_SettingInf";
     LoadNumPoints();
-    EXPECT_EQ(gNumPointMoney, 0);
+    EXPECT_EQ(gNumPointMoney, 2);
+    EXPECT_TRUE(gNumPointsFailed);
     EXPECT_EQ(mDiagnostics.places, (Lines{"LoadNumPoints", "LoadNumPoints"}));
     EXPECT_EQ(mDiagnostics.details, (Lines{"数字溢出：70000", "模拟的数据库错误"}));
     EXPECT_EQ(Messages(), Lines{});
+    mLog.failing.clear();
+    Run("delete from PM_SettingInf");
+    LoadNumPoints();
+    EXPECT_FALSE(gNumPointsFailed);
 }
 
 TEST_F(LoginContext, OneKeyField) {

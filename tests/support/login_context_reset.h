@@ -16,7 +16,9 @@ inline void ResetLoginContext() {
     gServices = nullptr;
     gUnitName = gOperatorName = gAccountYear = gToday = gPrintStylePath = "";
     gColorWhite = gColorLocked = gColorPink = gColorCream = 0;
-    gNumPointQty = gNumPointPrice = gNumPointRate = gNumPointMoney = 0;
+    gNumPointQty = gNumPointPrice = gNumPointRate = 0;
+    gNumPointMoney = 2;
+    gNumPointsFailed = false;
     gItemKeyCount = gItemKeyType1 = gItemKeyType2 = 0;
     gItemKeyField1 = gItemKeyField2 = "";
     gPmStartDate = {1899, 12, 30};

@@ -100,8 +100,8 @@ StatementText ElementOf(const std::string& code) {
 
 void frmPeriodItem::Form_Load() {
     ResetToDesign();
-    // The one setting that is never read but always set, when the others could be read.
-    if (data::gNumPointMoney == 0) mFailureNotice.Failed("LoadNumPoints");
+    // The login came before this window, which could not hear of it then.
+    if (data::gNumPointsFailed) mFailureNotice.Failed("LoadNumPoints");
     SetIconPicture(kPictureWindow);
     data::gServices->windows->SetHelpFile(HelpFilePath());
     data::gToolbarStyle = ReadToolbarStyle() == 1 ? 0 : 1;

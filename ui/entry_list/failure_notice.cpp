@@ -19,7 +19,7 @@ constexpr std::array kSentences{
     Sentence{"LoadEntryGrid", Work::Load, "读取期初列表时出错，列表可能不完整，请重新打开。"},
     Sentence{"Form_Load", Work::Load, "打开窗口时出错，内容可能不完整，请重新打开。"},
     Sentence{"LoadNumPoints", Work::Load,
-             "读取小数位数设置时出错，金额没有显示小数，请重新登录后再修改。"},
+             "读取小数位数设置时出错，单价和数量可能没有显示小数，请重新登录后再修改。"},
     Sentence{"LoadItemKeyFields", Work::Load, "读取项目大类的关键字设置时出错。"},
     Sentence{"LoadPmStartDate", Work::Load, "读取项目管理启用日期时出错。"},
     Sentence{"SetupToolbar", Work::Load, "读取启用期间设置时出错。"},

@@ -18,7 +18,6 @@ protected:
     void SetUp() override {
         gNumPointPrice = 4;
         gNumPointQty = 3;
-        gNumPointMoney = 2;
         gNumPointRate = 1;
     }
     void TearDown() override { support::ResetLoginContext(); }

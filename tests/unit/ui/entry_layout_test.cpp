@@ -259,9 +259,11 @@ TEST_F(EntryLayoutTest, FailuresOfLoadingAreStillNamedWhenTheListHasOpened) {
 }
 
 TEST_F(EntryLayoutTest, DecimalPlacesThatWereNeverReadAreNamed) {
-    data::gNumPointMoney = 0;
+    data::gNumPointsFailed = true;
     Open();
-    EXPECT_EQ(Form().Notice(), "读取小数位数设置时出错，金额没有显示小数，请重新登录后再修改。");
+    EXPECT_EQ(Form().Notice(),
+              "读取小数位数设置时出错，单价和数量可能没有显示小数，请重新登录后再修改。");
+    EXPECT_EQ(List().Text(1, kAmountColumn), "1,234.50");
 }
 
 TEST_F(EntryLayoutTest, ASettledCheckThatFailsLocksNoRow) {

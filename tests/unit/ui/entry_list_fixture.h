@@ -42,7 +42,7 @@ protected:
         data::gColorWhite = 0xFFFFFF;
         data::gColorLocked = controls::Rgb(205, 208, 215);
         data::gColorPink = controls::Rgb(247, 237, 236);
-        data::gNumPointQty = data::gNumPointPrice = data::gNumPointMoney = 2;
+        data::gNumPointQty = data::gNumPointPrice = 2;
         login.exempt = true;
         environment.startPeriod = "2004-07-01";
         ConnectWindows();

@@ -4,19 +4,22 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <set>
 #include <string>
 
 #include "entries/entry.h"
+#include "entries/entry_counter.h"
 #include "entries/rules.h"
 #include "platform/host.h"
 #include "platform/statement_text.h"
 
 namespace kelvane::entries {
 
-// Identities are 16-bit numbers from 1 on.
-inline constexpr std::int32_t kMaxIdentity = 32767;
+// Identities are 16-bit numbers.
+inline constexpr NumberRange kIdentities{std::numeric_limits<std::int16_t>::min(),
+                                         std::numeric_limits<std::int16_t>::max()};
 
 class EntryStore {
 public:

@@ -58,6 +58,8 @@ constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules
     {Rule::EntryGone, "entry.gone", kWholeEntry, "该行记录已经被他人删除", kModuleCaption},
     {Rule::IdentityExhausted, "identity.exhausted", kWholeEntry,
      "期初编号已经用完（最大 {}），当前行没有保存，没有写入数据库。", kPromptCaption},
+    {Rule::IdentityBelowRange, "identity.exhausted", kWholeEntry,
+     "期初编号小于 {}，不能使用，当前行没有保存，没有写入数据库。", kPromptCaption},
     {Rule::CounterMissing, "counter.missing", kWholeEntry, "出现冲突，请稍后再试！",
      kPromptCaption},
     {Rule::LineCodeEmpty, "line.code.empty", kCode, "编码不能为空", kModuleCaption},

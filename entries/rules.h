@@ -36,6 +36,7 @@ enum class Rule {
     OtherStartYear,
     EntryGone,
     IdentityExhausted,
+    IdentityBelowRange,
     CounterMissing,
     LineCodeEmpty,
     LineNameEmpty,

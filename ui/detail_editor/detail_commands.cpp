@@ -7,6 +7,7 @@
 #include "data/messages.h"
 #include "data/number_format.h"
 #include "ui/common/opening_budget.h"
+#include "ui/common/questions.h"
 #include "ui/detail_editor/detail_editor.h"
 
 namespace kelvane::ui {
@@ -87,7 +88,7 @@ void frmQCEdit::SaveDetails() {
 // What was typed into an open cell counts; a text that is refused cannot be kept.
 bool frmQCEdit::MayLoseChanges() {
     const bool refused = Grid1.FinishEdit() == GridAnswer::Refuse;
-    return (!refused && !HasChanged()) || data::AskQuestion("数据尚未保存,确认退出吗?");
+    return (!refused && !HasChanged()) || AskToLeaveUnsaved();
 }
 
 void frmQCEdit::QuitEditor() {

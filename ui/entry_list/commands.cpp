@@ -6,6 +6,7 @@
 #include "data/messages.h"
 #include "ui/common/opening_budget.h"
 #include "ui/common/print_setup.h"
+#include "ui/common/questions.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -79,7 +80,7 @@ frmPeriodItem::frmPeriodItem()
       GridPeriodItem(*this, "GridPeriodItem"),
       cmdRef(*this, "cmdRef"),
       mFailureNotice([this](const std::string& text) { SetNotice(text); }) {
-    SetCaption("项目期初录入");
+    SetCaption(std::string(kTitle));
     SetSize(14400, 8700);
     SetMinSize(kMinWidth, kMinHeight);
     Toolbar1.AddButton("Print", "打印");
@@ -96,7 +97,7 @@ frmPeriodItem::frmPeriodItem()
     Toolbar1.SetHeight(kToolbarHeight);
     CTBCtrl1.SetHeight(kToolbarHeight);
     Picture1.SetHeight(kTitleHeight);
-    CapLable.SetCaption("项目期初录入");
+    CapLable.SetCaption(std::string(kTitle));
     CapLable.SetTitle(true);
     CapLable.SetWidth(2400);
     CapLable.SetHeight(360);
@@ -206,7 +207,7 @@ void frmPeriodItem::Form_KeyPress(char32_t& character) {
         const int row = GridPeriodItem.Row();
         if (GridPeriodItem.Col() != kAmountColumn || row < 1) return;
         if (CellText(row, kElementColumn).empty()) {
-            data::ShowInformation("请先填充要素", data::kModuleCaption);
+            TellElementFirst();
         } else if (ElementDetailFlag(row) != 0) {
             data::gServices->windows->Beep();
             character = 0;
@@ -251,7 +252,7 @@ void frmPeriodItem::Form_Resize() {
 void frmPeriodItem::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/) {
     const bool cellRefused = GridPeriodItem.FinishEdit() == controls::GridAnswer::Refuse;
     if (!cellRefused && (!GridPeriodItem.RowTouched() || GridPeriodItem.LeaveRow())) return;
-    cancel = !data::AskQuestion("数据尚未保存,确认退出吗?");
+    cancel = !AskToLeaveUnsaved();
 }
 
 void frmPeriodItem::Form_Unload() {

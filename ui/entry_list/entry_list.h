@@ -31,6 +31,9 @@ namespace kelvane::ui {
 
 using enum entries::EntryColumn;
 
+// The window's title, which is printed too.
+inline constexpr std::string_view kTitle = "项目期初录入";
+
 class frmPeriodItem : public ToolbarForm {
 public:
     frmPeriodItem();
@@ -171,6 +174,7 @@ private:
     void TellFailedWrite(std::string_view place, const WriteSentences& sentences);
 
     DetailRequest DetailsOf(int row) const;
+    static void TellElementFirst();
     void OpenDetailsFromGrid(std::string& value, int row);
     void PlaceDetailButton();
     void HideDetailButton();

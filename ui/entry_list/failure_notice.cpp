@@ -15,6 +15,8 @@ struct Sentence {
     std::string_view text;
 };
 
+constexpr std::string_view kKeywordLists = "读取关键字列表时出错。";
+
 constexpr std::array kSentences{
     Sentence{"LoadEntryGrid", Work::Load, "读取期初列表时出错，列表可能不完整，请重新打开。"},
     Sentence{"Form_Load", Work::Load, "打开窗口时出错，内容可能不完整，请重新打开。"},
@@ -40,9 +42,9 @@ constexpr std::array kSentences{
     Sentence{"xmlPrt_SaveSettings", Work::Check, "保存打印设置时出错，设置没有保存。"},
     Sentence{"SelectReference", Work::Check, "打开参照列表时出错。"},
     Sentence{"GridPeriodItem_CellReference", Work::Check, "打开参照列表或明细时出错。"},
-    Sentence{"GridPeriodItem_ComboDropDown", Work::Check, "读取关键字列表时出错。"},
-    Sentence{"ComKey1_DropDown", Work::Check, "读取关键字列表时出错。"},
-    Sentence{"ComKey2_DropDown", Work::Check, "读取关键字列表时出错。"},
+    Sentence{"GridPeriodItem_ComboDropDown", Work::Check, kKeywordLists},
+    Sentence{"ComKey1_DropDown", Work::Check, kKeywordLists},
+    Sentence{"ComKey2_DropDown", Work::Check, kKeywordLists},
     Sentence{"GetItemBudget", Work::Save, "读取项目预算时出错，没有保存。"},
 };
 

@@ -73,7 +73,7 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
         if (!description.empty() && description != CellText(row, col)) value = description;
     } else if (col == kAmountColumn) {
         if (CellText(row, kElementColumn).empty()) {
-            data::ShowInformation("请先填充要素", data::kModuleCaption);
+            TellElementFirst();
             return;
         }
         OpenDetailsFromGrid(value, row);
@@ -99,6 +99,11 @@ void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
     if (answer.lines.script.IsEmpty()) return;
     mWaiting = std::move(answer.lines);
     GridPeriodItem.SetRowTouched(true);
+}
+
+// An amount is of an element.
+void frmPeriodItem::TellElementFirst() {
+    data::ShowInformation("请先填充要素", data::kModuleCaption);
 }
 
 std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, int row, int col) {
@@ -201,7 +206,7 @@ void frmPeriodItem::GridPeriodItem_EnterCell() {
     const int row = GridPeriodItem.Row();
     if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
     if (CellText(row, kElementColumn).empty()) {
-        data::ShowInformation("请先填充要素", data::kModuleCaption);
+        TellElementFirst();
         GridPeriodItem.SetCol(kElementColumn);
         return;
     }

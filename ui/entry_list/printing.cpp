@@ -15,7 +15,7 @@ void frmPeriodItem::PreparePrint(int /*mode*/, bool& ok) {
         xmlPrt_SaveSettings(text1, text2);
     };
     ok = SetUpPrint(*xmlPrt, {.grid = GridPeriodItem,
-                              .title = "项目期初录入",
+                              .title = std::string(kTitle),
                               .loadedLayout = mGridLayoutText,
                               .header = {{"年度", data::gAccountYear, "0,200", "700"}},
                               .footer = SignatureItems()});

@@ -1,15 +1,16 @@
 // Writing a row to the account, and deleting one.
 #include <cstdint>
 
-#include "data/entry_counter.h"
 #include "data/login_context.h"
 #include "data/messages.h"
+#include "ui/common/entry_number.h"
 #include "ui/common/findings.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
 
 using data::gConn;
+using entries::Rule;
 using platform::StatementText;
 
 namespace {
@@ -45,10 +46,12 @@ void frmPeriodItem::TellFailedWrite(std::string_view place, const WriteSentences
     data::ReportTrapped(place);
     try {
         throw;
-    } catch (const data::CounterExhausted&) {
-        mFailureNotice.FailedSave(
-            entries::Found(entries::Rule::IdentityExhausted, std::to_string(entries::kMaxIdentity))
-                .text);
+    } catch (const entries::CounterExhausted&) {
+        const auto bound = std::to_string(entries::kIdentities.largest);
+        mFailureNotice.FailedSave(entries::Found(Rule::IdentityExhausted, bound).text);
+    } catch (const entries::CounterBelowRange&) {
+        const auto bound = std::to_string(entries::kIdentities.smallest);
+        mFailureNotice.FailedSave(entries::Found(Rule::IdentityBelowRange, bound).text);
     } catch (const platform::CommitInDoubt&) {
         mFailureNotice.FailedSave(sentences.inDoubt);
     } catch (const platform::DatabaseBusy&) {
@@ -65,8 +68,8 @@ bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
         if (gone) ShowFinding(*gone);
         return !gone;
     }
-    entry.identity = data::NextSettingNumber(kCounterName, *gConn, entries::kMaxIdentity);
-    if (entry.identity == data::kNoNumber) return false;
+    entry.identity = NextSettingNumber(kCounterName, *gConn, entries::kIdentities);
+    if (entry.identity == kNoNumber) return false;
     try {
         mStore.Insert(entry, detailSql);
     } catch (const platform::CommitInDoubt&) {

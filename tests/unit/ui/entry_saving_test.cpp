@@ -397,6 +397,18 @@ TEST_F(EntrySavingTest, NumbersEndAt32767) {
     EXPECT_EQ(diagnostics.places.back(), "SaveRow");
 }
 
+TEST_F(EntrySavingTest, ANumberBelowTheIdentitiesIsNotTaken) {
+    Run("update PM_SettingInf set cValue = '-40000' where cName = 'NumMax_EleQc'");
+    Open();
+    AddFilledRow();
+    EXPECT_FALSE(Go(1, kDateColumn));
+    EXPECT_EQ(Form().Notice(), "期初编号小于 -32768，不能使用，当前行没有保存，没有写入数据库。");
+    EXPECT_EQ(Entries().size(), 3U);
+    EXPECT_THAT(Read("select cValue from PM_SettingInf where cName = 'NumMax_EleQc'"),
+                ElementsAre("-40000"));
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
 // Apostrophes.
 
 TEST_F(EntrySavingTest, AnApostropheIsSavedInAChangedEntryAndEndsANewOne) {

@@ -1,17 +1,26 @@
-#include "data/entry_counter.h"
+#include "ui/common/entry_number.h"
 
 #include "tests/database/data_fixture.h"
 
-namespace kelvane::data {
+namespace kelvane::entries {
 namespace {
 
-class EntryCounter : public DataTest {
+using data::gConn;
+using data::Lines;
+
+class EntryCounter : public data::DataTest {
 protected:
-    std::int32_t Next(std::optional<std::int32_t> largest = std::nullopt) {
-        return NextSettingNumber("NumMax_EleQc", *gConn, largest);
+    static constexpr NumberRange kShort{-32768, 32767};
+
+    std::int32_t Next(std::optional<NumberRange> range = std::nullopt) {
+        return ui::NextSettingNumber("NumMax_EleQc", *gConn, range);
     }
     std::string Stored() {
         return Read("select cValue from PM_SettingInf where cName='NumMax_EleQc'");
+    }
+    void Forget() {
+        mWindows.messages.clear();
+        mDiagnostics.places.clear();
     }
     void ExpectConflict(std::int32_t number) {
         EXPECT_EQ(number, -1);
@@ -66,7 +75,7 @@ TEST_F(EntryCounter, TwoOperatorsNeverGetTheSame) {
     Run("insert into PM_SettingInf values('NumMax_EleQc','0')");
     for (std::int32_t expected = 1; expected <= 20; expected += 2) {
         EXPECT_EQ(Next(), expected);
-        EXPECT_EQ(NextSettingNumber("NumMax_EleQc", *mOther), expected + 1);
+        EXPECT_EQ(ui::NextSettingNumber("NumMax_EleQc", *mOther), expected + 1);
     }
     EXPECT_EQ(Stored(), "20");
 }
@@ -83,23 +92,49 @@ TEST_F(EntryCounter, ANumberRolledBackIsGivenOutAgain) {
 
 TEST_F(EntryCounter, PastTheLargestNothingIsWritten) {
     Run("insert into PM_SettingInf values('NumMax_EleQc','32766')");
-    EXPECT_EQ(Next(32767), 32767);
-    EXPECT_THROW(Next(32767), CounterExhausted);
+    EXPECT_EQ(Next(kShort), 32767);
+    EXPECT_THROW(Next(kShort), CounterExhausted);
     EXPECT_EQ(Stored(), "32767");
     EXPECT_EQ(Messages(), Lines{});
     EXPECT_EQ(Next(), 32768);
 }
 
-TEST_F(EntryCounter, Past32BitsIsAConflict) {
-    Run("insert into PM_SettingInf values('NumMax_EleQc','2147483647')");
-    ExpectConflict(Next());
-    EXPECT_EQ(Stored(), "2147483647");
+TEST_F(EntryCounter, BelowTheSmallestNothingIsWritten) {
+    Run("insert into PM_SettingInf values('NumMax_EleQc','-32769')");
+    EXPECT_EQ(Next(kShort), -32768);
+    Run("update PM_SettingInf set cValue='-32770'");
+    EXPECT_THROW(Next(kShort), CounterBelowRange);
+    EXPECT_EQ(Stored(), "-32770");
+    EXPECT_EQ(Messages(), Lines{});
+}
+
+// The range is for numbers: what is none of 32 bits is a conflict, with a range as without.
+TEST_F(EntryCounter, AValueThatDoesNotFitIsAConflict) {
+    Run("insert into PM_SettingInf values('NumMax_EleQc','0')");
+    const platform::FixedText values[] = {
+        "update PM_SettingInf set cValue='2147483647'",
+        "update PM_SettingInf set cValue='2147483648'",
+        "update PM_SettingInf set cValue='-2147483649'",
+        "update PM_SettingInf set cValue='9223372036854775807'",
+        "update PM_SettingInf set cValue='9223372036854775808'",
+        "update PM_SettingInf set cValue='-99999999999999999999'",
+        "update PM_SettingInf set cValue='1e40'",
+    };
+    for (const platform::FixedText& value : values) {
+        Run(value);
+        const std::string stored = Stored();
+        ExpectConflict(Next());
+        Forget();
+        ExpectConflict(Next(kShort));
+        Forget();
+        EXPECT_EQ(Stored(), stored);
+    }
 }
 
 TEST_F(EntryCounter, ANameThatBreaksTheStatementIsAConflict) {
-    ExpectConflict(NextSettingNumber("x' or '1'='1", *gConn));
+    ExpectConflict(ui::NextSettingNumber("x' or '1'='1", *gConn));
     EXPECT_EQ(mLog.Lines(), Lines{});
 }
 
 }  // namespace
-}  // namespace kelvane::data
+}  // namespace kelvane::entries

@@ -89,6 +89,10 @@ constexpr std::array kKinds{
          {"cInvName", "cInvStd", "iInvRCost", "cComUnitName"}},
 };
 
+std::string CodeOf(const Kind& kind, const RecordSet& row) {
+    return (kind.code != nullptr ? row.Field(kind.code) : row.Field(0)).ToText();
+}
+
 std::string Describe(const Kind& kind, const RecordSet& row) {
     if (kind.description[0] == nullptr) return row.Field(1).ToText();
     std::string text;
@@ -100,6 +104,16 @@ std::string Describe(const Kind& kind, const RecordSet& row) {
     return text;
 }
 
+// Sets `output` to what `read` gives; when that fails, `output` stays and the caller goes on.
+template <typename Read>
+void Take(std::string& output, const Read& read) {
+    try {
+        output = read();
+    } catch (...) {
+        data::ReportTrapped("SelectReference");
+    }
+}
+
 }  // namespace
 
 void SelectReference(std::int16_t kind, std::string& code, std::string& description) {
@@ -107,17 +121,17 @@ void SelectReference(std::int16_t kind, std::string& code, std::string& descript
         return candidate.number == kind;
     });
     if (entry == kKinds.end()) return;
+    ChosenRow row;
     try {
         const auto service = data::gServices->createReferenceList();
-        const ChosenRow row = entry->pick(*service);
+        row = entry->pick(*service);
         if (row == nullptr || row->EndOfFile()) return;
-        const std::string chosen =
-            entry->code != nullptr ? row->Field(entry->code).ToText() : row->Field(0).ToText();
-        description = Describe(*entry, *row);
-        code = chosen;
     } catch (...) {
         data::ReportTrapped("SelectReference");
+        return;
     }
+    Take(code, [&] { return CodeOf(*entry, *row); });
+    Take(description, [&] { return Describe(*entry, *row); });
 }
 
 }  // namespace kelvane::ui

@@ -201,13 +201,15 @@ TEST_F(SelectReferenceTest, NothingChosenLeavesTheOutputs) {
     EXPECT_EQ(log.calls.size(), 20U);
 }
 
-TEST_F(SelectReferenceTest, AMissingColumnLeavesBothOutputs) {
+TEST_F(SelectReferenceTest, AMissingColumnLeavesItsOwnOutputAlone) {
     Offer({"cCenterCode"}, TextRow({"D01"}));
     Select(kCenterReference);
-    ExpectNothingTaken();
+    EXPECT_EQ(code, "D01");
+    EXPECT_EQ(description, "旧名称");
     Offer({"cCenterName"}, TextRow({"工程一部"}));
     Select(kCenterReference);
-    ExpectNothingTaken();
+    EXPECT_EQ(code, "D01");
+    EXPECT_EQ(description, "工程一部");
     EXPECT_THAT(diagnostics.places, ElementsAre("SelectReference", "SelectReference"));
 }
 

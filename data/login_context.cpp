@@ -1,5 +1,6 @@
 #include "data/login_context.h"
 
+#include "data/setting_date.h"
 #include "data/sql_text.h"
 #include "data/text_conversion.h"
 
@@ -103,11 +104,11 @@ void LoadItemKeyFields() try {
 void LoadPmStartDate() try {
     auto values = gEnv->DataAccess().Query(StatementText(
         "SELECT cValue From AccInformation WHERE cSysID = 'PM' and cName = 'dPMStartDate'"));
-    if (!values->EndOfFile()) gPmStartDate = values->Field("cValue").ToDateTime();
+    if (!values->EndOfFile()) gPmStartDate = SettingDate(values->Field("cValue"));
     values = gEnv->DataAccess().Query(StatementText(
         "SELECT cValue From AccInformation WHERE cSysID = 'PM' and cName = 'dPMStartDatePeriod'"));
     if (!values->EndOfFile())
-        gPmStartYear = ShortInteger(values->Field("cValue").ToDateTime().year);
+        gPmStartYear = ShortInteger(SettingDate(values->Field("cValue")).year);
     values->Close();
 } catch (...) {
     ReportTrapped("LoadPmStartDate");

@@ -1,6 +1,7 @@
 #include "entries/opening_period.h"
 
 #include "data/login_context.h"
+#include "data/setting_date.h"
 #include "data/text_conversion.h"
 
 namespace kelvane::entries {
@@ -67,7 +68,7 @@ Findings LocksOfList() {
     if (IsYearCarriedOver()) found.push_back(Found(Rule::YearCarriedOver, year));
     if (!found.empty()) return found;
     const std::string start = gEnv->ModuleSetting("PM", "dPMStartDatePeriod");
-    if (platform::Value(start).ToDateTime().year != gLogin->Year()) {
+    if (data::SettingDate(platform::Value(start)).year != gLogin->Year()) {
         found.push_back(Found(Rule::OtherStartYear, year));
     }
     return found;

@@ -138,6 +138,17 @@ TEST_F(LoginContext, TheStartPeriodGivesItsYearAlone) {
                      "'dPMStartDatePeriod'"}));
 }
 
+TEST_F(LoginContext, StartDatesMayBeWrittenByHand) {
+    Run("insert into AccInformation(cSysID,cName,cValue) "
+        "values('PM','dPMStartDate','2004年7月15日')");
+    Run("insert into AccInformation(cSysID,cName,cValue) "
+        "values('PM','dPMStartDatePeriod','2005-08')");
+    LoadPmStartDate();
+    EXPECT_EQ(gPmStartDate, (DateTime{2004, 7, 15}));
+    EXPECT_EQ(gPmStartYear, 2005);
+    EXPECT_EQ(mDiagnostics.places, Lines{});
+}
+
 TEST_F(LoginContext, WithoutRowsTheStartDateStays) {
     LoadPmStartDate();
     EXPECT_EQ(gPmStartDate, (DateTime{1899, 12, 30}));

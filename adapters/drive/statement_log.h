@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/database.h"
+#include "platform/connection_wrapper.h"
 #include "platform/host.h"
 
 namespace kelvane::drive {
@@ -28,45 +28,26 @@ private:
     std::vector<std::string> mLines;
 };
 
-// Notes every statement of `inner` with path "gConn"; the rest goes straight to it. A malformed
-// statement never gets here.
-class RecordingConnection : public platform::Connection {
+// Notes every statement of `inner` with path "gConn"; the rest goes straight to it. What is
+// announced is noted when it is asked. A malformed statement never gets here.
+class RecordingConnection : public platform::ConnectionWrapper {
 public:
     // `log` must outlive the connection.
     RecordingConnection(std::shared_ptr<platform::Connection> inner, StatementLog& log)
-        : mInner(std::move(inner)), mLog(log) {}
-
-    void SetConnectionString(std::string_view text) override { mInner->SetConnectionString(text); }
-    void SetCursorLocation(platform::CursorLocation location) override {
-        mInner->SetCursorLocation(location);
-    }
-    void Open(std::string_view user, std::string_view password, int options) override {
-        mInner->Open(user, password, options);
-    }
-    void Close() override { mInner->Close(); }
-    int State() const override { return mInner->State(); }
-    void Begin() override { mInner->Begin(); }
-    void Commit() override { mInner->Commit(); }
-    void RollBack() override { mInner->RollBack(); }
-    // Not noted: what is announced is noted when it is asked.
-    void ReadAhead(std::span<const platform::StatementText> queries,
-                   const platform::RecordSetOptions& options) override {
-        mInner->ReadAhead(queries, options);
-    }
+        : ConnectionWrapper(std::move(inner)), mLog(log) {}
 
 protected:
     void DoExecute(const std::string& statement) override {
         mLog.Add("gConn", statement);
-        ForwardExecute(*mInner, statement);
+        ConnectionWrapper::DoExecute(statement);
     }
     std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
         const std::string& statement, const platform::RecordSetOptions& options) override {
         mLog.Add("gConn", statement);
-        return ForwardOpenRecordSet(*mInner, statement, options);
+        return ConnectionWrapper::DoOpenRecordSet(statement, options);
     }
 
 private:
-    std::shared_ptr<platform::Connection> mInner;
     StatementLog& mLog;
 };
 

@@ -1,5 +1,5 @@
-// Statements that a test reads at run time. The program's own never are: a statement of the program
-// has its fixed pieces in the source.
+// Statements that a test, or a host that a test plays, has at run time. The program's own never
+// are: a statement of the program has its fixed pieces in the source.
 #pragma once
 
 #include <memory>
@@ -16,8 +16,9 @@ public:
         ForwardExecute(connection, statement);
     }
     static std::unique_ptr<platform::RecordSet> Query(platform::Connection& connection,
-                                                      const std::string& statement) {
-        return ForwardOpenRecordSet(connection, statement, {.lock = platform::LockType::ReadOnly});
+                                                      const std::string& statement,
+                                                      const platform::RecordSetOptions& options) {
+        return ForwardOpenRecordSet(connection, statement, options);
     }
 };
 
@@ -26,8 +27,10 @@ inline void RunText(platform::Connection& connection, const std::string& stateme
 }
 
 inline std::unique_ptr<platform::RecordSet> QueryText(platform::Connection& connection,
-                                                      const std::string& statement) {
-    return TextAccess::Query(connection, statement);
+                                                      const std::string& statement,
+                                                      const platform::RecordSetOptions& options = {
+                                                          .lock = platform::LockType::ReadOnly}) {
+    return TextAccess::Query(connection, statement, options);
 }
 
 }  // namespace kelvane::support

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/database.h"
+#include "platform/connection_wrapper.h"
 
 namespace kelvane::support {
 
@@ -47,56 +47,45 @@ struct StatementLog {
 };
 
 // Under platform::ConnectionDataAccess, with "gEnv" as its path, it records the host's data access.
-class RecordingConnection : public platform::Connection {
+class RecordingConnection : public platform::ConnectionWrapper {
 public:
     RecordingConnection(std::shared_ptr<platform::Connection> inner, StatementLog& log,
                         std::string path = "gConn")
-        : mInner(std::move(inner)), mLog(log), mPath(std::move(path)) {}
-
-    void SetConnectionString(std::string_view text) override { mInner->SetConnectionString(text); }
-    void SetCursorLocation(platform::CursorLocation location) override {
-        mInner->SetCursorLocation(location);
-    }
-    void Open(std::string_view user, std::string_view password, int options) override {
-        mInner->Open(user, password, options);
-    }
-    void Close() override { mInner->Close(); }
-    int State() const override { return mInner->State(); }
+        : ConnectionWrapper(std::move(inner)), mLog(log), mPath(std::move(path)) {}
 
     void Begin() override {
         mLog.Add({mPath, "begin"});
-        mInner->Begin();
+        ConnectionWrapper::Begin();
     }
     void Commit() override {
         mLog.Add({mPath, "commit"});
         using Lost = StatementLog::LostAnswer;
-        if (mLog.lostAnswer != Lost::NotSaved) mInner->Commit();
+        if (mLog.lostAnswer != Lost::NotSaved) ConnectionWrapper::Commit();
         if (mLog.lostAnswer != Lost::None) throw platform::CommitInDoubt("没有收到答复");
     }
     void RollBack() override {
         mLog.Add({mPath, "roll back"});
-        mInner->RollBack();
+        ConnectionWrapper::RollBack();
     }
     void ReadAhead(std::span<const platform::StatementText> queries,
                    const platform::RecordSetOptions& options) override {
         auto& announcement = mLog.announcements.emplace_back();
         for (const platform::StatementText& query : queries) announcement.push_back(query.Text());
-        mInner->ReadAhead(queries, options);
+        ConnectionWrapper::ReadAhead(queries, options);
     }
 
 protected:
     void DoExecute(const std::string& statement) override {
         mLog.Add({mPath, statement});
-        ForwardExecute(*mInner, statement);
+        ConnectionWrapper::DoExecute(statement);
     }
     std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
         const std::string& statement, const platform::RecordSetOptions& options) override {
         mLog.Add({mPath, statement, options});
-        return ForwardOpenRecordSet(*mInner, statement, options);
+        return ConnectionWrapper::DoOpenRecordSet(statement, options);
     }
 
 private:
-    std::shared_ptr<platform::Connection> mInner;
     StatementLog& mLog;
     std::string mPath;
 };

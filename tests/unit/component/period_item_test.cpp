@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "data/login_context.h"
+#include "platform/connection_wrapper.h"
 #include "tests/support/embedded_account.h"
 #include "tests/support/login_context_reset.h"
 #include "tests/support/recording_registry.h"
@@ -20,45 +21,40 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // A connection in front of the embedded one that keeps what is asked of it, in order.
-class TracedConnection : public platform::Connection {
+class TracedConnection : public platform::ConnectionWrapper {
 public:
-    explicit TracedConnection(std::vector<std::string>& trace) : mTrace(trace) {}
+    explicit TracedConnection(std::vector<std::string>& trace)
+        : ConnectionWrapper(sqlite::CreateConnection()), mTrace(trace) {}
 
     void SetConnectionString(std::string_view text) override {
         Note("string " + std::string(text));
-        mInner->SetConnectionString(text);
+        ConnectionWrapper::SetConnectionString(text);
     }
     void SetCursorLocation(platform::CursorLocation location) override {
         Note("cursors " + std::to_string(static_cast<int>(location)));
-        mInner->SetCursorLocation(location);
+        ConnectionWrapper::SetCursorLocation(location);
     }
     void Open(std::string_view user, std::string_view password, int options) override {
         Note("open <" + std::string(user) + "> <" + std::string(password) + "> " +
              std::to_string(options));
-        mInner->Open(user, password, options);
+        ConnectionWrapper::Open(user, password, options);
     }
     void Close() override {
         Note("close");
-        mInner->Close();
+        ConnectionWrapper::Close();
     }
-    int State() const override { return mInner->State(); }
-    void Begin() override { mInner->Begin(); }
-    void Commit() override { mInner->Commit(); }
-    void RollBack() override { mInner->RollBack(); }
 
 protected:
-    void DoExecute(const std::string& statement) override { ForwardExecute(*mInner, statement); }
     std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
         const std::string& statement, const platform::RecordSetOptions& options) override {
         Note(statement);
-        return ForwardOpenRecordSet(*mInner, statement, options);
+        return ConnectionWrapper::DoOpenRecordSet(statement, options);
     }
 
 private:
     void Note(const std::string& line) { mTrace.push_back(line); }
 
     std::vector<std::string>& mTrace;
-    std::shared_ptr<platform::Connection> mInner = sqlite::CreateConnection();
 };
 
 // Keeps the forms that are shown, with what stands in gToday then.

@@ -1,6 +1,7 @@
 #include "tests/windows/ado_server/connection.h"
 
 #include "adapters/odbc/odbc_connection.h"
+#include "tests/support/plain_text_connection.h"
 #include "tests/windows/ado_server/provider.h"
 #include "tests/windows/ado_server/record_set.h"
 
@@ -127,7 +128,7 @@ Variant Connection::Execute(const Arguments& arguments) {
         // Whatever the record sets' own options are, these rows are forward-only and read-only.
         rows->OpenOn(Held<Connection>::Share(this), text, {});
     } else {
-        OnDatabase([&](platform::Connection& database) { HostTexts::Execute(database, text); });
+        OnDatabase([&](platform::Connection& database) { support::RunText(database, text); });
     }
     arguments.Store(1, -1);
     return Variant(rows.Another());

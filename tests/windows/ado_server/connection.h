@@ -9,19 +9,6 @@
 
 namespace kelvane::ado_server {
 
-// Hands a host's own texts to the database: they are no StatementText, and nobody checks them.
-class HostTexts : public platform::Connection {
-public:
-    static void Execute(platform::Connection& connection, const std::string& text) {
-        ForwardExecute(connection, text);
-    }
-    static std::unique_ptr<platform::RecordSet> Open(platform::Connection& connection,
-                                                     const std::string& text,
-                                                     const platform::RecordSetOptions& options) {
-        return ForwardOpenRecordSet(connection, text, options);
-    }
-};
-
 class Connection final : public LateBound<Connection> {
 public:
     static constexpr const wchar_t* kSource = L"ADODB.Connection";

@@ -1,6 +1,7 @@
 #include "tests/windows/ado_server/record_set.h"
 
 #include "adapters/odbc/odbc_record_set.h"
+#include "tests/support/plain_text_connection.h"
 #include "tests/windows/ado_server/fields.h"
 
 namespace kelvane::ado_server {
@@ -46,8 +47,9 @@ std::span<const Member<RecordSet>> RecordSet::Members() {
 void RecordSet::OpenOn(Held<Connection> connection, const std::string& source,
                        platform::RecordSetOptions options) {
     mConnection = std::move(connection);
-    mRows = mConnection->OnDatabase(
-        [&](platform::Connection& database) { return HostTexts::Open(database, source, options); });
+    mRows = mConnection->OnDatabase([&](platform::Connection& database) {
+        return support::QueryText(database, source, options);
+    });
     mOpening = mConnection->Opening();
     if (mLocation == 0) mLocation = mConnection->Location();
 }

@@ -1,5 +1,6 @@
 #include "adapters/odbc/postgres_catalog.h"
 
+#include "adapters/tsql/language/errors.h"
 #include "adapters/tsql/postgres/postgres_definition.h"
 #include "platform/ascii.h"
 
@@ -82,10 +83,7 @@ std::shared_ptr<const tsql::TableInfo> PostgresCatalog::FindTable(std::string_vi
     }
     const Known& known = found->second;
     if (known.unknownType.empty()) return known.table;
-    throw platform::DatabaseError("Column '" + known.unknownColumn + "' of table '" +
-                                      known.table->name + "': cannot find data type '" +
-                                      known.unknownType + "'.",
-                                  2715);
+    throw tsql::UnknownColumnType(known.table->name, known.unknownColumn, known.unknownType);
 }
 
 std::string PostgresCatalog::TableOfIndex(std::string_view index) const {

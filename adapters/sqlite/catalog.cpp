@@ -4,6 +4,7 @@
 
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/statement.h"
+#include "adapters/tsql/language/errors.h"
 #include "platform/ascii.h"
 
 namespace kelvane::sqlite {
@@ -17,9 +18,7 @@ tsql::Type DialectType(const std::string& table, const std::string& column,
     std::string_view name = declared;
     if (name.ends_with(kKeptAsText)) name.remove_suffix(kKeptAsText.size());
     if (const std::optional<tsql::Type> type = tsql::ParseType(name)) return *type;
-    throw platform::DatabaseError("Column '" + column + "' of table '" + table +
-                                      "': cannot find data type '" + declared + "'.",
-                                  2715);
+    throw tsql::UnknownColumnType(table, column, declared);
 }
 
 }  // namespace

@@ -73,9 +73,7 @@ void Analyzer::ExpandStars(Select& select) {
             }
         }
         if (items.size() == before) {
-            if (item.qualifier.empty()) {
-                throw DatabaseError("Must specify table to select from.", 263);
-            }
+            if (item.qualifier.empty()) throw NoTableToSelectFrom();
             throw UnboundName(item.qualifier + ".*");
         }
     }
@@ -84,11 +82,7 @@ void Analyzer::ExpandStars(Select& select) {
 
 void Analyzer::ResolveOrder(Select& select, ExpressionAnalyzer& analyzer) {
     for (OrderItem& order : select.order) {
-        if (order.position > select.items.size()) {
-            throw DatabaseError("The ORDER BY position number " + std::to_string(order.position) +
-                                    " is out of range of the number of items in the select list.",
-                                108);
-        }
+        if (order.position > select.items.size()) throw OrderOutOfRange(order.position);
         if (order.position != 0) continue;
         if (order.value->kind == Kind::Column && order.value->qualifier.empty()) {
             for (std::size_t i = 0; i < select.items.size() && order.position == 0; ++i) {
@@ -104,11 +98,7 @@ void Analyzer::ResolveOrder(Select& select, ExpressionAnalyzer& analyzer) {
         const bool listed =
             std::any_of(select.items.begin(), select.items.end(),
                         [&](const SelectItem& item) { return Signature(*item.value) == wanted; });
-        if (!listed) {
-            throw DatabaseError(
-                "ORDER BY items must appear in the select list if SELECT DISTINCT is specified.",
-                145);
-        }
+        if (!listed) throw OrderNotSelected();
     }
 }
 
@@ -120,10 +110,7 @@ void RequireGrouped(const Expression& expression, const std::vector<std::string>
         return;
     }
     if (expression.kind == Kind::Column) {
-        throw DatabaseError("Column '" + expression.table + '.' + expression.name +
-                                "' is invalid in the select list because it is not contained in "
-                                "either an aggregate function or the GROUP BY clause.",
-                            8120);
+        throw NotGrouped(expression.table + '.' + expression.name);
     }
     for (const ExpressionPtr& operand : expression.operands) RequireGrouped(*operand, groups);
 }
@@ -146,10 +133,7 @@ void Analyzer::Query(Select& select, const Scope* outer) {
                                              select.sources[other].CorrelationName())) {
                 continue;
             }
-            throw DatabaseError("The objects '" + select.sources[i].CorrelationName() +
-                                    "' in the FROM clause have the same exposed names. Use "
-                                    "correlation names to distinguish them.",
-                                1013);
+            throw SameExposedNames(select.sources[i].CorrelationName());
         }
     }
     const Scope scope{&select.sources, outer};
@@ -201,19 +185,11 @@ void Analyzer::Insert(Statement& statement) {
         name = column.name;
         statement.columnTypes.push_back(column.type);
         if (std::count(statement.columns.begin(), statement.columns.end(), name) > 1) {
-            throw DatabaseError("The column name '" + name +
-                                    "' is specified more than once in the column list of an "
-                                    "INSERT.",
-                                264);
+            throw ColumnNamedTwice(name);
         }
     }
     const auto requireCount = [&](std::size_t count) {
-        if (count == statement.columns.size()) return;
-        const bool fewer = count < statement.columns.size();
-        throw DatabaseError(std::string("There are ") + (fewer ? "more" : "fewer") +
-                                " columns in the INSERT statement than values specified in the "
-                                "VALUES clause.",
-                            fewer ? 109 : 110);
+        if (count != statement.columns.size()) throw ValueCount(statement.columns.size(), count);
     };
     if (statement.select) {
         Query(*statement.select, nullptr);

@@ -10,6 +10,10 @@ std::string Quoted(std::string_view text) {
 std::string Name(Type type) {
     return std::string(TypeName(type));
 }
+DatabaseError InvalidOperand(Type type, const std::string& operation) {
+    return DatabaseError("Operand data type " + Name(type) + " is invalid for " + operation + ".",
+                         8117);
+}
 
 }  // namespace
 
@@ -22,6 +26,10 @@ DatabaseError UnclosedQuote(std::string_view rest) {
                          error::kUnclosedQuote);
 }
 
+DatabaseError UnclosedComment() {
+    return DatabaseError("Missing end comment mark '*/'.", 113);
+}
+
 DatabaseError NotTranslated(std::string_view construct) {
     return DatabaseError("This account's database does not know " + Quoted(construct) + ".",
                          error::kNotTranslated);
@@ -30,6 +38,12 @@ DatabaseError NotTranslated(std::string_view construct) {
 DatabaseError NestedTooDeeply() {
     return DatabaseError("Some part of the statement is nested too deeply.",
                          error::kNestedTooDeeply);
+}
+
+DatabaseError ConditionExpected() {
+    return DatabaseError(
+        "An expression of non-boolean type specified in a context where a condition is expected.",
+        4145);
 }
 
 DatabaseError UnknownTable(std::string_view name) {
@@ -58,6 +72,88 @@ DatabaseError ArgumentCount(std::string_view function, int wanted) {
     return DatabaseError("The " + std::string(function) + " function requires " +
                              std::to_string(wanted) + " argument(s).",
                          174);
+}
+
+DatabaseError UnknownColumnType(std::string_view table, std::string_view column,
+                                std::string_view declared) {
+    return DatabaseError("Column " + Quoted(column) + " of table " + Quoted(table) +
+                             ": cannot find data type " + Quoted(declared) + ".",
+                         2715);
+}
+
+DatabaseError NoTableToSelectFrom() {
+    return DatabaseError("Must specify table to select from.", 263);
+}
+
+DatabaseError NameWithoutTable(std::string_view name) {
+    return DatabaseError("The name \"" + std::string(name) +
+                             "\" is not permitted in this context. Valid expressions are "
+                             "constants, constant expressions, and (in some contexts) variables. "
+                             "Column names are not permitted.",
+                         128);
+}
+
+DatabaseError SameExposedNames(std::string_view name) {
+    return DatabaseError("The objects " + Quoted(name) +
+                             " in the FROM clause have the same exposed names. Use correlation "
+                             "names to distinguish them.",
+                         1013);
+}
+
+DatabaseError OrderOutOfRange(std::size_t position) {
+    return DatabaseError("The ORDER BY position number " + std::to_string(position) +
+                             " is out of range of the number of items in the select list.",
+                         108);
+}
+
+DatabaseError OrderNotSelected() {
+    return DatabaseError(
+        "ORDER BY items must appear in the select list if SELECT DISTINCT is specified.", 145);
+}
+
+DatabaseError OrderInSubQuery() {
+    return DatabaseError("The ORDER BY clause is invalid in subqueries unless TOP is specified.",
+                         1033);
+}
+
+DatabaseError ManySubQueryColumns() {
+    return DatabaseError(
+        "Only one expression can be specified in the select list when the subquery is not "
+        "introduced with EXISTS.",
+        116);
+}
+
+DatabaseError NotGrouped(std::string_view column) {
+    return DatabaseError("Column " + Quoted(column) +
+                             " is invalid in the select list because it is not contained in "
+                             "either an aggregate function or the GROUP BY clause.",
+                         8120);
+}
+
+DatabaseError AggregateInWhere() {
+    return DatabaseError("An aggregate may not appear in the WHERE clause.", 147);
+}
+
+DatabaseError ColumnNamedTwice(std::string_view name) {
+    return DatabaseError("The column name " + Quoted(name) +
+                             " is specified more than once in the column list of an INSERT.",
+                         264);
+}
+
+DatabaseError ValueCount(std::size_t columns, std::size_t values) {
+    const bool fewer = values < columns;
+    return DatabaseError(std::string("There are ") + (fewer ? "more" : "fewer") +
+                             " columns in the INSERT statement than values specified in the "
+                             "VALUES clause.",
+                         fewer ? 109 : 110);
+}
+
+DatabaseError InvalidOperator(Type type, std::string_view symbol) {
+    return InvalidOperand(type, "operator " + Quoted(symbol));
+}
+
+DatabaseError InvalidAggregate(Type type, std::string_view function) {
+    return InvalidOperand(type, std::string(function) + " operator");
 }
 
 DatabaseError ConversionFailed(std::string_view value, Type from, Type to) {
@@ -105,6 +201,18 @@ DatabaseError OutOfRangeDate() {
         "The conversion of a varchar data type to a datetime data type resulted in an out-of-range "
         "value.",
         error::kOutOfRangeDate);
+}
+
+DatabaseError InvalidStyle(int style) {
+    return DatabaseError(std::to_string(style) + " is not a valid style number.",
+                         error::kInvalidStyle);
+}
+
+DatabaseError InvalidDateStyle(int style) {
+    return DatabaseError(std::to_string(style) +
+                             " is not a valid style number when converting from datetime to a "
+                             "character string.",
+                         error::kInvalidStyle);
 }
 
 DatabaseError TextTooLong(std::string_view column) {

@@ -2,6 +2,7 @@
 // refusal of a statement is made here, so that a number has one text.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,7 @@ inline constexpr int kUnknownColumn = 207;
 inline constexpr int kUnknownTable = 208;
 inline constexpr int kOutOfRangeDate = 242;
 inline constexpr int kConversion = 245;
+inline constexpr int kInvalidStyle = 281;
 inline constexpr int kManyRows = 512;
 inline constexpr int kNullRefused = 515;
 inline constexpr int kDuplicateKey = 2627;
@@ -34,8 +36,10 @@ inline constexpr int kNotTranslated = 50001;
 
 DatabaseError SyntaxError(std::string_view near);
 DatabaseError UnclosedQuote(std::string_view rest);
+DatabaseError UnclosedComment();
 DatabaseError NotTranslated(std::string_view construct);
 DatabaseError NestedTooDeeply();
+DatabaseError ConditionExpected();
 
 DatabaseError UnknownTable(std::string_view name);
 DatabaseError UnknownColumn(std::string_view name);
@@ -43,6 +47,26 @@ DatabaseError UnboundName(std::string_view name);
 DatabaseError AmbiguousColumn(std::string_view name);
 DatabaseError UnknownFunction(std::string_view name);
 DatabaseError ArgumentCount(std::string_view function, int wanted);
+DatabaseError UnknownColumnType(std::string_view table, std::string_view column,
+                                std::string_view declared);
+
+// Of a select's parts and how they fit together.
+DatabaseError NoTableToSelectFrom();
+DatabaseError NameWithoutTable(std::string_view name);
+DatabaseError SameExposedNames(std::string_view name);
+DatabaseError OrderOutOfRange(std::size_t position);
+DatabaseError OrderNotSelected();
+DatabaseError OrderInSubQuery();
+DatabaseError ManySubQueryColumns();
+DatabaseError NotGrouped(std::string_view column);
+DatabaseError AggregateInWhere();
+
+// Of an insert's columns and values.
+DatabaseError ColumnNamedTwice(std::string_view name);
+DatabaseError ValueCount(std::size_t columns, std::size_t values);
+
+DatabaseError InvalidOperator(Type type, std::string_view symbol);
+DatabaseError InvalidAggregate(Type type, std::string_view function);
 
 DatabaseError ConversionFailed(std::string_view value, Type from, Type to);
 DatabaseError NotConvertible(Type from, Type to);
@@ -50,6 +74,8 @@ DatabaseError ValueOverflow(std::string_view value, Type to);
 DatabaseError ArithmeticOverflow(Type to);
 DatabaseError DivisionByZero();
 DatabaseError OutOfRangeDate();
+DatabaseError InvalidStyle(int style);
+DatabaseError InvalidDateStyle(int style);
 DatabaseError TextTooLong(std::string_view column);
 
 DatabaseError ManyRows();

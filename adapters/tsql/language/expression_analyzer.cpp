@@ -27,6 +27,44 @@ Type Unify(std::vector<ExpressionPtr>& operands) {
     return common;
 }
 
+// The operands of a call have their types; converts those that the function takes as another one.
+void SetTypeOfCall(Expression& call) {
+    switch (call.builtIn->id) {
+        case BuiltIn::IsNull: {
+            const Type first = call.operands[0]->type;
+            const bool untyped = first.kind == Type::Kind::Null;
+            call.type = untyped ? call.operands[1]->type : first;
+            ConvertTo(call.operands[1], call.type);
+            return;
+        }
+        case BuiltIn::LTrim:
+        case BuiltIn::RTrim:
+            call.type = {Type::Kind::VarChar, 0};
+            ConvertTo(call.operands[0], call.type);
+            return;
+        case BuiltIn::Len:
+            call.type = {Type::Kind::Int, 0};
+            ConvertTo(call.operands[0], {Type::Kind::VarChar, 0});
+            return;
+        case BuiltIn::Count:
+            call.type = {Type::Kind::Int, 0};
+            return;
+        case BuiltIn::Min:
+        case BuiltIn::Max:
+            call.type = call.operands[0]->type;
+            return;
+        case BuiltIn::Sum:
+        case BuiltIn::Avg: {
+            const Type type = call.operands[0]->type;
+            if (!type.IsNumber() || type.kind == Type::Kind::Bit) {
+                throw InvalidAggregate(type, call.name);
+            }
+            call.type = type.kind < Type::Kind::Int ? Type{Type::Kind::Int, 0} : type;
+            return;
+        }
+    }
+}
+
 std::string FullName(const Expression& column) {
     return column.qualifier.empty() ? column.name : column.qualifier + '.' + column.name;
 }
@@ -58,9 +96,8 @@ void ExpressionAnalyzer::Value(ExpressionPtr& expression) {
         case Kind::Arithmetic:
             return Arithmetic(*expression);
         case Kind::Function:
-            return Function(*expression);
         case Kind::Aggregate:
-            return Aggregate(*expression);
+            return Call(*expression);
         case Kind::Convert:
             return Value(expression->operands[0]);
         case Kind::Query:
@@ -73,12 +110,7 @@ void ExpressionAnalyzer::Value(ExpressionPtr& expression) {
 }
 
 void ExpressionAnalyzer::Condition(ExpressionPtr& expression) {
-    if (!expression->IsCondition()) {
-        throw DatabaseError(
-            "An expression of non-boolean type specified in a context where a condition is "
-            "expected.",
-            4145);
-    }
+    if (!expression->IsCondition()) throw ConditionExpected();
     switch (expression->kind) {
         case Kind::And:
         case Kind::Or:
@@ -118,16 +150,8 @@ void ExpressionAnalyzer::Condition(ExpressionPtr& expression) {
 
 void ExpressionAnalyzer::OneColumnQuery(Select& query) {
     mAnalyzeQuery(query, &mScope);
-    if (query.items.size() != 1) {
-        throw DatabaseError(
-            "Only one expression can be specified in the select list when the subquery is not "
-            "introduced with EXISTS.",
-            116);
-    }
-    if (!query.order.empty() && !query.top) {
-        throw DatabaseError("The ORDER BY clause is invalid in subqueries unless TOP is specified.",
-                            1033);
-    }
+    if (query.items.size() != 1) throw ManySubQueryColumns();
+    if (!query.order.empty() && !query.top) throw OrderInSubQuery();
 }
 
 void ExpressionAnalyzer::Column(Expression& expression) {
@@ -158,13 +182,7 @@ void ExpressionAnalyzer::Column(Expression& expression) {
         expression.isTextKey = column->isTextKey;
         return;
     }
-    if (!hasTables) {
-        throw DatabaseError("The name \"" + FullName(expression) +
-                                "\" is not permitted in this context. Valid expressions are "
-                                "constants, constant expressions, and (in some contexts) "
-                                "variables. Column names are not permitted.",
-                            128);
-    }
+    if (!hasTables) throw NameWithoutTable(FullName(expression));
     if (!knowsTable) throw UnboundName(FullName(expression));
     throw UnknownColumn(expression.name);
 }
@@ -176,9 +194,7 @@ void ExpressionAnalyzer::Arithmetic(Expression& expression) {
     expression.type = common;
     if (common.IsText()) {
         if (expression.symbol != "+") {
-            throw DatabaseError(
-                "Operand data type varchar is invalid for operator '" + expression.symbol + "'.",
-                8117);
+            throw InvalidOperator({Type::Kind::VarChar, 0}, expression.symbol);
         }
         expression.kind = Kind::Concatenate;
     } else if (common.IsInteger() && common.kind != Type::Kind::BigInt) {
@@ -186,56 +202,29 @@ void ExpressionAnalyzer::Arithmetic(Expression& expression) {
     }
 }
 
-void ExpressionAnalyzer::Function(Expression& expression) {
-    struct Known {
-        std::string_view name;
-        std::size_t arguments;
-    };
-    constexpr Known kFunctions[] = {{"isnull", 2}, {"ltrim", 1}, {"rtrim", 1}, {"len", 1}};
-    const auto* known =
-        std::find_if(std::begin(kFunctions), std::end(kFunctions),
-                     [&](const Known& function) { return function.name == expression.name; });
-    if (known == std::end(kFunctions)) throw UnknownFunction(expression.name);
-    if (expression.operands.size() != known->arguments) {
-        throw ArgumentCount(expression.name, static_cast<int>(known->arguments));
-    }
-    for (ExpressionPtr& operand : expression.operands) Value(operand);
-    if (expression.name == "isnull") {
-        const Type first = expression.operands[0]->type;
-        const bool untyped = first.kind == Type::Kind::Null;
-        expression.type = untyped ? expression.operands[1]->type : first;
-        ConvertTo(expression.operands[1], expression.type);
-        return;
-    }
-    ConvertTo(expression.operands[0], {Type::Kind::VarChar, 0});
-    expression.type = {expression.name == "len" ? Type::Kind::Int : Type::Kind::VarChar, 0};
-}
-
-void ExpressionAnalyzer::Aggregate(Expression& expression) {
-    if (!mAggregatesAllowed) {
-        throw DatabaseError("An aggregate may not appear in the WHERE clause.", 147);
-    }
-    const bool countsRows = expression.name == "count" && expression.operands.empty();
-    if (!countsRows && expression.operands.size() != 1) throw ArgumentCount(expression.name, 1);
+void ExpressionAnalyzer::AggregateOperands(Expression& expression) {
     mMetAggregate = true;
     mAggregatesAllowed = false;
     mMetOuterColumn = false;
     for (ExpressionPtr& operand : expression.operands) Value(operand);
     mAggregatesAllowed = true;
     if (mMetOuterColumn) throw NotTranslated(expression.name + " of an outer query's column");
-    if (expression.name == "count") {
-        expression.type = {Type::Kind::Int, 0};
-        return;
+}
+
+void ExpressionAnalyzer::Call(Expression& expression) {
+    const BuiltInInfo* builtIn = expression.builtIn;
+    if (builtIn == nullptr) throw UnknownFunction(expression.name);
+    if (builtIn->isAggregate && !mAggregatesAllowed) throw AggregateInWhere();
+    const bool countsRows = builtIn->id == BuiltIn::Count && expression.operands.empty();
+    if (!countsRows && expression.operands.size() != builtIn->arguments) {
+        throw ArgumentCount(builtIn->name, static_cast<int>(builtIn->arguments));
     }
-    const Type type = expression.operands[0]->type;
-    expression.type = type;
-    if (expression.name == "min" || expression.name == "max") return;
-    if (!type.IsNumber() || type.kind == Type::Kind::Bit) {
-        throw DatabaseError("Operand data type " + std::string(TypeName(type)) +
-                                " is invalid for " + expression.name + " operator.",
-                            8117);
+    if (builtIn->isAggregate) {
+        AggregateOperands(expression);
+    } else {
+        for (ExpressionPtr& operand : expression.operands) Value(operand);
     }
-    if (type.kind < Type::Kind::Int) expression.type = {Type::Kind::Int, 0};
+    SetTypeOfCall(expression);
 }
 
 std::string Signature(const Expression& expression) {

@@ -37,8 +37,8 @@ public:
 private:
     void Column(Expression& expression);
     void Arithmetic(Expression& expression);
-    void Function(Expression& expression);
-    void Aggregate(Expression& expression);
+    void Call(Expression& expression);
+    void AggregateOperands(Expression& expression);
     void OneColumnQuery(Select& query);
 
     const Scope& mScope;

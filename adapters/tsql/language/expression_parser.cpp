@@ -14,7 +14,6 @@ namespace {
 using Kind = Expression::Kind;
 
 constexpr std::string_view kComparisons[] = {"=", "<>", "!=", "<", "<=", ">", ">=", "!<", "!>"};
-constexpr std::string_view kAggregates[] = {"count", "sum", "avg", "min", "max"};
 
 ExpressionPtr Make(Kind kind) {
     return std::make_unique<Expression>(kind);
@@ -210,15 +209,17 @@ private:
         const std::string name = platform::LowerAscii(mReader.Current().text);
         if (name == "left" || name == "right") throw NotTranslated(name);
         if (name == "convert" || name == "cast") return Conversion(name == "cast");
-        const bool aggregate = std::find(std::begin(kAggregates), std::end(kAggregates), name) !=
-                               std::end(kAggregates);
+        const BuiltInInfo* builtIn = FindBuiltIn(name);
+        const bool aggregate = builtIn != nullptr && builtIn->isAggregate;
         if (!mReader.IsName()) mReader.Refuse();
         ExpressionPtr call = Make(aggregate ? Kind::Aggregate : Kind::Function);
         call->name = name;
+        call->builtIn = builtIn;
         mReader.Advance();
         mReader.ExpectSymbol("(");
         if (aggregate) call->distinct = mReader.TakeWord("distinct");
-        if (name == "count" && !call->distinct && mReader.TakeSymbol("*")) {
+        if (aggregate && builtIn->id == BuiltIn::Count && !call->distinct &&
+            mReader.TakeSymbol("*")) {
             mReader.ExpectSymbol(")");
             return call;
         }

@@ -55,9 +55,7 @@ private:
                 mAt = end == std::string_view::npos ? mText.size() : end + 1;
             } else if (At(0) == '/' && At(1) == '*') {
                 const std::size_t end = mText.find("*/", mAt + 2);
-                if (end == std::string_view::npos) {
-                    throw DatabaseError("Missing end comment mark '*/'.", 113);
-                }
+                if (end == std::string_view::npos) throw UnclosedComment();
                 mAt = end + 2;
             } else {
                 return true;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/tsql/language/built_in.h"
 #include "adapters/tsql/language/catalog.h"
 #include "adapters/tsql/language/lexer.h"
 #include "adapters/tsql/language/type.h"
@@ -25,8 +26,8 @@ struct Expression {
         Column,
         Arithmetic,   // symbol, two operands
         Concatenate,  // two operands
-        Function,     // name: isnull, ltrim, rtrim, len
-        Aggregate,    // name: count, sum, avg, min, max; no operand: count(*)
+        Function,     // builtIn
+        Aggregate,    // builtIn; no operand: count(*)
         Convert,      // operand to `type`, explicit or put in by the analyzer
         Query,        // the one value of a sub-query
         // Conditions
@@ -47,9 +48,10 @@ struct Expression {
     bool IsCondition() const { return kind >= Kind::Compare; }
 
     Kind kind;
-    std::string name;
+    std::string name;  // of a call in lower case
     std::string qualifier;
     std::string symbol;
+    const BuiltInInfo* builtIn = nullptr;  // of a call; null: none that is known
     bool negated = false;   // of a literal: its minus sign; of a condition: "not" inside
     bool distinct = false;  // of an aggregate
     std::size_t literal = 0;

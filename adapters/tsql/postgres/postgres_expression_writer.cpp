@@ -14,6 +14,10 @@ namespace {
 
 using Kind = Expression::Kind;
 
+std::string Distinct(const Expression& aggregate) {
+    return aggregate.distinct ? "distinct " : "";
+}
+
 bool IsMoney(Type type) {
     return type.kind == Type::Kind::Money;
 }
@@ -91,7 +95,7 @@ std::string PostgresExpressionWriter::Plain(const Expression& expression) {
             return '(' + std::move(left) + " || " + Value(*operands[1]) + ')';
         }
         case Kind::Function:
-            return FunctionValue(expression);
+            return CallValue(expression);
         case Kind::Aggregate:
             return AggregateValue(expression);
         case Kind::Convert: {
@@ -133,9 +137,7 @@ std::string PostgresExpressionWriter::ArithmeticValue(const Expression& expressi
     const char op = expression.symbol.front();
     const Type type = expression.type;
     if (type.kind == Type::Kind::Float) {
-        if (op == '%') {
-            throw DatabaseError("Operand data type float is invalid for operator '%'.", 8117);
-        }
+        if (op == '%') throw InvalidOperator(type, expression.symbol);
         return '(' + left + ' ' + op + ' ' + right + ')';
     }
     if (IsMoney(type) && op == '*') {
@@ -147,42 +149,56 @@ std::string PostgresExpressionWriter::ArithmeticValue(const Expression& expressi
     return WithinRange(first + ' ' + op + ' ' + second, type);
 }
 
-std::string PostgresExpressionWriter::FunctionValue(const Expression& expression) {
-    const std::string first = Value(*expression.operands[0]);
-    if (expression.name == "isnull") {
-        return "coalesce(" + first + ", " + Value(*expression.operands[1]) + ')';
+std::string PostgresExpressionWriter::CallValue(const Expression& call) {
+    const auto& operands = call.operands;
+    switch (call.builtIn->id) {
+        case BuiltIn::IsNull: {
+            const std::string first = Value(*operands[0]);
+            return "coalesce(" + first + ", " + Value(*operands[1]) + ')';
+        }
+        case BuiltIn::LTrim:
+        case BuiltIn::RTrim:
+            return call.name + '(' + Value(*operands[0]) + ", ' ')";
+        case BuiltIn::Len:
+            return "char_length(rtrim(" + Value(*operands[0]) + ", ' '))";
+        case BuiltIn::Count:
+            if (operands.empty()) return "count(*)::int";
+            return "count(" + Distinct(call) + Comparable(*operands[0]) + ")::int";
+        case BuiltIn::Min:
+            return ExtremeValue(call, "");
+        case BuiltIn::Max:
+            return ExtremeValue(call, " desc");
+        case BuiltIn::Sum:
+        case BuiltIn::Avg:
+            return SumValue(call);
     }
-    if (expression.name == "len") return "char_length(rtrim(" + first + ", ' '))";
-    return expression.name + '(' + first + ", ' ')";
+    throw NotTranslated(call.name);
 }
 
-std::string PostgresExpressionWriter::AggregateValue(const Expression& expression) {
-    if (expression.operands.empty()) return "count(*)::int";
-    const std::vector<std::string> groups = std::exchange(mGroups, {});
-    const Expression& operand = *expression.operands[0];
-    const std::string distinct = expression.distinct ? "distinct " : "";
-    const bool adds = expression.name == "sum" || expression.name == "avg";
-    std::string text;
-    if (expression.name == "count") {
-        text = "count(" + distinct + Comparable(operand) + ")::int";
-    } else if (!adds && operand.type.IsText()) {
-        const std::string value = Value(operand);
-        text = "(array_agg(" + value + " order by " + Key(value) +
-               (expression.name == "max" ? " desc" : "") + ") filter (where " + value +
-               " is not null))[1]";
-    } else if (!adds || operand.type.kind == Type::Kind::Float) {
-        text = expression.name + '(' + distinct + Value(operand) + ')';
-    } else {
-        const std::string argument = '(' + distinct + Value(operand) + ')';
-        const std::string sum = "sum" + argument;
-        text = WithinRange(
-            expression.name == "sum"
-                ? sum
-                : Quotient(sum + "::numeric", "count" + argument + "::numeric", operand.type),
-            expression.type);
-    }
-    mGroups = groups;
+// What an aggregate is made of is no group's value.
+std::string PostgresExpressionWriter::AggregateValue(const Expression& aggregate) {
+    std::vector<std::string> groups = std::exchange(mGroups, {});
+    std::string text = CallValue(aggregate);
+    mGroups = std::move(groups);
     return text;
+}
+
+std::string PostgresExpressionWriter::ExtremeValue(const Expression& call,
+                                                   const std::string& order) {
+    const std::string value = Value(*call.operands[0]);
+    if (!call.type.IsText()) return call.name + '(' + Distinct(call) + value + ')';
+    return "(array_agg(" + value + " order by " + Key(value) + order + ") filter (where " + value +
+           " is not null))[1]";
+}
+
+std::string PostgresExpressionWriter::SumValue(const Expression& call) {
+    const Type type = call.operands[0]->type;
+    const std::string argument = '(' + Distinct(call) + Value(*call.operands[0]) + ')';
+    if (type.kind == Type::Kind::Float) return call.name + argument;
+    const std::string sum = "sum" + argument;
+    if (call.builtIn->id == BuiltIn::Sum) return WithinRange(sum, call.type);
+    return WithinRange(Quotient(sum + "::numeric", "count" + argument + "::numeric", type),
+                       call.type);
 }
 
 std::string PostgresExpressionWriter::ListOf(const Expression& expression) {

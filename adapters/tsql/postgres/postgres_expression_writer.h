@@ -56,8 +56,10 @@ private:
     std::string AddParameter(const Expression& literal, Parameter::Use use, Type type,
                              std::string_view column = "");
     std::string ArithmeticValue(const Expression& expression);
-    std::string FunctionValue(const Expression& expression);
-    std::string AggregateValue(const Expression& expression);
+    std::string CallValue(const Expression& call);
+    std::string AggregateValue(const Expression& aggregate);
+    std::string ExtremeValue(const Expression& call, const std::string& order);
+    std::string SumValue(const Expression& call);
     std::string ListOf(const Expression& expression);
     std::string Condition(const Expression& expression);
 

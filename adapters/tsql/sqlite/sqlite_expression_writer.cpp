@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/tsql/language/errors.h"
 #include "adapters/tsql/sqlite/sqlite_name.h"
 
 namespace kelvane::tsql {
@@ -9,6 +10,10 @@ namespace kelvane::tsql {
 namespace {
 
 using Kind = Expression::Kind;
+
+std::string Distinct(const Expression& aggregate) {
+    return aggregate.distinct ? "distinct " : "";
+}
 
 std::string KindNumber(Type type) {
     return std::to_string(static_cast<int>(type.kind));
@@ -62,9 +67,8 @@ std::string SqliteExpressionWriter::Value(const Expression& expression) {
             return '(' + left + " || " + Value(*operands[1]) + ')';
         }
         case Kind::Function:
-            return FunctionValue(expression);
         case Kind::Aggregate:
-            return AggregateValue(expression);
+            return CallValue(expression);
         case Kind::Convert:
             return ConvertValue(expression);
         case Kind::Query:
@@ -95,27 +99,38 @@ std::string SqliteExpressionWriter::Stored(const Expression& expression, Type ty
                           QuotedText(column)});
 }
 
-std::string SqliteExpressionWriter::FunctionValue(const Expression& expression) {
-    std::string first = Value(*expression.operands[0]);
-    if (expression.name == "isnull") {
-        return "ifnull(" + first + ", " + Value(*expression.operands[1]) + ')';
+std::string SqliteExpressionWriter::CallValue(const Expression& call) {
+    const auto& operands = call.operands;
+    switch (call.builtIn->id) {
+        case BuiltIn::IsNull: {
+            const std::string first = Value(*operands[0]);
+            return "ifnull(" + first + ", " + Value(*operands[1]) + ')';
+        }
+        case BuiltIn::LTrim:
+        case BuiltIn::RTrim:
+            return call.name + '(' + Value(*operands[0]) + ", ' ')";
+        case BuiltIn::Len:
+            return "length(rtrim(" + Value(*operands[0]) + "))";
+        case BuiltIn::Count:
+        case BuiltIn::Min:
+        case BuiltIn::Max:
+            if (operands.empty()) return "count(*)";
+            return call.name + '(' + Distinct(call) + Comparable(*operands[0]) + ')';
+        case BuiltIn::Sum:
+        case BuiltIn::Avg:
+            return SumValue(call);
     }
-    if (expression.name == "len") return "length(rtrim(" + first + "))";
-    return expression.name + '(' + first + ", ' ')";
+    throw NotTranslated(call.name);
 }
 
-std::string SqliteExpressionWriter::AggregateValue(const Expression& expression) {
-    if (expression.operands.empty()) return "count(*)";
-    const Expression& operand = *expression.operands[0];
-    const std::string distinct = expression.distinct ? "distinct " : "";
-    const bool adds = expression.name == "sum" || expression.name == "avg";
-    const std::string argument = distinct + (adds ? Value(operand) : Comparable(operand));
-    if (!adds || operand.type.kind == Type::Kind::Float) {
-        return expression.name + '(' + argument + ')';
-    }
-    const bool money = operand.type.kind == Type::Kind::Money;
-    const bool big = operand.type.kind == Type::Kind::BigInt;
-    return Call(expression.name + (money || big ? "" : "_int"), {argument});
+// The engine's own sums are not exact, and not within the dialect's ranges.
+std::string SqliteExpressionWriter::SumValue(const Expression& call) {
+    const Expression& operand = *call.operands[0];
+    const std::string argument = Distinct(call) + Value(operand);
+    const Type::Kind kind = operand.type.kind;
+    if (kind == Type::Kind::Float) return call.name + '(' + argument + ')';
+    const bool wide = kind == Type::Kind::Money || kind == Type::Kind::BigInt;
+    return Call(call.name + (wide ? "" : "_int"), {argument});
 }
 
 std::string SqliteExpressionWriter::ConvertValue(const Expression& expression) {

@@ -31,8 +31,8 @@ private:
     std::string AddParameter(const Expression& literal, Parameter::Use use, Type type,
                              std::string_view column = "");
     std::string Call(std::string_view function, std::initializer_list<std::string> arguments);
-    std::string AggregateValue(const Expression& expression);
-    std::string FunctionValue(const Expression& expression);
+    std::string CallValue(const Expression& call);
+    std::string SumValue(const Expression& call);
     std::string ConvertValue(const Expression& expression);
     std::string QueryValue(const Select& query);
     std::string CompareCondition(const Expression& expression);

@@ -57,7 +57,7 @@ double Real(char op, double a, double b) {
             if (b == 0) throw DivisionByZero();
             return a / b;
         default:
-            throw DatabaseError("Operand data type float is invalid for operator '%'.", 8117);
+            throw InvalidOperator({Type::Kind::Float, 0}, std::string_view(&op, 1));
     }
 }
 

@@ -133,9 +133,7 @@ std::string GroupedText(const std::string& plain) {
 }
 
 std::string MoneyToText(std::int64_t units, int style) {
-    if (style < 0 || style > 2) {
-        throw DatabaseError(std::to_string(style) + " is not a valid style number.", 281);
-    }
+    if (style < 0 || style > 2) throw InvalidStyle(style);
     const int places = style == 2 ? kMoneyPlaces : 2;
     const std::string plain = Decimal::FromScaled(units, kMoneyPlaces)
                                   .Rounded(places, Rounding::HalfAwayFromZero)
@@ -157,7 +155,7 @@ std::string FloatToText(double value, int style) {
         }
         return text;
     }
-    throw DatabaseError(std::to_string(style) + " is not a valid style number.", 281);
+    throw InvalidStyle(style);
 }
 
 std::string Cut(std::string text, Type to, bool isNumber) {

@@ -95,10 +95,7 @@ std::string DateToText(std::string_view date, int style) {
         case 121:
             return value.FullText();
         default:
-            throw DatabaseError(std::to_string(style) +
-                                    " is not a valid style number when converting from datetime "
-                                    "to a character string.",
-                                281);
+            throw InvalidDateStyle(style);
     }
 }
 

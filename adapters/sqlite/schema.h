@@ -5,6 +5,7 @@
 //
 //   dialect                        declared        stored
 //   varchar(n), nvarchar(n)        varchar(n) …    TEXT, trailing blanks kept
+//   text, ntext                    varchar …       TEXT of any length
 //   bit, tinyint, smallint, int    the same        INTEGER
 //   money                          money text      TEXT, exact: "1234.5000"
 //   float                          float           REAL

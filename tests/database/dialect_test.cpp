@@ -272,6 +272,29 @@ TEST_F(Dialect, JudgesTextsOfAnyLength) {
     EXPECT_EQ(Rows("select id,c,n from Probe"), "1|期|NULL\n");
 }
 
+TEST_F(Dialect, KeepsLongTextsWhole) {
+    const auto repeated = [](const std::string& text) {
+        constexpr int kTimes = 5000;
+        std::string result;
+        for (int i = 0; i < kTimes; ++i) result += text;
+        return result;
+    };
+    StatementText insert("insert into Noted(id,plain,wide) values(1,");
+    insert.Quoted(repeated("ab")) << ",N";
+    insert.Quoted(repeated("期")) << ") insert into Noted(id) values(2)";
+    Execute(insert);
+    EXPECT_EQ(Rows("select plain,wide from Noted order by id"),
+              repeated("ab") + '|' + repeated("期") + "\nNULL|NULL\n");
+    EXPECT_EQ(Rows("select convert(varchar(3),plain) from Noted where plain like 'ABAB%'"),
+              "aba\n");
+    const auto set = Open("select * from Noted where id = 2", platform::LockType::Optimistic);
+    set->SetField("plain", Value(repeated("二")));
+    set->SetField("wide", Value("短"));
+    set->Update();
+    EXPECT_EQ(set->Field("PLAIN"), Value(repeated("二")));
+    EXPECT_EQ(Rows("select plain,wide from Noted where id = 2"), repeated("二") + "|短\n");
+}
+
 TEST_F(Dialect, RefusesDuplicateKeysAndNulls) {
     Execute("insert into Probe(id) values(1)");
     ExpectFailure(2627, [&] { Execute("insert into Probe(id) values(1)"); });

@@ -124,6 +124,23 @@ TEST_F(SqliteFile, ReadsWhatOtherToolsWrote) {
         235);
 }
 
+TEST_F(SqliteFile, ReadsAndWritesTextColumnsOfOtherTools) {
+    OtherTool tool(mPath);
+    EXPECT_EQ(tool.Run("create table Told(plain text, wide NTEXT);"
+                       "insert into Told values('说明 a','宽')"),
+              "");
+    const auto connection = Connect();
+    const auto set = connection->OpenRecordSet(
+        StatementText("select plain,wide from Told where plain = '说明 A'"),
+        {.lock = platform::LockType::Optimistic});
+    ASSERT_EQ(set->RecordCount(), 1);
+    EXPECT_EQ(set->Field("plain"), Value("说明 a"));
+    EXPECT_EQ(set->Field("wide"), Value("宽"));
+    set->SetField("wide", Value("更宽"));
+    set->Update();
+    EXPECT_EQ(tool.Run("select wide from Told"), "更宽\n");
+}
+
 TEST_F(SqliteFile, NoticesThatTheSchemaChanged) {
     const auto connection = Connect();
     const StatementText all("select * from Coded");

@@ -39,6 +39,8 @@ std::vector<TableDescription> ProbingTables() {
                       {}});
     tables.push_back(
         {"Coded", {{"code", "varchar(20)"}, {"name", "varchar(40)", false}}, {"code"}, {{"name"}}});
+    tables.push_back(
+        {"Noted", {{"id", "int", false}, {"plain", "text"}, {"wide", "ntext"}}, {"id"}, {}});
     return tables;
 }
 

@@ -13,7 +13,7 @@ namespace kelvane::support {
 std::vector<tsql::TableDescription> ComponentTables(const std::vector<std::string>& keyFields = {});
 
 // Those, with the key columns cKeyA and cKeyB (text) and iKeyN (int); the table Probe, which has a
-// column of every type; and Coded, whose key is a text.
+// column of every type; Coded, whose key is a text; and Noted, with texts of any length.
 std::vector<tsql::TableDescription> ProbingTables();
 
 // The names of all tables that any test creates.

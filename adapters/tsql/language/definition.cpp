@@ -102,7 +102,7 @@ private:
         const std::string name = mReader.TakeName();
         std::optional<Type> type = ParseType(name);
         if (!type) throw NotTranslated(name);
-        if (!type->IsText()) return *type;
+        if (!TakesLength(name)) return *type;
         type->length = 1;
         if (mReader.TakeSymbol("(")) {
             const bool any = mReader.TakeWord("max");

@@ -255,7 +255,7 @@ private:
         const std::string name = mReader.TakeName();
         std::optional<Type> type = ParseType(name);
         if (!type) throw NotTranslated(name);
-        if (type->IsText()) {
+        if (TakesLength(name)) {
             type->length = kLengthWithoutOne;
             if (mReader.TakeSymbol("(")) {
                 type->length = mReader.TakeFixedNumber();

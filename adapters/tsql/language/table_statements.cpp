@@ -15,8 +15,13 @@ using platform::StatementText;
 void AppendType(StatementText& text, const std::string& declared) {
     const std::optional<Type> type = ParseType(declared);
     if (!type) throw std::invalid_argument("no type of the dialect: " + declared);
+    const bool anyLength = type->IsText() && type->length == 0;
+    if (anyLength) {
+        text.Identifier(type->kind == Type::Kind::NVarChar ? "ntext" : "text");
+        return;
+    }
     text.Identifier(TypeName(*type));
-    if (type->IsText() && type->length > 0) {
+    if (type->IsText()) {
         text << "(";
         text.Number(type->length) << ")";
     }

@@ -1,7 +1,8 @@
 #include "adapters/tsql/language/type.h"
 
+#include <algorithm>
 #include <charconv>
-#include <utility>
+#include <iterator>
 
 #include "platform/ascii.h"
 
@@ -9,11 +10,20 @@ namespace kelvane::tsql {
 
 namespace {
 
-constexpr std::pair<std::string_view, Type::Kind> kNames[] = {
-    {"varchar", Type::Kind::VarChar},
-    {"char", Type::Kind::VarChar},
-    {"nvarchar", Type::Kind::NVarChar},
-    {"nchar", Type::Kind::NVarChar},
+struct NamedType {
+    std::string_view name;
+    Type::Kind kind;
+    bool takesLength = false;
+};
+
+// The first name of a kind is the one that messages have.
+constexpr NamedType kNames[] = {
+    {"varchar", Type::Kind::VarChar, true},
+    {"char", Type::Kind::VarChar, true},
+    {"text", Type::Kind::VarChar},
+    {"nvarchar", Type::Kind::NVarChar, true},
+    {"nchar", Type::Kind::NVarChar, true},
+    {"ntext", Type::Kind::NVarChar},
     {"bit", Type::Kind::Bit},
     {"tinyint", Type::Kind::TinyInt},
     {"smallint", Type::Kind::SmallInt},
@@ -26,6 +36,13 @@ constexpr std::pair<std::string_view, Type::Kind> kNames[] = {
     {"datetime", Type::Kind::DateTime},
     {"smalldatetime", Type::Kind::DateTime},
 };
+
+const NamedType* FindName(std::string_view name) {
+    const auto* found = std::find_if(
+        std::begin(kNames), std::end(kNames),
+        [&](const NamedType& named) { return platform::EqualIgnoringCase(named.name, name); });
+    return found == std::end(kNames) ? nullptr : found;
+}
 
 std::string_view WithoutBlanks(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -47,18 +64,19 @@ std::optional<Type> ParseType(std::string_view text) {
         if (failure != std::errc() || stop != end || length < 1) return std::nullopt;
         text = WithoutBlanks(text.substr(0, open));
     }
-    for (const auto& [name, kind] : kNames) {
-        if (!platform::EqualIgnoringCase(name, text)) continue;
-        const Type type{kind, length};
-        if (length != 0 && !type.IsText()) return std::nullopt;
-        return type;
-    }
-    return std::nullopt;
+    const NamedType* named = FindName(text);
+    if (named == nullptr || (length != 0 && !named->takesLength)) return std::nullopt;
+    return Type{named->kind, length};
+}
+
+bool TakesLength(std::string_view name) {
+    const NamedType* named = FindName(name);
+    return named != nullptr && named->takesLength;
 }
 
 std::string_view TypeName(Type type) {
-    for (const auto& [name, kind] : kNames) {
-        if (kind == type.kind) return name;
+    for (const NamedType& named : kNames) {
+        if (named.kind == type.kind) return named.name;
     }
     return "NULL";
 }

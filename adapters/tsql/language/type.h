@@ -36,9 +36,12 @@ struct Type {
 };
 
 // Reads a type as the dialect declares it, in any letter case: "varchar(60)", "nvarchar(20)",
-// "int", "tinyint", "bit", "money", "float", "datetime" … ("char" counts as "varchar"). Returns
-// nothing for any other text.
+// "int", "tinyint", "bit", "money", "float", "datetime" … ("char" counts as "varchar", "text" and
+// "ntext" as varchar and nvarchar of any length). Returns nothing for any other text.
 std::optional<Type> ParseType(std::string_view text);
+
+// Whether the type of that name is declared with a length, as "varchar" is and "text" is not.
+bool TakesLength(std::string_view name);
 
 // The type as messages name it: "varchar", "int", "money".
 std::string_view TypeName(Type type);

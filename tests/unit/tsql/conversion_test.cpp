@@ -158,9 +158,20 @@ TEST(Types, AreReadFromTheirNames) {
     EXPECT_EQ(ParseType("VarChar( 60 )"), (Type{Kind::VarChar, 60}));
     EXPECT_EQ(ParseType(" money "), (Type{Kind::Money, 0}));
     EXPECT_EQ(ParseType("integer"), (Type{Kind::Int, 0}));
+    EXPECT_EQ(ParseType("TEXT"), (Type{Kind::VarChar, 0}));
+    EXPECT_EQ(ParseType("ntext"), (Type{Kind::NVarChar, 0}));
     for (const char* other :
-         {"", "decimal(19,4)", "int(5)", "varchar(", "varchar(x)", "varchar(0)"}) {
+         {"", "decimal(19,4)", "int(5)", "varchar(", "varchar(x)", "varchar(0)", "text(20)"}) {
         EXPECT_FALSE(ParseType(other).has_value()) << other;
+    }
+    EXPECT_EQ(TypeName({Kind::VarChar, 0}), "varchar");
+    EXPECT_EQ(TypeName({Kind::NVarChar, 0}), "nvarchar");
+}
+
+TEST(Types, SomeTextsAreDeclaredWithALength) {
+    for (const char* name : {"varchar", "NChar"}) EXPECT_TRUE(TakesLength(name)) << name;
+    for (const char* name : {"text", "NText", "int", "image"}) {
+        EXPECT_FALSE(TakesLength(name)) << name;
     }
 }
 

@@ -59,6 +59,12 @@ TEST(PostgresDefinition, IndexesAndDropsNameTheTableAsItIs) {
               "create unique index \"U\" on \"Probe\"(\"m\");\ndrop table \"Probe\";");
 }
 
+TEST(PostgresDefinition, TextsOfAnyLengthHaveNone) {
+    EXPECT_EQ(Defined("create table T(a text,b ntext null)"),
+              Defined("create table T(a varchar(max),b nvarchar(max) null)"));
+    EXPECT_EQ(Defined("create table T(a text(20))"), "Incorrect syntax near '('.");
+}
+
 TEST(PostgresDefinition, RefusesWhatAnAccountsTablesDoNotHave) {
     EXPECT_EQ(Defined("create table T(a image)"), "This account's database does not know 'image'.");
     EXPECT_EQ(Defined("create table T(a int default 5)"), "Incorrect syntax near 'default'.");

@@ -41,6 +41,11 @@ TEST(TableStatements, ATableNeedsNoKey) {
     EXPECT_EQ(DropStatement("T").Checked(), "drop table T");
 }
 
+TEST(TableStatements, ATextOfAnyLengthSaysSo) {
+    EXPECT_EQ(Texts({"T", {{"a", "text"}, {"b", "NTEXT"}, {"c", "varchar"}}, {}, {}}),
+              std::vector<std::string>{"create table T(a text null,b ntext null,c text null)"});
+}
+
 TEST(TableStatements, OtherTypesAndNamesAreRefused) {
     EXPECT_THROW(CreateStatements({"T", {{"a", "image"}}, {}, {}}), std::invalid_argument);
     EXPECT_THROW(Texts({"T drop table T", {{"a", "int"}}, {}, {}}), MalformedStatement);

@@ -70,6 +70,8 @@ TEST(Translation, ConvertsLiteralsToTheColumnsType) {
 }
 
 TEST(Translation, Functions) {
+    EXPECT_EQ(Written("select convert(text,number) from Entry"),
+              R"(select kelvane_convert("Entry"."number", 9, 1, 0, 0) from "Entry" as "Entry")");
     EXPECT_EQ(Written("select isnull(number,''), convert(varchar,amount,1), len(code) from Entry"),
               R"(select ifnull("Entry"."number", ?1), )"
               R"(kelvane_convert(kelvane_units("Entry"."amount"), 8, 1, 30, 1), )"

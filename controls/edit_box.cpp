@@ -1,6 +1,6 @@
 #include "controls/edit_box.h"
 
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 namespace kelvane::controls {
 
@@ -13,7 +13,7 @@ void EditBox::SetText(const std::string& text) {
 bool EditBox::KeyDown(platform::Key key, int /*shift*/) {
     if (!Enabled() || key != platform::Key::Backspace) return false;
     std::string text = mText;
-    DropLastUtf8(text);
+    platform::DropLastCharacter(text);
     SetText(text);
     return true;
 }
@@ -21,7 +21,7 @@ bool EditBox::KeyDown(platform::Key key, int /*shift*/) {
 bool EditBox::KeyPress(char32_t character) {
     if (!Enabled() || character < U' ') return false;
     std::string text = mText;
-    AppendUtf8(text, character);
+    platform::AppendCharacter(text, character);
     SetText(text);
     return true;
 }

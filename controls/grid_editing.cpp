@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "controls/grid.h"
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 namespace kelvane::controls {
 
@@ -125,9 +125,10 @@ std::string Grid::FitText(std::string_view text) {
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
     const int limit = ColumnAt(mCol).input.maxLength;
-    if (limit <= 0 || CountUtf8(line) <= static_cast<std::size_t>(limit)) return line;
+    if (limit <= 0 || platform::CountCharacters(line) <= static_cast<std::size_t>(limit))
+        return line;
     if (Beep) Raise("Beep", Beep);
-    return std::string(FirstUtf8(line, static_cast<std::size_t>(limit)));
+    return std::string(platform::FirstCharacters(line, static_cast<std::size_t>(limit)));
 }
 
 void Grid::ReplaceEditText(std::string_view text) {

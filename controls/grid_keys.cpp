@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "controls/grid.h"
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 namespace kelvane::controls {
 
@@ -110,7 +110,7 @@ bool Grid::KeyDown(Key key, int shift) {
     if (mEditing) {
         if (key != Key::Backspace) return false;
         std::string text = mEditText;
-        DropLastUtf8(text);
+        platform::DropLastCharacter(text);
         ReplaceEditText(text);
         return true;
     }
@@ -150,7 +150,7 @@ bool Grid::KeyPress(char32_t character) {
         }
         if (!BeginEdit()) return true;
         std::string text;
-        AppendUtf8(text, character);
+        platform::AppendCharacter(text, character);
         ReplaceEditText(text);
         return true;
     }
@@ -159,7 +159,7 @@ bool Grid::KeyPress(char32_t character) {
         return true;
     }
     std::string text = mEditText;
-    AppendUtf8(text, character);
+    platform::AppendCharacter(text, character);
     ReplaceEditText(text);
     return true;
 }

@@ -4,6 +4,7 @@
 
 #include "platform/blanks.h"
 #include "platform/decimal.h"
+#include "platform/utf8.h"
 
 namespace kelvane::platform {
 
@@ -26,10 +27,6 @@ bool EndsItsLiteral(std::string_view value) {
     return runLength % 2 == 1;
 }
 
-bool IsContinuation(char character) {
-    return (character & 0xC0) == 0x80;
-}
-
 // Bytes of the name character at the front of `text`; 0 when there is none. Beyond ASCII only the
 // ideographs of three UTF-8 bytes pass: other characters there may be blanks or signs to an engine.
 std::size_t NameCharacterLength(std::string_view text) {
@@ -37,9 +34,8 @@ std::size_t NameCharacterLength(std::string_view text) {
     if ((first >= '0' && first <= '9') || (first >= 'A' && first <= 'Z') ||
         (first >= 'a' && first <= 'z') || first == '_')
         return 1;
-    const auto lead = static_cast<unsigned char>(first);
-    const bool isIdeograph = lead >= 0xE4 && lead <= 0xE9 && text.size() >= 3 &&
-                             IsContinuation(text[1]) && IsContinuation(text[2]);
+    const Utf8Character character = FirstCharacter(text);
+    const bool isIdeograph = character.value >= 0x4000 && character.value <= 0x9FFF;
     return isIdeograph ? 3 : 0;
 }
 

@@ -3,35 +3,17 @@
 #include <array>
 #include <cstdio>
 
+#include "platform/utf16.h"
+
 namespace kelvane::com {
 
-namespace {
-
-std::wstring Widened(unsigned codePage, std::string_view bytes) {
-    if (bytes.empty()) return {};
-    const int length = static_cast<int>(bytes.size());
-    std::wstring wide(static_cast<std::size_t>(
-                          MultiByteToWideChar(codePage, 0, bytes.data(), length, nullptr, 0)),
-                      L'\0');
-    MultiByteToWideChar(codePage, 0, bytes.data(), length, wide.data(),
-                        static_cast<int>(wide.size()));
-    return wide;
-}
-
-}  // namespace
-
 std::wstring WideText(std::string_view utf8) {
-    return Widened(CP_UTF8, utf8);
+    return platform::ToUtf16<wchar_t>(utf8);
 }
 
 std::string NarrowText(std::wstring_view utf16) {
-    if (utf16.empty()) return {};
-    const int length = static_cast<int>(utf16.size());
-    std::string narrow(static_cast<std::size_t>(WideCharToMultiByte(
-                           CP_UTF8, 0, utf16.data(), length, nullptr, 0, nullptr, nullptr)),
-                       '\0');
-    WideCharToMultiByte(CP_UTF8, 0, utf16.data(), length, narrow.data(),
-                        static_cast<int>(narrow.size()), nullptr, nullptr);
+    std::string narrow;
+    platform::ReadUtf16(utf16.data(), utf16.size(), narrow);
     return narrow;
 }
 
@@ -40,7 +22,12 @@ std::string TextOf(BSTR text) {
 }
 
 std::string TextOfCodePage(std::string_view bytes) {
-    return NarrowText(Widened(CP_ACP, bytes));
+    if (bytes.empty()) return {};
+    const int length = static_cast<int>(bytes.size());
+    const int units = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(units), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, wide.data(), units);
+    return NarrowText(wide);
 }
 
 std::string SystemText(HRESULT code) {

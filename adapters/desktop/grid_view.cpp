@@ -7,7 +7,6 @@
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/grid_canvas.h"
 #include "controls/button.h"
-#include "controls/utf8.h"
 
 namespace kelvane::desktop {
 

@@ -3,6 +3,8 @@
 #include <string>
 
 #include "adapters/drive/key_flow.h"
+#include "platform/ascii.h"
+#include "platform/utf8.h"
 
 namespace kelvane::drive {
 
@@ -58,42 +60,13 @@ constexpr std::array kShiftNames{
     ShiftName{"ALT+", platform::kAlt},
 };
 
-std::string UpperCase(std::string_view text) {
-    std::string upper(text);
-    for (char& letter : upper) {
-        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
-    }
-    return upper;
+bool IsTyped(const platform::Utf8Character& character) {
+    return character.valid && character.value != 0;
 }
 
-// Number of bytes that the character beginning with `lead` has; 0 for no beginning.
-std::size_t LengthOf(unsigned char lead) {
-    if (lead < 0x80U) return 1;
-    if (lead >= 0xC2U && lead < 0xE0U) return 2;
-    if (lead >= 0xE0U && lead < 0xF0U) return 3;
-    return lead >= 0xF0U && lead < 0xF5U ? 4 : 0;
-}
-
-// Takes one character from `text`; 0 for a byte that is no UTF-8.
-char32_t TakeCharacter(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = LengthOf(lead);
-    if (length == 0 || length > text.size()) {
-        text.remove_prefix(1);
-        return 0;
-    }
-    constexpr std::array<unsigned, 5> kLeadBits{0, 0x7FU, 0x1FU, 0x0FU, 0x07U};
-    char32_t character = lead & kLeadBits[length];
-    for (std::size_t at = 1; at < length; ++at) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        if ((byte & 0xC0U) != 0x80U) {
-            text.remove_prefix(1);
-            return 0;
-        }
-        character = (character << 6U) | (byte & 0x3FU);
-    }
-    text.remove_prefix(length);
-    return character;
+// Bytes that are no UTF-8 type nothing.
+void AppendStroke(std::vector<KeyStroke>& strokes, const platform::Utf8Character& character) {
+    if (IsTyped(character)) strokes.push_back(StrokeOf(character.value));
 }
 
 }  // namespace
@@ -106,14 +79,13 @@ KeyStroke StrokeOf(char32_t character) {
 std::vector<KeyStroke> StrokesOf(std::string_view text) {
     std::vector<KeyStroke> strokes;
     while (!text.empty()) {
-        const char32_t character = TakeCharacter(text);
-        if (character != 0) strokes.push_back(StrokeOf(character));
+        AppendStroke(strokes, platform::TakeCharacter(text));
     }
     return strokes;
 }
 
 std::optional<KeyStroke> FindKey(std::string_view name) {
-    const std::string upper = UpperCase(name);
+    const std::string upper = platform::UpperAscii(name);
     std::string_view rest = upper;
     int shift = 0;
     for (bool found = true; found;) {
@@ -133,9 +105,9 @@ std::optional<KeyStroke> FindKey(std::string_view name) {
     // A single character: its key, typing it as it stands in the name.
     std::string_view character = name.substr(name.size() - rest.size());
     if (character.empty()) return std::nullopt;
-    const char32_t typed = TakeCharacter(character);
-    if (typed == 0 || !character.empty()) return std::nullopt;
-    return KeyStroke{platform::KeyOfCharacter(typed), shift, typed};
+    const platform::Utf8Character typed = platform::TakeCharacter(character);
+    if (!IsTyped(typed) || !character.empty()) return std::nullopt;
+    return KeyStroke{platform::KeyOfCharacter(typed.value), shift, typed.value};
 }
 
 std::vector<KeyStroke> ParseSentKeys(std::string_view keys) {
@@ -147,8 +119,7 @@ std::vector<KeyStroke> ParseSentKeys(std::string_view keys) {
             keys.remove_prefix(close + 1);
             continue;
         }
-        const char32_t character = TakeCharacter(keys);
-        if (character != 0) strokes.push_back(StrokeOf(character));
+        AppendStroke(strokes, platform::TakeCharacter(keys));
     }
     return strokes;
 }

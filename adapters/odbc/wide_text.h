@@ -6,16 +6,19 @@
 #include <string_view>
 
 #include "adapters/odbc/odbc_api.h"
+#include "platform/utf16.h"
 
 namespace kelvane::odbc {
 
-static_assert(sizeof(SQLWCHAR) == 2, "texts are handed to drivers as UTF-16");
-
 using WideText = std::basic_string<SQLWCHAR>;
 
-WideText ToWide(std::string_view text);
+inline WideText ToWide(std::string_view text) {
+    return platform::ToUtf16<SQLWCHAR>(text);
+}
 
 // Replaces `result`, whose memory is used again, by the `length` units at `text`.
-void FromWide(const SQLWCHAR* text, std::size_t length, std::string& result);
+inline void FromWide(const SQLWCHAR* text, std::size_t length, std::string& result) {
+    platform::ReadUtf16(text, length, result);
+}
 
 }  // namespace kelvane::odbc

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adapters/reference/pinyin.h"
+#include "platform/utf8.h"
 
 namespace kelvane::reference {
 
@@ -14,28 +15,8 @@ constexpr char32_t kWideBlank = 0x3000;
 constexpr char32_t kWideFirst = 0xFF01;  // "!" to "~", one after the other
 constexpr char32_t kWideLast = 0xFF5E;
 
-struct Character {
-    char32_t code;
-    std::size_t length;
-};
-
 bool IsAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
-}
-
-// The character at the front of `text`; a byte that begins none stands for itself.
-Character FirstCharacter(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (lead < 0x80) return {lead, 1};
-    if (lead < 0xC0 || lead >= 0xF8 || text.size() < length) return {0, 1};
-    char32_t code = lead & (0xFFU >> (length + 1));
-    for (std::size_t at = 1; at < length; ++at) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        if ((byte & 0xC0U) != 0x80U) return {0, 1};
-        code = (code << 6U) | (byte & 0x3FU);
-    }
-    return {code, length};
 }
 
 char FoldAscii(char character) {
@@ -55,10 +36,10 @@ void AppendFolded(std::string& out, std::string_view text) {
             text.remove_prefix(1);
             continue;
         }
-        const Character next = FirstCharacter(text);
-        if (next.code >= kWideFirst && next.code <= kWideLast) {
-            out += FoldAscii(static_cast<char>(next.code - kWideFirst + U'!'));
-        } else if (next.code == kWideBlank) {
+        const platform::Utf8Character next = platform::FirstCharacter(text);
+        if (next.value >= kWideFirst && next.value <= kWideLast) {
+            out += FoldAscii(static_cast<char>(next.value - kWideFirst + U'!'));
+        } else if (next.value == kWideBlank) {
             out += ' ';
         } else {
             out += text.substr(0, next.length);
@@ -91,8 +72,8 @@ std::vector<std::string> Spellings(std::string_view folded) {
             folded.remove_prefix(1);
             continue;
         }
-        const Character next = FirstCharacter(folded);
-        const std::string_view initials = PinyinInitials(next.code);
+        const platform::Utf8Character next = platform::FirstCharacter(folded);
+        const std::string_view initials = PinyinInitials(next.value);
         if (!initials.empty()) {
             AppendInitials(spellings, initials);
             chinese = true;

@@ -1,6 +1,6 @@
 #include "tests/desktop/sample_forms.h"
 
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 namespace kelvane::test {
 
@@ -169,7 +169,7 @@ void ListForm::Form_KeyDown(Key& key, int /*shift*/) {
 void ListForm::Form_KeyPress(char32_t& character) {
     if (character != refusedCharacter) return;
     std::string text;
-    controls::AppendUtf8(text, character);
+    platform::AppendCharacter(text, character);
     events.push_back("refused " + text);
     character = 0;
 }

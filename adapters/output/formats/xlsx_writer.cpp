@@ -12,6 +12,7 @@
 #include "adapters/output/formats/xlsx_check.h"
 #include "adapters/output/layout/number_text.h"
 #include "platform/native_path.h"
+#include "platform/utf8.h"
 
 namespace kelvane::output {
 
@@ -46,12 +47,9 @@ double WidthOfTwips(int twips) {
 
 // What a sheet may be called.
 std::string SheetName(std::string_view title) {
-    std::string name;
-    std::size_t characters = 0;
-    for (const char c : title) {
-        const bool begins = (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-        if (begins && ++characters > LXW_SHEETNAME_MAX) break;
-        name += std::string_view("[]:*?/\\'").find(c) == std::string_view::npos ? c : ' ';
+    std::string name(platform::FirstCharacters(title, LXW_SHEETNAME_MAX));
+    for (char& c : name) {
+        if (std::string_view("[]:*?/\\'").find(c) != std::string_view::npos) c = ' ';
     }
     return name.empty() ? "Sheet1" : name;
 }

@@ -1,12 +1,12 @@
 #include "adapters/output/formats/xml_text.h"
 
-#include "adapters/output/formats/utf8_reader.h"
+#include "platform/utf8.h"
 
 namespace kelvane::output {
 
 namespace {
 
-bool IsXmlCharacter(const Utf8Character& character) {
+bool IsXmlCharacter(const platform::Utf8Character& character) {
     const char32_t value = character.value;
     if (!character.valid || value == 0xFFFE || value == 0xFFFF) return false;
     return value >= U' ' || value == U'\t' || value == U'\n' || value == U'\r';
@@ -36,14 +36,13 @@ std::string_view EntityOf(char32_t character) {
 }  // namespace
 
 std::string EscapeXml(std::string_view text) {
-    static constexpr std::string_view kReplacementText = "\uFFFD";
     std::string escaped;
     escaped.reserve(text.size());
     while (!text.empty()) {
-        const Utf8Character next = FirstCharacter(text);
+        const platform::Utf8Character next = platform::FirstCharacter(text);
         const std::string_view entity = EntityOf(next.value);
         if (!IsXmlCharacter(next)) {
-            escaped += kReplacementText;
+            escaped += platform::kReplacementText;
         } else {
             escaped += entity.empty() ? text.substr(0, next.length) : entity;
         }

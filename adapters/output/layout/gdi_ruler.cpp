@@ -12,6 +12,7 @@
 #include "adapters/output/layout/letter_ruler.h"
 #include "platform/native_path.h"
 #include "platform/page.h"
+#include "platform/utf16.h"
 
 namespace kelvane::output {
 
@@ -29,14 +30,6 @@ struct FontRelease {
 };
 using ContextPointer = std::unique_ptr<std::remove_pointer_t<HDC>, ContextRelease>;
 using FontPointer = std::unique_ptr<std::remove_pointer_t<HFONT>, FontRelease>;
-
-std::wstring Wide(std::string_view utf8) {
-    const auto length = static_cast<int>(utf8.size());
-    std::wstring wide(utf8.size(), L'\0');
-    const int used = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), length);
-    wide.resize(static_cast<std::size_t>(std::max(0, used)));
-    return wide;
-}
 
 LOGFONTW FontNamed(std::wstring_view name) {
     LOGFONTW font{};
@@ -61,7 +54,7 @@ bool IsThere(HDC context, std::wstring_view name) {
 
 // The first of the pages' fonts that is there; without one the system takes what it likes.
 std::wstring PageFont(HDC context) {
-    std::wstring rest = Wide(platform::kPageFonts);
+    std::wstring rest = platform::ToUtf16<wchar_t>(platform::kPageFonts);
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(L", "), rest.size());
         const std::wstring name = rest.substr(0, end);
@@ -85,7 +78,7 @@ public:
     }
 
     std::int64_t Width(std::string_view text, bool bold) override {
-        const std::wstring wide = Wide(text);
+        const std::wstring wide = platform::ToUtf16<wchar_t>(text);
         HGDIOBJ before = SelectObject(mContext.get(), mFonts[bold ? 1 : 0].get());
         SIZE extent{};
         GetTextExtentPoint32W(mContext.get(), wide.data(), static_cast<int>(wide.size()), &extent);

@@ -1,6 +1,6 @@
 #include "adapters/output/layout/line_breaking.h"
 
-#include "adapters/output/formats/utf8_reader.h"
+#include "platform/utf8.h"
 
 namespace kelvane::output {
 
@@ -40,7 +40,7 @@ std::size_t FirstLine(std::string_view text, const Letters& letters, int width,
     int used = 0;
     char32_t before = 0;
     while (at < text.size()) {
-        const Utf8Character next = FirstCharacter(text.substr(at));
+        const platform::Utf8Character next = platform::FirstCharacter(text.substr(at));
         if (at > 0 && MayBreakBetween(before, next.value)) goodBreak = at;
         used += measurer.Width(text.substr(at, next.length), letters);
         // A blank at a line's end needs no room, and the first character takes what it needs.

@@ -1,5 +1,7 @@
 #include "adapters/output/layout/ruled_measurer.h"
 
+#include "adapters/output/formats/readable_text.h"
+
 namespace kelvane::output {
 
 namespace {
@@ -42,8 +44,8 @@ LetterRuler& RuledMeasurer::Ruler() {
     return *mRuler;
 }
 
-std::int64_t RuledMeasurer::AdvanceOf(const Utf8Character& character, std::string_view bytes,
-                                      bool bold) {
+std::int64_t RuledMeasurer::AdvanceOf(const platform::Utf8Character& character,
+                                      std::string_view bytes, bool bold) {
     Advances& advances = mAdvances[bold ? 1 : 0];
     std::int64_t& known =
         character.value < advances.ascii.size()
@@ -56,7 +58,7 @@ std::int64_t RuledMeasurer::AdvanceOf(const Utf8Character& character, std::strin
 int RuledMeasurer::Width(std::string_view text, const Letters& letters) {
     std::int64_t units = 0;
     for (std::string_view rest = text; !rest.empty();) {
-        const Utf8Character next = FirstCharacter(rest);
+        const platform::Utf8Character next = platform::FirstCharacter(rest);
         if (!StandsAlone(next.value)) {
             return ThousandthsOf(Ruler().Width(ReadableUtf8(text), letters.bold), letters.size);
         }

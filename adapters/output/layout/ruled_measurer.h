@@ -9,9 +9,9 @@
 #include <unordered_map>
 #include <utility>
 
-#include "adapters/output/formats/utf8_reader.h"
 #include "adapters/output/layout/letter_ruler.h"
 #include "adapters/output/layout/text_measurer.h"
+#include "platform/utf8.h"
 
 namespace kelvane::output {
 
@@ -33,7 +33,8 @@ private:
     };
 
     LetterRuler& Ruler();
-    std::int64_t AdvanceOf(const Utf8Character& character, std::string_view bytes, bool bold);
+    std::int64_t AdvanceOf(const platform::Utf8Character& character, std::string_view bytes,
+                           bool bold);
 
     RulerMaker mMakeRuler;
     std::unique_ptr<LetterRuler> mRuler;

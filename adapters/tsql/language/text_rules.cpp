@@ -6,10 +6,14 @@
 #include <string>
 
 #include "platform/ascii.h"
+#include "platform/utf8.h"
 
 namespace kelvane::tsql {
 
 namespace {
+
+using platform::AppendCharacter;
+using platform::TakeCharacter;
 
 // Upper-case letters from `first` to `last` in steps of `step`; their lower case is `delta`
 // further.
@@ -50,50 +54,11 @@ bool HasCase(char32_t letter) {
     });
 }
 
-// Takes the next character off `text`, which is not empty. A byte that is not UTF-8 counts as a
-// character of its own.
-char32_t TakeCharacter(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    std::size_t length = 1;
-    char32_t character = lead;
-    if (lead >= 0xC2 && lead < 0xF5) {
-        length = lead < 0xE0 ? 2 : (lead < 0xF0 ? 3 : 4);
-        character = lead & (0xFFU >> (length + 1));
-        for (std::size_t i = 1; i < length; ++i) {
-            const auto next = i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
-            if ((next & 0xC0U) != 0x80U) {
-                length = 1;
-                character = lead;
-                break;
-            }
-            character = (character << 6) | (next & 0x3FU);
-        }
-    }
-    text.remove_prefix(length);
-    return character;
-}
-
 std::u32string Folded(std::string_view text) {
     std::u32string result;
     result.reserve(text.size());
-    while (!text.empty()) result += Fold(TakeCharacter(text));
+    while (!text.empty()) result += Fold(TakeCharacter(text).value);
     return result;
-}
-
-void AppendCharacter(std::string& text, char32_t character) {
-    const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
-    if (character < 0x80) return add(character);
-    int rest = 6;
-    if (character < 0x800) {
-        add(0xC0 | (character >> 6));
-    } else if (character < 0x10000) {
-        add(0xE0 | (character >> 12));
-        rest = 12;
-    } else {
-        add(0xF0 | (character >> 18));
-        rest = 18;
-    }
-    for (rest -= 6; rest >= 0; rest -= 6) add(0x80 | ((character >> rest) & 0x3F));
 }
 
 std::size_t Width(char32_t character, bool wide) {
@@ -103,7 +68,7 @@ std::size_t Width(char32_t character, bool wide) {
 
 std::size_t Length(std::string_view text, bool wide) {
     std::size_t length = 0;
-    while (!text.empty()) length += Width(TakeCharacter(text), wide);
+    while (!text.empty()) length += Width(TakeCharacter(text).value, wide);
     return length;
 }
 
@@ -137,8 +102,8 @@ int CompareText(std::string_view a, std::string_view b) {
     a = TrimEnd(a);
     b = TrimEnd(b);
     while (!a.empty() && !b.empty()) {
-        const char32_t x = Fold(TakeCharacter(a));
-        const char32_t y = Fold(TakeCharacter(b));
+        const char32_t x = Fold(TakeCharacter(a).value);
+        const char32_t y = Fold(TakeCharacter(b).value);
         if (x != y) return x < y ? -1 : 1;
     }
     return static_cast<int>(!a.empty()) - static_cast<int>(!b.empty());
@@ -147,7 +112,7 @@ int CompareText(std::string_view a, std::string_view b) {
 std::string FoldedText(std::string_view text) {
     std::string result;
     result.reserve(text.size());
-    while (!text.empty()) AppendCharacter(result, Fold(TakeCharacter(text)));
+    while (!text.empty()) AppendCharacter(result, Fold(TakeCharacter(text).value));
     return result;
 }
 
@@ -165,14 +130,9 @@ CaseLetters CasedLetters() {
 std::string_view AsciiCasedPart(std::string_view text) {
     std::string_view rest = text;
     while (!rest.empty()) {
-        if (static_cast<unsigned char>(rest.front()) < 0x80) {
-            rest.remove_prefix(1);
-            continue;
-        }
-        std::string_view behind = rest;
-        const char32_t character = TakeCharacter(behind);
-        if (HasCase(character)) break;
-        rest = behind;
+        const platform::Utf8Character next = platform::FirstCharacter(rest);
+        if (!next.valid || (next.value >= 0x80 && HasCase(next.value))) break;
+        rest.remove_prefix(next.length);
     }
     return text.substr(0, text.size() - rest.size());
 }
@@ -228,7 +188,7 @@ std::string_view FirstPart(std::string_view text, std::size_t length, bool wide)
     std::size_t used = 0;
     while (!rest.empty()) {
         std::string_view behind = rest;
-        used += Width(TakeCharacter(behind), wide);
+        used += Width(TakeCharacter(behind).value, wide);
         if (used > length) break;
         rest = behind;
     }

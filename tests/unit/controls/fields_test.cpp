@@ -5,7 +5,6 @@
 #include "controls/button.h"
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
-#include "controls/utf8.h"
 
 namespace kelvane::controls {
 namespace {
@@ -102,22 +101,6 @@ TEST(ControlTest, SizesAreNotNegative) {
 
 TEST(ControlTest, ColoursAreWrittenBlueGreenRed) {
     EXPECT_EQ(Rgb(205, 208, 215), 0xD7D0CDU);
-}
-
-TEST(Utf8, CharactersOfEveryLengthAreWrittenAndTakenAway) {
-    std::string text;
-    for (const char32_t character : {U'a', U'é', U'项', U'\U00020000'}) AppendUtf8(text, character);
-    EXPECT_EQ(text, "aé项\xF0\xA0\x80\x80");
-    AppendUtf8(text, 0xD800);
-    AppendUtf8(text, 0x110000);
-    EXPECT_EQ(CountUtf8(text), 4U);
-    EXPECT_EQ(FirstUtf8(text, 2), "aé");
-    EXPECT_EQ(FirstUtf8(text, 0), "");
-    EXPECT_EQ(FirstUtf8(text, 9), text);
-    for (const char* rest : {"aé项", "aé", "a", "", ""}) {
-        DropLastUtf8(text);
-        EXPECT_EQ(text, rest);
-    }
 }
 
 }  // namespace

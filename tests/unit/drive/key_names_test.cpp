@@ -61,6 +61,7 @@ TEST(KeyNames, BytesThatAreNoUtf8AreLeftOut) {
     ASSERT_EQ(strokes.size(), 2U);
     EXPECT_EQ(strokes[0].character, U'a');
     EXPECT_EQ(strokes[1].character, U'z');
+    EXPECT_TRUE(StrokesOf("\xE0\x80\xAF\xED\xA0\x80\xF4\x90\x80\x80").empty());
 }
 
 TEST(KeyNames, SentKeysHaveNamesInBraces) {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/output/formats/utf8_reader.h"
 #include "adapters/output/layout/sheet.h"
 #include "adapters/output/layout/text_measurer.h"
+#include "platform/utf8.h"
 
 namespace kelvane::output_test {
 
@@ -16,7 +16,7 @@ public:
     int Width(std::string_view text, const output::Letters& letters) override {
         int halves = 0;
         while (!text.empty()) {
-            const output::Utf8Character next = output::FirstCharacter(text);
+            const platform::Utf8Character next = platform::FirstCharacter(text);
             halves += next.value < 0x2E80 ? 1 : 2;
             text.remove_prefix(next.length);
         }

@@ -24,6 +24,9 @@ TEST(TextRules, AnyBytesCanBeCompared) {
     EXPECT_EQ(CompareText(broken, broken + ' '), 0);
     EXPECT_NE(CompareText(broken, "\xE4"), 0);
     EXPECT_EQ(CompareText("\xFF\x80", "\xFF\x80"), 0);
+    // A byte that is no UTF-8 is not the letter of the same number, nor an overlong form its sign.
+    EXPECT_NE(CompareText("\xE9", "é"), 0);
+    EXPECT_NE(CompareText("\xE0\x80\xAF", "/"), 0);
 }
 
 TEST(TextRules, KnowsWhenAsciiCaseIsEnough) {

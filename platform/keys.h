@@ -46,6 +46,12 @@ inline constexpr int kShift = 1;
 inline constexpr int kCtrl = 2;
 inline constexpr int kAlt = 4;
 
+struct KeyStroke {
+    Key key = Key::None;
+    int shift = 0;           // bits kShift, kCtrl, kAlt
+    char32_t character = 0;  // what the key types; 0 is nothing
+};
+
 // The key that types `character`.
 constexpr Key KeyOfCharacter(char32_t character) {
     if (character == U' ') return Key::Space;

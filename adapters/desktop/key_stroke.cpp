@@ -1,10 +1,7 @@
 #include "adapters/desktop/key_stroke.h"
 
-#include <wx/string.h>
-
 #include <algorithm>
 #include <array>
-#include <string>
 
 namespace kelvane::desktop {
 
@@ -48,19 +45,6 @@ constexpr std::array kKeyCodes{
     KeyCode{WXK_NUMPAD_DELETE, Key::Delete},
 };
 
-struct KeyName {
-    std::string_view name;
-    Key key;
-};
-
-constexpr std::array kKeyNames{
-    KeyName{"tab", Key::Tab},      KeyName{"enter", Key::Enter},   KeyName{"esc", Key::Escape},
-    KeyName{"home", Key::Home},    KeyName{"end", Key::End},       KeyName{"left", Key::Left},
-    KeyName{"right", Key::Right},  KeyName{"up", Key::Up},         KeyName{"down", Key::Down},
-    KeyName{"pgup", Key::PageUp},  KeyName{"pgdn", Key::PageDown}, KeyName{"del", Key::Delete},
-    KeyName{"bs", Key::Backspace},
-};
-
 Key Offset(Key base, int offset) {
     return static_cast<Key>(static_cast<int>(base) + offset);
 }
@@ -79,19 +63,6 @@ Key KeyOfCode(int code) {
 int ShiftState(const wxKeyEvent& event) {
     return (event.ShiftDown() ? platform::kShift : 0) |
            (event.ControlDown() ? platform::kCtrl : 0) | (event.AltDown() ? platform::kAlt : 0);
-}
-
-Key KeyOfName(std::string name) {
-    std::transform(name.begin(), name.end(), name.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    const auto known = std::find_if(kKeyNames.begin(), kKeyNames.end(),
-                                    [&](const KeyName& entry) { return entry.name == name; });
-    if (known != kKeyNames.end()) return known->key;
-    for (int number = 1; number <= 12; ++number) {
-        if (name == "f" + std::to_string(number)) return Offset(Key::F1, number - 1);
-    }
-    return Key::None;
 }
 
 }  // namespace
@@ -116,23 +87,6 @@ KeyStroke StrokeOfCharacter(const wxKeyEvent& event, int downCode) {
     const bool types = character >= U' ' && character != WXK_DELETE;
     if (types && !control && (stroke.shift & platform::kAlt) == 0) stroke.character = character;
     return stroke;
-}
-
-std::vector<KeyStroke> ParseKeys(std::string_view keys) {
-    std::vector<KeyStroke> strokes;
-    while (!keys.empty()) {
-        const std::size_t end = keys.front() == '{' ? keys.find('}') : std::string_view::npos;
-        if (end != std::string_view::npos) {
-            const Key key = KeyOfName(std::string(keys.substr(1, end - 1)));
-            if (key != Key::None) strokes.push_back({key, 0, 0});
-            keys.remove_prefix(end + 1);
-            continue;
-        }
-        const auto character = static_cast<char32_t>(static_cast<unsigned char>(keys.front()));
-        strokes.push_back({platform::KeyOfCharacter(character), 0, character});
-        keys.remove_prefix(1);
-    }
-    return strokes;
 }
 
 }  // namespace kelvane::desktop

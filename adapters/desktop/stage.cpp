@@ -11,6 +11,7 @@
 #include "adapters/desktop/message_dialog.h"
 #include "controls/grid.h"
 #include "controls/pick_window.h"
+#include "platform/key_names.h"
 
 namespace kelvane::desktop {
 
@@ -145,7 +146,7 @@ platform::MessageAnswer Stage::Ask(const platform::Message& message) {
 }
 
 void Stage::SendKeys(std::string_view keys) {
-    for (const KeyStroke& stroke : ParseKeys(keys)) mStrokes.push_back(stroke);
+    for (const KeyStroke& stroke : platform::ParseSentKeys(keys)) mStrokes.push_back(stroke);
     ScheduleKeys();
 }
 

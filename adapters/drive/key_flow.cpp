@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <iterator>
-#include <string>
+#include <vector>
 
 #include "controls/button.h"
 #include "controls/combo_box.h"
@@ -17,6 +17,7 @@ using controls::Control;
 using controls::Form;
 using controls::Grid;
 using platform::Key;
+using platform::KeyStroke;
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/grid.h"
+#include "platform/key_names.h"
 
 namespace kelvane::drive {
 
@@ -62,13 +63,13 @@ void Edit(const Arguments& arguments, Form& form, const CommandSurroundings& /*a
 }
 
 void Type(const Arguments& arguments, Form& form, const CommandSurroundings& /*around*/) {
-    for (const KeyStroke& stroke : StrokesOf(arguments[0])) {
+    for (const platform::KeyStroke& stroke : platform::StrokesOf(arguments[0])) {
         if (form.IsLoaded()) PressKey(form, stroke);
     }
 }
 
 void PressNamedKey(const Arguments& arguments, Form& form, const CommandSurroundings& around) {
-    const auto stroke = FindKey(arguments[0]);
+    const auto stroke = platform::FindKey(arguments[0]);
     if (!stroke) throw ScriptError("no key \"" + arguments[0] + "\"");
     // The help key belongs to the windows, which know the help file.
     if (stroke->key == platform::Key::F1 && stroke->shift == 0) {

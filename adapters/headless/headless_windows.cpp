@@ -4,8 +4,10 @@
 #include <optional>
 #include <stdexcept>
 
+#include "adapters/drive/key_flow.h"
 #include "adapters/headless/form_watch.h"
 #include "controls/pick_window.h"
+#include "platform/key_names.h"
 
 namespace kelvane::headless {
 
@@ -57,7 +59,7 @@ void HeadlessWindows::RunModal(Form& form) {
 
 void HeadlessWindows::DeliverKeys(Form& form) {
     while (form.IsLoaded() && !mSentKeys.empty()) {
-        const drive::KeyStroke stroke = mSentKeys.front();
+        const platform::KeyStroke stroke = mSentKeys.front();
         mSentKeys.pop_front();
         const bool used = drive::PressKey(form, stroke);
         if (used || stroke.key != platform::Key::F1 || mHelpFile.empty()) continue;
@@ -70,7 +72,8 @@ platform::MessageAnswer HeadlessWindows::ShowMessage(const platform::Message& me
 }
 
 void HeadlessWindows::SendKeys(std::string_view keys) {
-    for (const drive::KeyStroke& stroke : drive::ParseSentKeys(keys)) mSentKeys.push_back(stroke);
+    for (const platform::KeyStroke& stroke : platform::ParseSentKeys(keys))
+        mSentKeys.push_back(stroke);
 }
 
 }  // namespace kelvane::headless

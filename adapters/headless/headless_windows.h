@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/drive/key_flow.h"
 #include "adapters/drive/operator.h"
 #include "controls/form.h"
+#include "platform/keys.h"
 #include "platform/windows.h"
 
 namespace kelvane::headless {
@@ -41,7 +41,7 @@ private:
     drive::Operator& mOperator;
     std::string mHelpFile;
     std::vector<controls::Form*> mOpen;
-    std::deque<drive::KeyStroke> mSentKeys;
+    std::deque<platform::KeyStroke> mSentKeys;
 };
 
 }  // namespace kelvane::headless

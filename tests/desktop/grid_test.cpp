@@ -338,6 +338,27 @@ TEST(DesktopGrid, SentKeysOpenTheCell) {
     });
 }
 
+TEST(DesktopGrid, SentKeysGoByEitherOfTheirNames) {
+    ListForm form(200);
+    ShowTo(form, [&](Person& person) {
+        int page = 0;
+        person.Look([&] {
+            page = form.grid.VisibleRows();
+            Windows().SendKeys("{pagedown}{PgDn}{right}{ctrl+p}");
+            return true;
+        });
+        person.See("two pages down",
+                   [&] { return form.grid.Row() == 1 + 2 * page && form.grid.Col() == 2; });
+        person.See("a command key", [&] { return form.events.back() == "ctrl+p"; });
+        EXPECT_FALSE(person.Look([&] { return form.grid.IsEditing(); }));
+        person.Look([&] {
+            Windows().SendKeys("{pageup}{pgup}");
+            return true;
+        });
+        person.See("back", [&] { return form.grid.Row() == 1; });
+    });
+}
+
 TEST(DesktopGrid, HundredThousandRowsOpenAtTheEnd) {
     ListForm form(100000);
     ShowTo(form, [&](Person& person) {

@@ -7,11 +7,15 @@
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/grid.h"
+#include "platform/key_names.h"
 
 namespace kelvane::drive {
 namespace {
 
+using platform::FindKey;
 using platform::Key;
+using platform::KeyStroke;
+using platform::StrokeOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

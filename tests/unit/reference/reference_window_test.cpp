@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "adapters/drive/key_flow.h"
+#include "platform/key_names.h"
 #include "tests/support/memory_record_set.h"
 #include "tests/support/recording_windows.h"
 
@@ -45,7 +46,7 @@ public:
 
     void Press(Key key, int shift = 0) { drive::PressKey(window, {key, shift, 0}); }
     void Type(std::string_view text) {
-        for (const drive::KeyStroke& stroke : drive::StrokesOf(text)) {
+        for (const platform::KeyStroke& stroke : platform::StrokesOf(text)) {
             drive::PressKey(window, stroke);
         }
     }
@@ -124,7 +125,7 @@ TEST(ReferenceWindow, TypingNarrowsAndKeepsTheFirstRowCurrent) {
 
 TEST(ReferenceWindow, ArrowsMoveWhileTheSearchKeepsTheFocus) {
     OpenList list(Numbered(100));
-    const std::vector<std::pair<drive::KeyStroke, std::string>> steps{
+    const std::vector<std::pair<platform::KeyStroke, std::string>> steps{
         {{Key::Down}, "P2"},   {{Key::Down}, "P3"},
         {{Key::Up}, "P2"},     {{Key::End, platform::kCtrl}, "P100"},
         {{Key::Down}, "P100"}, {{Key::Home, platform::kCtrl}, "P1"},

@@ -1,14 +1,9 @@
+#include "platform/key_names.h"
+
 #include <gtest/gtest.h>
 
-#include "adapters/drive/key_flow.h"
-
-namespace kelvane::drive {
+namespace kelvane::platform {
 namespace {
-
-using platform::kAlt;
-using platform::kCtrl;
-using platform::Key;
-using platform::kShift;
 
 void ExpectStroke(const std::optional<KeyStroke>& stroke, Key key, int shift, char32_t character) {
     ASSERT_TRUE(stroke);
@@ -30,11 +25,28 @@ TEST(KeyNames, KeysAreKnownWithoutRegardToLetterCase) {
     ExpectStroke(FindKey("项"), Key::Other, 0, U'项');
 }
 
+TEST(KeyNames, BothNamesOfAKeyStandForIt) {
+    ExpectStroke(FindKey("PgUp"), Key::PageUp, 0, 0);
+    ExpectStroke(FindKey("PageUp"), Key::PageUp, 0, 0);
+    ExpectStroke(FindKey("Ctrl+PgDn"), Key::PageDown, kCtrl, 0);
+    ExpectStroke(FindKey("Del"), Key::Delete, 0, 0);
+    ExpectStroke(FindKey("Esc"), Key::Escape, 0, 0);
+    ExpectStroke(FindKey("BS"), Key::Backspace, 0, 0);
+    ExpectStroke(FindKey("Backspace"), Key::Backspace, 0, 0);
+}
+
 TEST(KeyNames, ShiftStatesStandBeforeTheKey) {
-    ExpectStroke(FindKey("Ctrl+P"), Key::P, kCtrl, U'P');
-    ExpectStroke(FindKey("Ctrl+Shift+P"), Key::P, kCtrl | kShift, U'P');
+    ExpectStroke(FindKey("Ctrl+P"), Key::P, kCtrl, 0);
+    ExpectStroke(FindKey("Ctrl+Shift+P"), Key::P, kCtrl | kShift, 0);
     ExpectStroke(FindKey("shift+ctrl+alt+f4"), Key::F4, kCtrl | kShift | kAlt, 0);
-    ExpectStroke(FindKey("Ctrl++"), Key::Other, kCtrl, U'+');
+    ExpectStroke(FindKey("Ctrl++"), Key::Other, kCtrl, 0);
+}
+
+TEST(KeyNames, WhatIsHeldDecidesWhetherTheKeyTypes) {
+    ExpectStroke(FindKey("Shift+a"), Key::A, kShift, U'a');
+    ExpectStroke(FindKey("Shift+Space"), Key::Space, kShift, U' ');
+    ExpectStroke(FindKey("Ctrl+Space"), Key::Space, kCtrl, 0);
+    ExpectStroke(FindKey("Alt+a"), Key::A, kAlt, 0);
 }
 
 TEST(KeyNames, AnUnknownNameIsNoKey) {
@@ -73,5 +85,14 @@ TEST(KeyNames, SentKeysHaveNamesInBraces) {
     ExpectStroke(strokes[3], Key::Other, 0, U'{');
 }
 
+TEST(KeyNames, SentNamesAreThoseOfScripts) {
+    const auto strokes = ParseSentKeys("{pgup}{PageUp}{ctrl+p}项");
+    ASSERT_EQ(strokes.size(), 4U);
+    ExpectStroke(strokes[0], Key::PageUp, 0, 0);
+    ExpectStroke(strokes[1], Key::PageUp, 0, 0);
+    ExpectStroke(strokes[2], Key::P, kCtrl, 0);
+    ExpectStroke(strokes[3], Key::Other, 0, U'项');
+}
+
 }  // namespace
-}  // namespace kelvane::drive
+}  // namespace kelvane::platform

@@ -1,14 +1,12 @@
-// The keys' names in operator scripts and in sent keys, and the strokes that type a text.
+#include "platform/key_names.h"
+
 #include <array>
 #include <string>
 
-#include "adapters/drive/key_flow.h"
 #include "platform/ascii.h"
 #include "platform/utf8.h"
 
-namespace kelvane::drive {
-
-using platform::Key;
+namespace kelvane::platform {
 
 namespace {
 
@@ -17,15 +15,19 @@ struct KeyName {
     Key key;
 };
 
+// In capitals; a key with two names has both in a row.
 constexpr std::array kKeyNames{
     KeyName{"BACKSPACE", Key::Backspace},
+    KeyName{"BS", Key::Backspace},
     KeyName{"TAB", Key::Tab},
     KeyName{"ENTER", Key::Enter},
     KeyName{"ESCAPE", Key::Escape},
     KeyName{"ESC", Key::Escape},
     KeyName{"SPACE", Key::Space},
     KeyName{"PAGEUP", Key::PageUp},
+    KeyName{"PGUP", Key::PageUp},
     KeyName{"PAGEDOWN", Key::PageDown},
+    KeyName{"PGDN", Key::PageDown},
     KeyName{"END", Key::End},
     KeyName{"HOME", Key::Home},
     KeyName{"LEFT", Key::Left},
@@ -55,17 +57,17 @@ struct ShiftName {
 };
 
 constexpr std::array kShiftNames{
-    ShiftName{"SHIFT+", platform::kShift},
-    ShiftName{"CTRL+", platform::kCtrl},
-    ShiftName{"ALT+", platform::kAlt},
+    ShiftName{"SHIFT+", kShift},
+    ShiftName{"CTRL+", kCtrl},
+    ShiftName{"ALT+", kAlt},
 };
 
-bool IsTyped(const platform::Utf8Character& character) {
+bool IsTyped(const Utf8Character& character) {
     return character.valid && character.value != 0;
 }
 
 // Bytes that are no UTF-8 type nothing.
-void AppendStroke(std::vector<KeyStroke>& strokes, const platform::Utf8Character& character) {
+void AppendStroke(std::vector<KeyStroke>& strokes, const Utf8Character& character) {
     if (IsTyped(character)) strokes.push_back(StrokeOf(character.value));
 }
 
@@ -73,19 +75,19 @@ void AppendStroke(std::vector<KeyStroke>& strokes, const platform::Utf8Character
 
 KeyStroke StrokeOf(char32_t character) {
     const bool capital = character >= U'A' && character <= U'Z';
-    return {platform::KeyOfCharacter(character), capital ? platform::kShift : 0, character};
+    return {KeyOfCharacter(character), capital ? kShift : 0, character};
 }
 
 std::vector<KeyStroke> StrokesOf(std::string_view text) {
     std::vector<KeyStroke> strokes;
     while (!text.empty()) {
-        AppendStroke(strokes, platform::TakeCharacter(text));
+        AppendStroke(strokes, TakeCharacter(text));
     }
     return strokes;
 }
 
 std::optional<KeyStroke> FindKey(std::string_view name) {
-    const std::string upper = platform::UpperAscii(name);
+    const std::string upper = UpperAscii(name);
     std::string_view rest = upper;
     int shift = 0;
     for (bool found = true; found;) {
@@ -97,17 +99,18 @@ std::optional<KeyStroke> FindKey(std::string_view name) {
             found = true;
         }
     }
+    const bool types = (shift & (kCtrl | kAlt)) == 0;
     for (const KeyName& each : kKeyNames) {
         if (each.name == rest) {
-            return KeyStroke{each.key, shift, each.key == Key::Space ? U' ' : U'\0'};
+            return KeyStroke{each.key, shift, types && each.key == Key::Space ? U' ' : U'\0'};
         }
     }
     // A single character: its key, typing it as it stands in the name.
     std::string_view character = name.substr(name.size() - rest.size());
     if (character.empty()) return std::nullopt;
-    const platform::Utf8Character typed = platform::TakeCharacter(character);
+    const Utf8Character typed = TakeCharacter(character);
     if (!IsTyped(typed) || !character.empty()) return std::nullopt;
-    return KeyStroke{platform::KeyOfCharacter(typed.value), shift, typed.value};
+    return KeyStroke{KeyOfCharacter(typed.value), shift, types ? typed.value : U'\0'};
 }
 
 std::vector<KeyStroke> ParseSentKeys(std::string_view keys) {
@@ -119,9 +122,9 @@ std::vector<KeyStroke> ParseSentKeys(std::string_view keys) {
             keys.remove_prefix(close + 1);
             continue;
         }
-        AppendStroke(strokes, platform::TakeCharacter(keys));
+        AppendStroke(strokes, TakeCharacter(keys));
     }
     return strokes;
 }
 
-}  // namespace kelvane::drive
+}  // namespace kelvane::platform

@@ -71,7 +71,6 @@ NoticeStrip::NoticeStrip(wxWindow& parent) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     SetCanFocus(false);
-    SetCanFocus(false);
     SetFont(UiFont(9));
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
 }

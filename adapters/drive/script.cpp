@@ -22,7 +22,7 @@ constexpr std::array kSyntaxes{
     Syntax{"init", Verb::Init, 0, 4, false,
            "init [user=U] [exempt=yes|no] [year=Y] [today=yyyy.mm.dd]"},
     Syntax{"show", Verb::Show, 0, 0, false, "show"},
-    Syntax{"go", Verb::Go, 2, 2, false, "go R C"},
+    Syntax{"go", Verb::Go, 2, 2, false, "go R|entry=ID C"},
     Syntax{"edit", Verb::Edit, 0, 0, true, "edit TEXT"},
     Syntax{"type", Verb::Type, 0, 0, true, "type TEXT"},
     Syntax{"key", Verb::Key, 1, 1, false, "key NAME"},
@@ -36,6 +36,7 @@ constexpr std::array kSyntaxes{
     Syntax{"set", Verb::Set, 1, 1, true, "set NAME TEXT"},
     Syntax{"resize", Verb::Resize, 2, 2, false, "resize C TWIPS"},
     Syntax{"close", Verb::Close, 0, 0, false, "close"},
+    Syntax{"skip", Verb::Skip, 1, 1, false, "skip sql"},
     Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|page|sql"},
 };
 

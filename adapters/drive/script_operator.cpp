@@ -101,7 +101,7 @@ void ScriptOperator::Execute(const Command& command, controls::Form* topmost) {
     }
 }
 
-// The commands that only prepare what the operator will do, and "print sql".
+// The commands that only prepare what the operator will do, and those about statements.
 bool ScriptOperator::RunAnywhere(const Command& command) {
     switch (command.verb) {
         case Verb::Pick: {
@@ -116,6 +116,12 @@ bool ScriptOperator::RunAnywhere(const Command& command) {
             return true;
         case Verb::File:
             mFiles.push_back(command.arguments[0]);
+            return true;
+        case Verb::Skip:
+            if (command.arguments[0] != "sql") {
+                throw ScriptError("cannot skip \"" + command.arguments[0] + "\"");
+            }
+            if (mHost.statements != nullptr) mHost.statements->Take();
             return true;
         case Verb::Print:
             if (command.arguments[0] != "sql") return false;

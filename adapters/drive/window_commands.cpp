@@ -44,9 +44,20 @@ void NoteRefusal(const Grid& grid, Transcript& transcript) {
     transcript.Line("refused " + std::to_string(grid.Row()) + " " + std::to_string(grid.Col()));
 }
 
+// A row by its number or, as "entry=ID", by its data value: the first one that carries it.
+int RowNamed(const Grid& grid, const std::string& name) {
+    constexpr std::string_view kEntry = "entry=";
+    if (!name.starts_with(kEntry)) return ParseNumber(name);
+    const int entry = ParseNumber(std::string_view(name).substr(kEntry.size()));
+    for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+        if (grid.RowData(row) == entry) return row;
+    }
+    throw ScriptError("no row of entry " + std::to_string(entry));
+}
+
 void Go(const Arguments& arguments, Form& form, const CommandSurroundings& /*around*/) {
     Grid& grid = NeedGrid(form);
-    const int row = ParseNumber(arguments[0]);
+    const int row = RowNamed(grid, arguments[0]);
     const int col = ParseNumber(arguments[1]);
     if (row < grid.FixedRows() || row >= grid.Rows() || col < grid.FixedCols() ||
         col >= grid.Cols()) {

@@ -41,6 +41,7 @@ TEST(Script, EveryCommandIsKnownByItsName) {
         {"press cmdRef", Verb::Press},
         {"set TxtCode p", Verb::Set},
         {"close", Verb::Close},
+        {"skip sql", Verb::Skip},
         {"print grid", Verb::Print},
     };
     for (const auto& [line, verb] : lines) {
@@ -74,8 +75,8 @@ TEST(Script, AWordMayBeQuotedInParts) {
 TEST(Script, WhatCannotBeReadIsAnErrorThatSaysWhy) {
     EXPECT_EQ(ErrorOf("jump 1"), "unknown command \"jump\"");
     EXPECT_EQ(ErrorOf("Show"), "unknown command \"Show\"");
-    EXPECT_EQ(ErrorOf("go 1"), "wrong arguments, write: go R C");
-    EXPECT_EQ(ErrorOf("go 1 2 3"), "wrong arguments, write: go R C");
+    EXPECT_EQ(ErrorOf("go 1"), "wrong arguments, write: go R|entry=ID C");
+    EXPECT_EQ(ErrorOf("go 1 2 3"), "wrong arguments, write: go R|entry=ID C");
     EXPECT_EQ(ErrorOf("show now"), "wrong arguments, write: show");
     EXPECT_EQ(ErrorOf("edit"), "wrong arguments, write: edit TEXT");
     EXPECT_EQ(ErrorOf("set TxtCode"), "wrong arguments, write: set NAME TEXT");

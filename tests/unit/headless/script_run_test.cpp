@@ -171,6 +171,23 @@ TEST(ScriptRun, PrintSqlShowsTheStatementsSinceTheLastTime) {
     EXPECT_EQ(session.Run(), "> print sql\ngConn select 1 \ngEnv select\\n2\n> print sql\n");
 }
 
+TEST(ScriptRun, SkipSqlForgetsTheStatementsSinceTheLastTime) {
+    Session session("skip sql\nprint sql\ninit user=zhang\nprint sql\n");
+    session.statements.Add("gConn", "select 1 ");
+    session.person.SetHost(
+        {[&](const drive::InitOptions&) { session.statements.Add("gEnv", "select 2"); },
+         {},
+         {},
+         &session.statements});
+    EXPECT_EQ(session.Run(),
+              "> skip sql\n> print sql\n> init user=zhang\n> print sql\ngEnv select 2\n");
+}
+
+TEST(ScriptRun, GoFindsTheRowOfAnEntry) {
+    const std::string commands = "go entry=20 1\ngo entry=10 3\n";
+    EXPECT_TRUE(RunIn(commands + "print window\n").ends_with("\ncell 1 3 to 3\nedit none\n"));
+}
+
 TEST(ScriptRun, PicksAndFilesAreTakenInTheirOrder) {
     Session session("pick 2\npick none\nfile a b.csv\nfile none\n");
     session.Run();
@@ -201,12 +218,17 @@ TEST(ScriptRun, WhatCannotBeDoneIsAnError) {
         {"go 1 0", "no cell 1 0 to go to"},
         {"go 1 4", "no cell 1 4 to go to"},
         {"go 1 x", "\"x\" is not a number"},
+        {"go entry=30 1", "no row of entry 30"},
+        {"go entry=0 1", "no row of entry 0"},
+        {"go entry=10 4", "no cell entry=10 4 to go to"},
+        {"go entry= 1", "\"\" is not a number"},
         {"key F13", "no key \"F13\""},
         {"click Save", "the toolbar has no button \"Save\""},
         {"press GridSample", "frmSample has no button GridSample"},
         {"set CapLable x", "frmSample has no field CapLable"},
         {"drop ComKey9", "frmSample has no drop-down list ComKey9"},
         {"print paper", "cannot print \"paper\""},
+        {"skip grid", "cannot skip \"grid\""},
         {"pick 0", "rows of a list are numbered from 1"},
         {"answer perhaps", "\"perhaps\" is neither yes nor no"},
         {"show", "not while a window is open"},

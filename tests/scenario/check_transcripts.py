@@ -162,9 +162,9 @@ STATEMENTS = [
     INVENTORY + "a.cInvName='水泥' and a.cInvCCode='01'",
     INVENTORY + "a.cInvName='角钢'",
     "gConn select iBudget,imoneysum,inumberSum from pm_budgetsub where iVerID=(select iverid from"
-    " pm_BudgetVer where bControl=1) and citemCode='P01' and cElementCode='E02'and cCodeMx='M01'",
+    " pm_BudgetVer where bControl=1) and citemCode='P011' and cElementCode='E02'and cCodeMx='M01'",
     "gConn select sum(a.inum) as SumAmount,sum(a.mQc) as sumQC  from pm_itemqcsub a inner join"
-    " pm_itemqc b on a.ielevid=b.ielevid  where b.citemcode='P01' and b.celementcode='E02'"
+    " pm_itemqc b on a.ielevid=b.ielevid  where b.citemcode='P011' and b.celementcode='E02'"
     " and a.ielevid<>2 and a.cCodeMx='M01'",
     "gConn delete from PM_ItemQCsub where iEleVid=6"
     " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(6,'J04',1234.5,2,2469)"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "data/text_conversion.h"
 
@@ -70,16 +71,35 @@ std::optional<Finding> LineRules::CheckBudget(const LineTexts& line) const {
     return std::nullopt;
 }
 
-std::optional<Finding> LineRules::CheckLine(const LineTexts& line,
-                                            std::span<const std::string> others) const {
-    for (const std::string* number : {&line.price, &line.quantity}) {
-        if (auto wrong = CheckNumber(*number)) return wrong;
+Findings LineRules::CheckLine(const LineTexts& line, std::span<const std::string> others) const {
+    Findings found;
+    for (const auto& [number, column] : {std::pair(&line.price, LineColumn::Price),
+                                         std::pair(&line.quantity, LineColumn::Quantity)}) {
+        if (auto wrong = CheckNumber(*number)) {
+            wrong->column = static_cast<int>(column);
+            found.push_back(*std::move(wrong));
+        }
     }
-    if (auto missing = CheckComplete(line)) return missing;
-    if (auto twice = CheckCodeOnce(line.code, others)) return twice;
+    if (!found.empty()) return found;
+    if (auto missing = CheckComplete(line)) return {*std::move(missing)};
+    if (auto twice = CheckCodeOnce(line.code, others)) found.push_back(*std::move(twice));
     const auto item = Find(LineField::Code, line.code, line.code);
-    if (const auto* unknown = std::get_if<Finding>(&item)) return *unknown;
-    return CheckBudget(line);
+    if (const auto* unknown = std::get_if<Finding>(&item)) {
+        found.push_back(*unknown);
+    } else if (auto beyond = CheckBudget(line)) {
+        found.push_back(*std::move(beyond));
+    }
+    return found;
+}
+
+std::vector<Findings> LineRules::CheckLines(std::span<const LineTexts> lines) const {
+    std::vector<Findings> found;
+    std::vector<std::string> codes;
+    for (const LineTexts& line : lines) {
+        found.push_back(CheckLine(line, codes));
+        codes.push_back(line.code);
+    }
+    return found;
 }
 
 }  // namespace kelvane::entries

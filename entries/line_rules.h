@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "entries/detail_line.h"
 #include "entries/master_data.h"
@@ -33,9 +34,12 @@ public:
     // Whether the line keeps within its budget, the lines of all other entries included.
     std::optional<Finding> CheckBudget(const LineTexts& line) const;
 
-    // Everything of one line among the codes of the `others`.
-    std::optional<Finding> CheckLine(const LineTexts& line,
-                                     std::span<const std::string> others) const;
+    // Everything of one line among the codes of the `others`; what cannot be checked because
+    // another cell is wrong is left out.
+    Findings CheckLine(const LineTexts& line, std::span<const std::string> others) const;
+    // The same of an entry's lines, those of the first line first. A code that stands twice is the
+    // later line's fault.
+    std::vector<Findings> CheckLines(std::span<const LineTexts> lines) const;
 
 private:
     MasterData& mMasterData;

@@ -1,0 +1,136 @@
+#include "entries/entry_store.h"
+
+#include "tests/database/data_fixture.h"
+
+namespace kelvane::entries {
+namespace {
+
+using data::Lines;
+using platform::Money;
+using platform::StatementText;
+
+class EntryStoreTest : public data::DataTest {
+protected:
+    void SetUp() override {
+        DataTest::SetUp();
+        Run("insert into PM_ItemElement values('E01','人工费',0,null)");
+        Run("insert into PM_ItemElement values('E02','材料费',1,null)");
+        Run("insert into PM_ItemQC "
+            "values(1,'2004-06-01','D01','P01','一标段','','E01','人工',300)");
+        Run("insert into PM_ItemQC values(2,'2004-06-02','D01','P01','','','E02','钢材',77)");
+        Run("insert into PM_ItemQCsub values(2,'M01',10,20,200)");
+        Run("insert into PM_ItemQCsub values(2,'M02',5,30,150)");
+    }
+
+    static Entry EntryWith(std::int32_t identity) {
+        return {.identity = identity,
+                .date = {2004, 6, 30},
+                .centerCode = "D02",
+                .itemCode = "P02",
+                .key1 = "二标段",
+                .key2 = "",
+                .elementName = "材料费",
+                .digest = "水泥",
+                .amount = Money::FromText("2500.5")};
+    }
+    static StatementText OneLine() {
+        StatementText script("delete from PM_ItemQCsub where iEleVid=");
+        script.EntryPlaceholder() << " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) "
+                                     "values(";
+        script.EntryPlaceholder() << ",'M09',1,2,2)";
+        return script;
+    }
+
+    EntryStore store;
+};
+
+TEST_F(EntryStoreTest, AnExistingEntryIsReadUnderALockAndThenWritten) {
+    EXPECT_FALSE(store.Update(EntryWith(1), OneLine()));
+    const Lines expected{
+        "gConn: begin", "gConn: select * from PM_ItemQC with (HOLDLOCK) where iEleVid=1",
+        "gEnv: select cElementCode from PM_ItemElement where cElementName = '材料费'",
+        "gConn: delete from PM_ItemQCsub where iEleVid=1 insert into "
+        "PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(1,'M09',1,2,2)",
+        "gConn: commit"};
+    EXPECT_EQ(mLog.Lines(), expected);
+    EXPECT_EQ(Read("select cDigest from PM_ItemQC where iEleVid=1"), "水泥");
+    EXPECT_EQ(Read("select cElementCode from PM_ItemQC where iEleVid=1"), "E02");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=1 and mQC=2500.5"), "1");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQCsub where iEleVid=1"), "1");
+}
+
+TEST_F(EntryStoreTest, AnEntryThatIsGoneIsFoundAndNothingIsWritten) {
+    const auto gone = store.Update(EntryWith(9), OneLine());
+    ASSERT_TRUE(gone);
+    EXPECT_EQ(gone->id, "entry.gone");
+    EXPECT_EQ(gone->text, "该行记录已经被他人删除");
+    EXPECT_EQ(gone->caption, "项目管理");
+    EXPECT_EQ(mLog.Lines().back(), "gConn: roll back");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC"), "2");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQCsub where iEleVid=9"), "0");
+}
+
+TEST_F(EntryStoreTest, ANewEntryComesAfterItsLines) {
+    store.Insert(EntryWith(6), OneLine());
+    const Lines expected{
+        "gEnv: select cElementCode from PM_ItemElement where cElementName = '材料费'",
+        "gConn: begin",
+        "gConn: delete from PM_ItemQCsub where iEleVid=6 insert into "
+        "PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(6,'M09',1,2,2)",
+        "gConn: insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,cElementCode,"
+        "cDigest,mQC,iEleVid) values ( "
+        "'2004-06-30','D02','P02','二标段','','E02','水泥',2500.5,6) ",
+        "gConn: commit"};
+    EXPECT_EQ(mLog.Lines(), expected);
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=6 and mQC=2500.5"), "1");
+}
+
+TEST_F(EntryStoreTest, AValueThatEndsItsLiteralWritesNothing) {
+    Entry entry = EntryWith(6);
+    entry.digest = "it's";
+    EXPECT_THROW(store.Insert(entry, OneLine()), platform::MalformedStatement);
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=6"), "0");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQCsub where iEleVid=6"), "0");
+}
+
+TEST_F(EntryStoreTest, AnInsertionInDoubtIsMadeUpForUnderTheSameIdentityOnce) {
+    using Lost = support::StatementLog::LostAnswer;
+    for (const Lost lost : {Lost::NotSaved, Lost::Saved}) {
+        const std::int32_t identity = lost == Lost::Saved ? 7 : 6;
+        mLog.lostAnswer = lost;
+        EXPECT_THROW(store.Insert(EntryWith(identity), {}), platform::CommitInDoubt);
+        mLog.lostAnswer = Lost::None;
+        EXPECT_FALSE(store.Update(EntryWith(identity), {}));
+    }
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=6"), "1");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=7"), "1");
+    // From now on an entry that is not there was deleted.
+    Run("delete from PM_ItemQC where iEleVid=6");
+    EXPECT_TRUE(store.Update(EntryWith(6), {}));
+}
+
+TEST_F(EntryStoreTest, AnEntryGoesWithItsLinesAndTheLinesAlone) {
+    store.DeleteLines(2);
+    EXPECT_EQ(mLog.Lines(), Lines{"gConn: delete from pm_itemQCSub where iEleVid=2"});
+    EXPECT_EQ(Read("select count(*) from PM_ItemQCsub"), "0");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC"), "2");
+    mLog.statements.clear();
+    store.Delete(2);
+    const Lines expected{"gConn: begin", "gConn: delete from pm_itemQC where iEleVid=2",
+                         "gConn: delete from pm_itemQCSub where iEleVid=2", "gConn: commit"};
+    EXPECT_EQ(mLog.Lines(), expected);
+    EXPECT_EQ(Read("select iEleVid from PM_ItemQC"), "1");
+}
+
+TEST_F(EntryStoreTest, AmountsFollowTheirLinesUnlessThoseComeToNothing) {
+    Run("insert into PM_ItemQCsub values(1,'M01',10,5,50)");
+    Run("insert into PM_ItemQCsub values(1,'M02',-10,5,-50)");
+    EntryStore::ReSum(mDataAccess);
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=1 and mQC=300"), "1");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=2 and mQC=350"), "1");
+    EXPECT_EQ(mLog.Lines().front(), "gEnv: Select distinct iEleVid from PM_ItemQC");
+    EXPECT_EQ(mLog.Lines().size(), 4U);
+}
+
+}  // namespace
+}  // namespace kelvane::entries

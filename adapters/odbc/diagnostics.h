@@ -2,8 +2,11 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
 
-#include "adapters/odbc/engine_dialect.h"
+#include "adapters/odbc/failures.h"
 #include "adapters/odbc/odbc_api.h"
 
 namespace kelvane::odbc {
@@ -21,14 +24,11 @@ private:
 };
 
 // The error among the handle's records: a record that tells of a lost connection, a deadlock or a
-// time-out before any other, a warning only when there is nothing else. A text that says so when
-// there is no record at all.
+// time-out before any other, a warning only when there is nothing else. That there is no connection
+// does not come before the reason for it. A text that says so when there is no record at all.
 Diagnostic ReportedError(SQLSMALLINT type, SQLHANDLE handle);
 
 // A driver's text without the names in brackets before it: "[A][B]text" is "text".
 std::string WithoutPrefixes(std::string_view text);
-
-// Throws the library's error for a failure: DatabaseBusy, ConnectionLost, DatabaseError.
-[[noreturn]] void Throw(const Failure& failure);
 
 }  // namespace kelvane::odbc

@@ -8,35 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/odbc/failures.h"
 #include "adapters/odbc/result_rows.h"
 #include "platform/database.h"
 
 namespace kelvane::odbc {
-
-// What a driver says of a failure.
-struct Diagnostic {
-    std::string state;  // SQLSTATE, five characters
-    int native = 0;
-    std::string text;  // without the names in brackets that drivers put in front
-};
-
-enum class FailureKind {
-    Statement,          // of the statement alone
-    Busy,               // others hold what it needs
-    TransactionUndone,  // Busy, and the engine has undone the whole transaction: a deadlock's
-                        // victim
-    ConnectionLost,
-};
-
-struct Failure {
-    FailureKind kind = FailureKind::Statement;
-    int code = 0;      // the dialect's number where it has one for this, else the engine's
-    std::string text;  // fit to be shown
-};
-
-// What SQLSTATEs mean on every engine: 08… and HYT01 a lost connection, HYT00 busy, 40001 a
-// deadlock's victim; all others a failed statement, with the driver's own number and text.
-Failure FailureOf(const Diagnostic& diagnostic);
 
 // A statement's way to the engine, for what a dialect has to ask or set by itself.
 class Channel {

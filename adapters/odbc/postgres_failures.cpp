@@ -17,31 +17,24 @@ constexpr std::string_view kNull = "23502";
 constexpr std::string_view kManyRows = "21000";
 constexpr std::string_view kDivision = "22012";
 
-struct Meaning {
-    std::string_view state;  // how the SQLSTATE begins
-    FailureKind kind;
-    int code;  // 0: the driver's own
+struct Number {
+    std::string_view state;
+    int code;
 };
 
-constexpr Meaning kMeanings[] = {
-    {"55P03", FailureKind::Busy, 1222},               // lock_timeout, nowait
-    {"57014", FailureKind::Busy, 0},                  // statement_timeout
-    {"53300", FailureKind::Busy, 0},                  // too many connections
-    {"40P01", FailureKind::TransactionUndone, 1205},  // deadlock
-    {"40001", FailureKind::TransactionUndone, 1205},
-    {"57P", FailureKind::ConnectionLost, 0},  // the server shuts down
-    {"25P02", FailureKind::Statement, 3930},
-    {"22001", FailureKind::Statement, tsql::error::kTextTooLong},
-    {"22003", FailureKind::Statement, tsql::error::kOverflow},
-    {"22007", FailureKind::Statement, 241},
-    {"22008", FailureKind::Statement, tsql::error::kOutOfRangeDate},
-    {"22P02", FailureKind::Statement, tsql::error::kConversion},
-    {"42P01", FailureKind::Statement, tsql::error::kUnknownTable},
-    {"42703", FailureKind::Statement, tsql::error::kUnknownColumn},
-    {"42883", FailureKind::Statement, tsql::error::kUnknownFunction},
-    {"42601", FailureKind::Statement, tsql::error::kSyntax},
-    {"42P07", FailureKind::Statement, 2714},
-    {"54001", FailureKind::Statement, tsql::error::kNestedTooDeeply},
+constexpr Number kNumbers[] = {
+    {"25P02", 3930},
+    {"22001", tsql::error::kTextTooLong},
+    {"22003", tsql::error::kOverflow},
+    {"22007", 241},
+    {"22008", tsql::error::kOutOfRangeDate},
+    {"22P02", tsql::error::kConversion},
+    {"42P01", tsql::error::kUnknownTable},
+    {"42703", tsql::error::kUnknownColumn},
+    {"42883", tsql::error::kUnknownFunction},
+    {"42601", tsql::error::kSyntax},
+    {"42P07", 2714},
+    {"54001", tsql::error::kNestedTooDeeply},
 };
 
 // "ERROR: text;\nError while executing the query" or ";\nThe connection has been lost", and "ERROR:
@@ -96,13 +89,10 @@ Failure PostgresDialect::Judge(const Diagnostic& diagnostic) const {
     }
     Failure failure = FailureOf(diagnostic);
     failure.text = message;
-    const auto* meaning = std::find_if(
-        std::begin(kMeanings), std::end(kMeanings),
-        [&](const Meaning& known) { return diagnostic.state.starts_with(known.state); });
-    if (meaning != std::end(kMeanings)) {
-        failure.kind = meaning->kind;
-        if (meaning->code != 0) failure.code = meaning->code;
-    }
+    const auto* number =
+        std::find_if(std::begin(kNumbers), std::end(kNumbers),
+                     [&](const Number& known) { return diagnostic.state == known.state; });
+    if (number != std::end(kNumbers)) failure.code = number->code;
     return failure;
 }
 

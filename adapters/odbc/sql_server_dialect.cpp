@@ -11,9 +11,6 @@ namespace {
 
 using platform::EqualIgnoringCase;
 
-constexpr int kDeadlock = 1205;
-constexpr int kLockTimeout = 1222;
-
 // Long texts cannot be compared.
 bool IsComparable(const tsql::Type& type) {
     return !type.IsText() || type.length > 0;
@@ -112,13 +109,6 @@ RunStep SqlServerDialect::PlanChange(const RowChange& change, Channel&) {
         text += " where " + condition;
     }
     return {.text = text};
-}
-
-Failure SqlServerDialect::Judge(const Diagnostic& diagnostic) const {
-    Failure failure = FailureOf(diagnostic);
-    if (diagnostic.native == kDeadlock) failure.kind = FailureKind::TransactionUndone;
-    if (diagnostic.native == kLockTimeout) failure.kind = FailureKind::Busy;
-    return failure;
 }
 
 bool SqlServerDialect::KeepTransaction(Channel& channel) {

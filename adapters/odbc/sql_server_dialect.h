@@ -23,7 +23,6 @@ public:
     Plan PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) override;
     // The row is found by its table's key, or by what it was chosen by and all its fields.
     RunStep PlanChange(const RowChange& change, Channel& channel) override;
-    Failure Judge(const Diagnostic& diagnostic) const override;
     bool KeepTransaction(Channel& channel) override;
 
 private:

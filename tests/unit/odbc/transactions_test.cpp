@@ -115,6 +115,18 @@ TEST_F(Transactions, StayOpenAfterATimeOut) {
     EXPECT_NO_THROW(Server().Commit());
 }
 
+// A server on another engine has its own number for it, and keeps the transaction.
+TEST_F(Transactions, StayOpenAfterALockTimeOutInAnotherEnginesWords) {
+    Open(
+        "run x\nerror HY000 33557097 [A]canceling statement due to lock timeout\n"
+        "run select @@trancount\ncolumns - INTEGER\nrow 1\nrun y\ncount 1");
+    Server().Begin();
+    EXPECT_EQ(TextOf<DatabaseBusy>([&] { Execute("x"); }),
+              "数据库正被其他操作员使用，请稍后再试（canceling statement due to lock timeout）");
+    EXPECT_NO_THROW(Execute("y"));
+    EXPECT_NO_THROW(Server().Commit());
+}
+
 TEST_F(Transactions, LockTimeOutsMeanBusy) {
     Open("run x\nerror HY000 1222 Lock request time out period exceeded.");
     EXPECT_THROW(Execute("x"), DatabaseBusy);

@@ -7,9 +7,9 @@
 #include <array>
 #include <stdexcept>
 
-#include "adapters/odbc/connection_words.h"
 #include "adapters/odbc/server.h"
 #include "bench/entry_windows.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::bench {
 
@@ -109,10 +109,11 @@ std::vector<ServerStatement> ServerStatementsOf(const std::string& connectionStr
 
 ServerFloor::ServerFloor(const std::string& connectionString) {
     // A text goes as it stands, as ours does.
-    const std::string words = odbc::WithWords(
-        connectionString, "Protocol=7.4-0;UseServerSidePrepare=0;UseDeclareFetch=0;LFConversion=0");
-    mConnection = std::make_unique<Link>(words);
-    mEnvironment = std::make_unique<Link>(words);
+    const std::string text =
+        platform::WithEnd(connectionString) +
+        "Protocol=7.4-0;UseServerSidePrepare=0;UseDeclareFetch=0;LFConversion=0";
+    mConnection = std::make_unique<Link>(text);
+    mEnvironment = std::make_unique<Link>(text);
 }
 
 ServerFloor::~ServerFloor() = default;

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 #include "adapters/com/automation_value.h"
-#include "platform/ascii.h"
 
 namespace kelvane::com {
 
@@ -33,31 +31,6 @@ std::string WithoutDriverNames(std::string text) {
         text.erase(0, end + 1);
     }
     return text;
-}
-
-void HideAll(std::string& text, std::string_view secret) {
-    if (secret.empty()) return;
-    for (auto at = text.find(secret); at != std::string::npos; at = text.find(secret, at)) {
-        text.replace(at, secret.size(), "***");
-        at += 3;
-    }
-}
-
-// The end of a connection string's value that begins at `from`: quotes and braces hold semicolons.
-std::size_t ValueEnd(std::string_view text, std::size_t from) {
-    const char first = from < text.size() ? text[from] : '\0';
-    const char close = first == '{' ? '}' : first;
-    if (first != '{' && first != '"' && first != '\'')
-        return std::min(text.find(';', from), text.size());
-    for (std::size_t at = from + 1; at < text.size(); ++at) {
-        if (text[at] != close) continue;
-        if (at + 1 < text.size() && text[at + 1] == close) {
-            ++at;
-        } else {
-            return at + 1;
-        }
-    }
-    return text.size();
 }
 
 }  // namespace
@@ -99,26 +72,6 @@ AdoFailure FailureOf(const DispatchError& error, const DispatchObject& connectio
         return failure;
     }
     return failure;
-}
-
-std::string WithoutSecrets(std::string text, std::string_view connectionString) {
-    HideAll(text, connectionString);
-    const std::string lower = platform::LowerAscii(connectionString);
-    for (const std::string_view key : {"password", "pwd"}) {
-        for (auto at = lower.find(key); at != std::string::npos; at = lower.find(key, at)) {
-            at = lower.find_first_not_of(' ', at + key.size());
-            if (at == std::string::npos) break;
-            if (lower[at] != '=') continue;
-            at = lower.find_first_not_of(' ', at + 1);
-            if (at == std::string::npos) break;
-            std::string_view value = connectionString.substr(at, ValueEnd(lower, at) - at);
-            HideAll(text, value);
-            const bool quoted = value.size() > 2 && std::string_view("{\"'").find(value.front()) !=
-                                                        std::string_view::npos;
-            if (quoted) HideAll(text, value.substr(1, value.size() - 2));
-        }
-    }
-    return text;
 }
 
 }  // namespace kelvane::com

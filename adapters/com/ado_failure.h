@@ -27,7 +27,4 @@ struct AdoFailure {
 // reported where there is none. `connection` may be empty.
 AdoFailure FailureOf(const DispatchError& error, const DispatchObject& connection);
 
-// `text` without the password of `connectionString` and without that string itself.
-std::string WithoutSecrets(std::string text, std::string_view connectionString);
-
 }  // namespace kelvane::com

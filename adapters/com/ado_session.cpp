@@ -4,6 +4,7 @@
 
 #include "adapters/com/ado_failure.h"
 #include "adapters/com/automation_value.h"
+#include "platform/connection_string.h"
 #include "platform/database.h"
 
 namespace kelvane::com {
@@ -49,9 +50,7 @@ void AdoSession::OpenNow() {
                                   Variant::OfText(mPassword), Variant::OfInteger(mOptions)});
     } catch (const DispatchError& error) {
         const AdoFailure failure = FailureOf(error, mConnection);
-        throw DatabaseError(
-            "不能连接帐套数据库：" + WithoutSecrets(failure.description, mConnectionString),
-            failure.nativeCode);
+        throw DatabaseError("不能连接帐套数据库：" + ShownText(failure), failure.nativeCode);
     }
     mLost = false;
 }
@@ -126,9 +125,8 @@ void AdoSession::Commit() {
         if (failure.IsLost()) {
             ForgetTransaction();
             mLost = true;
-            throw platform::CommitInDoubt(
-                "保存结果无法确认：" + WithoutSecrets(failure.description, mConnectionString),
-                failure.nativeCode);
+            throw platform::CommitInDoubt("保存结果无法确认：" + ShownText(failure),
+                                          failure.nativeCode);
         }
         mUndone = true;
         RollBack();
@@ -151,8 +149,13 @@ void AdoSession::Fail(const DispatchError& error) {
     Throw(FailureOf(error, mConnection));
 }
 
+std::string AdoSession::ShownText(const AdoFailure& failure) const {
+    return platform::WithoutSecrets(failure.description,
+                                    platform::SecretsOf(mConnectionString, mPassword));
+}
+
 void AdoSession::Throw(const AdoFailure& failure) {
-    const std::string text = WithoutSecrets(failure.description, mConnectionString);
+    const std::string text = ShownText(failure);
     if (failure.EndsTransaction()) mUndone = mInTransaction;
     if (failure.IsBusy()) throw platform::DatabaseBusy(text, failure.nativeCode);
     if (failure.IsLost()) {

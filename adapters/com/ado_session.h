@@ -40,6 +40,8 @@ public:
     [[noreturn]] void Fail(const DispatchError& error);
 
 private:
+    // The failure's description without the passwords that this session knows.
+    std::string ShownText(const AdoFailure& failure) const;
     [[noreturn]] void Throw(const AdoFailure& failure);
     void OpenNow();
     void ForgetTransaction();

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "adapters/odbc/wide_text.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::odbc {
 
@@ -60,7 +61,7 @@ void Link::Connect(const std::string& connectionString) {
         Check(SQLAllocHandle(SQL_HANDLE_DBC, mEnvironment, &mConnection), SQL_HANDLE_ENV,
               mEnvironment);
         TrySetAttribute(SQL_ATTR_LOGIN_TIMEOUT, mSettings.connectTimeout);
-        WideText text = ToWide(connectionString);
+        WideText text = ToWide(platform::WithEnd(connectionString));
         Check(SQLDriverConnectW(mConnection, nullptr, text.data(),
                                 static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
                                 SQL_DRIVER_NOPROMPT),

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "adapters/odbc/connection_words.h"
 #include "adapters/odbc/odbc_record_set.h"
 #include "adapters/odbc/session.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::odbc {
 
@@ -15,6 +15,13 @@ namespace {
 
 bool IsChangeable(const platform::RecordSetOptions& options) {
     return options.lock != LockType::ReadOnly;
+}
+
+// An empty user or password leaves the string's.
+std::string WithLogin(std::string text, std::string_view user, std::string_view password) {
+    if (!user.empty()) text = platform::WithValue(text, platform::kUserNames, user);
+    if (!password.empty()) text = platform::WithValue(text, platform::kPasswordNames, password);
+    return text;
 }
 
 }  // namespace

@@ -2,14 +2,14 @@
 
 #include <utility>
 
-#include "adapters/odbc/connection_words.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::odbc {
 
 Server::Server(const OdbcSettings& settings, std::string connectionString)
     : mSettings(settings),
       mConnectionString(std::move(connectionString)),
-      mSecrets(SecretsOf(mConnectionString)),
+      mSecrets(platform::SecretsOf(mConnectionString)),
       mLink(mSettings) {
     try {
         Connect();
@@ -24,8 +24,8 @@ void Server::Connect() {
     if (!mDialect) {
         mEngine = EngineNamed(mLink.EngineName());
         mDialect = MakeDialect(mEngine, mSettings);
-        if (const std::string words = mDialect->ConnectionKeywords(); !words.empty()) {
-            mConnectionString = WithWords(mConnectionString, words);
+        if (const std::string more = mDialect->ConnectionKeywords(); !more.empty()) {
+            mConnectionString = platform::WithEnd(mConnectionString) + more;
             mLink.Connect(mConnectionString);
         }
     }
@@ -57,7 +57,7 @@ Failure Server::Meaning(const DriverFailure& failure) const {
     Failure meaning =
         mDialect ? mDialect->Judge(failure.Reported()) : FailureOf(failure.Reported());
     // Once connected, nobody has a reason to speak of the connection string any more.
-    meaning.text = WithoutSecrets(std::move(meaning.text), mSecrets, mLink.IsConnected());
+    meaning.text = platform::WithoutSecrets(std::move(meaning.text), mSecrets, mLink.IsConnected());
     return meaning;
 }
 

@@ -4,9 +4,10 @@
 
 #include "adapters/odbc/odbc_connection.h"
 #include "adapters/sqlite/connection.h"
-#include "host/account/connection_text.h"
 #include "host/account/host_tables.h"
 #include "host/account/item_class.h"
+#include "host/account/server_name.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::host {
 
@@ -53,7 +54,7 @@ std::shared_ptr<platform::Connection> AccountPlace::Open() const {
 }
 
 std::string ConnectionStringOf(const std::string& path) {
-    return "Data Source=\"" + path + "\"";
+    return "Data Source=" + platform::MarkedValue(path, platform::ValueMarks::Quotes);
 }
 
 std::shared_ptr<platform::Connection> NewConnection() {

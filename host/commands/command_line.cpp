@@ -5,10 +5,10 @@
 #include <iostream>
 #include <sstream>
 
-#include "host/account/connection_text.h"
 #include "host/account/item_class.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/password.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::host {
 
@@ -35,8 +35,9 @@ void AddAccount(CLI::App& command, AccountArgument& account) {
     place->add_option("ACCOUNT", account.file, "The account's file")
         ->check(
             [](const std::string& text) {
-                return HoldsPassword(text) ? std::string("a database is given with --database")
-                                           : std::string();
+                return platform::HoldsPassword(text)
+                           ? std::string("a database is given with --database")
+                           : std::string();
             },
             "", "");
     auto* database = place->add_option(
@@ -174,7 +175,7 @@ int RunCommandLine(int argc, char** argv) {
     } catch (const CLI::ParseError& stopped) {
         std::ostringstream said;
         const int code = program.exit(stopped, std::cout, said);
-        std::cerr << WithoutPasswords(said.str());
+        std::cerr << platform::WithoutPasswords(said.str());
         return code == 0 ? 0 : kWrongUsage;
     } catch (const std::exception& failed) {
         return Fail(failed.what());

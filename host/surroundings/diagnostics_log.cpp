@@ -1,11 +1,11 @@
 #include "host/surroundings/diagnostics_log.h"
 
-#include <array>
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 
 #include "host/surroundings/local_time.h"
-#include "platform/ascii.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::host {
 
@@ -13,23 +13,10 @@ namespace {
 
 // `text` as one line, without what a connection string would give away.
 std::string Harmless(std::string_view text) {
-    constexpr std::array<std::string_view, 2> kSecrets = {"password=", "pwd="};
-    std::string result;
-    std::string lower;
-    bool hidden = false;
-    for (const char c : text) {
-        if (hidden && c != ';' && c != '\n' && c != '"') continue;
-        hidden = false;
-        const char written = static_cast<unsigned char>(c) < ' ' ? ' ' : c;
-        result += written;
-        lower += platform::LowerAscii(written);
-        for (const auto secret : kSecrets) {
-            if (!lower.ends_with(secret)) continue;
-            result += "***";
-            hidden = true;
-        }
-    }
-    return result;
+    std::string line = platform::WithoutPasswords(text);
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    std::ranges::replace_if(line, isControl, ' ');
+    return line;
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ public:
     // True when nothing is to be written, or the file can be.
     bool IsWritable() const;
 
-    // Writes "TIME [PLACE] DETAIL" as one line. Line breaks become blanks, and what stands behind
-    // "password=" or "pwd=" is left out. A log that cannot be written is no error.
+    // Writes "TIME [PLACE] DETAIL" as one line. Line breaks become blanks, and passwords of
+    // connection strings are left out. A log that cannot be written is no error.
     void Trapped(std::string_view place, std::string_view detail) noexcept override;
 
 private:

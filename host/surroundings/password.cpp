@@ -6,8 +6,9 @@
 #include <iostream>
 #include <optional>
 
-#include "host/account/connection_text.h"
+#include "host/account/server_name.h"
 #include "host/surroundings/terminal.h"
+#include "platform/connection_string.h"
 
 namespace kelvane::host {
 
@@ -23,13 +24,19 @@ std::optional<std::string> PasswordOfEnvironment() {
     return password;
 }
 
+// Whether the string names an operator of the server but no password.
+bool LacksPassword(const std::string& connectionString) {
+    return platform::FindValue(connectionString, platform::kUserNames) &&
+           !platform::FindValue(connectionString, platform::kPasswordNames);
+}
+
 }  // namespace
 
 std::vector<std::string> TakeArguments(int argc, char** argv) {
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
         arguments.emplace_back(argv[i]);
-        if (!HoldsPassword(arguments.back())) continue;
+        if (!platform::HoldsPassword(arguments.back())) continue;
         char* const end = argv[i] + std::strlen(argv[i]);
         std::fill(argv[i], end, '\0');
         std::fill_n(argv[i], std::min<std::ptrdiff_t>(3, end - argv[i]), '*');
@@ -40,9 +47,10 @@ std::vector<std::string> TakeArguments(int argc, char** argv) {
 std::string WithKnownPassword(const std::string& connectionString) {
     const auto known = PasswordOfEnvironment();
     if (!LacksPassword(connectionString)) return connectionString;
-    if (known) return WithPassword(connectionString, *known);
-    const auto typed = AskPassword(ServerNameOf(connectionString) + " password: ");
-    return typed ? WithPassword(connectionString, *typed) : connectionString;
+    const auto password =
+        known ? known : AskPassword(ServerNameOf(connectionString) + " password: ");
+    if (!password) return connectionString;
+    return platform::WithValue(connectionString, platform::kPasswordNames, *password);
 }
 
 }  // namespace kelvane::host

@@ -8,6 +8,7 @@
 
 #include "adapters/sqlite/connection.h"
 #include "adapters/sqlite/schema.h"
+#include "platform/connection_string.h"
 #include "tests/database/failure_of.h"
 #include "tests/database/sqlite_account.h"
 
@@ -254,6 +255,11 @@ TEST_F(SqliteFile, ReadsConnectionStrings) {
     EXPECT_EQ(opened(mPath), "");
     EXPECT_EQ(opened("data source = \"" + mPath + "\" ; timeout=10;"), "");
     EXPECT_EQ(opened("Timeout=1;Data Source=" + mPath), "");
+    const std::string path = Other("a\";b \"\"c.kva");
+    fs::copy_file(mPath, path);
+    EXPECT_EQ(opened("Data Source=" + platform::MarkedValue(path, platform::ValueMarks::Quotes) +
+                     ";Timeout=1"),
+              "");
     EXPECT_EQ(opened(""), "连接串没有指明账套文件");
     EXPECT_EQ(opened("Timeout=5"), "连接串没有指明账套文件");
     EXPECT_EQ(opened("Data Source=x;Timeout=soon"), "连接串中的 Timeout 不是毫秒数");

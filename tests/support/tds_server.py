@@ -3,7 +3,8 @@
 
 It has no database: the statements in Server.answer() have prepared answers and failures, a query
 that is none of them has one row, and everything else changes one row. Prints its port, then a line
-for every request; ends when its standard input does."""
+for every request; ends when its standard input does. With an argument it logs in whoever gives that
+password, and nobody else."""
 import datetime
 import socket
 import struct
@@ -178,7 +179,18 @@ class Session(threading.Thread):
         self.transaction = 0
         return env(kind, b"\0", bytes([8]) + struct.pack("<Q", self.server.counter))
 
+    # Texts of a login stand where a table of offsets and lengths says; the password is scrambled.
+    def password(self, data):
+        start, length = struct.unpack("<HH", data[44:48])
+        scrambled = data[start:start + 2 * length]
+        plain = bytes((b ^ 0xA5) >> 4 | ((b ^ 0xA5) << 4 & 0xF0) for b in scrambled)
+        return plain.decode("utf-16-le")
+
     def login(self, data):
+        if self.server.password is not None and self.password(data) != self.server.password:
+            tokens, status, command, rows = error(18456, "Login failed.", 14)
+            self.send(tokens + self.done(status))
+            raise Die
         out = env(1, b_text("own"), b_text("master"))
         out += env(7, bytes([5]) + COLLATION, b"\0")
         out += env(2, b_text("zh"), b_text(""))
@@ -252,7 +264,8 @@ class Session(threading.Thread):
 
 
 class Server:
-    def __init__(self):
+    def __init__(self, password):
+        self.password = password
         self.counter = 0
         self.loses_commit = False
         self.listener = socket.create_server(("127.0.0.1", 0))
@@ -311,6 +324,6 @@ class Server:
             Session(connection, self).start()
 
 
-server = Server()
+server = Server(sys.argv[1] if len(sys.argv) > 1 else None)
 threading.Thread(target=server.run, daemon=True).start()
 sys.stdin.read()

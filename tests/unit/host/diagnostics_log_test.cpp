@@ -44,6 +44,21 @@ TEST(DiagnosticsLogTest, LeavesPasswordsOut) {
     EXPECT_EQ(ReadText(path), "NOON [Init] cannot open UID=demo;PWD=***;DATABASE=a Password=***\n");
 }
 
+TEST(DiagnosticsLogTest, LeavesPasswordsOutHoweverTheyAreWritten) {
+    const TemporaryFolder folder;
+    const auto path = folder / "trapped.log";
+    auto log = LogAtNoon(path);
+    log.Trapped("a", "no PWD={a;b}c};Server=s");
+    log.Trapped("b", "no PWD = x y;Server=s\nmore");
+    log.Trapped("c", "no Password=\"a;b\"\nmore");
+    log.Trapped("pwd=x", "no pwd={a;b}}");
+    EXPECT_EQ(ReadText(path),
+              "NOON [a] no PWD=***;Server=s\n"
+              "NOON [b] no PWD =***;Server=s more\n"
+              "NOON [c] no Password=*** more\n"
+              "NOON [pwd=***] no pwd=***\n");
+}
+
 TEST(DiagnosticsLogTest, WithoutAPathNothingIsWritten) {
     DiagnosticsLog log({});
     EXPECT_TRUE(log.IsWritable());

@@ -22,7 +22,8 @@ using platform::Value;
 // The server's program, whose standard input keeps it running.
 class TdsServer {
 public:
-    TdsServer() {
+    // `password`: the one that logs in; null: any does.
+    explicit TdsServer(const char* password = nullptr) {
         std::array<int, 2> toServer{};
         std::array<int, 2> fromServer{};
         if (pipe(toServer.data()) != 0 || pipe(fromServer.data()) != 0) throw std::bad_alloc();
@@ -33,7 +34,7 @@ public:
             for (const int end : {toServer[0], toServer[1], fromServer[0], fromServer[1]}) {
                 close(end);
             }
-            execlp("python3", "python3", KELVANE_TDS_SERVER, nullptr);
+            execlp("python3", "python3", KELVANE_TDS_SERVER, password, nullptr);
             _exit(127);
         }
         close(toServer[0]);
@@ -67,13 +68,17 @@ private:
     std::string mPort;
 };
 
+std::string StringFor(const TdsServer& server) {
+    return "Driver=FreeTDS;Server=127.0.0.1;Port=" + server.Port() +
+           ";TDS_Version=7.4;ClientCharset=UTF-8;Database=own";
+}
+
 class FreeTds : public ::testing::Test {
 protected:
     // `queryTimeout` in seconds.
     explicit FreeTds(int queryTimeout = 60)
         : mConnection({.queryTimeout = queryTimeout, .keys = {}}) {
-        mConnection.SetConnectionString("Driver=FreeTDS;Server=127.0.0.1;Port=" + mServer.Port() +
-                                        ";TDS_Version=7.4;ClientCharset=UTF-8;Database=own");
+        mConnection.SetConnectionString(StringFor(mServer));
         mConnection.Open("sa", "secret", -1);
         EXPECT_EQ(mServer.ReadLine(), "batch set lock_timeout 5000");
     }
@@ -97,6 +102,26 @@ class ImpatientFreeTds : public FreeTds {
 protected:
     ImpatientFreeTds() : FreeTds(5) {}
 };
+
+TEST(FreeTdsLogin, TakesThePasswordAtTheEndOfTheString) {
+    for (const char* password : {"secret", "with blank", "密码", "a;b", "a@b=c", "[x]", "a{b"}) {
+        const TdsServer server(password);
+        OdbcConnection connection;
+        connection.SetConnectionString(StringFor(server));
+        EXPECT_NO_THROW(connection.Open("sa", password, -1)) << password;
+    }
+}
+
+TEST(FreeTdsLogin, TakesBracesOfTheStringsOwnAtItsEnd) {
+    const TdsServer server("secret");
+    OdbcConnection connection;
+    connection.SetConnectionString(StringFor(server) + ";UID=sa;PWD={secret}");
+    EXPECT_NO_THROW(connection.Open("", "", -1));
+    connection.Close();
+    connection.SetConnectionString(StringFor(server) + ";UID=sa;PWD=wrong");
+    EXPECT_EQ(TextOf<DatabaseError>([&] { connection.Open("", "", -1); }),
+              "无法连接数据库服务器（Login failed.）");
+}
 
 TEST_F(FreeTds, GivesEveryTypeExactly) {
     const auto set = Query("select types");

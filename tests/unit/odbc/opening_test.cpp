@@ -18,7 +18,7 @@ TEST_F(Opening, HandsTheStringToTheDriver) {
     mMore = ";Server=127.0.0.1;Port=1433;UID=sa;PWD={a;b}}};ClientCharset=UTF-8";
     Open("");
     EXPECT_EQ(Driver().Log(), "login timeout 15\nconnect " + Driver().ConnectionString() + mMore +
-                                  "\nquery timeout 60\nrun set lock_timeout 5000\n");
+                                  ";\nquery timeout 60\nrun set lock_timeout 5000\n");
     EXPECT_EQ(Server().State(), platform::kStateOpen);
     EXPECT_EQ(Server().Engine(), DatabaseEngine::SqlServer);
     Server().Close();
@@ -32,14 +32,14 @@ TEST_F(Opening, TakesTheLoginFromItsArguments) {
     mPassword = "a;b}";
     Open("");
     EXPECT_EQ(Driver().Log(), "login timeout 15\nconnect " + Driver().ConnectionString() +
-                                  ";UID=new;PWD={a;b}}}\nquery timeout 60\n"
+                                  ";UID=new;PWD={a;b}}};\nquery timeout 60\n"
                                   "run set lock_timeout 5000\n");
 }
 
 TEST_F(Opening, HasTimeOutsAsSettings) {
     Open("", {.connectTimeout = 3, .queryTimeout = 7, .lockTimeout = 50, .keys = {}});
     EXPECT_EQ(Driver().Log(), "login timeout 3\nconnect " + Driver().ConnectionString() +
-                                  "\nquery timeout 7\nrun set lock_timeout 50\n");
+                                  ";\nquery timeout 7\nrun set lock_timeout 50\n");
 }
 
 TEST_F(Opening, DoesWithoutLockTimeOuts) {

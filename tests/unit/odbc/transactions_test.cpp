@@ -223,7 +223,7 @@ TEST_F(Transactions, StatementsAfterALossConnectAgain) {
               "与数据库服务器的连接已经断开，暂时无法重新连接（no server, ***）");
     EXPECT_EQ(Query("select 1")->Field(0), Value(std::int64_t{1}));
     const std::string again = "login timeout 15\nconnect " + Driver().ConnectionString() +
-                              ";Server=s;UID=sa;PWD=secret\n";
+                              ";Server=s;UID=sa;PWD=secret;\n";
     EXPECT_THAT(Log(), testing::HasSubstr("disconnect\n" + again + again +
                                           "query timeout 60\n"
                                           "run set lock_timeout 5000\nrun select 1\n"));

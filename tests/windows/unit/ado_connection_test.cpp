@@ -113,6 +113,17 @@ TEST_F(AdoConnectionTest, ATransactionIsLostWithItsConnection) {
               (Calls{"BeginTrans", "Execute", "RollbackTrans", "Close", "Open", "Execute"}));
 }
 
+TEST_F(AdoConnectionTest, ThePasswordBesideTheStringIsNotShownEither) {
+    connection.Open("sa", "own}word", -1);
+    ado.Fail("Execute", {"no secret, no own}word", 1, "42000"});
+    try {
+        Run();
+        FAIL();
+    } catch (const platform::DatabaseError& error) {
+        EXPECT_STREQ(error.what(), "no ***, no ***");
+    }
+}
+
 TEST_F(AdoConnectionTest, AFailedOpeningSaysWhyWithoutThePassword) {
     ado.Fail("Open", {"[Driver]登录失败 secret", 18456, "28000"});
     try {

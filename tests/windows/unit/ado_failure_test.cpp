@@ -28,16 +28,5 @@ TEST(AdoFailure, ComesWithoutDriverNames) {
     EXPECT_EQ(FailureOf(DispatchError("a", "b", "[Vendor]"), {}).description, "[Vendor]");
 }
 
-TEST(AdoFailure, HasNoSecretsOfTheConnection) {
-    EXPECT_EQ(WithoutSecrets("login sa/secret failed", "Server=x;UID=sa;PWD=secret;Database=y"),
-              "login sa/*** failed");
-    EXPECT_EQ(WithoutSecrets("no: Provider=x;Password = \"a;b\"", "Provider=x;Password = \"a;b\""),
-              "no: ***");
-    EXPECT_EQ(WithoutSecrets("a;b}} is wrong", "PWD={a;b}}};Server=x"), "*** is wrong");
-    EXPECT_EQ(WithoutSecrets("nothing here", "Server=x"), "nothing here");
-    EXPECT_EQ(WithoutSecrets("nothing here", ""), "nothing here");
-    EXPECT_EQ(WithoutSecrets("text", "PWD=;Server=x"), "text");
-}
-
 }  // namespace
 }  // namespace kelvane::com

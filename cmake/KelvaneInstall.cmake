@@ -4,7 +4,8 @@ include(CMakePackageConfigHelpers)
 
 set(kelvane_packaged
     kelvane_platform kelvane_controls kelvane_data kelvane_entries kelvane_ui kelvane_component
-    kelvane_tsql kelvane_sqlite kelvane_odbc kelvane_drive kelvane_headless kelvane_reference)
+    kelvane_tsql kelvane_database kelvane_sqlite kelvane_odbc kelvane_drive kelvane_headless
+    kelvane_reference)
 foreach(target ${kelvane_packaged})
     string(REPLACE "kelvane_" "" short "${target}")
     set_target_properties(${target} PROPERTIES EXPORT_NAME ${short})
@@ -13,8 +14,8 @@ endforeach()
 
 install(TARGETS ${kelvane_packaged} EXPORT KelvaneTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}/kelvane)
-foreach(folder platform controls data entries ui component adapters/tsql adapters/sqlite adapters/odbc
-               adapters/drive adapters/headless adapters/reference)
+foreach(folder platform controls data entries ui component adapters/tsql adapters/database
+               adapters/sqlite adapters/odbc adapters/drive adapters/headless adapters/reference)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
             DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kelvane/${folder}
             FILES_MATCHING PATTERN "*.h")

@@ -2,13 +2,14 @@
 
 #include <utility>
 
-#include "adapters/odbc/odbc_record_set.h"
+#include "adapters/database/refusals.h"
+#include "adapters/odbc/server_row_writer.h"
 #include "adapters/odbc/session.h"
 #include "platform/connection_string.h"
 
 namespace kelvane::odbc {
 
-using platform::DatabaseError;
+using database::BufferedRecordSet;
 using platform::LockType;
 
 namespace {
@@ -35,7 +36,7 @@ void OdbcConnection::SetConnectionString(std::string_view text) {
 }
 
 void OdbcConnection::Open(std::string_view user, std::string_view password, int) {
-    if (mSession) throw DatabaseError("The connection is open already.");
+    if (mSession) throw database::ConnectionIsOpen();
     mSession = std::make_shared<Session>(mSettings, WithLogin(mConnectionString, user, password));
 }
 
@@ -49,7 +50,7 @@ int OdbcConnection::State() const {
 }
 
 Session& OdbcConnection::RequireOpen() const {
-    if (!mSession) throw DatabaseError("Operation is not allowed when the connection is closed.");
+    if (!mSession) throw database::ConnectionIsClosed();
     return *mSession;
 }
 
@@ -95,7 +96,12 @@ std::unique_ptr<platform::RecordSet> OdbcConnection::DoOpenRecordSet(
         result =
             session.Run(statement, {.wantsRows = true, .changeable = changeable, .locks = locks});
     }
-    return std::make_unique<OdbcRecordSet>(mSession, std::move(result), options.lock, locker);
+    auto writer = std::make_unique<ServerRowWriter>(mSession, result, locker);
+    auto columns = std::make_shared<BufferedRecordSet::Columns>(std::move(result.rows.columns));
+    columns->resize(columns->size() - static_cast<std::size_t>(result.rows.hiddenColumns));
+    return std::make_unique<BufferedRecordSet>(std::move(result.rows), std::move(columns),
+                                               changeable && !result.source.table.empty(),
+                                               std::move(writer));
 }
 
 }  // namespace kelvane::odbc

@@ -17,20 +17,11 @@ using tsql::QuotedName;
 
 constexpr std::string_view kSavepoint = "savepoint kelvane_statement;";
 constexpr std::string_view kRelease = ";release savepoint kelvane_statement;";
-constexpr std::size_t kMostKnown = 128;
-// A longer batch, which a script with many lines makes, would fill the memory and hardly return.
-constexpr std::size_t kMostStatements = 64;
 // How much text one call carries.
 constexpr std::size_t kLongestStep = 262144;
 
 bool IsQuery(const tsql::Translated& statement) {
     return statement.kind == tsql::Statement::Kind::Select;
-}
-
-bool IsLasting(const tsql::Translation& translation) {
-    return translation.statements.size() <= kMostStatements &&
-           std::none_of(translation.statements.begin(), translation.statements.end(),
-                        [](const auto& statement) { return statement.error.has_value(); });
 }
 
 // A statement that fails in a transaction goes back to here, and what ran before it is kept.
@@ -49,7 +40,7 @@ std::string PostgresDialect::ConnectionKeywords() const {
 
 void PostgresDialect::Prepare(Channel& channel) {
     mCatalog.Clear();
-    mKnown.clear();
+    mKnown.Clear();
     channel.Run(
         "set client_encoding to 'UTF8';set standard_conforming_strings to on;"
         "set datestyle to 'ISO, YMD';set extra_float_digits to 3;set client_min_messages to "
@@ -60,33 +51,14 @@ void PostgresDialect::Prepare(Channel& channel) {
 
 std::shared_ptr<const tsql::Translation> PostgresDialect::Translated(bool changeable,
                                                                      tsql::RowLocks locks) {
-    const auto found = std::find_if(mKnown.begin(), mKnown.end(), [&](const Known& known) {
-        return known.changeable == changeable && known.locks == locks &&
-               known.shape == mText.shape && known.translation->Serves(mText);
-    });
-    if (found != mKnown.end()) {
-        mKnown.splice(mKnown.begin(), mKnown, found);
-        return found->translation;
-    }
+    const How how{changeable, locks};
+    if (const auto known = mKnown.Find(mText, how)) return known->translation;
     tsql::PostgresWriter writer(locks);
-    const bool catalogMayBeStale = !mCatalog.IsEmpty();
-    const auto translate = [&] {
-        return std::make_shared<const tsql::Translation>(
-            tsql::Translate(mText, mCatalog, writer, changeable));
-    };
-    std::shared_ptr<const tsql::Translation> translation;
-    try {
-        translation = translate();
-    } catch (const platform::DatabaseError& error) {
-        if (error.NativeCode() != tsql::error::kUnknownColumn || !catalogMayBeStale) throw;
-        mCatalog.Clear();
-        translation = translate();
-    }
-    if (IsLasting(*translation)) {
-        mKnown.push_front({mText.shape, changeable, locks, translation});
-        if (mKnown.size() > kMostKnown) mKnown.pop_back();
-    }
-    return translation;
+    auto batch = std::make_shared<database::TranslatedBatch>();
+    batch->translation =
+        database::Translate(mText, mCatalog, writer, changeable, [this] { mCatalog.Clear(); });
+    mKnown.Add(mText, how, batch);
+    return batch->translation;
 }
 
 // Inside a transaction the steps from `firstStep` on go together in one call: each has its own
@@ -173,7 +145,7 @@ Plan PostgresDialect::PlanDefinitions() {
         plan.steps.push_back({.text = std::move(text)});
     }
     mCatalog.Clear();
-    mKnown.clear();
+    mKnown.Clear();
     return plan;
 }
 

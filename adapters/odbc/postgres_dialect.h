@@ -3,11 +3,11 @@
 // get the dialect's numbers.
 #pragma once
 
-#include <list>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "adapters/database/translation_cache.h"
 #include "adapters/odbc/engine_dialect.h"
 #include "adapters/odbc/odbc_connection.h"
 #include "adapters/odbc/postgres_catalog.h"
@@ -27,12 +27,12 @@ public:
     bool KeepTransaction(Channel& channel) override;
 
 private:
-    // A translation that is used again for statements of the same shape.
-    struct Known {
-        std::string shape;
+    // What beside its text decides how a batch is translated.
+    struct How {
         bool changeable = false;
         tsql::RowLocks locks;
-        std::shared_ptr<const tsql::Translation> translation;
+
+        friend bool operator==(const How&, const How&) = default;
     };
 
     std::shared_ptr<const tsql::Translation> Translated(bool changeable, tsql::RowLocks locks);
@@ -44,7 +44,7 @@ private:
     bool mHasFunctions = false;  // made anew by this connection
     PostgresCatalog mCatalog;
     tsql::LexedText mText;  // of the batch that is being planned
-    std::list<Known> mKnown;
+    database::TranslationCache<database::TranslatedBatch, How> mKnown;
 };
 
 }  // namespace kelvane::odbc

@@ -2,15 +2,13 @@
 
 #include <utility>
 
+#include "adapters/database/refusals.h"
+
 namespace kelvane::odbc {
 
 using platform::DatabaseError;
 
 namespace {
-
-DatabaseError NoTransaction() {
-    return DatabaseError("There is no transaction.", 3902);
-}
 
 void NameBaseColumns(const RunStep& step, ResultRows& rows) {
     for (std::size_t i = step.columns.size(); i < rows.columns.size(); ++i) {
@@ -25,49 +23,19 @@ void NameBaseColumns(const RunStep& step, ResultRows& rows) {
 
 }  // namespace
 
-void Session::RequireIntact() const {
-    if (!mExplicit || mServer.InTransaction()) return;
-    if (mServer.WasLost()) {
-        throw platform::ConnectionLost("与数据库服务器的连接已经断开，本次操作没有保存");
-    }
-    throw DatabaseError("The transaction was undone by an earlier error.", 3930);
-}
-
-void Session::Start() {
-    mServer.RequireConnected();
-    mServer.StartTransaction();
-    ++mTransaction;
-}
-
 void Session::Begin() {
-    if (mExplicit) throw DatabaseError("A transaction is open already.", 3901);
     mAnnounced.End();
-    if (!IsHeld()) Start();
-    mHeld = false;
-    mExplicit = true;
+    mTransactions.Begin();
 }
 
 void Session::Commit() {
-    if (!mExplicit) throw NoTransaction();
     mAnnounced.End();
-    try {
-        RequireIntact();
-        mExplicit = false;
-        mServer.Commit();
-    } catch (...) {
-        mExplicit = false;
-        TryRelock();
-        throw;
-    }
-    TryRelock();
+    mTransactions.Commit();
 }
 
 void Session::RollBack() {
-    if (!mExplicit) throw NoTransaction();
     mAnnounced.End();
-    mExplicit = false;
-    if (mServer.InTransaction()) mServer.RollBack();
-    TryRelock();
+    mTransactions.RollBack();
 }
 
 Result Session::RunPlan(const Plan& plan, const Purpose& purpose) {
@@ -80,12 +48,12 @@ Result Session::RunPlan(const Plan& plan, const Purpose& purpose) {
         result.rows = std::move(rows);
         if (!plan.source.table.empty()) NameBaseColumns(step, result.rows);
     }
-    if (plan.rowsLocked && mServer.InTransaction()) result.lockedIn = mTransaction;
+    if (plan.rowsLocked) result.lockedIn = mTransactions.Current();
     return result;
 }
 
 Result Session::Run(std::string_view batch, Purpose purpose) {
-    RequireIntact();
+    mTransactions.RequireIntact();
     mServer.RequireConnected();
     purpose.inTransaction = mServer.InTransaction();
     bool changes = true;
@@ -93,10 +61,10 @@ Result Session::Run(std::string_view batch, Purpose purpose) {
         const Plan plan = mServer.Dialect().PlanBatch(batch, purpose, mServer);
         changes = plan.changes;
         Result result = RunPlan(plan, purpose);
-        if (changes) MakeDurable();
+        if (changes) mTransactions.MakeDurable();
         return result;
     } catch (...) {
-        if (changes) DropChange();
+        if (changes) mTransactions.DropChange();
         throw;
     }
 }
@@ -108,7 +76,7 @@ void Session::Announce(std::span<const platform::StatementText> queries, bool ch
 std::optional<Result> Session::Answer(const std::string& query, bool changeable) {
     if (!mAnnounced.IsNext(query, changeable)) return {};
     // Inside a transaction a query may lock, and one that fails may end it: there each goes alone.
-    if (mExplicit || mServer.InTransaction()) return {};
+    if (IsExplicit() || mServer.InTransaction()) return {};
     if (!mAnnounced.IsAnswered()) ReadAhead(changeable);
     return mAnnounced.Take();
 }
@@ -143,95 +111,51 @@ void Session::ReadAhead(bool changeable) {
     mAnnounced.SetAnswers(std::move(answers));
 }
 
-void Session::Lock(bool again) {
-    Start();
-    mHeld = true;
-    const Purpose purpose{
-        .locks = true, .lockOnly = true, .lockAgain = again, .inTransaction = true};
-    for (const std::string& batch : mLockers) {
-        RunPlan(mServer.Dialect().PlanBatch(batch, purpose, mServer), purpose);
-    }
-}
-
 Result Session::RunLocked(std::string_view batch, Locker& locker) {
     mAnnounced.End();
-    if (!IsHeld()) Start();
-    mHeld = true;
+    mTransactions.AddLocker();
     try {
         const Purpose purpose{
             .wantsRows = true, .changeable = true, .locks = true, .inTransaction = true};
         Result result = RunPlan(mServer.Dialect().PlanBatch(batch, purpose, mServer), purpose);
-        locker = mLockers.emplace(mLockers.end(), batch);
+        locker = mTransaction.Add(std::string(batch));
         return result;
     } catch (...) {
-        if (mLockers.empty()) {
-            mHeld = false;
-            if (mServer.InTransaction()) mServer.RollBack();
-        }
+        mTransactions.RemoveLocker();
         throw;
     }
 }
 
 void Session::RemoveLocker(Locker locker) noexcept {
-    mLockers.erase(locker);
-    if (!mLockers.empty() || !mHeld) return;
-    mHeld = false;
-    if (mServer.InTransaction()) mServer.RollBack();
-}
-
-void Session::MakeDurable() {
-    if (!IsHeld()) return;
-    mHeld = false;
-    mServer.Commit();
-    TryRelock();
-}
-
-void Session::DropChange() noexcept {
-    if (!mHeld) return;
-    mHeld = false;
-    if (mServer.InTransaction()) mServer.RollBack();
-    TryRelock();
-}
-
-// Without waiting: the change is done, and whoever waits for the lock has a right to it.
-void Session::TryRelock() noexcept {
-    if (mLockers.empty() || mExplicit || !mServer.IsConnected()) return;
-    try {
-        Lock(true);
-    } catch (...) {
-        mHeld = false;
-        if (mServer.InTransaction()) mServer.RollBack();
-    }
+    mTransaction.Remove(locker);
+    mTransactions.RemoveLocker();
 }
 
 void Session::Change(RowChange change, long lockedIn) {
-    RequireIntact();
+    mTransactions.RequireIntact();
     mAnnounced.End();
-    const bool own = !mExplicit && mLockers.empty();  // a transaction for this change alone
-    if (own) Start();
-    if (!mExplicit && !own && !IsHeld()) Lock(false);
-    change.locked = lockedIn == mTransaction;
+    const bool own = !IsExplicit() && !mTransactions.HasLockers();
+    if (own) {
+        mTransaction.Start();
+    } else {
+        mTransactions.RegainLock();
+    }
+    change.locked = lockedIn != 0 && lockedIn == mTransactions.Current();
     try {
         const RunStep step = mServer.Dialect().PlanChange(change, mServer);
         const long changed = mServer.RunOne(step, false).changedRows;
-        if (changed == 0) {
-            throw DatabaseError(
-                "Row cannot be located for updating. Some values may have been changed since it "
-                "was last read.");
-        }
+        if (changed == 0) throw database::RowGone();
         if (changed > 1) {
             mServer.RollBack();
-            throw DatabaseError(
-                "Key column information is insufficient or incorrect. Too many rows were affected "
-                "by update.");
+            throw database::ManyRowsChanged();
         }
         if (own) mServer.Commit();
     } catch (...) {
         if (own && mServer.InTransaction()) mServer.RollBack();
-        if (!mExplicit && !own) DropChange();
+        mTransactions.DropChange();
         throw;
     }
-    MakeDurable();
+    mTransactions.MakeDurable();
 }
 
 }  // namespace kelvane::odbc

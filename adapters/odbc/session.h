@@ -1,22 +1,19 @@
-// An open account on a server: batches, changes to rows, and the two uses of the engine's one
-// transaction: the explicit one, and record sets that keep their rows locked outside of it. What is
-// changed under the record sets' lock alone is made durable at once.
+// An open account on a server: batches, queries that were announced, and changes to rows.
 #pragma once
 
-#include <list>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "adapters/odbc/announced_queries.h"
-#include "adapters/odbc/server.h"
+#include "adapters/odbc/server_transaction.h"
 
 namespace kelvane::odbc {
 
 class Session {
 public:
-    using Locker = std::list<std::string>::iterator;
+    using Locker = ServerTransaction::Locker;
 
     Session(const OdbcSettings& settings, std::string connectionString)
         : mServer(settings, std::move(connectionString)) {}
@@ -24,7 +21,7 @@ public:
     void Begin();
     void Commit();
     void RollBack();
-    bool IsExplicit() const { return mExplicit; }
+    bool IsExplicit() const { return mTransactions.IsExplicit(); }
 
     // Runs a batch. Throws DatabaseError for the first statement that fails; outside a transaction
     // those before it stay done.
@@ -49,22 +46,13 @@ public:
     Server& Engine() { return mServer; }
 
 private:
-    bool IsHeld() const { return mHeld && mServer.InTransaction(); }
-    void RequireIntact() const;
-    void Start();
-    void Lock(bool again);
-    void TryRelock() noexcept;
-    void MakeDurable();
-    void DropChange() noexcept;
     Result RunPlan(const Plan& plan, const Purpose& purpose);
     void ReadAhead(bool changeable);
 
     Server mServer;
     AnnouncedQueries mAnnounced;
-    std::list<std::string> mLockers;  // the batches that lock rows outside a transaction
-    bool mExplicit = false;
-    bool mHeld = false;     // the engine's transaction is the lockers' own
-    long mTransaction = 0;  // counts the engine's transactions
+    ServerTransaction mTransaction{mServer};
+    database::Transactions mTransactions{mTransaction};
 };
 
 }  // namespace kelvane::odbc

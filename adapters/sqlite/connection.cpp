@@ -2,17 +2,18 @@
 
 #include <utility>
 
+#include "adapters/database/refusals.h"
 #include "adapters/sqlite/account_file.h"
 #include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/failures.h"
-#include "adapters/sqlite/record_set.h"
+#include "adapters/sqlite/file_row_writer.h"
 #include "adapters/sqlite/session.h"
 
 namespace kelvane::sqlite {
 
 namespace {
 
-using platform::DatabaseError;
+using database::BufferedRecordSet;
 using platform::LockType;
 
 // How an account is used. Making a commit durable is the file system's word, so it is asked for.
@@ -28,7 +29,7 @@ public:
     void SetCursorLocation(platform::CursorLocation) override {}
 
     void Open(std::string_view, std::string_view, int) override {
-        if (mSession) throw DatabaseError("The connection is open already.");
+        if (mSession) throw database::ConnectionIsOpen();
         const ConnectionTarget target = ParseConnectionString(mConnectionString);
         RequireAccountFile(target.path);
         auto session = std::make_shared<Session>(target.path, target.timeout);
@@ -43,9 +44,9 @@ public:
 
     int State() const override { return mSession ? platform::kStateOpen : 0; }
 
-    void Begin() override { RequireOpen().Lock().Begin(); }
-    void Commit() override { RequireOpen().Lock().Commit(); }
-    void RollBack() override { RequireOpen().Lock().RollBack(); }
+    void Begin() override { RequireOpen().Transactions().Begin(); }
+    void Commit() override { RequireOpen().Transactions().Commit(); }
+    void RollBack() override { RequireOpen().Transactions().RollBack(); }
 
 protected:
     void DoExecute(const std::string& statement) override {
@@ -55,22 +56,26 @@ protected:
     std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
         const std::string& statement, const platform::RecordSetOptions& options) override {
         Session& session = RequireOpen();
-        const bool locks = options.lock == LockType::Pessimistic && !session.Lock().IsExplicit();
-        if (locks) session.Lock().AddLocker();
-        try {
-            Result result = session.Run(statement, true, options.lock != LockType::ReadOnly);
-            return std::make_unique<SqliteRecordSet>(mSession, std::move(result), options.lock,
-                                                     locks);
-        } catch (...) {
-            if (locks) session.Lock().RemoveLocker();
-            throw;
+        const bool locks =
+            options.lock == LockType::Pessimistic && !session.Transactions().IsExplicit();
+        auto writer = std::make_unique<FileRowWriter>(mSession, locks);
+        const bool wantsChange = options.lock != LockType::ReadOnly;
+        Result result = session.Run(statement, true, wantsChange);
+        if (!result.origin) {
+            return std::make_unique<BufferedRecordSet>(std::move(result.rows), nullptr, false,
+                                                       std::move(writer));
         }
+        writer->SetRows(result.origin->table, result.lockedIn);
+        return std::make_unique<BufferedRecordSet>(
+            std::move(result.rows),
+            std::shared_ptr<const BufferedRecordSet::Columns>(result.origin,
+                                                              &result.origin->columns),
+            wantsChange && result.origin->hasRowIdentity, std::move(writer));
     }
 
 private:
     Session& RequireOpen() {
-        if (!mSession)
-            throw DatabaseError("Operation is not allowed when the connection is closed.");
+        if (!mSession) throw database::ConnectionIsClosed();
         return *mSession;
     }
 

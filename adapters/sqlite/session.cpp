@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "adapters/tsql/language/errors.h"
+#include "adapters/database/refusals.h"
 #include "adapters/tsql/sqlite/sqlite_name.h"
 
 namespace kelvane::sqlite {
@@ -55,20 +55,10 @@ void Session::Forget() {
 std::shared_ptr<PreparedBatch> Session::Prepare(bool changeable) {
     if (std::shared_ptr<PreparedBatch> known = mCache.Find(mText, changeable)) return known;
     auto batch = std::make_shared<PreparedBatch>();
-    const bool catalogMayBeStale = !mCatalog.IsEmpty();
-    const auto translate = [&] {
-        return std::make_shared<const tsql::Translation>(
-            tsql::Translate(mText, mCatalog, mWriter, changeable));
-    };
-    try {
-        batch->translation = translate();
-    } catch (const platform::DatabaseError& error) {
-        if (error.NativeCode() != tsql::error::kUnknownColumn || !catalogMayBeStale) throw;
-        Forget();
-        batch->translation = translate();
-    }
+    batch->translation =
+        database::Translate(mText, mCatalog, mWriter, changeable, [this] { Forget(); });
     batch->prepared.resize(batch->translation->statements.size());
-    if (batch->IsLasting()) mCache.Add(mText, changeable, batch);
+    mCache.Add(mText, changeable, batch);
     return batch;
 }
 
@@ -143,6 +133,7 @@ Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable)
     tsql::Lex(batchText, mText);
     std::shared_ptr<PreparedBatch> batch = Prepare(changeable);
     Result result;
+    result.lockedIn = mTransactions.Current();
     bool retried = false;
     for (std::size_t place = 0; place < batch->translation->statements.size(); ++place) {
         const auto& statement = batch->translation->statements[place];
@@ -169,9 +160,10 @@ Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable)
     return result;
 }
 
-void Session::Change(const RowChange& change) {
+void Session::Change(const RowChange& change, long lockedIn) {
     mTransactions.RequireIntact();
     mTransactions.RegainLock();
+    const bool locked = lockedIn != 0 && lockedIn == mTransactions.Current();
     std::string text = "update " + tsql::QuotedForSqlite(change.table) + " set ";
     std::string unchanged;
     std::vector<const tsql::Datum*> values;
@@ -183,7 +175,7 @@ void Session::Change(const RowChange& change) {
         const std::string name = tsql::QuotedForSqlite(column.name);
         if (&column != &change.columns.front()) text += ", ";
         text += name + " = " + place(column.value);
-        if (!change.compareOriginals) continue;
+        if (locked) continue;
         unchanged += " and " + name + " is " + place(column.original) + " collate binary";
     }
     const tsql::Datum identity = change.identity;
@@ -198,9 +190,7 @@ void Session::Change(const RowChange& change) {
             if (code != SQLITE_DONE) mDatabase.Fail(code, change.table);
         }
         if (sqlite3_changes(mDatabase.Handle()) == 0) {
-            throw platform::DatabaseError(
-                "Row cannot be located for updating. Some values may have been changed since it "
-                "was last read.");
+            throw database::RowGone();
         }
         mTransactions.MakeDurable();
     } catch (...) {

@@ -8,9 +8,9 @@
 
 #include "adapters/sqlite/catalog.h"
 #include "adapters/sqlite/database.h"
+#include "adapters/sqlite/file_transaction.h"
+#include "adapters/sqlite/prepared_batch.h"
 #include "adapters/sqlite/result_row.h"
-#include "adapters/sqlite/statement_cache.h"
-#include "adapters/sqlite/transactions.h"
 #include "adapters/tsql/language/lexer.h"
 #include "adapters/tsql/sqlite/sqlite_writer.h"
 
@@ -20,6 +20,8 @@ namespace kelvane::sqlite {
 struct Result {
     std::shared_ptr<const tsql::Translated> origin;  // null: the batch returned no rows
     tsql::PackedRows rows;
+    // The transaction that keeps the rows locked; 0: none does.
+    long lockedIn = 0;
 };
 
 // A change to one row of a result.
@@ -32,25 +34,24 @@ struct RowChange {
         tsql::Datum original;
     };
     std::vector<Column> columns;
-    bool compareOriginals = false;
 };
 
 class Session {
 public:
     // Opens an account file that has been checked to be one.
-    Session(const std::string& path, int timeout)
-        : mDatabase(path, timeout), mCatalog(mDatabase), mTransactions(mDatabase) {}
+    Session(const std::string& path, int timeout) : mDatabase(path, timeout), mCatalog(mDatabase) {}
 
     // Runs a batch statement by statement. Throws DatabaseError for the first that fails; outside a
     // transaction those before it stay done. Returns the rows of the first query when `wantsRows`.
     // `changeable`: the rows carry their identity behind the columns where that is possible.
     Result Run(std::string_view batch, bool wantsRows, bool changeable);
 
-    // Throws DatabaseError when the row is gone or, with `compareOriginals`, has been changed.
-    void Change(const RowChange& change);
+    // `lockedIn` is the row's Result's. Throws DatabaseError when the row is gone or has been
+    // changed.
+    void Change(const RowChange& change, long lockedIn);
 
     Database& Engine() { return mDatabase; }
-    Transactions& Lock() { return mTransactions; }
+    database::Transactions& Transactions() { return mTransactions; }
 
 private:
     std::shared_ptr<PreparedBatch> Prepare(bool changeable);
@@ -63,8 +64,9 @@ private:
 
     Database mDatabase;
     SqliteCatalog mCatalog;
-    StatementCache mCache;
-    Transactions mTransactions;
+    PreparedBatches mCache;
+    FileTransaction mTransaction{mDatabase};
+    database::Transactions mTransactions{mTransaction};
     tsql::SqliteWriter mWriter;
     tsql::LexedText mText;
     std::vector<tsql::Datum> mValues;

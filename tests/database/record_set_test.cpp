@@ -138,6 +138,19 @@ TEST_F(RecordSets, ChangesTheCurrentRowAlone) {
     EXPECT_EQ(Rows("select i from Probe order by id"), "1\n20\n");
 }
 
+TEST_F(RecordSets, ATransactionDoesNotVouchForRowsReadBeforeIt) {
+    Execute("insert into Probe(id,i) values(1,1)");
+    const auto set = Open("select id,i from Probe where id = 1", LockType::Optimistic);
+    Connect()->Execute(platform::StatementText("update Probe set i = 5 where id = 1"));
+    platform::Transaction transaction(Account());
+    set->SetField("i", Value(std::int64_t{2}));
+    EXPECT_EQ(TextOfError([&] { set->Update(); }),
+              "Row cannot be located for updating. Some values may have been changed since it was "
+              "last read.");
+    transaction.RollBack();
+    EXPECT_EQ(Rows("select i from Probe"), "5\n");
+}
+
 TEST_F(RecordSets, IsClosedOnce) {
     const auto set = Open("select id from Probe");
     EXPECT_EQ(set->State(), platform::kStateOpen);

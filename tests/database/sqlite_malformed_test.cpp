@@ -28,7 +28,7 @@ TEST(SqliteMalformed, NeverDamagesTheAccount) {
     const std::string pieces = "'\"[](),.*=<>+-/%; \n中@#0aNe!";
     std::mt19937 random(97);
     int refused = 0;
-    session.Lock().Begin();
+    session.Transactions().Begin();
     for (int round = 0; round < 6000; ++round) {
         std::string text = kSeeds[random() % std::size(kSeeds)];
         for (auto change = random() % 3; change > 0; --change) {
@@ -47,7 +47,7 @@ TEST(SqliteMalformed, NeverDamagesTheAccount) {
             ++refused;
         }
     }
-    session.Lock().Commit();
+    session.Transactions().Commit();
     EXPECT_GT(refused, 1000);
     EXPECT_LT(refused, 6000);
     EXPECT_EQ(session.Engine().Number("select count(*) from pragma_integrity_check "

@@ -1,6 +1,6 @@
 #include "tests/windows/ado_server/record_set.h"
 
-#include "adapters/odbc/odbc_record_set.h"
+#include "adapters/database/buffered_record_set.h"
 #include "tests/support/plain_text_connection.h"
 #include "tests/windows/ado_server/fields.h"
 
@@ -73,7 +73,7 @@ void RecordSet::RequireRow() const {
 
 const tsql::ResultColumn& RecordSet::Column(int index) const {
     RequireOpen();
-    return dynamic_cast<const odbc::OdbcRecordSet&>(*mRows).Column(index);
+    return dynamic_cast<const database::BufferedRecordSet&>(*mRows).Column(index);
 }
 
 long RecordSet::FieldCount() const {

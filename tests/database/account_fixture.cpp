@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 
 #include "tests/support/test_tables.h"
 
@@ -64,18 +65,32 @@ Value AccountTest::One(const StatementText& statement) {
     return set->Field(0);
 }
 
-std::string AccountTest::Rows(const StatementText& statement) {
-    std::string text;
+std::vector<std::string> AccountTest::Lines(const StatementText& statement) {
+    std::vector<std::string> lines;
     const auto set = Open(statement);
     for (set->MoveFirst(); !set->EndOfFile(); set->MoveNext()) {
+        std::string& line = lines.emplace_back();
         for (int i = 0; i < set->FieldCount(); ++i) {
-            if (i > 0) text += '|';
+            if (i > 0) line += '|';
             const Value value = set->Field(i);
-            text += value.IsNull() ? "NULL" : value.ToText();
+            line += value.IsNull() ? "NULL" : value.ToText();
         }
-        text += '\n';
+        line += '\n';
     }
-    return text;
+    return lines;
+}
+
+std::string AccountTest::Rows(const StatementText& statement) {
+    const std::vector<std::string> lines = Lines(statement);
+    const bool ordered = statement.Text().find("order by") != std::string::npos;
+    EXPECT_TRUE(lines.size() < 2 || ordered) << "rows in no order: " << statement.Text();
+    return std::accumulate(lines.begin(), lines.end(), std::string());
+}
+
+std::string AccountTest::SortedRows(const StatementText& statement) {
+    std::vector<std::string> lines = Lines(statement);
+    std::sort(lines.begin(), lines.end());
+    return std::accumulate(lines.begin(), lines.end(), std::string());
 }
 
 }  // namespace kelvane::database_test

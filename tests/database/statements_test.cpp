@@ -90,7 +90,7 @@ TEST_F(Statements, ReferenceQueries) {
              "join Fitemss97 on PM_DutycenterSub.cItemCode = Fitemss97.citemcode  where "
              "cCenterCode = 'C01'"),
         "P01|大桥\n");
-    EXPECT_EQ(Rows("select cItemCode from Fitemss97"), "P01\nP02\n");
+    EXPECT_EQ(SortedRows("select cItemCode from Fitemss97"), "P01\nP02\n");
     EXPECT_EQ(
         Rows("select PM_DutyCenter.cCenterCode from PM_DutyCenter inner join  PM_UserAuth on "
              "PM_DutyCenter.cCenterCode = PM_UserAuth.cCenterCode where PM_UserAuth.cUserID = "
@@ -109,10 +109,11 @@ TEST_F(Statements, ReferenceQueries) {
               "项目名称\n");
     ExpectFailure(128,
                   [&] { Open("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname"); });
-    EXPECT_EQ(Rows("select cItemCode,citemname from  Fitemss97 "), "P01|大桥\nP02|隧道\n");
+    EXPECT_EQ(SortedRows("select cItemCode,citemname from  Fitemss97 "), "P01|大桥\nP02|隧道\n");
     EXPECT_EQ(
-        Rows("select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from inventory "
-             "a left join computationunit b on a.cSAComUnitCode=b.cComUnitCode"),
+        SortedRows(
+            "select a.cInvCode,a.cInvName,a.cInvStd,a.iInvRCost,b.cComUnitName from inventory "
+            "a left join computationunit b on a.cSAComUnitCode=b.cComUnitCode"),
         "M01|水泥|425#|300.25|吨\nM02|沙|粗|NULL|NULL\n");
 }
 
@@ -218,7 +219,8 @@ TEST_F(Statements, SavingAnEntry) {
     transaction.Commit();
     EXPECT_EQ(Rows("select dDate,cCenterCode,cItemCode,cDigest,mQC from PM_ItemQC where iEleVid=1"),
               "2004-06-01|C02|P01|改'过|1234.56\n");
-    EXPECT_EQ(Rows("select cCodeMx,mQC from PM_ItemQCsub where iEleVid=1"), "M01|1350\nM02|2\n");
+    EXPECT_EQ(SortedRows("select cCodeMx,mQC from PM_ItemQCsub where iEleVid=1"),
+              "M01|1350\nM02|2\n");
 }
 
 TEST_F(Statements, DeletingAnEntry) {
@@ -237,9 +239,10 @@ TEST_F(Statements, DetailEditor) {
              "a.cEquipCode=b.cCodeMx and b.iEleVid=2"),
         "Q01|挖掘机|W-1|1,234.50|2|2,469.00\n");
     EXPECT_EQ(
-        Rows("select a.cInvCode,a.cInvName,a.cInvStd,b.cComUnitName,c.iuprice,c.iNum,c.mQC from "
-             "inventory a left join computationUnit b on a.cSAComUnitCode=b.cComUnitCode inner "
-             "join pm_itemQCSub c on a.cInvCode=c.cCodeMx and c.iEleVid=1"),
+        SortedRows(
+            "select a.cInvCode,a.cInvName,a.cInvStd,b.cComUnitName,c.iuprice,c.iNum,c.mQC from "
+            "inventory a left join computationUnit b on a.cSAComUnitCode=b.cComUnitCode inner "
+            "join pm_itemQCSub c on a.cInvCode=c.cCodeMx and c.iEleVid=1"),
         "M01|水泥|425#|吨|300.25|4|1201\nM02|沙|粗|NULL|0.5|3|1.5\n");
     const auto equipment =
         Open("select * from pm_equipment where cEquipCode='q01' and bEquipEnd=1");

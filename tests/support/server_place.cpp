@@ -34,6 +34,15 @@ public:
     }
 
     EngineKind Engine() const override { return mEngine; }
+    bool KeepsToTheDialect() const override {
+        if (mEngine == EngineKind::PostgreSql) return true;
+        try {
+            return RunBare(mConnectionString, "select @@version")
+                .starts_with("Microsoft SQL Server");
+        } catch (const std::runtime_error&) {
+            return false;  // one that does not even say what it is
+        }
+    }
     std::vector<std::string> ProgramWords() const override {
         return {"--database", mConnectionString};
     }

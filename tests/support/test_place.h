@@ -30,6 +30,9 @@ public:
     TestPlace& operator=(const TestPlace&) = delete;
 
     virtual EngineKind Engine() const = 0;
+    // Whether the dialect is kept to in everything: ours, and SQL Server's own. Another server that
+    // reads it has ways of its own in what the component has no need of.
+    virtual bool KeepsToTheDialect() const { return true; }
     // The program's words for the account: its file, or "--database" and a connection string.
     virtual std::vector<std::string> ProgramWords() const = 0;
     virtual std::string ConnectionString() const = 0;

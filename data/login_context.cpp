@@ -35,6 +35,7 @@ std::string gItemKeyField1;
 std::string gItemKeyField2;
 std::int16_t gItemKeyType1 = 0;
 std::int16_t gItemKeyType2 = 0;
+std::vector<std::string> gSurplusKeyFields;
 
 platform::DateTime gPmStartDate = {1899, 12, 30};
 std::int16_t gPmStartYear = 0;
@@ -88,6 +89,7 @@ void LoadItemKeyFields() try {
         " SELECT * From fitemstructure WHERE (citem_class = '97') AND (iSubItem = '1') AND "
         "(bPrimaryKey = '1')"));
     gItemKeyCount = ShortInteger(fields->RecordCount());
+    gSurplusKeyFields.clear();
     if (gItemKeyCount == 1) {
         TakeItemKeyField(*fields, gItemKeyField1, gItemKeyType1);
     } else if (gItemKeyCount == 2) {
@@ -95,6 +97,10 @@ void LoadItemKeyFields() try {
         TakeItemKeyField(*fields, gItemKeyField1, gItemKeyType1);
         fields->MoveNext();
         TakeItemKeyField(*fields, gItemKeyField2, gItemKeyType2);
+    } else {
+        for (; !fields->EndOfFile(); fields->MoveNext()) {
+            gSurplusKeyFields.push_back(fields->Field("cfield_name").ToText());
+        }
     }
     fields->Close();
 } catch (...) {

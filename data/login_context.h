@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/database.h"
 #include "platform/date_time.h"
@@ -53,6 +55,8 @@ extern std::string gItemKeyField1;
 extern std::string gItemKeyField2;
 extern std::int16_t gItemKeyType1;
 extern std::int16_t gItemKeyType2;
+// The names of all key fields when there are more than the two that can be used; empty otherwise.
+extern std::vector<std::string> gSurplusKeyFields;
 
 // Start date of project management, and the year of its start period.
 extern platform::DateTime gPmStartDate;

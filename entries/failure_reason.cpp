@@ -36,7 +36,7 @@ std::string_view ReasonOf(int nativeCode) {
 
 }  // namespace
 
-std::string_view ReasonOfFailure() {
+std::string ReasonOfFailure() {
     const std::exception_ptr handled = std::current_exception();
     if (!handled) return {};
     try {
@@ -46,11 +46,13 @@ std::string_view ReasonOfFailure() {
     } catch (const platform::DatabaseBusy&) {
         return "数据库正被他人占用，请稍后重试。";
     } catch (const platform::DatabaseError& error) {
-        return ReasonOf(error.NativeCode());
+        return std::string(ReasonOf(error.NativeCode()));
+    } catch (const ToldFailure& failure) {
+        return failure.what();
     } catch (const platform::MalformedStatement&) {
         return "内容中可能有单引号（'）等不能用的字符。";
     } catch (const platform::MoneyOverflow&) {
-        return kTooLarge;
+        return std::string(kTooLarge);
     } catch (...) {
         return {};
     }

@@ -3,6 +3,7 @@
 #include "data/login_context.h"
 #include "data/setting_date.h"
 #include "data/text_conversion.h"
+#include "entries/failure_reason.h"
 
 namespace kelvane::entries {
 
@@ -35,6 +36,15 @@ void AppendKeyCondition(StatementText& statement, const std::string& field, std:
         statement << ",'') = '";
         statement.Inside(key) << "'";
     }
+}
+
+// Without names for its key fields the class's keywords cannot be asked for.
+std::string TooManyKeyFields() {
+    std::string names;
+    for (const std::string& name : data::gSurplusKeyFields) {
+        names += (names.empty() ? "" : "、") + name;
+    }
+    return "项目大类的关键字字段多于两个（" + names + "），不能按关键字检查。";
 }
 
 }  // namespace
@@ -85,6 +95,9 @@ StatementText SettlementQuery(const std::string& itemCode, const std::string& ke
 
 bool IsSettled(const StatementText& settlementQuery) {
     try {
+        if (settlementQuery.IsMalformed() && !data::gSurplusKeyFields.empty()) {
+            throw ToldFailure(TooManyKeyFields());
+        }
         const auto records = gEnv->DataAccess().Query(settlementQuery);
         if (records->EndOfFile()) return false;
         if (records->Field("iclose").ToInteger() == 0) return false;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/database/data_fixture.h"
 
 namespace kelvane::data {
@@ -102,7 +104,12 @@ TEST_F(LoginContext, WithNoneOrThreeKeyFieldsOnlyTheCountIsKept) {
     EXPECT_EQ(gItemKeyCount, 3);
     EXPECT_EQ(gItemKeyField1, "");
     EXPECT_EQ(gItemKeyField2, "");
+    std::sort(gSurplusKeyFields.begin(), gSurplusKeyFields.end());
+    EXPECT_EQ(gSurplusKeyFields, (Lines{"cContract", "cPart", "cSection"}));
     EXPECT_EQ(mDiagnostics.places, Lines{});
+    Run("delete from fitemstructure where cfield_name='cPart'");
+    LoadItemKeyFields();
+    EXPECT_EQ(gSurplusKeyFields, Lines{});
 }
 
 TEST_F(LoginContext, AKeyFieldWithoutATypeEndsTheLoading) {

@@ -21,6 +21,7 @@ inline void ResetLoginContext() {
     gNumPointsFailed = false;
     gItemKeyCount = gItemKeyType1 = gItemKeyType2 = 0;
     gItemKeyField1 = gItemKeyField2 = "";
+    gSurplusKeyFields.clear();
     gPmStartDate = {1899, 12, 30};
     gPmStartYear = 0;
     gToolbarStyle = 0;

@@ -38,8 +38,9 @@ struct ColumnLayout {
     bool list;
 };
 
-// Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class.
-// Dates and amounts have no greatest length: cut short, they would be others.
+// Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class. More than
+// two keyword fields leave no header for the first one, but its width. Dates and amounts have no
+// greatest length: cut short, they would be others.
 constexpr std::array kColumns{
     ColumnLayout{0, "", 0, Alignment::Left, {}, false, false},
     ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 0}, false, false},
@@ -168,9 +169,9 @@ void frmPeriodItem::LayOutGrid() {
     }
     grid.SetText(0, kItemNameColumn, mItemNameCaption);
     const int keywords = data::gItemKeyCount;
+    if (keywords > 0) grid.SetColumnWidth(kKey1Column, kKeywordWidth);
     if (keywords == 1 || keywords == 2) {
         grid.SetText(0, kKey1Column, data::gItemKeyField1 + " (关键字)");
-        grid.SetColumnWidth(kKey1Column, kKeywordWidth);
     }
     if (keywords == 2) {
         grid.SetText(0, kKey2Column, data::gItemKeyField2 + " (关键字)");

@@ -200,6 +200,12 @@ TEST_F(EntryLayoutTest, AnotherItemClassChangesTheKeywordColumns) {
     EXPECT_EQ(List().Text(0, kKey2Column), "楼号 (关键字)");
     EXPECT_EQ(List().ColumnWidth(kKey2Column), 1500);
     Form().Unload();
+    Run("insert into fitemstructure values('97','期次',3,1,1,'期次')");
+    Open();
+    EXPECT_EQ(List().ColumnWidth(kKey1Column), 1500);
+    EXPECT_EQ(List().ColumnWidth(kKey2Column), 0);
+    EXPECT_EQ(List().Text(0, kKey1Column) + List().Text(0, kKey2Column), "");
+    Form().Unload();
     Run("delete from fitemstructure where bPrimaryKey = 1");
     Open();
     for (const int col : {kKey1Column, kKey2Column}) {

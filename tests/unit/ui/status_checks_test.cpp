@@ -79,6 +79,18 @@ TEST_F(StatusChecksTest, ANumericKeywordThatIsNoNumberFailsBeforeTheDatabase) {
     EXPECT_THAT(diagnostics.places, ElementsAre("CheckItemSettled"));
 }
 
+TEST_F(StatusChecksTest, MoreThanTwoKeyFieldsAreNamed) {
+    data::gItemKeyField1.clear();
+    data::gSurplusKeyFields = {"标段", "楼号", "期次"};
+    EXPECT_FALSE(Form().CheckItemSettled("P03", "一标段", ""));
+    EXPECT_THAT(diagnostics.places, ElementsAre("CheckItemSettled"));
+    EXPECT_EQ(Form().Notice(),
+              "检查项目是否已结算时出错。项目大类的关键字字段多于两个（标段、楼号、"
+              "期次），不能按关键字检查。");
+    // Without a keyword nothing stands in the way.
+    EXPECT_TRUE(Form().CheckItemSettled("P03", "", ""));
+}
+
 TEST_F(StatusChecksTest, AnItemIsSettledByItsFlagAndItsEndDate) {
     EXPECT_FALSE(Form().CheckItemSettled("P09", "", ""));
     EXPECT_FALSE(Form().CheckItemSettled("P01", "", ""));

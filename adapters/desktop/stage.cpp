@@ -1,6 +1,6 @@
 #include "adapters/desktop/stage.h"
 
-#include <wx/filename.h>
+#include <wx/filefn.h>
 #include <wx/utils.h>
 
 #include <algorithm>
@@ -12,6 +12,7 @@
 #include "controls/grid.h"
 #include "controls/pick_window.h"
 #include "platform/key_names.h"
+#include "platform/native_path.h"
 
 namespace kelvane::desktop {
 
@@ -112,6 +113,7 @@ void Stage::ShowForm(controls::Form& form) {
             window.Sync();
             window.ShowModal();
         }
+        mPassingNotice.End();
         mLevels.pop_back();
     }
     if (mLevels.empty()) mStrokes.clear();
@@ -176,10 +178,10 @@ void Stage::ShowHelp() {
         return;
     }
     // The windows' code parts folders as its own platform does.
-    const wxFileName file(Text(mHelpFile), wxPATH_DOS);
-    if (file.FileExists() && wxLaunchDefaultApplication(file.GetFullPath())) return;
+    const std::string path = platform::NativePath(mHelpFile);
+    if (wxFileExists(Text(path)) && wxLaunchDefaultApplication(Text(path))) return;
     if (!mLevels.empty() && mLevels.back().form != nullptr) {
-        mLevels.back().form->Form().SetNotice("没有找到帮助文件：" + mHelpFile);
+        mPassingNotice.Say(mLevels.back().form->Form(), "没有找到帮助文件：" + path);
     }
 }
 

@@ -150,14 +150,25 @@ TEST(DesktopForm, WritesAPictureOfItself) {
     EXPECT_FALSE(Windows().SaveScreenshot(path.string()));
 }
 
-TEST(DesktopForm, AMissingHelpFileIsSaidInTheNoticeLine) {
+TEST(DesktopForm, AMissingHelpFileIsSaidUntilTheNextStep) {
     ListForm form;
-    Windows().SetHelpFile("/nowhere/help/项目管理.chm");
+    const std::string missing = "没有找到帮助文件：/nowhere/help/项目管理.chm";
+    const std::string before = "保存失败：账套被占用";
+    form.SetNotice(before);
+    Windows().SetHelpFile("/nowhere\\help\\项目管理.chm");
     ShowTo(form, [&](Person& person) {
         person.Keys({"F1"});
-        person.See("notice", [&] { return !form.Notice().empty(); });
+        person.See("said", [&] { return form.Notice() == missing; });
+        person.Keys({"Down"});
+        person.See("gone with a key", [&] { return form.Notice() == before; });
+        person.Keys({"F1"});
+        person.See("said again", [&] { return form.Notice() == missing; });
+        person.Click(form.Caption(), 300, 300);
+        person.See("gone with a click", [&] { return form.Notice() == before; });
+        person.Keys({"F1"});
+        person.See("said", [&] { return form.Notice() == missing; });
     });
-    EXPECT_EQ(form.Notice(), "没有找到帮助文件：/nowhere/help/项目管理.chm");
+    EXPECT_EQ(form.Notice(), before);
 }
 
 TEST(DesktopForm, TheScreenIsMeasuredInTwips) {

@@ -51,13 +51,14 @@ bool SetUpPrint(platform::PrintControl& print, const PrintSheet& sheet) {
     return false;
 }
 
-void ExportGrid(platform::PrintControl& print, const controls::Grid& grid) {
+bool ExportGrid(platform::PrintControl& print, const controls::Grid& grid) {
     const int result = print.WriteToFile(grid.DataText(), grid.FormatText());
     if (result == 0) {
         data::ShowInformation("成功输出到文件。", "输出成功信息");
     } else if (result != platform::kExportCancelled) {
         data::ShowInformation("输出到文件失败！", "输出失败信息");
     }
+    return result == 0;
 }
 
 void SavePrintSettings(const std::string& text1, const std::string& text2) {

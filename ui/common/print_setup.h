@@ -27,8 +27,9 @@ struct PrintSheet {
 // there is no data row or the print control does not take the layout. Errors are thrown.
 bool SetUpPrint(platform::PrintControl& print, const PrintSheet& sheet);
 
-// Writes the grid to a file that the operator chooses and reports how that went.
-void ExportGrid(platform::PrintControl& print, const controls::Grid& grid);
+// Writes the grid to a file that the operator chooses and reports how that went; true when it was
+// written.
+bool ExportGrid(platform::PrintControl& print, const controls::Grid& grid);
 
 // Asks, and saves the print control's two settings texts as the print style file. Errors end it
 // silently and are reported as trapped.

@@ -134,6 +134,8 @@ private:
     entries::AccountMasterData mMasterData;
     // Who hears of trapped errors when this window does not.
     std::function<void(std::string_view place)> mOuterTrapListener;
+    // Whether the notice line speaks of an export that failed.
+    bool mExportFailed = false;
     // The lines' texts as they were loaded, header included.
     std::vector<std::string> mSnapshot;
     // The item picked from a list for an open cell.

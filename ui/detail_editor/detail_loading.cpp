@@ -124,6 +124,7 @@ DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {
 
 void frmQCEdit::Form_Load() {
     SetNotice("");
+    mExportFailed = false;
     mOuterTrapListener =
         std::exchange(data::gTrapListener, [this](std::string_view place) { TellFailure(place); });
     SetIconPicture(kPictureWindow);
@@ -282,6 +283,7 @@ void frmQCEdit::Trapped(std::string_view place, std::string_view detail) noexcep
 
 void frmQCEdit::TellFailure(std::string_view place) {
     if (mOuterTrapListener) mOuterTrapListener(place);
+    mExportFailed = place == "WriteToFile";
     std::string sentence = place == "Form_Load"
                                ? "读取明细时出错，明细没有显示，现在不能修改，请退出后重试。"
                                : "操作时出错，该操作没有完成，已录入的明细仍保留在表格中。";

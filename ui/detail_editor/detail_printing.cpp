@@ -1,7 +1,10 @@
 // The detail lines on paper and in files.
+#include <utility>
+
 #include "data/login_context.h"
 #include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
+#include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
 
@@ -39,7 +42,9 @@ void frmQCEdit::PrintDetails() {
 
 void frmQCEdit::ExportDetails() {
     if (Grid1.FinishEdit() == controls::GridAnswer::Refuse) return;
-    if (PreparePrint()) ExportGrid(*xmlPrt, Grid1);
+    if (!PreparePrint() || !ExportGrid(*xmlPrt, Grid1)) return;
+    if (std::exchange(mExportFailed, false)) SetNotice("");
+    GetPeriodItemForm().ExportSucceeded();
 }
 
 }  // namespace kelvane::ui

@@ -128,6 +128,9 @@ public:
     void PreviewList();
     void PrintList();
     void ExportList();
+    // An export, of the list or of detail lines, has gone well: one that failed before is
+    // forgotten.
+    void ExportSucceeded();
     void xmlPrt_SaveSettings(const std::string& text1, const std::string& text2);
 
     // The element-detail flag of a row's element, 0 when it is kept without detail lines.

@@ -1,7 +1,7 @@
 // FailureNotice: the line at the window's lower edge that names the last trapped failure of a save,
-// a load or a check, until the same kind of work succeeds again (loading again is opening the list
-// again). Routines that end a failure without a message box would otherwise leave the operator
-// guessing.
+// a load, a check or an export, until the same kind of work succeeds again (loading again is
+// opening the list again). Routines that end a failure without a message box would otherwise leave
+// the operator guessing.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace kelvane::ui {
 
-enum class Work { Check, Load, Save };
+enum class Work { Check, Load, Save, Export };
 
 class FailureNotice {
 public:

@@ -36,7 +36,11 @@ void frmPeriodItem::PrintList() {
 void frmPeriodItem::ExportList() {
     bool ok = false;
     PreparePrint(kExportMode, ok);
-    if (ok) ExportGrid(*xmlPrt, GridPeriodItem);
+    if (ok && ExportGrid(*xmlPrt, GridPeriodItem)) ExportSucceeded();
+}
+
+void frmPeriodItem::ExportSucceeded() {
+    mFailureNotice.Succeeded(Work::Export);
 }
 
 void frmPeriodItem::xmlPrt_SaveSettings(const std::string& text1, const std::string& text2) {

@@ -72,6 +72,17 @@ TEST_F(FailureNoticeTest, WithoutAnExceptionThereIsNoReason) {
     EXPECT_EQ(line, kSaveFailed);
 }
 
+TEST_F(FailureNoticeTest, AnExportThatFailedStaysUntilOneSucceeds) {
+    notice.Failed("WriteToFile");
+    notice.Succeeded(Work::Check);
+    EXPECT_EQ(line, "输出到文件时出错，文件没有写成，原有的文件没有改变。");
+    notice.Succeeded(Work::Export);
+    EXPECT_EQ(line, "");
+    notice.Failed("Print");
+    notice.Succeeded(Work::Export);
+    EXPECT_EQ(line, "打印时出错，没有打印完。");
+}
+
 TEST_F(FailureNoticeTest, StaysUntilTheSameKindOfWorkSucceeds) {
     notice.Failed("LoadEntryGrid");
     notice.Succeeded(Work::Check);

@@ -190,7 +190,7 @@ TEST_F(PrintSetupTest, TellsHowWritingWent) {
           std::pair(4000, std::vector{failed})}) {
         windows.messages.clear();
         told.exportResult = result;
-        ExportGrid(control, grid);
+        EXPECT_EQ(ExportGrid(control, grid), result == 0);
         EXPECT_EQ(MessageLines(windows), lines) << result;
         EXPECT_EQ(told.calls.back(), "write \t甲\n\t乙\n");
     }

@@ -84,9 +84,10 @@ class PrintingTest(unittest.TestCase):
 
     def test_preview_shows_the_list(self):
         page = self.said_after("print page")
-        self.assertEqual(page[0], "项目期初录入")
-        self.assertRegex(page[1], "^年度：2004$")
-        self.assertEqual(page[2].split("|")[0], "日期")
+        self.assertRegex(page[0], r"^年度：2004\|单位：[^|]+\|制表人：[^|]+$")
+        self.assertEqual(page[1], "项目期初录入")
+        self.assertRegex(page[2], r"^打印日期：\d{4}\.\d{2}\.\d{2}$")
+        self.assertEqual(page[3].split("|")[0], "日期")
         self.assertTrue(any("机场滑行道加固" in line for line in page))
         self.assertTrue(any("110,000.00" in line for line in page))
         self.assertRegex(page[-1], "^第 1 页 共 [12] 页$")

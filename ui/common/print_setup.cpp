@@ -23,14 +23,6 @@ bool CanPrint() {
     return data::gServices->createPrintControl && data::gServices->createPrintStyle;
 }
 
-std::vector<PrintItem> SignatureItems() {
-    return {
-        {"单位", data::gUnitName, "0,0", "500"},
-        {"制表人", data::gOperatorName, "700,0", "500"},
-        {"打印日期", data::gToday, "1350,0", "375"},
-    };
-}
-
 bool SetUpPrint(platform::PrintControl& print, const PrintSheet& sheet) {
     const controls::Grid& grid = sheet.grid;
     if (grid.Rows() <= 1) {

@@ -35,7 +35,4 @@ bool ExportGrid(platform::PrintControl& print, const controls::Grid& grid);
 // silently and are reported as trapped.
 void SavePrintSettings(const std::string& text1, const std::string& text2);
 
-// The values of the login context that stand at a page's lower edge.
-std::vector<platform::PrintItem> SignatureItems();
-
 }  // namespace kelvane::ui

@@ -16,8 +16,11 @@ bool frmQCEdit::BuildDetailPrintStyle(const std::string& title) {
         {"项目", lblItem.Caption(), "600,200", "500"},
         {"责任中心", lblDutyCenter.Caption(), "1200,200", "375"},
     };
-    std::vector<PrintItem> footer = SignatureItems();
-    for (PrintItem& item : footer) item.size = "375";
+    const std::vector<PrintItem> footer = {
+        {"单位", data::gUnitName, "0,0", "375"},
+        {"制表人", data::gOperatorName, "700,0", "375"},
+        {"打印日期", data::gToday, "1350,0", "375"},
+    };
     return SetUpPrint(*xmlPrt, {.grid = Grid1,
                                 .title = title,
                                 .loadedLayout = mGridLayoutText,

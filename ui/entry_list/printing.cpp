@@ -5,6 +5,20 @@
 
 namespace kelvane::ui {
 
+namespace {
+
+// Three cells above the title, the date under the last of them, right above the table.
+std::vector<platform::PrintItem> HeaderItems() {
+    return {
+        {"年度", data::gAccountYear, "0,0", "500"},
+        {"单位", data::gUnitName, "700,0", "500"},
+        {"制表人", data::gOperatorName, "1350,0", "375"},
+        {"打印日期", data::gToday, "1350,200", "375"},
+    };
+}
+
+}  // namespace
+
 void frmPeriodItem::CaptureGridLayout() {
     mGridLayoutText = GridPeriodItem.FormatText();
 }
@@ -17,8 +31,8 @@ void frmPeriodItem::PreparePrint(int /*mode*/, bool& ok) {
     ok = SetUpPrint(*xmlPrt, {.grid = GridPeriodItem,
                               .title = std::string(kTitle),
                               .loadedLayout = mGridLayoutText,
-                              .header = {{"年度", data::gAccountYear, "0,200", "700"}},
-                              .footer = SignatureItems()});
+                              .header = HeaderItems(),
+                              .footer = {}});
 }
 
 void frmPeriodItem::PreviewList() {

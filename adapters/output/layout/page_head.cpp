@@ -71,6 +71,16 @@ int AppendItems(std::vector<platform::PageText>& texts, const std::vector<SheetI
     return end;
 }
 
+int EndOf(const PageBox& box) {
+    return box.top + box.height;
+}
+
+// Whether a header item stands above the title, whose room ends at `titleEnd`, and not beside or
+// below it.
+bool StandsAbove(const platform::PageText& item, int titleEnd) {
+    return EndOf(item.box) <= titleEnd / 2;
+}
+
 }  // namespace
 
 int FittingSize(std::string_view text, Letters letters, int width, TextMeasurer& measurer) {
@@ -85,13 +95,26 @@ TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer) {
     const PageSettings& settings = sheet.settings;
     const Letters letters{settings.titleSize, true};
     const int left = std::clamp(sheet.titleEnd.left, 0, PrintableWidth(settings) - 1);
-    const PageBox band{settings.marginLeft + left, 0, PrintableWidth(settings) - left, 0};
+    std::vector<platform::PageText> items;
+    head.height = AppendItems(items, sheet.header, settings, 0, measurer);
+    int start = 0;
+    for (const platform::PageText& item : items) {
+        if (StandsAbove(item, sheet.titleEnd.top)) start = std::max(start, EndOf(item.box));
+    }
+    const PageBox band{settings.marginLeft + left, start, PrintableWidth(settings) - left, 0};
     const int end =
         AppendLines(head.texts, sheet.title, letters, band, PageAlignment::Center, measurer);
     const int free = std::max(0, sheet.titleEnd.top - end) / 2;
     for (platform::PageText& line : head.texts) line.box.top += free;
-    head.height = AppendItems(head.texts, sheet.header, settings, 0, measurer);
-    head.height = std::max({head.height, end + free, sheet.table.top});
+    // A title that needs more than its room moves what stands below it.
+    const int beyond = std::max(0, end - sheet.titleEnd.top);
+    for (platform::PageText& item : items) {
+        if (!StandsAbove(item, sheet.titleEnd.top)) item.box.top += beyond;
+    }
+    head.texts.insert(head.texts.end(), items.begin(), items.end());
+    std::stable_sort(head.texts.begin(), head.texts.end(),
+                     [](const auto& a, const auto& b) { return a.box.top < b.box.top; });
+    head.height = std::max({head.height + beyond, end + free, sheet.table.top});
     return head;
 }
 

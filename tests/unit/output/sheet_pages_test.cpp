@@ -79,6 +79,26 @@ TEST_F(SheetPagesTest, PutsTheBlocksWhereTheirPositionsSay) {
     EXPECT_EQ(Find(page, "打印日期：2004.06.30").box.top, footer);
 }
 
+TEST_F(SheetPagesTest, PutsTheTitleBetweenTheItemsAboveAndBelowIt) {
+    Sheet sheet = SampleSheet(1);
+    sheet.header = {{"年度", "2004", {0, 0}, 500}, {"打印日期", "2004.06.30", {1350, 200}, 375}};
+    sheet.footer.clear();
+    for (const int size : {198, 250, 720}) {
+        sheet.settings.titleSize = size;
+        const Page page = Lay(sheet).MakePage(1);
+        const PageText year = Find(page, "年度：2004");
+        const PageText title = Find(page, "项目期初录入");
+        EXPECT_EQ(year.box.top, 150);
+        EXPECT_GE(title.box.top, year.box.top + year.box.height);
+        const PageText date = Find(page, "打印日期：2004.06.30");
+        EXPECT_EQ(date.box.top, 150 + std::max(200, title.box.top + title.box.height - 150));
+        EXPECT_GE(page.areas.front().box.top, date.box.top + date.box.height);
+        EXPECT_TRUE(std::is_sorted(
+            page.texts.begin(), page.texts.end(),
+            [](const PageText& a, const PageText& b) { return a.box.top < b.box.top; }));
+    }
+}
+
 TEST_F(SheetPagesTest, PutsEveryRowOnOnePageInOrder) {
     Lay(SampleSheet(500));
     const auto rows = TextsWith("项目");

@@ -133,20 +133,20 @@ void PlainXlsx(const Grid& grid, const std::string& path) {
     Sync(path);
 }
 
-void ExportTo(benchmark::State& state, const std::string& ending,
+void ExportTo(benchmark::State& state, const std::string& extension,
               void (*plain)(const Grid&, const std::string&)) {
     const std::string account = AccountWith(kEntries);
-    const std::string file = FileBeside(account, "list." + ending);
+    const std::string file = FileBeside(account, "list." + extension);
     Samples samples;
     WithList(account, file, [&](ui::frmPeriodItem& form) {
         for (auto _ : state) {
             const double start = Now();
-            plain(form.GridPeriodItem, FileBeside(account, "plain." + ending));
+            plain(form.GridPeriodItem, FileBeside(account, "plain." + extension));
             const double floorSeconds = Now() - start;
             samples.Add(floorSeconds, Export(form, file));
         }
     });
-    samples.Report(state, "100,000 entries to " + ending + ", ms", kMilliseconds, kLimit);
+    samples.Report(state, "100,000 entries to " + extension + ", ms", kMilliseconds, kLimit);
 }
 
 double PagesOf(const std::string& file) {
@@ -173,22 +173,24 @@ void ExportToPdf(benchmark::State& state) {
     samples.Report(state, "10,000 entries to pdf: a page, ms", kMilliseconds, 1);
 }
 
-double MemoryOf(const std::string& ending, std::int64_t entries) {
+double MemoryOf(const std::string& extension, std::int64_t entries) {
     const std::string account = AccountWith(entries);
-    return AskChild(kExportOption, FileBeside(account, "memory." + ending) + ":" + account, 1)[0];
+    return AskChild(kExportOption, FileBeside(account, "memory." + extension) + ":" + account,
+                    1)[0];
 }
 
 // A row more takes as much memory in a long list as in a short one, whatever becomes of it.
-void MemoryOfExport(benchmark::State& state, const std::string& ending) {
+void MemoryOfExport(benchmark::State& state, const std::string& extension) {
     constexpr std::array<std::int64_t, 3> kSizes{1'000, 10'000, 100'000};
     Samples samples;
     for ([[maybe_unused]] auto _ : state) {
         std::array<double, 3> bytes{};
-        for (std::size_t at = 0; at < 3; ++at) bytes[at] = MemoryOf(ending, kSizes[at]);
+        for (std::size_t at = 0; at < 3; ++at) bytes[at] = MemoryOf(extension, kSizes[at]);
         samples.Add((bytes[1] - bytes[0]) / static_cast<double>(kSizes[1] - kSizes[0]),
                     (bytes[2] - bytes[1]) / static_cast<double>(kSizes[2] - kSizes[1]));
     }
-    samples.Report(state, ending + ": a row of 10,000, and of 100,000, bytes", 1, kLimitOfGrowth);
+    samples.Report(state, extension + ": a row of 10,000, and of 100,000, bytes", 1,
+                   kLimitOfGrowth);
 }
 
 BENCHMARK_CAPTURE(ExportTo, xlsx, std::string("xlsx"), PlainXlsx)->Iterations(9);

@@ -13,11 +13,11 @@ namespace kelvane::bench {
 
 namespace {
 
-constexpr double kMostBytes = 1536;
+constexpr double kMaxBytes = 1536;
 
 // Places of the numbers that a child answers with.
 constexpr std::size_t kShown = 0;
-constexpr std::size_t kMost = 1;
+constexpr std::size_t kPeak = 1;
 
 // `of`: which of a child's numbers.
 void Report(benchmark::State& state, const std::string& metric, std::size_t of) {
@@ -26,7 +26,7 @@ void Report(benchmark::State& state, const std::string& metric, std::size_t of) 
     for (auto _ : state) {
         const double empty = AskChild(kMemoryOption, AccountWith(0), 2)[of];
         const double full = AskChild(kMemoryOption, AccountWith(entries), 2)[of];
-        samples.Add(kMostBytes, (full - empty) / static_cast<double>(entries));
+        samples.Add(kMaxBytes, (full - empty) / static_cast<double>(entries));
     }
     samples.Report(state, metric, 1, 1);
 }
@@ -36,7 +36,7 @@ void MemoryShown(benchmark::State& state) {
 }
 
 void MemoryMost(benchmark::State& state) {
-    Report(state, "memory of a row at most, bytes", kMost);
+    Report(state, "memory of a row at most, bytes", kPeak);
 }
 
 BENCHMARK(MemoryShown)->Arg(100'000)->Iterations(3);

@@ -129,7 +129,7 @@ constexpr std::array kRules{
 };
 
 // Statements of one rule at most.
-constexpr std::size_t kMostParts = 4;
+constexpr std::size_t kMaxParts = 4;
 
 using Values = std::vector<std::string>;
 
@@ -199,7 +199,7 @@ void AddPlain(std::vector<PlainStatement>& statements, std::string_view noted) {
             const std::size_t end = plain.find('\n');
             PlainStatement& added = statements.emplace_back(Filled(plain.substr(0, end), *values));
             added.path = path;
-            added.shapeNumber = kMostParts * number + part;
+            added.shapeNumber = kMaxParts * number + part;
             if (end == std::string_view::npos) return;
             plain.remove_prefix(end + 1);
         }

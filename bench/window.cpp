@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::int64_t kEntries = 100'000;
 constexpr int kPages = 120;
-constexpr double kLongestWait = 5;  // seconds
+constexpr double kMaxWait = 5;  // seconds
 
 // Places of the numbers that a child answers with.
 constexpr std::size_t kFirstPaint = 0;
@@ -59,7 +59,7 @@ public:
         const double start = Now();
         change();
         while (mCount == before) {
-            if (Now() - start > kLongestWait) throw std::runtime_error("nothing is painted");
+            if (Now() - start > kMaxWait) throw std::runtime_error("nothing is painted");
             wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
         }
         return Now() - start;

@@ -11,7 +11,7 @@ namespace kelvane::platform {
 
 namespace {
 
-constexpr int kLargestYear = 9999;
+constexpr int kMaxYear = 9999;
 
 // Reads the fixed forms of a date and a time from the front of a text.
 class DateReader {
@@ -80,9 +80,9 @@ bool DateTime::IsValid() const {
     const std::chrono::year_month_day date{std::chrono::year(year),
                                            std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
-    return year >= 1 && year <= kLargestYear && month >= 1 && month <= 12 && day >= 1 &&
-           day <= 31 && date.ok() && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 &&
-           second >= 0 && second < 60 && millisecond >= 0 && millisecond < 1000;
+    return year >= 1 && year <= kMaxYear && month >= 1 && month <= 12 && day >= 1 && day <= 31 &&
+           date.ok() && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
+           second < 60 && millisecond >= 0 && millisecond < 1000;
 }
 
 long DateTime::DayNumber() const {

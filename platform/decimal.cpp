@@ -12,7 +12,7 @@ namespace kelvane::platform {
 namespace {
 
 // Exponents beyond it change no result: such a number overflows, or rounds to zero, everywhere.
-constexpr int kLargestExponent = 9999;
+constexpr int kMaxExponent = 9999;
 
 bool IsDigit(char character) {
     return character >= '0' && character <= '9';
@@ -75,7 +75,7 @@ struct DecimalReader {
         }
         int exponent = 0;
         for (; AtDigit(); ++position)
-            exponent = std::min(exponent * 10 + (text[position] - '0'), kLargestExponent);
+            exponent = std::min(exponent * 10 + (text[position] - '0'), kMaxExponent);
         return negative ? -exponent : exponent;
     }
 
@@ -147,13 +147,13 @@ Decimal Decimal::Rounded(int places, Rounding rule) const {
 }
 
 std::optional<std::int64_t> Decimal::Scaled(int places, Rounding rule) const {
-    constexpr std::size_t kMostDigits = 19;
+    constexpr std::size_t kMaxDigits = 19;
     Decimal whole = *this;
     whole.mScale -= places;
     whole = whole.Rounded(0, rule);
     if (whole.IsZero()) return 0;
     const auto zerosBehind = static_cast<std::size_t>(-whole.mScale);
-    if (whole.mDigits.size() + zerosBehind > kMostDigits) return std::nullopt;
+    if (whole.mDigits.size() + zerosBehind > kMaxDigits) return std::nullopt;
     const std::string text = whole.FixedText(0);
     std::int64_t result = 0;
     const auto answer = std::from_chars(text.data(), text.data() + text.size(), result);

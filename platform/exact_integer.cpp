@@ -9,7 +9,7 @@ namespace {
 constexpr int kHalfBits = 32;
 constexpr std::uint64_t kLowHalf = 0xFFFFFFFF;
 // The magnitude of the smallest 64-bit number.
-constexpr std::uint64_t kSmallest = std::uint64_t{1} << 63;
+constexpr std::uint64_t kMinMagnitude = std::uint64_t{1} << 63;
 
 constexpr std::uint64_t Magnitude(std::int64_t number) {
     const auto bits = static_cast<std::uint64_t>(number);
@@ -17,7 +17,7 @@ constexpr std::uint64_t Magnitude(std::int64_t number) {
 }
 
 std::optional<std::int64_t> Signed(std::uint64_t magnitude, bool isNegative) {
-    if (magnitude > (isNegative ? kSmallest : kSmallest - 1)) return std::nullopt;
+    if (magnitude > (isNegative ? kMinMagnitude : kMinMagnitude - 1)) return std::nullopt;
     return static_cast<std::int64_t>(isNegative ? 0 - magnitude : magnitude);
 }
 
@@ -69,7 +69,7 @@ std::optional<std::int64_t> ExactQuotient(std::int64_t a, std::int64_t b, std::i
                                           Remainder rule) {
     const std::uint64_t parts = Magnitude(divisor);
     const auto division = WideQuotient(WideProduct(Magnitude(a), Magnitude(b)), parts);
-    if (!division || division->quotient > kSmallest) return std::nullopt;
+    if (!division || division->quotient > kMinMagnitude) return std::nullopt;
     std::uint64_t quotient = division->quotient;
     if (rule == Remainder::RoundedHalfToEven) {
         const std::uint64_t missing = parts - division->remainder;

@@ -15,8 +15,8 @@
 namespace kelvane::platform {
 
 struct FileType {
-    std::string name;    // "Excel 工作簿"
-    std::string ending;  // "xlsx"
+    std::string name;       // "Excel 工作簿"
+    std::string extension;  // "xlsx"
 };
 
 struct FileQuestion {
@@ -37,8 +37,8 @@ class PrintSurroundings {
 public:
     virtual ~PrintSurroundings() = default;
 
-    // The file to write to (UTF-8), with the ending of one of the types unless the operator typed
-    // another; an existing file may be replaced. Nothing when the operator cancelled.
+    // The file to write to (UTF-8), with the extension of one of the types unless the operator
+    // typed another; an existing file may be replaced. Nothing when the operator cancelled.
     virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
 
     // Lets the operator choose a printer and prints `pages` on it. False when the operator

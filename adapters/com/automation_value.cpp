@@ -53,8 +53,8 @@ Value OfDecimal(const DECIMAL& number) {
 }
 
 Value OfUnsigned(std::uint64_t number) {
-    constexpr auto kLargest = std::numeric_limits<std::int64_t>::max();
-    if (number > static_cast<std::uint64_t>(kLargest)) return Value(std::to_string(number));
+    constexpr auto kMax = std::numeric_limits<std::int64_t>::max();
+    if (number > static_cast<std::uint64_t>(kMax)) return Value(std::to_string(number));
     return Value(static_cast<std::int64_t>(number));
 }
 

@@ -48,8 +48,8 @@ DesktopPrinting::DesktopPrinting(Stage& stage)
     : mStage(stage), mFolder(Utf8(wxStandardPaths::Get().GetDocumentsDir())) {}
 
 std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuestion& question) {
-    // The kind that is chosen in the dialog gives the name its ending.
-    std::string name = WithoutEnding(question.suggestedName, question.types);
+    // The kind that is chosen in the dialog gives the name its extension.
+    std::string name = WithoutExtension(question.suggestedName, question.types);
     std::size_t kind = 0;
     for (;;) {
         wxFileDialog dialog(mStage.TopWindow(), Text(question.title), Text(mFolder), Text(name),
@@ -62,8 +62,8 @@ std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuest
         name = Utf8(file.GetFullName());
         const std::size_t offered =
             std::exchange(kind, static_cast<std::size_t>(dialog.GetFilterIndex()));
-        std::string path = WithEnding(Utf8(dialog.GetPath()), question.types.at(offered),
-                                      question.types.at(kind), question.types);
+        std::string path = WithExtension(Utf8(dialog.GetPath()), question.types.at(offered),
+                                         question.types.at(kind), question.types);
         if (MayReplace(path, question.title)) return path;
     }
 }
@@ -73,7 +73,7 @@ int DesktopPrinting::Show(wxDialog& dialog) {
     return dialog.ShowModal();
 }
 
-// The dialog's own question would be about the name before it was given its ending.
+// The dialog's own question would be about the name before it was given its extension.
 bool DesktopPrinting::MayReplace(const std::string& path, const std::string& title) {
     const wxFileName file(Text(path));
     if (!file.Exists()) return true;

@@ -14,7 +14,7 @@ namespace kelvane::desktop {
 
 namespace {
 
-constexpr int kLargestIcon = 16;
+constexpr int kMaxIconSize = 16;
 
 void FollowFocus(wxWindow& window, controls::Control& control, ViewHost& host) {
     window.Bind(wxEVT_SET_FOCUS, [&control, &host](wxFocusEvent& event) {
@@ -176,7 +176,7 @@ void ButtonView::Paint() {
                         : mHot     ? look::kHover
                                    : wxColour(250, 250, 250)));
     dc.DrawRoundedRectangle(area, 2);
-    const int icon = std::min({kLargestIcon, area.width - 2, area.height - 2});
+    const int icon = std::min({kMaxIconSize, area.width - 2, area.height - 2});
     const wxBitmap bitmap =
         icon > 0 ? PictureFor(*mWindow, mButton.Picture(), icon, enabled) : wxBitmap();
     if (bitmap.IsOk()) {

@@ -10,7 +10,7 @@ using platform::FileType;
 
 namespace {
 
-constexpr std::size_t kLongestEnding = 4;
+constexpr std::size_t kMaxExtensionLength = 4;
 // What stands between folders: a slash, and the system's own.
 constexpr char kSeparators[] = {'/', static_cast<char>(std::filesystem::path::preferred_separator),
                                 '\0'};
@@ -35,7 +35,7 @@ std::string Upper(std::string_view text) {
 }
 
 // What stands behind the last point of the file's own name.
-std::string_view EndingOf(std::string_view path) {
+std::string_view ExtensionOf(std::string_view path) {
     const std::size_t point = path.rfind('.');
     const std::size_t folder = path.find_last_of(kSeparators);
     const bool none = point == std::string_view::npos ||
@@ -44,37 +44,38 @@ std::string_view EndingOf(std::string_view path) {
     return none ? std::string_view() : path.substr(point + 1);
 }
 
-bool IsEndingOf(std::string_view ending, const std::vector<FileType>& types) {
-    return std::any_of(types.begin(), types.end(),
-                       [&](const FileType& type) { return Lower(ending) == Lower(type.ending); });
+bool IsExtensionOf(std::string_view extension, const std::vector<FileType>& types) {
+    return std::any_of(types.begin(), types.end(), [&](const FileType& type) {
+        return Lower(extension) == Lower(type.extension);
+    });
 }
 
 }  // namespace
 
-std::string WithEnding(const std::string& path, const FileType& offered, const FileType& chosen,
-                       const std::vector<FileType>& types) {
-    const std::string_view ending = EndingOf(path);
-    if (offered.ending != chosen.ending && Lower(ending) == Lower(offered.ending)) {
-        return path.substr(0, path.size() - ending.size()) + chosen.ending;
+std::string WithExtension(const std::string& path, const FileType& offered, const FileType& chosen,
+                          const std::vector<FileType>& types) {
+    const std::string_view extension = ExtensionOf(path);
+    if (offered.extension != chosen.extension && Lower(extension) == Lower(offered.extension)) {
+        return path.substr(0, path.size() - extension.size()) + chosen.extension;
     }
-    const bool typed = !ending.empty() && ending.size() <= kLongestEnding &&
-                       std::all_of(ending.begin(), ending.end(), IsLetter);
-    if (typed || IsEndingOf(ending, types)) return path;
-    return path + "." + chosen.ending;
+    const bool typed = !extension.empty() && extension.size() <= kMaxExtensionLength &&
+                       std::all_of(extension.begin(), extension.end(), IsLetter);
+    if (typed || IsExtensionOf(extension, types)) return path;
+    return path + "." + chosen.extension;
 }
 
-std::string WithoutEnding(const std::string& name, const std::vector<FileType>& types) {
-    const std::string_view ending = EndingOf(name);
-    if (!IsEndingOf(ending, types)) return name;
-    return name.substr(0, name.size() - ending.size() - 1);
+std::string WithoutExtension(const std::string& name, const std::vector<FileType>& types) {
+    const std::string_view extension = ExtensionOf(name);
+    if (!IsExtensionOf(extension, types)) return name;
+    return name.substr(0, name.size() - extension.size() - 1);
 }
 
 std::string FilterOf(const std::vector<FileType>& types) {
     std::string filter;
     for (const FileType& type : types) {
         if (!filter.empty()) filter += "|";
-        filter += type.name + " (*." + type.ending + ")|*." + type.ending;
-        if (Upper(type.ending) != type.ending) filter += ";*." + Upper(type.ending);
+        filter += type.name + " (*." + type.extension + ")|*." + type.extension;
+        if (Upper(type.extension) != type.extension) filter += ";*." + Upper(type.extension);
     }
     return filter;
 }

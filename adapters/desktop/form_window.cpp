@@ -18,7 +18,7 @@ namespace kelvane::desktop {
 namespace {
 
 constexpr int kIconSizes[] = {16, 32, 48};
-constexpr int kMostWaits = 200;
+constexpr int kMaxWaits = 200;
 constexpr unsigned long kWaitMilliseconds = 10;
 
 long Style(const controls::Form& form) {
@@ -174,7 +174,7 @@ void FormWindow::Settle() {
     mPainted = false;
     mSurface->Refresh();
     auto* loop = wxEventLoopBase::GetActive();
-    for (int wait = 0; wait < kMostWaits && !mPainted && loop != nullptr; ++wait) {
+    for (int wait = 0; wait < kMaxWaits && !mPainted && loop != nullptr; ++wait) {
         loop->DispatchTimeout(kWaitMilliseconds);
     }
 }

@@ -14,7 +14,7 @@ namespace kelvane::desktop {
 
 namespace {
 
-constexpr int kLeastColumnTwips = 150;  // a column dragged to nothing could not be dragged back
+constexpr int kMinColumnTwips = 150;  // a column dragged to nothing could not be dragged back
 constexpr int kRowsPerWheelStep = 3;
 
 }  // namespace
@@ -117,7 +117,7 @@ void GridCanvas::ResizeTo(int pixel) {
     });
     if (band == columns.end()) return;
     mGrid.ResizeColumn(mResizedColumn,
-                       std::max(kLeastColumnTwips, ToTwips(*this, pixel - band->from)));
+                       std::max(kMinColumnTwips, ToTwips(*this, pixel - band->from)));
 }
 
 void GridCanvas::OnWheel(wxMouseEvent& event) {

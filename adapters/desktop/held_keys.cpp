@@ -9,7 +9,7 @@ namespace kelvane::desktop {
 namespace {
 
 // Milliseconds. A key silent for longer was released where no window saw it.
-constexpr long kLongestPause = 1200;
+constexpr long kMaxPause = 1200;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ bool HeldKeys::RepeatsFromElsewhere(const wxKeyEvent& event, const void* owner) 
     if (key == platform::Key::None) return false;
     const long time = event.GetTimestamp();
     Press& press = mPresses.try_emplace(key, Press{owner, time, event.GetKeyCode()}).first->second;
-    if (time - press.time > kLongestPause) press.owner = owner;
+    if (time - press.time > kMaxPause) press.owner = owner;
     press.time = time;
     return press.owner != owner;
 }

@@ -20,7 +20,7 @@ namespace {
 
 // How often the operator waits a moment for a window to be painted before he acts unseen: a window
 // behind others may never be painted.
-constexpr int kMostWaits = 200;
+constexpr int kMaxWaits = 200;
 constexpr int kWaitMilliseconds = 5;
 constexpr int kCloseAttempts = 2;
 
@@ -194,7 +194,7 @@ void Stage::OnTimer() {
     Level& top = mLevels.back();
     const bool modal = top.message != nullptr ? top.message->IsModal() : top.form->IsModal();
     const bool painted = top.message != nullptr ? top.message->IsPainted() : top.form->IsSettled();
-    if (!modal || (!painted && ++top.waits < kMostWaits)) {
+    if (!modal || (!painted && ++top.waits < kMaxWaits)) {
         Wake(kWaitMilliseconds);
         return;
     }

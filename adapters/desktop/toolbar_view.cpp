@@ -18,7 +18,7 @@ constexpr int kGap = 4;
 constexpr int kPadding = 9;
 constexpr int kSeparatorWidth = 9;
 constexpr int kEdgeMargin = 4;
-constexpr int kLeastButtonWidth = 46;
+constexpr int kMinButtonWidth = 46;
 
 // A toolbar's buttons with the pictures of their images.
 std::vector<Item> ItemsOf(const controls::Toolbar& toolbar) {
@@ -114,7 +114,7 @@ const std::vector<wxRect>& ToolbarView::Places() {
             const int caption = mWindow->GetTextExtent(Text(item.caption)).x;
             width =
                 mCaptionBelow ? std::max(caption, icon) : caption + icon + mWindow->FromDIP(kGap);
-            width = std::max(width + 2 * padding, mWindow->FromDIP(kLeastButtonWidth));
+            width = std::max(width + 2 * padding, mWindow->FromDIP(kMinButtonWidth));
         }
         mPlaces.emplace_back(x, 2, width, height - 5);
         x += width;

@@ -23,7 +23,7 @@ bool AnnouncedQueries::IsNext(const std::string& query, bool changeable) const {
 }
 
 const std::vector<std::string>& AnnouncedQueries::NextBatch() {
-    const std::size_t end = std::min(mQueries.size(), mNext + kMostTogether);
+    const std::size_t end = std::min(mQueries.size(), mNext + kMaxTogether);
     std::unordered_map<std::string_view, std::size_t> places;
     mTexts.clear();
     mAnswers.clear();

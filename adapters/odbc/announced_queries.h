@@ -43,7 +43,7 @@ public:
     std::optional<Result> Take();
 
 private:
-    static constexpr std::size_t kMostTogether = 256;
+    static constexpr std::size_t kMaxTogether = 256;
 
     std::vector<std::string> mQueries;
     bool mChangeable = false;

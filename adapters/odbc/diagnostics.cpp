@@ -9,18 +9,18 @@ namespace kelvane::odbc {
 
 namespace {
 
-constexpr std::size_t kLongestText = 2048;
-constexpr SQLSMALLINT kMostRecords = 32;
+constexpr std::size_t kMaxTextLength = 2048;
+constexpr SQLSMALLINT kMaxRecords = 32;
 // Comes behind the reason why there is no connection, which says more.
 constexpr std::string_view kNotConnected = "08001";
 
 std::optional<Diagnostic> Record(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT number) {
     SQLWCHAR state[6] = {};
-    SQLWCHAR text[kLongestText] = {};
+    SQLWCHAR text[kMaxTextLength] = {};
     SQLINTEGER native = 0;
     SQLSMALLINT length = 0;
     const SQLRETURN code = SQLGetDiagRecW(type, handle, number, state, &native, text,
-                                          static_cast<SQLSMALLINT>(kLongestText), &length);
+                                          static_cast<SQLSMALLINT>(kMaxTextLength), &length);
     if (!SQL_SUCCEEDED(code)) return std::nullopt;
     Diagnostic record;
     FromWide(state, std::char_traits<SQLWCHAR>::length(state), record.state);
@@ -52,7 +52,7 @@ std::string WithoutPrefixes(std::string_view text) {
 
 Diagnostic ReportedError(SQLSMALLINT type, SQLHANDLE handle) {
     std::optional<Diagnostic> first;
-    for (SQLSMALLINT number = 1; number <= kMostRecords; ++number) {
+    for (SQLSMALLINT number = 1; number <= kMaxRecords; ++number) {
         std::optional<Diagnostic> record = Record(type, handle, number);
         if (!record) break;
         const bool decides = FailureOf(*record).kind != FailureKind::Statement;

@@ -33,7 +33,7 @@ SQLCHAR* Narrow(const std::string& text) {
 }
 
 // A driver that repeats an error for ever shall not hold the program.
-constexpr int kMostErrors = 1000;
+constexpr int kMaxErrors = 1000;
 
 }  // namespace
 
@@ -160,7 +160,7 @@ void Link::RunAll(const std::string& text, const std::function<void()>& takeResu
         } catch (const DriverFailure& thrown) {
             if (!failure) failure.emplace(thrown);
             const bool ended = FailureOf(thrown.Reported()).kind != FailureKind::Statement;
-            if (ended || ++errors == kMostErrors || IsDead()) break;
+            if (ended || ++errors == kMaxErrors || IsDead()) break;
         }
         code = SQLMoreResults(mStatement);
     } while (code != SQL_NO_DATA);

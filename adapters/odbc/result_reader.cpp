@@ -49,8 +49,8 @@ tsql::ResultColumn Described(SQLHANDLE statement, SQLUSMALLINT number) {
 
 tsql::Type TypeOfColumn(SQLSMALLINT sqlType, SQLULEN size, SQLSMALLINT decimals) {
     // A length beyond what a column can be declared with means no limit.
-    constexpr SQLULEN kLongest = 8000;
-    const int length = size <= kLongest ? static_cast<int>(size) : 0;
+    constexpr SQLULEN kMaxLength = 8000;
+    const int length = size <= kMaxLength ? static_cast<int>(size) : 0;
     switch (sqlType) {
         case SQL_BIT:
             return {Kind::Bit, 0};

@@ -83,7 +83,7 @@ int OutputPrintControl::WriteToFile(std::string_view dataText, std::string_view 
         platform::FileQuestion question{"输出到文件", SuggestedName(), {}};
         for (const FileFormat& format : mEnvironment.formats) {
             if (format.write == nullptr) continue;
-            question.types.push_back({std::string(format.name), std::string(format.ending)});
+            question.types.push_back({std::string(format.name), std::string(format.extension)});
         }
         const auto path = mEnvironment.surroundings.ChooseFile(question);
         return path ? WriteTo(*path, dataText, formatText) : kExportCancelled;
@@ -99,7 +99,8 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
                                 std::string_view formatText) {
     const FileFormat* format = FindFormat(path, mEnvironment.formats);
     if (format == nullptr) {
-        throw FileFailure(path + ": the name must end in " + WrittenEndings(mEnvironment.formats));
+        throw FileFailure(path + ": the name must end in " +
+                          WrittenExtensions(mEnvironment.formats));
     }
     if (format->write == nullptr) return TellUnwritten(path, *format);
     Export data;
@@ -125,7 +126,7 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
 // That it failed would say less than this does.
 int OutputPrintControl::TellUnwritten(const std::string& path, const FileFormat& format) {
     mEnvironment.surroundings.Failed(path + ": on this system the name must end in " +
-                                     WrittenEndings(mEnvironment.formats));
+                                     WrittenExtensions(mEnvironment.formats));
     mEnvironment.windows.ShowMessage({.text = "本系统不能直接输出 " + std::string(format.name) +
                                               "，请用“打印”选择系统的 PDF 打印机。",
                                       .caption = "输出到文件",
@@ -144,7 +145,7 @@ std::string OutputPrintControl::SuggestedName() const {
         name.begin(), name.end(),
         [](char c) { return std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos; },
         ' ');
-    return name + "." + std::string(mEnvironment.formats.front().ending);
+    return name + "." + std::string(mEnvironment.formats.front().extension);
 }
 
 }  // namespace kelvane::output

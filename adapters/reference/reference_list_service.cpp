@@ -62,13 +62,13 @@ std::vector<std::string> Split(std::string_view list) {
 
 // The leading part of a list of widths that can be read.
 std::vector<int> ReadWidths(std::string_view list) {
-    static constexpr int kWidest = 20000;
+    static constexpr int kMaxWidth = 20000;
     std::vector<int> widths;
     for (const std::string& part : Split(list)) {
         int width = 0;
         const auto read = std::from_chars(part.data(), part.data() + part.size(), width);
         if (read.ec != std::errc() || width <= 0) break;
-        widths.push_back(std::min(width, kWidest));
+        widths.push_back(std::min(width, kMaxWidth));
     }
     return widths;
 }

@@ -10,7 +10,7 @@ namespace kelvane::reference {
 
 namespace {
 
-constexpr std::size_t kMostSpellings = 16;
+constexpr std::size_t kMaxSpellings = 16;
 constexpr char32_t kWideBlank = 0x3000;
 constexpr char32_t kWideFirst = 0xFF01;  // "!" to "~", one after the other
 constexpr char32_t kWideLast = 0xFF5E;
@@ -51,7 +51,7 @@ void AppendFolded(std::string& out, std::string_view text) {
 // Every spelling once more for each further initial, as long as there are not too many.
 void AppendInitials(std::vector<std::string>& spellings, std::string_view initials) {
     const std::size_t before = spellings.size();
-    const std::size_t ways = before * initials.size() <= kMostSpellings ? initials.size() : 1;
+    const std::size_t ways = before * initials.size() <= kMaxSpellings ? initials.size() : 1;
     for (std::size_t way = 1; way < ways; ++way) {
         for (std::size_t index = 0; index < before; ++index) {
             spellings.push_back(spellings[index] + initials[way]);

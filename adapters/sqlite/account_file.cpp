@@ -69,9 +69,9 @@ public:
     }
     // What the file must at least measure; 0 when the header does not tell.
     std::uintmax_t LeastSize() const {
-        constexpr std::uint32_t kLargestPage = 65536;
+        constexpr std::uint32_t kMaxPageSize = 65536;
         const std::uint32_t pageSize =
-            Number(kPageSizeAt, 2) == 1 ? kLargestPage : Number(kPageSizeAt, 2);
+            Number(kPageSizeAt, 2) == 1 ? kMaxPageSize : Number(kPageSizeAt, 2);
         const bool tells = Number(kChangeCounterAt) == Number(kVersionValidForAt);
         return tells ? std::uintmax_t{pageSize} * Number(kPageCountAt) : 0;
     }

@@ -18,7 +18,7 @@ odbc::OdbcSettings ServerSettings(const ServerTimeouts& timeouts) {
     settings.connectTimeout = timeouts.connect;
     settings.queryTimeout = timeouts.query;
     settings.lockTimeout = timeouts.lock * 1000;
-    for (const auto& table : AccountTables(kMostKeyFields)) {
+    for (const auto& table : AccountTables(kMaxKeyFields)) {
         if (!table.key.empty()) settings.keys.push_back({table.name, table.key});
     }
     return settings;

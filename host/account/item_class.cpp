@@ -7,7 +7,7 @@ namespace kelvane::host {
 
 namespace {
 
-constexpr std::array<ItemKeyField, kMostKeyFields> kKeyFields = {{
+constexpr std::array<ItemKeyField, kMaxKeyFields> kKeyFields = {{
     {"标段", FieldType::Text, "varchar(60)"},
     {"期次", FieldType::Integer, "int"},
 }};
@@ -15,7 +15,7 @@ constexpr std::array<ItemKeyField, kMostKeyFields> kKeyFields = {{
 }  // namespace
 
 std::span<const ItemKeyField> ItemKeyFields(int count) {
-    if (count < 0 || count > kMostKeyFields) {
+    if (count < 0 || count > kMaxKeyFields) {
         throw std::out_of_range("an item class has none, one or two key fields");
     }
     return std::span(kKeyFields).first(static_cast<std::size_t>(count));

@@ -19,7 +19,7 @@ struct ItemKeyField {
     std::string_view columnType;  // in the database's dialect
 };
 
-inline constexpr int kMostKeyFields = 2;
+inline constexpr int kMaxKeyFields = 2;
 
 // The first `count` key fields: none, one or two. Throws std::out_of_range for another count.
 std::span<const ItemKeyField> ItemKeyFields(int count);

@@ -15,8 +15,8 @@ namespace kelvane::host {
 namespace {
 
 constexpr int kWrongUsage = 2;
-constexpr int kLongestTimeout = 3600;
-constexpr std::int64_t kMostEntries = 10000000;
+constexpr int kMaxTimeout = 3600;
+constexpr std::int64_t kMaxEntries = 10000000;
 
 // The account that a command is for, as its arguments name it.
 struct AccountArgument {
@@ -48,7 +48,7 @@ void AddAccount(CLI::App& command, AccountArgument& account) {
     const auto addTimeout = [&](const char* name, int& seconds, const char* waitedFor) {
         command.add_option(name, seconds, std::string("Seconds to wait for ") + waitedFor)
             ->needs(database)
-            ->check(CLI::Range(1, kLongestTimeout))
+            ->check(CLI::Range(1, kMaxTimeout))
             ->capture_default_str();
     };
     addTimeout("--connect-timeout", account.timeouts.connect, "the server of --database");
@@ -77,11 +77,11 @@ void AddInit(CLI::App& program, int& status) {
     init->add_flag("--sample", content.sample, "With a sample construction company");
     init->add_option("--keywords", content.keyFields,
                      "Keyword fields of the project item class: 0, 1 or 2")
-        ->check(CLI::Range(0, kMostKeyFields))
+        ->check(CLI::Range(0, kMaxKeyFields))
         ->capture_default_str();
     auto* entries =
         init->add_option("--entries", content.entries, "Opening entries of the sample company")
-            ->check(CLI::Range(std::int64_t{0}, kMostEntries))
+            ->check(CLI::Range(std::int64_t{0}, kMaxEntries))
             ->capture_default_str();
     auto* seed =
         init->add_option("--seed", content.seed, "What the sample company's figures grow from")
@@ -143,7 +143,7 @@ void AddExport(CLI::App& program, int& status) {
     AddAccount(*command, *account);
     command
         ->add_option("--to", arguments->file,
-                     "The file; its ending says what it becomes: .xlsx, .csv, .pdf or .xml. An "
+                     "The file; its extension says what it becomes: .xlsx, .csv, .pdf or .xml. An "
                      "existing one is replaced")
         ->required();
     command->add_option("--details", arguments->details,

@@ -36,7 +36,7 @@ int RunOpen(const OpenArguments& arguments);
 // Reads the script from standard input and writes the transcript to standard output.
 int RunDrive(const DriveArguments& arguments);
 
-// Writes the entry list, or an entry's detail lines, to a file by its ending. What the operator
+// Writes the entry list, or an entry's detail lines, to a file by its extension. What the operator
 // would be told goes to standard error.
 int RunExport(const ExportArguments& arguments);
 

@@ -19,10 +19,10 @@ constexpr std::int64_t kZeroEntry = 10;
 constexpr std::int64_t kWrongSumEntry = 12;
 
 constexpr DateTime kFirstDate{.year = 2003, .month = 1, .day = 6};
-constexpr std::int64_t kFewestCents = 100000;
-constexpr std::int64_t kMostCents = 50000000;
+constexpr std::int64_t kMinCents = 100000;
+constexpr std::int64_t kMaxCents = 50000000;
 constexpr std::int64_t kCentsOfRoundAmounts = 100000;
-constexpr std::int64_t kMostDetails = 4;
+constexpr std::int64_t kMaxDetails = 4;
 
 Money FromCents(std::int64_t cents) {
     return Money::FromUnits(cents * 100);
@@ -76,7 +76,7 @@ SampleEntry SampleEntrySource::Next() {
         AddDetails(entry);
         return entry;
     }
-    std::int64_t cents = mRandom.Between(kFewestCents, kMostCents);
+    std::int64_t cents = mRandom.Between(kMinCents, kMaxCents);
     if (mRandom.Chance(50)) cents -= cents % kCentsOfRoundAmounts;
     entry.stored = FromCents(entry.identity == kZeroEntry ? 0 : cents);
     entry.total = entry.stored;
@@ -108,7 +108,7 @@ std::size_t SampleEntrySource::ChooseElement(DetailKind kind) {
 
 void SampleEntrySource::AddDetails(SampleEntry& entry) {
     auto usable = Usable(SampleElements()[entry.element]);
-    const auto wanted = static_cast<std::size_t>(mRandom.Between(1, kMostDetails));
+    const auto wanted = static_cast<std::size_t>(mRandom.Between(1, kMaxDetails));
     while (entry.details.size() < wanted && !usable.empty()) {
         const std::size_t chosen = mRandom.Below(usable.size());
         SampleDetail detail{usable[chosen].code, usable[chosen].cents, 0, {}};

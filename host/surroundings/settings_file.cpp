@@ -11,7 +11,7 @@ namespace kelvane::host {
 namespace {
 
 // Longer files are not settings.
-constexpr std::uintmax_t kLargestFile = 1U << 20U;
+constexpr std::uintmax_t kMaxFileSize = 1U << 20U;
 
 std::string_view Trimmed(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r";
@@ -64,7 +64,7 @@ platform::Registry::Answer SettingsFile::ReadMachineText(std::string_view key,
     try {
         std::error_code error;
         if (!std::filesystem::is_regular_file(mPath, error)) return {};
-        if (std::filesystem::file_size(mPath, error) > kLargestFile || error) return {};
+        if (std::filesystem::file_size(mPath, error) > kMaxFileSize || error) return {};
         std::ifstream lines(mPath);
         Answer answer = Find(lines, key, name);
         if (answer.outcome == Outcome::Found && answer.text.size() + 1 > bufferLength) {

@@ -10,7 +10,7 @@ namespace kelvane::host {
 
 namespace {
 
-constexpr std::size_t kLongestPath = 32768;
+constexpr std::size_t kMaxPathLength = 32768;
 
 std::filesystem::path FolderOf(const wchar_t* variable) {
     const wchar_t* named = _wgetenv(variable);
@@ -27,7 +27,7 @@ std::filesystem::path UserFolder(const char* variable, const char* /*below*/) {
 }
 
 std::filesystem::path ProgramFolder() {
-    std::wstring program(kLongestPath, L'\0');
+    std::wstring program(kMaxPathLength, L'\0');
     const DWORD length =
         GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size()));
     program.resize(length);

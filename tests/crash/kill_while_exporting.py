@@ -20,7 +20,7 @@ from collections import Counter
 from pathlib import Path
 
 OLD = b"what was there before\n"
-ENDINGS = ("xlsx", "csv", "pdf", "xml")
+EXTENSIONS = ("xlsx", "csv", "pdf", "xml")
 TIMEOUT_SECONDS = 120
 # Chance may let every kill miss the writing; so many times the kills asked for, at most.
 FURTHER_KILLS = 20
@@ -76,19 +76,19 @@ class Folder:
         subprocess.run(self.command(*arguments), check=True, capture_output=True,
                        env=self.environment, timeout=TIMEOUT_SECONDS)
 
-    def target(self, ending):
-        return self.files / f"list.{ending}"
+    def target(self, extension):
+        return self.files / f"list.{extension}"
 
     def drafts(self):
-        wanted = {self.target(ending).name for ending in ENDINGS}
+        wanted = {self.target(extension).name for extension in EXTENSIONS}
         return [path for path in self.files.iterdir() if path.name not in wanted]
 
-    def export(self, ending, kill_after=None):
+    def export(self, extension, kill_after=None):
         """Writes the list; with `kill_after`, until so many seconds after the file was begun.
         Returns how long it took from there."""
         known = set(self.drafts())
         process = subprocess.Popen(self.command("export", self.account, "--to",
-                                                self.target(ending)),
+                                                self.target(extension)),
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                    env=self.environment)
         guard = threading.Timer(TIMEOUT_SECONDS, process.kill)
@@ -102,7 +102,7 @@ class Folder:
         process.wait()
         guard.cancel()
         if kill_after is None and process.returncode != 0:
-            raise Broken(f"{ending}: exit status {process.returncode} of an undisturbed run")
+            raise Broken(f"{extension}: exit status {process.returncode} of an undisturbed run")
         return time.monotonic() - begun
 
 
@@ -122,22 +122,22 @@ def main():
         folder = Folder(str(Path(arguments.program).resolve()), Path(path), arguments.entries)
         run_times, sizes = {}, {}
         try:
-            for ending in ENDINGS:
-                run_times[ending] = folder.export(ending)
-                sizes[ending] = SIZES[ending](folder.target(ending))
-                print(f"{ending}: {sizes[ending]} in {run_times[ending]:.2f} s")
+            for extension in EXTENSIONS:
+                run_times[extension] = folder.export(extension)
+                sizes[extension] = SIZES[extension](folder.target(extension))
+                print(f"{extension}: {sizes[extension]} in {run_times[extension]:.2f} s")
             kills = 0
             while kills < arguments.kills or (
                     min(outcomes["old"], outcomes["with a draft"]) == 0
                     and kills < arguments.kills * FURTHER_KILLS):
-                ending = ENDINGS[kills % len(ENDINGS)]
+                extension = EXTENSIONS[kills % len(EXTENSIONS)]
                 kills += 1
-                target = folder.target(ending)
+                target = folder.target(extension)
                 target.write_bytes(OLD)
-                folder.export(ending, chance.uniform(0, 1.1 * run_times[ending]))
+                folder.export(extension, chance.uniform(0, 1.1 * run_times[extension]))
                 if target.read_bytes() == OLD:
                     outcomes["old"] += 1
-                elif SIZES[ending](target) == sizes[ending]:
+                elif SIZES[extension](target) == sizes[extension]:
                     outcomes["new"] += 1
                 else:
                     raise Broken(f"{target.name} is not whole")

@@ -13,28 +13,29 @@ const platform::FileType& kCsv = kTypes[1];
 
 }  // namespace
 
-TEST(DesktopPrintingFileName, ANameGetsTheEndingOfItsKind) {
-    EXPECT_EQ(desktop::WithEnding("/期初/a", kSheet, kSheet, kTypes), "/期初/a.xlsx");
-    EXPECT_EQ(desktop::WithEnding("/期初/a", kSheet, kCsv, kTypes), "/期初/a.csv");
-    EXPECT_EQ(desktop::WithEnding("/期初.d/2024.12", kSheet, kCsv, kTypes), "/期初.d/2024.12.csv");
+TEST(DesktopPrintingFileName, ANameGetsTheExtensionOfItsKind) {
+    EXPECT_EQ(desktop::WithExtension("/期初/a", kSheet, kSheet, kTypes), "/期初/a.xlsx");
+    EXPECT_EQ(desktop::WithExtension("/期初/a", kSheet, kCsv, kTypes), "/期初/a.csv");
+    EXPECT_EQ(desktop::WithExtension("/期初.d/2024.12", kSheet, kCsv, kTypes),
+              "/期初.d/2024.12.csv");
 }
 
-TEST(DesktopPrintingFileName, ATypedEndingStays) {
-    EXPECT_EQ(desktop::WithEnding("/a.CSV", kSheet, kSheet, kTypes), "/a.CSV");
-    EXPECT_EQ(desktop::WithEnding("/a.ods", kSheet, kCsv, kTypes), "/a.ods");
-    EXPECT_EQ(desktop::WithEnding("/a.xlsx", kSheet, kSheet, kTypes), "/a.xlsx");
-    EXPECT_EQ(desktop::WithEnding("/a.csv", kSheet, kCsv, kTypes), "/a.csv");
+TEST(DesktopPrintingFileName, ATypedExtensionStays) {
+    EXPECT_EQ(desktop::WithExtension("/a.CSV", kSheet, kSheet, kTypes), "/a.CSV");
+    EXPECT_EQ(desktop::WithExtension("/a.ods", kSheet, kCsv, kTypes), "/a.ods");
+    EXPECT_EQ(desktop::WithExtension("/a.xlsx", kSheet, kSheet, kTypes), "/a.xlsx");
+    EXPECT_EQ(desktop::WithExtension("/a.csv", kSheet, kCsv, kTypes), "/a.csv");
 }
 
-TEST(DesktopPrintingFileName, TheOfferedEndingGivesWayToAnotherKind) {
-    EXPECT_EQ(desktop::WithEnding("/期初.xlsx", kSheet, kCsv, kTypes), "/期初.csv");
-    EXPECT_EQ(desktop::WithEnding("/期初.CSV", kCsv, kSheet, kTypes), "/期初.xlsx");
+TEST(DesktopPrintingFileName, TheOfferedExtensionGivesWayToAnotherKind) {
+    EXPECT_EQ(desktop::WithExtension("/期初.xlsx", kSheet, kCsv, kTypes), "/期初.csv");
+    EXPECT_EQ(desktop::WithExtension("/期初.CSV", kCsv, kSheet, kTypes), "/期初.xlsx");
 }
 
-TEST(DesktopPrintingFileName, OnlyAKnownEndingIsTakenAway) {
-    EXPECT_EQ(desktop::WithoutEnding("期初 2024.12.xlsx", kTypes), "期初 2024.12");
-    EXPECT_EQ(desktop::WithoutEnding("期初 2024.12", kTypes), "期初 2024.12");
-    EXPECT_EQ(desktop::WithoutEnding(".csv", kTypes), ".csv");
+TEST(DesktopPrintingFileName, OnlyAKnownExtensionIsTakenAway) {
+    EXPECT_EQ(desktop::WithoutExtension("期初 2024.12.xlsx", kTypes), "期初 2024.12");
+    EXPECT_EQ(desktop::WithoutExtension("期初 2024.12", kTypes), "期初 2024.12");
+    EXPECT_EQ(desktop::WithoutExtension(".csv", kTypes), ".csv");
 }
 
 TEST(DesktopPrintingFileName, KindsAreShownInEitherCase) {

@@ -92,7 +92,7 @@ void PrintToFile(Person& person) {
 
 }  // namespace
 
-TEST_F(DesktopPrinting, AFileIsChosenWithTheEndingOfItsKind) {
+TEST_F(DesktopPrinting, AFileIsChosenWithTheExtensionOfItsKind) {
     EXPECT_EQ(Choose([&](Person& person) {
                   person.Keys({"ctrl+a"});
                   person.Type(PathOf("a"));

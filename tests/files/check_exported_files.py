@@ -57,8 +57,8 @@ class ExportedFiles(unittest.TestCase):
             database.execute("update PM_ItemQC set mQC = ? where iEleVid = ?",
                              (LONG_AMOUNT, plain[-1]))
             database.commit()
-        for ending in ("xlsx", "csv", "pdf", "xml"):
-            cls.kelvane("export", cls.account, "--to", cls.folder / f"list.{ending}")
+        for extension in ("xlsx", "csv", "pdf", "xml"):
+            cls.kelvane("export", cls.account, "--to", cls.folder / f"list.{extension}")
         with closing(sqlite3.connect(cls.account)) as database:
             cls.rows = [
                 [row[0][:10], *row[1:7], Decimal(row[7])]

@@ -107,7 +107,7 @@ private:
     }
 
     static tsql::TableDescription Described(const std::string& table) {
-        for (auto& known : host::AccountTables(host::kMostKeyFields)) {
+        for (auto& known : host::AccountTables(host::kMaxKeyFields)) {
             if (known.name == table && table != data::kItemKeyTable) return known;
         }
         throw std::runtime_error("no table that can be restored: " + table);

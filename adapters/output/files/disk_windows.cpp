@@ -88,10 +88,10 @@ void Disk::RemoveLeftBehind(const std::string& path) {
 }
 
 void Disk::Write(int file, std::string_view bytes) {
-    constexpr std::size_t kMost = 1U << 20U;
+    constexpr std::size_t kMaxCount = 1U << 20U;
     while (!bytes.empty()) {
         DWORD written = 0;
-        const auto count = static_cast<DWORD>(std::min(bytes.size(), kMost));
+        const auto count = static_cast<DWORD>(std::min(bytes.size(), kMaxCount));
         Need(WriteFile(HandleOf(file), bytes.data(), count, &written, nullptr) != 0);
         if (written == 0) SetLastError(ERROR_DISK_FULL);
         Need(written > 0);

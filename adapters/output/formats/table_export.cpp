@@ -2,20 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/ascii.h"
 #include "platform/native_path.h"
 
 namespace kelvane::output {
-
-namespace {
-
-// Letter case of ASCII does not count.
-bool SameEnding(std::string_view left, std::string_view right) {
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [&](char a, char b) { return small(a) == small(b); });
-}
-
-}  // namespace
 
 std::size_t Export::Rows() const {
     return static_cast<std::size_t>(std::count(dataText.begin(), dataText.end(), '\n'));
@@ -35,22 +25,22 @@ const FileFormat* FindFormat(std::string_view path, std::span<const FileFormat> 
     const std::string name = platform::Utf8Of(platform::PathOf(path).filename());
     const std::size_t point = name.find_last_of('.');
     if (point == std::string::npos) return nullptr;
-    const auto ending = std::string_view(name).substr(point + 1);
+    const auto extension = std::string_view(name).substr(point + 1);
     const auto found = std::find_if(formats.begin(), formats.end(), [&](const FileFormat& format) {
-        return SameEnding(format.ending, ending);
+        return platform::EqualIgnoringCase(format.extension, extension);
     });
     return found == formats.end() ? nullptr : &*found;
 }
 
-std::string WrittenEndings(std::span<const FileFormat> formats) {
-    std::vector<std::string> endings;
+std::string WrittenExtensions(std::span<const FileFormat> formats) {
+    std::vector<std::string> extensions;
     for (const FileFormat& format : formats) {
-        if (format.write != nullptr) endings.push_back("." + std::string(format.ending));
+        if (format.write != nullptr) extensions.push_back("." + std::string(format.extension));
     }
     std::string text;
-    for (std::size_t at = 0; at < endings.size(); ++at) {
-        if (at > 0) text += at + 1 < endings.size() ? ", " : " or ";
-        text += endings[at];
+    for (std::size_t at = 0; at < extensions.size(); ++at) {
+        if (at > 0) text += at + 1 < extensions.size() ? ", " : " or ";
+        text += extensions[at];
     }
     return text;
 }

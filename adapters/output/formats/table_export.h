@@ -43,9 +43,9 @@ void WriteXml(const Export& data, SafeFile& file);
 // Null on a system that has no library for it.
 FormatWriter PdfWriter();
 
-// One format a file's ending stands for.
+// One format a file's extension stands for.
 struct FileFormat {
-    std::string_view ending;
+    std::string_view extension;
     std::string_view name;
     FormatWriter write;  // null: known, but not written on this system
 };
@@ -53,11 +53,11 @@ struct FileFormat {
 // All formats, the usual one first.
 const std::vector<FileFormat>& FileFormats();
 
-// The format of a file (UTF-8) by its ending, whatever the case; null when there is none.
+// The format of a file (UTF-8) by its extension, whatever the case; null when there is none.
 const FileFormat* FindFormat(std::string_view path,
                              std::span<const FileFormat> formats = FileFormats());
 
 // What a file's name may end in: ".xlsx, .csv or .xml".
-std::string WrittenEndings(std::span<const FileFormat> formats);
+std::string WrittenExtensions(std::span<const FileFormat> formats);
 
 }  // namespace kelvane::output

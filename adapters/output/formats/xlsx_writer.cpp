@@ -20,7 +20,7 @@ using platform::ColumnAlignment;
 
 namespace {
 
-constexpr std::size_t kMostRows = LXW_ROW_MAX - 1;
+constexpr std::size_t kMaxRows = LXW_ROW_MAX - 1;
 // Longer lists are written row by row and not kept in memory.
 constexpr std::size_t kLongList = 5'000;
 // A spreadsheet's numbers have no more exact digits; a longer amount stays a text.
@@ -41,8 +41,8 @@ constexpr std::array kPaperNumbers{
 // Widths count digits of the usual font, which are 7 pixels wide, without 5 pixels of padding.
 double WidthOfTwips(int twips) {
     constexpr double kTwipsPerPixel = 15;
-    constexpr double kWidest = 255;
-    return std::clamp((twips / kTwipsPerPixel - 5) / 7, 0.5, kWidest);
+    constexpr double kMaxWidth = 255;
+    return std::clamp((twips / kTwipsPerPixel - 5) / 7, 0.5, kMaxWidth);
 }
 
 // What a sheet may be called.
@@ -178,7 +178,7 @@ void XlsxFile::WriteCell(lxw_row_t row, std::size_t place, std::string_view cell
 }
 
 void XlsxFile::Write() {
-    if (mData.Rows() > kMostRows) mFile.Fail("a spreadsheet has no room for so many rows");
+    if (mData.Rows() > kMaxRows) mFile.Fail("a spreadsheet has no room for so many rows");
     WriteHeader();
     SetUpPrinting();
     WorkMeter meter = mData.Meter(mData.Rows());

@@ -6,8 +6,8 @@ namespace kelvane::output {
 
 namespace {
 
-constexpr int kLeastWidth = 500;
-constexpr int kLeastHeight = 700;
+constexpr int kMinWidth = 500;
+constexpr int kMinHeight = 700;
 
 const Paper* FindPaper(std::string_view name) {
     const auto* found = std::find_if(kPapers.begin(), kPapers.end(),
@@ -41,11 +41,11 @@ int PrintableHeight(const PageSettings& settings) {
 }
 
 bool IsMargin(int tenths) {
-    return tenths >= 0 && tenths <= kLargestMargin;
+    return tenths >= 0 && tenths <= kMaxMargin;
 }
 
 bool IsLetterSize(int tenths) {
-    return tenths >= kSmallestLetters && tenths <= kLargestLetters;
+    return tenths >= kMinLetters && tenths <= kMaxLetters;
 }
 
 bool IsUsable(const PageSettings& settings) {
@@ -54,8 +54,8 @@ bool IsUsable(const PageSettings& settings) {
                          IsMargin(settings.marginRight) && IsMargin(settings.marginBottom);
     const bool letters = IsLetterSize(settings.titleSize) && IsLetterSize(settings.headSize) &&
                          IsLetterSize(settings.bodySize);
-    return margins && letters && PrintableWidth(settings) >= kLeastWidth &&
-           PrintableHeight(settings) >= kLeastHeight;
+    return margins && letters && PrintableWidth(settings) >= kMinWidth &&
+           PrintableHeight(settings) >= kMinHeight;
 }
 
 }  // namespace kelvane::output

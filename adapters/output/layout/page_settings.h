@@ -19,9 +19,9 @@ inline constexpr std::array kPapers{
     Paper{"B5", 1760, 2500}, Paper{"Letter", 2159, 2794},
 };
 
-inline constexpr int kLargestMargin = 1000;
-inline constexpr int kSmallestLetters = 50;
-inline constexpr int kLargestLetters = 720;
+inline constexpr int kMaxMargin = 1000;
+inline constexpr int kMinLetters = 50;
+inline constexpr int kMaxLetters = 720;
 
 struct PageSettings {
     std::string paper = "A4";

@@ -30,11 +30,11 @@ std::string TextOfTenths(int tenths) {
 }
 
 std::optional<int> TenthsOfText(const std::string& text) {
-    constexpr std::size_t kLongest = 6;
+    constexpr std::size_t kMaxDigits = 6;
     const std::size_t point = std::min(text.find('.'), text.size());
     std::string digits = text.substr(0, point);
     const std::string fraction = point < text.size() ? text.substr(point + 1) : "0";
-    if (digits.empty() || fraction.size() != 1 || digits.size() > kLongest) return std::nullopt;
+    if (digits.empty() || fraction.size() != 1 || digits.size() > kMaxDigits) return std::nullopt;
     digits += fraction;
     if (digits.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
     int tenths = 0;

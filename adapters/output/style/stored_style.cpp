@@ -16,9 +16,9 @@ namespace kelvane::output {
 namespace {
 
 // Longer files are no style.
-constexpr std::uintmax_t kLargestFile = 1U << 20U;
-constexpr int kLongest = 10'000;
-constexpr int kWidestColumn = 100'000;
+constexpr std::uintmax_t kMaxFileSize = 1U << 20U;
+constexpr int kMaxLength = 10'000;
+constexpr int kMaxColumnWidth = 100'000;
 
 constexpr const char* kRoot = "格式";
 constexpr const char* kSettings = "页面设置";
@@ -103,7 +103,7 @@ void TakeItem(const XmlElement& element, std::map<std::string, ItemPlace>& items
 void TakeColumns(const XmlElement& element, StoredStyle& style) {
     StoredColumns columns;
     for (const XmlElement& child : element.children) {
-        const auto width = ReadNumber(TextOf(child, kWidth), kWidestColumn);
+        const auto width = ReadNumber(TextOf(child, kWidth), kMaxColumnWidth);
         if (child.name != kColumn || !width) return;
         columns.push_back({TextOf(child, kName), *width});
     }
@@ -126,7 +126,7 @@ std::string ReadFile(const std::string& name) {
     const std::filesystem::path path = platform::PathOf(name);
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return {};
-    if (std::filesystem::file_size(path, error) > kLargestFile || error) return {};
+    if (std::filesystem::file_size(path, error) > kMaxFileSize || error) return {};
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -158,7 +158,7 @@ std::string PlaceElement(const char* name, const std::optional<Position>& positi
 }  // namespace
 
 std::optional<int> ReadLength(std::string_view text) {
-    return ReadNumber(text, kLongest);
+    return ReadNumber(text, kMaxLength);
 }
 
 std::optional<Position> ReadPosition(std::string_view text) {

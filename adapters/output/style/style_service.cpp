@@ -26,7 +26,7 @@ int WidthOf(const std::vector<platform::ColumnText>& columns) {
 }
 
 // The paper is turned when the table would have to be made smaller than this share of its width.
-constexpr int kLeastPercent = 75;
+constexpr int kMinPercent = 75;
 
 std::map<std::string, ItemPlace> PlacesOf(const std::vector<SheetItem>& items,
                                           std::map<std::string, ItemPlace> stored) {
@@ -95,7 +95,7 @@ void StyleService::SetRows(int count, std::function<std::string(int)> cells) {
 
 PageSettings StyleService::FreshSettings() const {
     PageSettings settings = mSheet.settings;
-    settings.landscape = PrintableWidth(settings) * 100 < WidthOf(mSheet.columns) * kLeastPercent;
+    settings.landscape = PrintableWidth(settings) * 100 < WidthOf(mSheet.columns) * kMinPercent;
     return settings;
 }
 

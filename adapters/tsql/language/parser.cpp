@@ -255,7 +255,7 @@ bool TakeKnown(TokenReader& reader, const std::vector<KnownStatement>& known,
 }  // namespace
 
 std::vector<Statement> ParseBatch(TokenReader& reader) {
-    constexpr std::size_t kMostKnown = 16;
+    constexpr std::size_t kMaxKnown = 16;
     std::vector<Statement> statements;
     std::vector<KnownStatement> known;
     while (reader.TakeSymbol(";")) {
@@ -266,7 +266,7 @@ std::vector<Statement> ParseBatch(TokenReader& reader) {
         const std::size_t start = reader.Place();
         const std::size_t fixedLiterals = reader.FixedLiterals().size();
         statements.push_back(ParseStatement(reader));
-        if (known.size() < kMostKnown && fixedLiterals == reader.FixedLiterals().size()) {
+        if (known.size() < kMaxKnown && fixedLiterals == reader.FixedLiterals().size()) {
             known.push_back({{start, reader.Place() - start}, statements.size() - 1});
         }
         while (reader.TakeSymbol(";")) {

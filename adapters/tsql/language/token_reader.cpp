@@ -12,7 +12,7 @@ namespace kelvane::tsql {
 namespace {
 
 constexpr int kDeepest = 100;
-constexpr int kMostLinks = 500;
+constexpr int kMaxLinks = 500;
 
 // Words that are never a name unless they are quoted.
 constexpr std::string_view kReserved[] = {
@@ -150,7 +150,7 @@ void TokenReader::Refuse() const {
 }
 
 void TokenReader::CountLink() {
-    if (++mLinks > kMostLinks) throw NestedTooDeeply();
+    if (++mLinks > kMaxLinks) throw NestedTooDeeply();
 }
 
 TokenReader::Depth::Depth(TokenReader& reader) : mReader(reader) {

@@ -23,13 +23,14 @@ bool Contains(const std::string& text, const std::string& part) {
 }
 
 TEST_F(CommandLineTest, HelpAndVersionAreNoErrors) {
-    for (const char* arguments :
-         {"--help", "init --help", "open --help", "drive --help", "-h", "init -h"}) {
+    for (const char* arguments : {"--help", "init --help", "open --help", "drive --help",
+                                  "export --help", "-h", "init -h"}) {
         const auto result = RunProgram(arguments);
         EXPECT_EQ(result.status, 0) << arguments;
         EXPECT_TRUE(Contains(result.output, "Usage: kelvane")) << result.output;
         EXPECT_EQ(result.errors, "") << arguments;
     }
+    EXPECT_TRUE(Contains(RunProgram("export --help").output, "its extension says what it becomes"));
     EXPECT_EQ(RunProgram("--version").output, "kelvane " KELVANE_VERSION "\n");
 }
 

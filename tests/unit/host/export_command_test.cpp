@@ -53,7 +53,7 @@ std::size_t LinesOf(const std::string& text) {
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
-TEST_F(ExportCommandTest, WritesTheListByTheFilesEnding) {
+TEST_F(ExportCommandTest, WritesTheListByTheFilesExtension) {
     for (const auto& [name, begins] :
          {std::pair{"list.csv", "\xEF\xBB\xBF日期,责任中心,项目编号,"},
           std::pair{"list.xlsx", "PK"}, std::pair{"list.pdf", "%PDF-"},
@@ -84,7 +84,7 @@ TEST_F(ExportCommandTest, ReplacesAnExistingFile) {
     EXPECT_EQ(FileCount(), 1U);
 }
 
-TEST_F(ExportCommandTest, RefusesAnEndingThatItDoesNotKnow) {
+TEST_F(ExportCommandTest, RefusesAnExtensionThatItDoesNotKnow) {
     for (const char* name : {"list.txt", "list"}) {
         ExpectRefused(Export(name), kNotWritten + ("kelvane: " + PathOf(name)) +
                                         ": the name must end in .xlsx, .csv, .pdf or .xml\n");

@@ -111,14 +111,15 @@ TEST_F(PrintControlTest, RefusesWhatCannotBeLaidOut) {
 
 TEST_F(PrintControlTest, AFormatThatThisSystemDoesNotWriteIsNotOfferedAndSaidWhenItIsAskedFor) {
     for (output::FileFormat& format : mFormats) {
-        if (format.ending == "pdf") format.write = nullptr;
+        if (format.extension == "pdf") format.write = nullptr;
     }
     OutputPrintControl& control = Accepted();
     WriteText(mFolder / "list.pdf", "old");
     EXPECT_EQ(WriteTo(control, "list.pdf"), platform::kExportCancelled);
-    std::vector<std::string> endings;
-    for (const auto& type : mSurroundings.questions.front().types) endings.push_back(type.ending);
-    EXPECT_THAT(endings, ElementsAre("xlsx", "csv", "xml"));
+    std::vector<std::string> extensions;
+    for (const auto& type : mSurroundings.questions.front().types)
+        extensions.push_back(type.extension);
+    EXPECT_THAT(extensions, ElementsAre("xlsx", "csv", "xml"));
     EXPECT_THAT(MessageLines(mWindows),
                 ElementsAre("[输出到文件|exclamation] 本系统不能直接输出 PDF "
                             "文档，请用“打印”选择系统的 PDF 打印机。"));
@@ -152,13 +153,13 @@ TEST_F(PrintControlTest, AsksForAFileByItsTitleAndItsKinds) {
     const auto& question = mSurroundings.questions.front();
     EXPECT_EQ(question.title, "输出到文件");
     EXPECT_EQ(question.suggestedName, "项目期初录入.xlsx");
-    std::vector<std::string> endings;
-    for (const auto& type : question.types) endings.push_back(type.ending);
-    EXPECT_THAT(endings, ElementsAre("xlsx", "csv", "pdf", "xml"));
+    std::vector<std::string> extensions;
+    for (const auto& type : question.types) extensions.push_back(type.extension);
+    EXPECT_THAT(extensions, ElementsAre("xlsx", "csv", "pdf", "xml"));
     EXPECT_THAT(mFailedPlaces, IsEmpty());
 }
 
-TEST_F(PrintControlTest, WritesEveryKindByItsEnding) {
+TEST_F(PrintControlTest, WritesEveryKindByItsExtension) {
     Accepted();
     for (const auto& [name, begins] :
          {std::pair{"a.xlsx", "PK"}, std::pair{"a.csv", "\xEF\xBB\xBF日期,"},
@@ -174,7 +175,7 @@ TEST_F(PrintControlTest, WritesPagesOfAGridThatCameWithoutAStyle) {
     EXPECT_TRUE(ReadText(mFolder / "a.pdf").starts_with("%PDF-"));
 }
 
-TEST_F(PrintControlTest, FailsForAnUnknownEnding) {
+TEST_F(PrintControlTest, FailsForAnUnknownExtension) {
     Accepted();
     for (const char* name : {"a.txt", "a", "a.", "xlsx", "a.xlsx.bak", ".d/a"}) {
         const int result = WriteTo(*mControl, name);

@@ -9,8 +9,8 @@
 namespace kelvane::platform {
 namespace {
 
-constexpr Money kLargest = Money::FromUnits(std::numeric_limits<std::int64_t>::max());
-constexpr Money kSmallest = Money::FromUnits(std::numeric_limits<std::int64_t>::min());
+constexpr Money kMax = Money::FromUnits(std::numeric_limits<std::int64_t>::max());
+constexpr Money kMin = Money::FromUnits(std::numeric_limits<std::int64_t>::min());
 constexpr Money kTick = Money::FromUnits(1);
 
 TEST(MoneyText, ReadsDisplayAndDatabaseTexts) {
@@ -35,8 +35,8 @@ TEST(MoneyText, RefusesOtherTexts) {
 }
 
 TEST(MoneyText, HoldsTheWholeRangeAndNotMore) {
-    EXPECT_EQ(Money::FromText("922337203685477.5807"), kLargest);
-    EXPECT_EQ(Money::FromText("-922337203685477.5808"), kSmallest);
+    EXPECT_EQ(Money::FromText("922337203685477.5807"), kMax);
+    EXPECT_EQ(Money::FromText("-922337203685477.5808"), kMin);
     EXPECT_THROW(Money::FromText("922337203685477.5808"), MoneyOverflow);
     EXPECT_THROW(Money::FromText("922337203685477.58075"), MoneyOverflow);
     EXPECT_THROW(Money::FromText("1e15"), MoneyOverflow);
@@ -51,7 +51,7 @@ TEST(MoneyText, WritesPlainDecimals) {
     EXPECT_EQ(Money().ToText(), "0");
     EXPECT_EQ(Money::FromUnits(12345000).ToFixedText(), "1234.5000");
     EXPECT_EQ(Money().ToFixedText(), "0.0000");
-    EXPECT_EQ(kSmallest.ToText(), "-922337203685477.5808");
+    EXPECT_EQ(kMin.ToText(), "-922337203685477.5808");
 }
 
 TEST(MoneyText, ReadsBackWhatItWrites) {
@@ -78,16 +78,16 @@ TEST(MoneyArithmetic, SumsExactly) {
 }
 
 TEST(MoneyArithmetic, OverflowsInsteadOfWrapping) {
-    EXPECT_EQ(kLargest + Money(), kLargest);
-    EXPECT_THROW(kLargest + kTick, MoneyOverflow);
-    EXPECT_THROW(kSmallest - kTick, MoneyOverflow);
-    EXPECT_THROW(Money() - kSmallest, MoneyOverflow);
-    EXPECT_THROW(kLargest * Money::FromInteger(2), MoneyOverflow);
-    EXPECT_THROW(kSmallest * Money::FromInteger(-1), MoneyOverflow);
-    EXPECT_EQ(kSmallest * Money::FromInteger(1), kSmallest);
-    Money unchanged = kLargest;
+    EXPECT_EQ(kMax + Money(), kMax);
+    EXPECT_THROW(kMax + kTick, MoneyOverflow);
+    EXPECT_THROW(kMin - kTick, MoneyOverflow);
+    EXPECT_THROW(Money() - kMin, MoneyOverflow);
+    EXPECT_THROW(kMax * Money::FromInteger(2), MoneyOverflow);
+    EXPECT_THROW(kMin * Money::FromInteger(-1), MoneyOverflow);
+    EXPECT_EQ(kMin * Money::FromInteger(1), kMin);
+    Money unchanged = kMax;
     EXPECT_THROW(unchanged += kTick, MoneyOverflow);
-    EXPECT_EQ(unchanged, kLargest);
+    EXPECT_EQ(unchanged, kMax);
 }
 
 TEST(MoneyArithmetic, MultipliesHalfToEven) {

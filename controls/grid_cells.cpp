@@ -176,12 +176,12 @@ void Grid::SetCellColor(int row, int col, Color color) {
 }
 
 int Grid::AddColorStep(int from, int col, Color color) {
-    constexpr std::size_t kMostSteps = 32;
+    constexpr std::size_t kMaxSteps = 32;
     ColorSet colors = mColorSets[static_cast<std::size_t>(from)];
     if (colors.size() < mColumns.size()) colors.resize(mColumns.size(), kOwnColor);
     colors[static_cast<std::size_t>(col)] = color;
     const int set = InternColors(std::move(colors));
-    if (mColorSteps.size() < kMostSteps) mColorSteps.push_back({from, col, color, set});
+    if (mColorSteps.size() < kMaxSteps) mColorSteps.push_back({from, col, color, set});
     return set;
 }
 

@@ -36,8 +36,7 @@ void PageView::SetPage(int page) {
 }
 
 void PageView::SetZoom(int percent) {
-    const int zoom =
-        percent == kWholePage ? percent : std::clamp(percent, kSmallestZoom, kLargestZoom);
+    const int zoom = percent == kWholePage ? percent : std::clamp(percent, kMinZoom, kMaxZoom);
     if (zoom == mZoom) return;
     Assign(mZoom, zoom);
     if (Change) Change();
@@ -51,7 +50,7 @@ int PageView::ShownZoom() const {
     };
     const int fit =
         std::min(fitting(Width(), mSource->PageWidth()), fitting(Height(), mSource->PageHeight()));
-    return std::clamp(fit, 1, kLargestZoom);
+    return std::clamp(fit, 1, kMaxZoom);
 }
 
 int PageView::ShownWidth() const {

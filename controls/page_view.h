@@ -17,8 +17,8 @@ class PageView : public Control, public KeyTarget {
 public:
     using Control::Control;
 
-    static constexpr int kSmallestZoom = 25;
-    static constexpr int kLargestZoom = 400;
+    static constexpr int kMinZoom = 25;
+    static constexpr int kMaxZoom = 400;
     // The zoom that shows the whole page, whatever the view's size.
     static constexpr int kWholePage = 0;
     // What is left free around a page, in twips.

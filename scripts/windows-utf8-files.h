@@ -16,13 +16,13 @@ __declspec(dllimport) int __stdcall MultiByteToWideChar(unsigned int page, unsig
                                                         const char* text, int length, wchar_t* wide,
                                                         int room);
 
-enum { kLongestWidePath = 32768 };
+enum { kMaxWidePath = 32768 };
 
 /* To be freed; null when `text` is no UTF-8. */
 static inline wchar_t* WideTextOf(const char* text) {
     const unsigned int utf8 = 65001;
-    wchar_t* wide = (wchar_t*)malloc(kLongestWidePath * sizeof(wchar_t));
-    if (wide != NULL && MultiByteToWideChar(utf8, 8, text, -1, wide, kLongestWidePath) == 0) {
+    wchar_t* wide = (wchar_t*)malloc(kMaxWidePath * sizeof(wchar_t));
+    if (wide != NULL && MultiByteToWideChar(utf8, 8, text, -1, wide, kMaxWidePath) == 0) {
         free(wide);
         wide = NULL;
     }

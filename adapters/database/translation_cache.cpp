@@ -3,8 +3,8 @@
 namespace kelvane::database {
 
 bool IsLasting(const tsql::Translation& translation) {
-    constexpr std::size_t kMostStatements = 64;
-    return translation.statements.size() <= kMostStatements &&
+    constexpr std::size_t kMaxStatements = 64;
+    return translation.statements.size() <= kMaxStatements &&
            std::none_of(translation.statements.begin(), translation.statements.end(),
                         [](const auto& statement) { return statement.error.has_value(); });
 }

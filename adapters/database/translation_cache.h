@@ -50,7 +50,7 @@ struct TranslatedBatch {
 template <typename Batch, typename Key>
 class TranslationCache {
 public:
-    static constexpr std::size_t kMostEntries = 128;
+    static constexpr std::size_t kMaxEntries = 128;
 
     // The batch that serves `text`, if there is one.
     std::shared_ptr<Batch> Find(const tsql::LexedText& text, const Key& key) {
@@ -69,7 +69,7 @@ public:
         if (!IsLasting(*batch->translation)) return;
         mEntries.push_front({text.shape, key, std::move(batch)});
         mByShape.emplace(mEntries.front().shape, mEntries.begin());
-        if (mEntries.size() <= kMostEntries) return;
+        if (mEntries.size() <= kMaxEntries) return;
         const auto oldest = std::prev(mEntries.end());
         const auto [first, last] = mByShape.equal_range(oldest->shape);
         mByShape.erase(

@@ -18,7 +18,7 @@ using tsql::QuotedName;
 constexpr std::string_view kSavepoint = "savepoint kelvane_statement;";
 constexpr std::string_view kRelease = ";release savepoint kelvane_statement;";
 // How much text one call carries.
-constexpr std::size_t kLongestStep = 262144;
+constexpr std::size_t kMaxStep = 262144;
 
 bool IsQuery(const tsql::Translated& statement) {
     return statement.kind == tsql::Statement::Kind::Select;
@@ -83,7 +83,7 @@ void PostgresDialect::AddStatement(Plan& plan, const tsql::TranslatedStatement& 
     const bool givesRows = IsQuery(translated) && purpose.wantsRows && !hasRows;
     const bool joins = purpose.inTransaction && plan.steps.size() > firstStep &&
                        !plan.steps.back().error &&
-                       plan.steps.back().text.size() + text.size() < kLongestStep;
+                       plan.steps.back().text.size() + text.size() < kMaxStep;
     if (!joins) plan.steps.push_back({});
     RunStep& step = plan.steps.back();
     step.text += text;

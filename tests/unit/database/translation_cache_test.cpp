@@ -93,9 +93,9 @@ TEST_F(TranslationCacheTest, TheOneUsedLongestAgoMakesRoom) {
     const auto statement = [](std::size_t i) {
         return "select a as n" + std::to_string(i) + " from T";
     };
-    for (std::size_t i = 0; i < Cache::kMostEntries; ++i) Add(statement(i));
+    for (std::size_t i = 0; i < Cache::kMaxEntries; ++i) Add(statement(i));
     EXPECT_NE(Find(statement(0)), nullptr);
-    Add(statement(Cache::kMostEntries));
+    Add(statement(Cache::kMaxEntries));
     EXPECT_NE(Find(statement(0)), nullptr);
     EXPECT_EQ(Find(statement(1)), nullptr);
     EXPECT_NE(Find(statement(2)), nullptr);

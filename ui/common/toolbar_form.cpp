@@ -4,6 +4,7 @@
 #include <array>
 
 #include "data/login_context.h"
+#include "ui/common/toolbar_table.h"
 
 namespace kelvane::ui {
 
@@ -16,16 +17,16 @@ namespace {
 constexpr std::int16_t kSuiteStyle = 1;
 constexpr std::int16_t kPlainStyle = 2;
 
+// The strokes that every window with such buttons understands, also of buttons that not all have.
 struct ToolbarKey {
-    Key key;
-    bool needsCtrl;
+    ToolbarStroke stroke;
     std::string_view button;
 };
 
 constexpr std::array kToolbarKeys{
-    ToolbarKey{Key::F3, false, "Query"},  ToolbarKey{Key::F4, true, "Quit"},
-    ToolbarKey{Key::F5, false, "Addnew"}, ToolbarKey{Key::F6, false, "Save"},
-    ToolbarKey{Key::F8, false, "Modify"}, ToolbarKey{Key::P, true, "Print"},
+    ToolbarKey{{Key::F3}, "Query"},  ToolbarKey{{Key::F4, true}, "Quit"},
+    ToolbarKey{{Key::F5}, "Addnew"}, ToolbarKey{{Key::F6}, "Save"},
+    ToolbarKey{{Key::F8}, "Modify"}, ToolbarKey{{Key::P, true}, "Print"},
 };
 
 }  // namespace
@@ -77,9 +78,10 @@ void ApplyToolbarStyle(ToolbarForm& form) {
 
 void SetToolbarButtons(ToolbarForm& form, Key& key, int shift) {
     const bool ctrl = (shift & platform::kCtrl) != 0;
-    const auto mapped = std::find_if(
-        kToolbarKeys.begin(), kToolbarKeys.end(),
-        [&](const ToolbarKey& entry) { return entry.key == key && (ctrl || !entry.needsCtrl); });
+    const auto mapped =
+        std::find_if(kToolbarKeys.begin(), kToolbarKeys.end(), [&](const ToolbarKey& entry) {
+            return entry.stroke.key == key && (ctrl || !entry.stroke.needsCtrl);
+        });
     if (mapped == kToolbarKeys.end()) return;
     ToolbarButton* button = form.Toolbar1.Button(mapped->button);
     if (button == nullptr || !button->Enabled() || !button->Visible()) return;

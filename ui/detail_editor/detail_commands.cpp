@@ -1,5 +1,5 @@
-// The editor's commands: adding, deleting, saving, quitting, and what guards quitting.
-#include <algorithm>
+// The editor's toolbar and its commands: adding, deleting, saving, quitting, and what guards
+// quitting.
 #include <array>
 #include <utility>
 
@@ -7,7 +7,9 @@
 #include "data/messages.h"
 #include "data/number_format.h"
 #include "ui/common/opening_budget.h"
+#include "ui/common/print_setup.h"
 #include "ui/common/questions.h"
+#include "ui/common/toolbar_table.h"
 #include "ui/detail_editor/detail_editor.h"
 
 namespace kelvane::ui {
@@ -16,21 +18,63 @@ using controls::GridAnswer;
 using platform::Money;
 using platform::Value;
 
-void frmQCEdit::Toolbar1_ButtonClick(controls::ToolbarButton& button) {
-    struct Command {
-        std::string_view key;
-        void (frmQCEdit::*run)();
-    };
+// One toolbar command: whether it needs a printer, whether it changes lines, and what it runs. The
+// keystrokes are those of SetToolbarButtons.
+struct frmQCEdit::Command {
+    ToolbarEntry entry;
+    bool prints = false;
+    bool changesLines = false;
+    void (frmQCEdit::*run)() = nullptr;
+};
+
+std::span<const frmQCEdit::Command> frmQCEdit::Commands() {
     static constexpr std::array kCommands{
-        Command{"Preview", &frmQCEdit::PreviewDetails}, Command{"Print", &frmQCEdit::PrintDetails},
-        Command{"Output", &frmQCEdit::ExportDetails},   Command{"Addnew", &frmQCEdit::AddDetailRow},
-        Command{"Delete", &frmQCEdit::DeleteDetailRow}, Command{"Save", &frmQCEdit::SaveDetails},
-        Command{"Quit", &frmQCEdit::QuitEditor},
+        Command{.entry = {"Print", "打印", "Print", kPicturePrint},
+                .prints = true,
+                .run = &frmQCEdit::PrintDetails},
+        Command{.entry = {"Preview", "预览", "Preview", kPicturePreview},
+                .prints = true,
+                .run = &frmQCEdit::PreviewDetails},
+        Command{.entry = {"Output", "输出", "Output", kPictureOutput},
+                .prints = true,
+                .run = &frmQCEdit::ExportDetails},
+        Command{},
+        Command{.entry = {"Addnew", "增加", "Addnew", kPictureAddnew},
+                .changesLines = true,
+                .run = &frmQCEdit::AddDetailRow},
+        Command{.entry = {"Delete", "删除", "Delete", kPictureDelete},
+                .changesLines = true,
+                .run = &frmQCEdit::DeleteDetailRow},
+        Command{},
+        Command{.entry = {"Save", "保存", "Save", kPictureSave},
+                .changesLines = true,
+                .run = &frmQCEdit::SaveDetails},
+        Command{.entry = {"Quit", "退出", "Quit", kPictureQuit}, .run = &frmQCEdit::QuitEditor},
     };
-    const auto* command =
-        std::find_if(kCommands.begin(), kCommands.end(),
-                     [&](const Command& candidate) { return candidate.key == button.Key(); });
-    if (command != kCommands.end()) (this->*command->run)();
+    return kCommands;
+}
+
+void frmQCEdit::AddButtons() {
+    AddToolbarButtons(Toolbar1, Commands());
+}
+
+void frmQCEdit::SetupToolbar() {
+    ShowToolbarImages(Toolbar1, Commands());
+    for (const Command& command : Commands()) {
+        if (command.prints) Toolbar1.Button(command.entry.key)->SetEnabled(CanPrint());
+    }
+}
+
+void frmQCEdit::AllowChanges(bool allowed) {
+    for (const Command& command : Commands()) {
+        if (command.changesLines) Toolbar1.Button(command.entry.key)->SetEnabled(allowed);
+    }
+    Grid1.SetReadOnly(!allowed);
+}
+
+void frmQCEdit::Toolbar1_ButtonClick(controls::ToolbarButton& button) {
+    const Command* command = FindToolbarCommand(Commands(), button.Key());
+    if (command != nullptr) (this->*command->run)();
 }
 
 void frmQCEdit::Form_KeyDown(platform::Key& key, int shift) {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,7 +59,6 @@ public:
     std::vector<std::string> mColTempValues;
 
     // Loading (detail_loading.cpp), over gConn. Errors are thrown.
-    void SetupToolbar();
     void LoadDetailGrid();
     void AddDetailRow();
 
@@ -78,6 +78,7 @@ public:
     void Grid1_EditModeChange(bool editing);
 
     // Commands (detail_commands.cpp).
+    void SetupToolbar();
     void Toolbar1_ButtonClick(controls::ToolbarButton& button) override;
     void DeleteDetailRow();
     void SaveDetails();
@@ -102,6 +103,11 @@ protected:
     void Trapped(std::string_view place, std::string_view detail) noexcept override;
 
 private:
+    // The toolbar, in its order.
+    struct Command;
+    static std::span<const Command> Commands();
+    void AddButtons();
+
     entries::LineRules Rules();
     // Shows what was found, if anything was.
     static bool Accepts(const std::optional<entries::Finding>& finding);

@@ -1,12 +1,10 @@
 // Opening the editor: its layout, toolbar and the lines of the entry.
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "data/login_context.h"
 #include "data/number_format.h"
 #include "entries/failure_reason.h"
-#include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
 
 namespace kelvane::ui {
@@ -25,18 +23,6 @@ constexpr int kColumnWidth = 1200;
 constexpr int kCodeLength = 60;
 constexpr int kNameLength = 120;
 constexpr int kNumberLength = 15;
-
-struct ToolbarImageUse {
-    const char* key;
-    int picture;
-};
-
-constexpr std::array kToolbarImages{
-    ToolbarImageUse{"Print", kPicturePrint},   ToolbarImageUse{"Preview", kPicturePreview},
-    ToolbarImageUse{"Output", kPictureOutput}, ToolbarImageUse{"Addnew", kPictureAddnew},
-    ToolbarImageUse{"Delete", kPictureDelete}, ToolbarImageUse{"Save", kPictureSave},
-    ToolbarImageUse{"Quit", kPictureQuit},
-};
 
 void Place(controls::Label& label, const char* caption, int left, int top, int width) {
     label.SetCaption(caption);
@@ -82,15 +68,7 @@ frmQCEdit::frmQCEdit()
     SetCaption("期初余额");
     SetSize(9900, 6600);
     SetMinSize(7200, 4200);
-    Toolbar1.AddButton("Print", "打印");
-    Toolbar1.AddButton("Preview", "预览");
-    Toolbar1.AddButton("Output", "输出");
-    Toolbar1.AddSeparator();
-    Toolbar1.AddButton("Addnew", "增加");
-    Toolbar1.AddButton("Delete", "删除");
-    Toolbar1.AddSeparator();
-    Toolbar1.AddButton("Save", "保存");
-    Toolbar1.AddButton("Quit", "退出");
+    AddButtons();
     Toolbar1.SetHeight(kToolbarHeight);
     CTBCtrl1.SetHeight(kToolbarHeight);
     Picture1.SetHeight(kStripHeight);
@@ -147,27 +125,9 @@ void frmQCEdit::Form_Load() {
     AllowChanges(!bReadOnly);
 }
 
-void frmQCEdit::AllowChanges(bool allowed) {
-    for (const char* key : {"Addnew", "Delete", "Save"}) {
-        Toolbar1.Button(key)->SetEnabled(allowed);
-    }
-    Grid1.SetReadOnly(!allowed);
-}
-
 void frmQCEdit::Form_Activate() {
     ApplyToolbarStyle(*this);
     CTBCtrl1.Refresh();
-}
-
-void frmQCEdit::SetupToolbar() {
-    Toolbar1.ClearImages();
-    for (const ToolbarImageUse& use : kToolbarImages) {
-        Toolbar1.AddImage(use.key, use.picture);
-        Toolbar1.Button(use.key)->SetImage(use.key);
-    }
-    for (const char* key : {"Print", "Preview", "Output"}) {
-        Toolbar1.Button(key)->SetEnabled(CanPrint());
-    }
 }
 
 void frmQCEdit::LayOutGrid() {

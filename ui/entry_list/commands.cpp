@@ -7,6 +7,7 @@
 #include "ui/common/opening_budget.h"
 #include "ui/common/print_setup.h"
 #include "ui/common/questions.h"
+#include "ui/common/toolbar_table.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -34,38 +35,57 @@ bool MayTakeTextAway(Key key, int shift) {
 
 }  // namespace
 
-// One toolbar command: whether it is ignored while a cell is open, whether the window it needs is
-// there, and what it runs.
+// One toolbar command: whether its keystroke needs an enabled button, whether it is ignored while a
+// cell is open, whether the window it needs is there, and what it runs.
 struct frmPeriodItem::Command {
-    std::string_view key;
-    bool ignoredWhileEditing;
-    bool (*isThere)();
-    void (*run)(frmPeriodItem&);
+    ToolbarEntry entry;
+    bool strokeNeedsEnabled = false;
+    bool ignoredWhileEditing = false;
+    bool (*isThere)() = [] { return true; };
+    void (*run)(frmPeriodItem&) = nullptr;
 };
 
-const frmPeriodItem::Command* frmPeriodItem::FindCommand(std::string_view key) {
-    static constexpr auto always = [] { return true; };
+std::span<const frmPeriodItem::Command> frmPeriodItem::Commands() {
+    static constexpr bool kWithCtrl = true;
     static constexpr std::array kCommands{
-        Command{"PreView", false, CanPrint, [](frmPeriodItem& form) { form.PreviewList(); }},
-        Command{"Print", true, CanPrint, [](frmPeriodItem& form) { form.PrintList(); }},
-        Command{"DataOut", true, CanPrint, [](frmPeriodItem& form) { form.ExportList(); }},
-        Command{"Add", true, always, [](frmPeriodItem& form) { form.AddEntryRow(); }},
-        Command{"Delete", true, always,
-                [](frmPeriodItem& form) {
-                    const int row = form.GridPeriodItem.Row();
-                    // The sixth button is "Delete", by the separators' places.
-                    if (!form.Toolbar1.Buttons()[5].Enabled()) return;
-                    if (row < 1 || form.GridPeriodItem.RowData(row) == 0) return;
-                    if (form.CheckRowDeletable(row)) form.DeleteRow();
-                }},
-        Command{"Find", false, always, [](frmPeriodItem& form) { form.FindEntry(); }},
-        Command{"Help", false, always,
-                [](frmPeriodItem&) { data::gServices->windows->SendKeys("{f1}"); }},
-        Command{"Exit", true, always, [](frmPeriodItem& form) { form.Unload(); }},
+        Command{.entry = {"Print", "打印", "Print", kPicturePrint, {Key::P, kWithCtrl}},
+                .ignoredWhileEditing = true,
+                .isThere = CanPrint,
+                .run = [](frmPeriodItem& form) { form.PrintList(); }},
+        Command{.entry = {"PreView", "预览", "Preview", kPicturePreview},
+                .isThere = CanPrint,
+                .run = [](frmPeriodItem& form) { form.PreviewList(); }},
+        Command{.entry = {"DataOut", "输出", "Output", kPictureOutput},
+                .ignoredWhileEditing = true,
+                .isThere = CanPrint,
+                .run = [](frmPeriodItem& form) { form.ExportList(); }},
+        Command{},
+        Command{.entry = {"Add", "增加", "Addnew", kPictureAddnew, {Key::I, kWithCtrl}},
+                .strokeNeedsEnabled = true,
+                .ignoredWhileEditing = true,
+                .run = [](frmPeriodItem& form) { form.AddEntryRow(); }},
+        Command{.entry = {"Delete", "删除", "Delete", kPictureDelete, {Key::D, kWithCtrl}},
+                .strokeNeedsEnabled = true,
+                .ignoredWhileEditing = true,
+                .run =
+                    [](frmPeriodItem& form) {
+                        const int row = form.GridPeriodItem.Row();
+                        // The sixth button is "Delete", by the separators' places.
+                        if (!form.Toolbar1.Buttons()[5].Enabled()) return;
+                        if (row < 1 || form.GridPeriodItem.RowData(row) == 0) return;
+                        if (form.CheckRowDeletable(row)) form.DeleteRow();
+                    }},
+        Command{},
+        Command{.entry = {"Find", "定位", "Find", kPictureFind, {Key::F3}},
+                .run = [](frmPeriodItem& form) { form.FindEntry(); }},
+        Command{},
+        Command{.entry = {"Help", "帮助", "Help", kPictureHelp},
+                .run = [](frmPeriodItem&) { data::gServices->windows->SendKeys("{f1}"); }},
+        Command{.entry = {"Exit", "退出", "Quit", kPictureQuit, {Key::F4, kWithCtrl}},
+                .ignoredWhileEditing = true,
+                .run = [](frmPeriodItem& form) { form.Unload(); }},
     };
-    const auto* found = std::find_if(kCommands.begin(), kCommands.end(),
-                                     [&](const Command& command) { return command.key == key; });
-    return found == kCommands.end() ? nullptr : found;
+    return kCommands;
 }
 
 frmPeriodItem& GetPeriodItemForm() {
@@ -83,17 +103,7 @@ frmPeriodItem::frmPeriodItem()
     SetCaption(std::string(kTitle));
     SetSize(14400, 8700);
     SetMinSize(kMinWidth, kMinHeight);
-    Toolbar1.AddButton("Print", "打印");
-    Toolbar1.AddButton("PreView", "预览");
-    Toolbar1.AddButton("DataOut", "输出");
-    Toolbar1.AddSeparator();
-    Toolbar1.AddButton("Add", "增加");
-    Toolbar1.AddButton("Delete", "删除");
-    Toolbar1.AddSeparator();
-    Toolbar1.AddButton("Find", "定位");
-    Toolbar1.AddSeparator();
-    Toolbar1.AddButton("Help", "帮助");
-    Toolbar1.AddButton("Exit", "退出");
+    AddToolbarButtons(Toolbar1, Commands());
     Toolbar1.SetHeight(kToolbarHeight);
     CTBCtrl1.SetHeight(kToolbarHeight);
     Picture1.SetHeight(kTitleHeight);
@@ -114,9 +124,13 @@ frmPeriodItem::~frmPeriodItem() {
     data::gTrapListener = {};
 }
 
+void frmPeriodItem::ShowButtonImages() {
+    ShowToolbarImages(Toolbar1, Commands());
+}
+
 void frmPeriodItem::DisableMissingCommands() {
     for (ToolbarButton& button : Toolbar1.Buttons()) {
-        const Command* command = FindCommand(button.Key());
+        const Command* command = FindToolbarCommand(Commands(), button.Key());
         if (command != nullptr && !command->isThere()) button.SetEnabled(false);
     }
     const bool hasLists = static_cast<bool>(data::gServices->createReferenceList);
@@ -126,11 +140,11 @@ void frmPeriodItem::DisableMissingCommands() {
 }
 
 void frmPeriodItem::Toolbar1_ButtonClick(ToolbarButton& button) {
-    const Command* command = FindCommand(button.Key());
+    const Command* command = FindToolbarCommand(Commands(), button.Key());
     if (command != nullptr) {
         if (command->ignoredWhileEditing && GridPeriodItem.EditState() == 1) return;
         if (command->isThere()) command->run(*this);
-        if (command->key == "Exit") return;
+        if (command->entry.key == "Exit") return;
     }
     CTBCtrl1.Refresh();
 }
@@ -140,24 +154,17 @@ void frmPeriodItem::ClickButton(std::string_view key) {
 }
 
 void frmPeriodItem::Form_KeyUp(Key& key, int shift) {
-    struct HotKey {
-        Key key;
-        bool needsCtrl;
-        bool needsEnabled;
-        const char* button;
-    };
-    static constexpr std::array kHotKeys{
-        HotKey{Key::F3, false, false, "Find"}, HotKey{Key::P, true, false, "Print"},
-        HotKey{Key::I, true, true, "Add"},     HotKey{Key::D, true, true, "Delete"},
-        HotKey{Key::F4, true, false, "Exit"},
-    };
-    const auto* hotKey =
-        std::find_if(kHotKeys.begin(), kHotKeys.end(), [&](const HotKey& candidate) {
-            return candidate.key == key && (!candidate.needsCtrl || shift == kCtrl);
+    const auto commands = Commands();
+    const auto command =
+        std::find_if(commands.begin(), commands.end(), [&](const Command& candidate) {
+            const ToolbarStroke& stroke = candidate.entry.stroke;
+            return stroke.key != Key::None && stroke.key == key &&
+                   (!stroke.needsCtrl || shift == kCtrl);
         });
-    if (hotKey == kHotKeys.end()) return;
-    if (hotKey->needsEnabled && !Toolbar1.Button(hotKey->button)->Enabled()) return;
-    ClickButton(hotKey->button);
+    if (command == commands.end()) return;
+    const std::string_view button = command->entry.key;
+    if (command->strokeNeedsEnabled && !Toolbar1.Button(button)->Enabled()) return;
+    ClickButton(button);
 }
 
 void frmPeriodItem::Form_KeyDown(Key& key, int shift) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -148,7 +149,9 @@ protected:
 
 private:
     struct Command;
-    static const Command* FindCommand(std::string_view key);
+    // The toolbar, in its order.
+    static std::span<const Command> Commands();
+    void ShowButtonImages();
 
     void WireGrid();
     void LayOutGrid();

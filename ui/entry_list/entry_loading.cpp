@@ -65,23 +65,6 @@ constexpr std::array kColumns{
 };
 constexpr int kKeywordWidth = 1500;
 
-struct ToolbarImageUse {
-    const char* image;
-    int picture;
-    const char* button;
-};
-
-constexpr std::array kToolbarImages{
-    ToolbarImageUse{"Print", kPicturePrint, "Print"},
-    ToolbarImageUse{"Preview", kPicturePreview, "PreView"},
-    ToolbarImageUse{"Output", kPictureOutput, "DataOut"},
-    ToolbarImageUse{"Addnew", kPictureAddnew, "Add"},
-    ToolbarImageUse{"Delete", kPictureDelete, "Delete"},
-    ToolbarImageUse{"Find", kPictureFind, "Find"},
-    ToolbarImageUse{"Help", kPictureHelp, "Help"},
-    ToolbarImageUse{"Quit", kPictureQuit, "Exit"},
-};
-
 std::unique_ptr<RecordSet> Query(const StatementText& statement) {
     return gEnv->DataAccess().Query(statement);
 }
@@ -264,13 +247,7 @@ void frmPeriodItem::LoadEntryGrid() {
 void frmPeriodItem::SetupToolbar() {
     AllowEntry(true);
     try {
-        Toolbar1.ClearImages();
-        for (const ToolbarImageUse& use : kToolbarImages) {
-            Toolbar1.AddImage(use.image, use.picture);
-        }
-        for (const ToolbarImageUse& use : kToolbarImages) {
-            Toolbar1.Button(use.button)->SetImage(use.image);
-        }
+        ShowButtonImages();
         DisableMissingCommands();
         if (!entries::LocksOfList().empty()) AllowEntry(false);
     } catch (...) {

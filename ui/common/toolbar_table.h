@@ -1,0 +1,65 @@
+// A window's toolbar as one table: for each button its key, caption and picture, and the keystroke
+// that stands for a click. The windows' tables hold these entries beside what a click does.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "controls/toolbar.h"
+#include "platform/keys.h"
+
+namespace kelvane::ui {
+
+// A keystroke that stands for a click; none with Key::None.
+struct ToolbarStroke {
+    platform::Key key = platform::Key::None;
+    bool needsCtrl = false;
+};
+
+// A button of a toolbar; without a key it is a separator.
+struct ToolbarEntry {
+    std::string_view key;
+    std::string_view caption;
+    // Key and picture number of its image.
+    std::string_view image;
+    int picture = 0;
+    ToolbarStroke stroke = {};
+};
+
+// Adds the buttons and separators of `commands`, each of which has an `entry`, to `toolbar`.
+template <typename Commands>
+void AddToolbarButtons(controls::Toolbar& toolbar, const Commands& commands) {
+    for (const auto& command : commands) {
+        const ToolbarEntry& entry = command.entry;
+        if (entry.key.empty()) {
+            toolbar.AddSeparator();
+        } else {
+            toolbar.AddButton(std::string(entry.key), std::string(entry.caption));
+        }
+    }
+}
+
+// Loads the toolbar's images anew and gives each button its own.
+template <typename Commands>
+void ShowToolbarImages(controls::Toolbar& toolbar, const Commands& commands) {
+    toolbar.ClearImages();
+    for (const auto& command : commands) {
+        const ToolbarEntry& entry = command.entry;
+        if (!entry.key.empty()) toolbar.AddImage(std::string(entry.image), entry.picture);
+    }
+    for (const auto& command : commands) {
+        const ToolbarEntry& entry = command.entry;
+        if (!entry.key.empty()) toolbar.Button(entry.key)->SetImage(std::string(entry.image));
+    }
+}
+
+// The command of the button with that key; null when there is none.
+template <typename Commands>
+auto FindToolbarCommand(const Commands& commands, std::string_view key) -> decltype(&commands[0]) {
+    for (const auto& command : commands) {
+        if (!key.empty() && command.entry.key == key) return &command;
+    }
+    return nullptr;
+}
+
+}  // namespace kelvane::ui

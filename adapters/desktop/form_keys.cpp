@@ -57,9 +57,6 @@ bool FormKeys::Take(KeyStroke stroke) {
         mHooks.close();
         return true;
     }
-    if (stroke.key == Key::Down && stroke.shift == platform::kAlt && mHooks.openDropDown()) {
-        return true;
-    }
     const bool plain = (stroke.shift & (platform::kCtrl | platform::kAlt)) == 0;
     if (plain && (stroke.key == Key::Tab || stroke.key == Key::Escape)) {
         auto* grid = dynamic_cast<controls::Grid*>(mForm.ActiveControl());
@@ -67,6 +64,9 @@ bool FormKeys::Take(KeyStroke stroke) {
         return stroke.key == Key::Escape && PressButton(&controls::Button::IsCancel);
     }
     if (mForm.OfferKeyDown(stroke.key, stroke.shift)) return true;
+    if (stroke.key == Key::Down && stroke.shift == platform::kAlt && mHooks.openDropDown()) {
+        return true;
+    }
     View* view = mHooks.activeView();
     if (view != nullptr && view->TakeKey(stroke)) return true;
     if (DialogKey(stroke)) return true;

@@ -6,7 +6,6 @@
 
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/grid_canvas.h"
-#include "controls/button.h"
 
 namespace kelvane::desktop {
 
@@ -134,23 +133,11 @@ bool GridView::OpenDropDown() {
     const int row = mGrid.Row();
     if (row < mGrid.FixedRows()) return false;
     if (mGrid.CanPressReference()) return mGrid.PressReference();
-    if (mGrid.HasList(mGrid.Col()) && !mGrid.ReadOnly() && !mGrid.IsLocked(row, mGrid.Col())) {
-        ShowList();
-        return true;
+    if (!mGrid.HasList(mGrid.Col()) || mGrid.ReadOnly() || mGrid.IsLocked(row, mGrid.Col())) {
+        return false;
     }
-    const wxRect cell = mCanvas->Metrics().CellRect(row, mGrid.Col());
-    for (controls::Control* control : mHost.Form().Controls()) {
-        auto* button = dynamic_cast<controls::Button*>(control);
-        if (button == nullptr || !button->Visible() || !button->Enabled()) continue;
-        wxPoint offset;
-        if (&mHost.ParentOf(*button, offset) != mCanvas) continue;
-        wxRect place = ToPixels(*mCanvas, *button);
-        place.Offset(-offset.x, -offset.y);
-        if (!cell.Intersects(place)) continue;
-        button->Press();
-        return true;
-    }
-    return false;
+    ShowList();
+    return true;
 }
 
 void GridView::ShowList() {

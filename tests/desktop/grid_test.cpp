@@ -1,25 +1,11 @@
 // The grid on the screen, worked by real keys and a real mouse.
 #include <gtest/gtest.h>
 
+#include "tests/desktop/list_places.h"
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_forms.h"
 
 namespace kelvane::test {
-
-namespace {
-
-// Pixels of the sample list: the grid begins below the toolbar and the strip.
-constexpr const char* kTitle = "项目期初";
-constexpr int kGridTop = (720 + 525) / 15;
-constexpr int kHeader = 400 / 15;
-constexpr int kRow = 20;
-constexpr int kColumnMiddles[] = {0, 43, 126, 206, 330, 462, 0, 562, 662, 762};
-
-int RowY(int row) {
-    return kGridTop + kHeader + (row - 1) * kRow + kRow / 2;
-}
-
-}  // namespace
 
 TEST(DesktopGrid, ClickMakesACellCurrent) {
     ListForm form;
@@ -208,6 +194,21 @@ TEST(DesktopGrid, TheDropDownListFillsTheCell) {
     });
 }
 
+TEST(DesktopGrid, TheFormSeesTheKeyThatOpensLists) {
+    ListForm form;
+    form.guardColumn3 = true;
+    form.grid.SetColumnReference(3, true);
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, kColumnMiddles[3], RowY(1));
+        person.See("cell", [&] { return form.grid.Col() == 3; });
+        person.Keys({"alt+Down", "F3"});
+        person.See("the key after it",
+                   [&] { return form.events == std::vector<std::string>{"f3"}; });
+        person.Keys({"F2", "F2"});
+        person.See("F2 presses the button", [&] { return form.grid.Text(1, 3) == "0202"; });
+    });
+}
+
 TEST(DesktopGrid, AColumnIsDraggedWider) {
     ListForm form;
     ShowTo(form, [&](Person& person) {
@@ -263,10 +264,11 @@ TEST(DesktopGrid, AButtonOverACellTakesTheClick) {
         person.See("clicked",
                    [&] { return !form.events.empty() && form.events.back() == "detail"; });
         EXPECT_TRUE(person.Look([&] { return form.grid.Row() == 3 && form.grid.Col() == 4; }));
-        person.Keys({"alt+Down"});
-        person.See("pressed by keyboard", [&] { return form.events.size() == 3; });
+        person.Keys({"alt+Down", "F3"});
+        person.See("the keyboard opens lists, it presses no such button",
+                   [&] { return form.events.back() == "f3"; });
     });
-    EXPECT_EQ(form.events, (std::vector<std::string>{"leave 1", "detail", "detail"}));
+    EXPECT_EQ(form.events, (std::vector<std::string>{"leave 1", "detail", "f3"}));
 }
 
 TEST(DesktopGrid, ARangeOfCellsIsSelectedWithShift) {

@@ -260,6 +260,30 @@ class RealInput(unittest.TestCase):
         self.assertEqual(self.lines(), [("M03", "20.0000", 20.0, "400.0000")])
         self.close()
 
+    def test_the_key_for_lists_opens_no_items_and_no_locked_lines(self):
+        self.open()
+        self.keys("ctrl+Home", "Right", "Right", "alt+Down")
+        time.sleep(BLINK_SECONDS)
+        self.assertEqual(list(Window.shown()), [LIST])
+        self.keys("F2")
+        time.sleep(BLINK_SECONDS)
+        self.keys("F2")
+        self.wait("pick list", lambda: len(Window.shown()) == 2)
+        time.sleep(BLINK_SECONDS)
+        pick = next(title for title in Window.shown() if title != LIST)
+        self.see(pick)
+        self.keys("Down", "Return")
+        self.gone(pick)
+        self.see(LIST)
+        self.keys("Tab", "ctrl+End", "Up", "alt+Down")  # the lines of a settled item
+        time.sleep(BLINK_SECONDS)
+        self.assertEqual(list(Window.shown()), [LIST])
+        self.keys("ctrl+Return")
+        self.see(DETAILS)
+        self.keys("ctrl+F4")
+        self.leave_details()
+        self.close()
+
     def test_quitting_details_leaves_the_list_open(self):
         self.open()
         self.keys("ctrl+End", "Up", "ctrl+Return")  # the lines of a settled item

@@ -184,6 +184,7 @@ TEST_F(EntryCommandsTest, TheItemColumnTakesF2AndTheBlankAlone) {
     for (const Key key : {Key::A, Key::D0, Key::Delete, Key::Backspace, Key::Left, Key::Enter}) {
         EXPECT_TRUE(KeyDownIsTaken(key)) << static_cast<int>(key);
     }
+    EXPECT_TRUE(KeyDownIsTaken(Key::Down, platform::kAlt));
     EXPECT_FALSE(KeyDownIsTaken(Key::Space));
     EXPECT_FALSE(KeyDownIsTaken(Key::F1));
     List().SetRow(0);

@@ -22,7 +22,8 @@
 //                         grid, every cell locked) is left without RowValidate.
 //   scrolling             ViewChange.
 //   abandoning a row      AbandonRow (Escape with no cell open).
-//   removing a row        DetailReset, when it was the current one.
+//   removing a row        When it was the current one: DetailReset, ViewChange, and EnterCell once
+//                         another row is current in its place. SetRows raises no EnterCell.
 //
 // Keys: arrows, Page Up/Down, Home, End (with Ctrl: first and last row) move; Enter and Tab go to
 // the next cell that can be typed into, and past the last cell of the last row they leave a changed
@@ -257,6 +258,7 @@ private:
     bool RowCanBeEdited(int row) const;
     bool OpenEdit();
     void CloseEdit();
+    void EraseRow(int row);
     void SetCurrent(int row, int col);
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);

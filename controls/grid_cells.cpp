@@ -56,7 +56,7 @@ Grid::Grid(Form& form, std::string name) : Control(form, std::move(name)) {
 
 void Grid::SetRows(int rows) {
     if (rows < 0) throw std::out_of_range(Name() + ": a grid cannot have fewer than 0 rows");
-    while (Rows() > rows) RemoveItem(Rows() - 1);
+    while (Rows() > rows) EraseRow(Rows() - 1);
     while (Rows() < rows) AddItem("");
 }
 
@@ -101,6 +101,14 @@ int Grid::AddItem(std::string_view cells) {
 }
 
 void Grid::RemoveItem(int row) {
+    const bool current = row == mRow;
+    EraseRow(row);
+    if (!current || mRow < mFixedRows) return;
+    ShowCurrent();
+    if (EnterCell) Raise("EnterCell", EnterCell);
+}
+
+void Grid::EraseRow(int row) {
     RowAt(row);
     const bool current = row == mRow && row >= mFixedRows;
     if (current && mEditing) CloseEdit();

@@ -70,13 +70,35 @@ TEST_F(GridTest, ReshapingKeepsTheCurrentCellInside) {
 TEST_F(GridTest, RemovingTheCurrentRowResetsItsDetails) {
     At(2, 2);
     grid.RemoveItem(2);
-    EXPECT_THAT(Notes(), ElementsAre("DetailReset", "ViewChange"));
+    EXPECT_THAT(Notes(), ElementsAre("DetailReset", "ViewChange", "EnterCell 2 2"));
     EXPECT_EQ(Cell(), "2 2");
     EXPECT_EQ(Row(2), "3a|3b|3c|3d");
     grid.RemoveItem(2);
     EXPECT_EQ(Cell(), "1 2");
+    EXPECT_THAT(Notes(), ElementsAre("DetailReset", "ViewChange", "EnterCell 1 2"));
     grid.RemoveItem(1);
     EXPECT_EQ(grid.Row(), 0);
+    EXPECT_THAT(Notes(), ElementsAre("DetailReset", "ViewChange"));
+}
+
+TEST_F(GridTest, TheRowThatIsEnteredAfterARemovalIsShownAndWhole) {
+    grid.SetHeight(3 * 300);
+    At(1, 2);
+    grid.SetTopRow(3);
+    std::string entered;
+    grid.EnterCell = [&] {
+        entered = Cell() + " " + grid.Text(grid.Row(), 2) + " of " + std::to_string(grid.Rows());
+        EXPECT_TRUE(grid.IsRowShown(grid.Row()));
+    };
+    grid.RemoveItem(1);
+    EXPECT_EQ(entered, "1 2 2b of 3");
+}
+
+TEST_F(GridTest, FewerRowsByCodeEnterNoCell) {
+    At(3, 2);
+    grid.SetRows(2);
+    EXPECT_EQ(Cell(), "1 2");
+    EXPECT_THAT(Notes(), ElementsAre("DetailReset", "ViewChange", "DetailReset", "ViewChange"));
 }
 
 TEST_F(GridTest, RemovingAnotherRowKeepsTheCurrentOne) {
@@ -96,7 +118,8 @@ TEST_F(GridTest, RemovingTheRowThatIsBeingEditedEndsTheEditFirst) {
     grid.ReplaceEditText("x");
     Notes();
     grid.RemoveItem(3);
-    EXPECT_THAT(Notes(), ElementsAre("EditModeChange off", "DetailReset", "ViewChange"));
+    EXPECT_THAT(Notes(),
+                ElementsAre("EditModeChange off", "DetailReset", "ViewChange", "EnterCell 2 2"));
     EXPECT_FALSE(grid.IsEditing());
     EXPECT_FALSE(grid.RowTouched());
 }

@@ -25,6 +25,10 @@
 //   removing a row        When it was the current one: DetailReset, ViewChange, and EnterCell once
 //                         another row is current in its place. SetRows raises no EnterCell.
 //
+// How the operator changes the text of an open cell makes no difference - keys, an input method,
+// the clipboard, the mouse, a list: TextMayChange is asked each time, and a refused change only
+// beeps. The reference button alone is not asked.
+//
 // Keys: arrows, Page Up/Down, Home, End (with Ctrl: first and last row) move; Enter and Tab go to
 // the next cell that can be typed into, and past the last cell of the last row they leave a changed
 // row where it is (RowValidate). F2 and the blank open a cell with its text, any other character
@@ -203,6 +207,8 @@ public:
     bool ChooseListItem(std::string_view text);
     // True when `character` fits the input kind of the current column.
     bool TakesCharacter(char32_t character) const;
+    // True unless TextMayChange forbids the operator to change the current cell's text.
+    bool MayChangeText();
     // The operator drags a column's edge.
     void ResizeColumn(int col, int twips);
 
@@ -216,6 +222,7 @@ public:
     std::function<void(GridAnswer& answer, int row, int& col)> RowValidate;
     std::function<void(int row, int col, GridDropList& list)> ComboDropDown;
     std::function<void(bool editing)> EditModeChange;
+    std::function<bool(int row, int col)> TextMayChange;
     std::function<void(int row, int col, const std::string& before, const std::string& after)>
         CellChanged;
     std::function<void()> EnterCell;
@@ -258,6 +265,8 @@ private:
     bool RowCanBeEdited(int row) const;
     bool OpenEdit();
     void CloseEdit();
+    bool AllowsChange();
+    bool OpenToChange();
     void EraseRow(int row);
     void SetCurrent(int row, int col);
     bool MoveBy(int rows, int step);

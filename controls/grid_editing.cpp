@@ -131,8 +131,27 @@ std::string Grid::FitText(std::string_view text) {
     return std::string(platform::FirstCharacters(line, static_cast<std::size_t>(limit)));
 }
 
+bool Grid::MayChangeText() {
+    if (!TextMayChange) return true;
+    bool may = false;
+    Raise("TextMayChange", [&] { may = TextMayChange(mRow, mCol); });
+    return may;
+}
+
+bool Grid::AllowsChange() {
+    const bool may = MayChangeText();
+    if (!may && Beep) Raise("Beep", Beep);
+    return may;
+}
+
+// A cell whose text would not change is not opened for it.
+bool Grid::OpenToChange() {
+    if (!mEditing && CanEdit(mRow, mCol) && !AllowsChange()) return false;
+    return BeginEdit();
+}
+
 void Grid::ReplaceEditText(std::string_view text) {
-    if (!mEditing) return;
+    if (!mEditing || !AllowsChange()) return;
     mEditText = FitText(text);
     mEditTouched = true;
     mEditFromReference = false;
@@ -211,7 +230,7 @@ std::vector<std::string> Grid::OpenList() {
 }
 
 bool Grid::ChooseListItem(std::string_view text) {
-    if (!mEditing && !BeginEdit()) return false;
+    if (!OpenToChange()) return false;
     ReplaceEditText(text);
     return FinishEdit() == GridAnswer::Accept;
 }

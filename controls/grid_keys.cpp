@@ -129,7 +129,7 @@ bool Grid::KeyDown(Key key, int shift) {
             return true;
         case Key::Delete:
             if (mRow < mFixedRows) return false;
-            if (!BeginEdit()) return true;
+            if (!OpenToChange()) return true;
             ReplaceEditText("");
             FinishEdit();
             return true;
@@ -141,25 +141,15 @@ bool Grid::KeyDown(Key key, int shift) {
 bool Grid::KeyPress(char32_t character) {
     if (character < U' ' || character == 127) return false;
     if (mRow < mFixedRows) return false;
-    if (!mEditing) {
-        // The blank opens a cell with its text, any other character begins a new text.
-        if (character == U' ') return BeginEdit();
-        if (!TakesCharacter(character)) {
-            if (Beep) Raise("Beep", Beep);
-            return true;
-        }
-        if (!BeginEdit()) return true;
-        std::string text;
-        platform::AppendCharacter(text, character);
-        ReplaceEditText(text);
-        return true;
-    }
+    // The blank opens a cell with its text, any other character begins a new text.
+    if (!mEditing && character == U' ') return BeginEdit();
     if (!TakesCharacter(character)) {
         if (Beep) Raise("Beep", Beep);
         return true;
     }
     std::string text = mEditText;
     platform::AppendCharacter(text, character);
+    if (!OpenToChange()) return true;
     ReplaceEditText(text);
     return true;
 }

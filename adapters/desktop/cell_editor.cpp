@@ -141,7 +141,7 @@ void CellEditor::OnText() {
     const bool typed =
         inserted.empty() || (!mExpected.empty() && inserted.size() <= mExpected.size());
     mExpected.clear();
-    if (!typed) after.replace(from, to - from, Filter(inserted));
+    if (!typed && mGrid.MayChangeText()) after.replace(from, to - from, Filter(inserted));
     mGrid.ReplaceEditText(Utf8(Joined(after)));
     const wxString text = Text(mGrid.EditText());
     if (mField == nullptr || mField->GetValue() == text) return;

@@ -117,7 +117,7 @@ bool GridView::TakeKey(const KeyStroke& stroke) {
 }
 
 bool GridView::TakeCharacter(char32_t character) {
-    if (!mEditor->HasFocus() || !mGrid.TakesCharacter(character)) {
+    if (!mEditor->HasFocus() || !mGrid.TakesCharacter(character) || !mGrid.MayChangeText()) {
         mHost.Form().RunEvent("KeyPress", [&] { mGrid.KeyPress(character); });
         return true;
     }

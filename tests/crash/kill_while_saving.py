@@ -100,7 +100,7 @@ class Plan:
 
     def add_entry(self, chance, row, digest):
         self.start("click Add")
-        self.say(f"go {row} 2", "edit D01", f"go {row} 3", "edit P01", f"go {row} 7",
+        self.say(f"go {row} 2", "edit D01", f"go {row} 3", "pick 1", "ref", f"go {row} 7",
                  "edit 材料费", f"go {row} 8", f"edit {digest}", f"go {row} 9", "ref")
         lines = {}
         for line, item in enumerate(chance.sample(range(ITEMS), 3), 1):

@@ -120,6 +120,11 @@ void Person::Click(const std::string& window, int x, int y, int times) {
     Input("click --repeat " + std::to_string(times) + " --delay 60 1");
 }
 
+void Person::ClickWith(int button, const std::string& window, int x, int y) {
+    MoveTo(window, x, y);
+    Input("click " + std::to_string(button));
+}
+
 void Person::Drag(const std::string& window, int x, int y, int toX, int toY) {
     const Place place = Find(window);
     Input("mousemove " + Point(place.x + x, place.y + y) + " mousedown 1 mousemove " +

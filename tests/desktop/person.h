@@ -39,6 +39,8 @@ public:
     // Places in the inner area of the window titled `window`, in pixels at 100 % scaling.
     void MoveTo(const std::string& window, int x, int y);
     void Click(const std::string& window, int x, int y, int times = 1);
+    // 1 is the left button, 2 the middle one, 3 the right one.
+    void ClickWith(int button, const std::string& window, int x, int y);
     void Drag(const std::string& window, int x, int y, int toX, int toY);
     void Wheel(const std::string& window, int x, int y, int steps);
     // The only shown window.

@@ -179,6 +179,12 @@ class Operator:
         self.go(row, col)
         self.until(lambda answer: not answer.refused and not answer.boxes, f"edit {text}")
 
+    def choose_item(self, row):
+        """The first one of the row's centre."""
+        self.go(row, 3)
+        self.until(lambda answer: not answer.refused and not answer.boxes
+                   and any(line.startswith("list:") for line in answer.lines), "pick 1", "ref")
+
     def new_row(self, button, row):
         self.until(lambda answer: answer.cell.startswith(f"{row} "), "click " + button)
 
@@ -195,7 +201,7 @@ class Operator:
         amount = Decimal(self.chance.randint(1, 10**8)) / 10000
         self.new_row("Add", row)
         self.edit(row, 2, "D01")
-        self.edit(row, 3, "P01")
+        self.choose_item(row)
         self.edit(row, 7, "材料费" if with_lines else "人工费")
         self.edit(row, 8, name)
         if with_lines:

@@ -112,6 +112,9 @@ public:
     std::string PickItemWithKeywords(const std::string& centerCode, int row, int col);
     void CheckBeforeEntry(bool& ok);
 
+    // Whether the operator may change a cell's text by hand (cell_guards.cpp).
+    bool GridPeriodItem_TextMayChange(int row, int col) const;
+
     // Commands (commands.cpp).
     void Toolbar1_ButtonClick(controls::ToolbarButton& button) override;
     void cmdRef_Click();

@@ -39,6 +39,9 @@ void frmPeriodItem::WireGrid() {
     grid.ComboDropDown = [this](int row, int col, controls::GridDropList& list) {
         GridPeriodItem_ComboDropDown(row, col, list);
     };
+    grid.TextMayChange = [this](int row, int col) {
+        return GridPeriodItem_TextMayChange(row, col);
+    };
     grid.EditModeChange = [this](bool editing) { GridPeriodItem_EditModeChange(editing); };
     grid.CellChanged = [this](int row, int col, const std::string& /*before*/,
                               const std::string& /*after*/) {

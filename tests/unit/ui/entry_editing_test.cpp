@@ -8,8 +8,6 @@ namespace {
 
 using controls::GridAnswer;
 using platform::StatementText;
-using support::MemoryRecordSet;
-using support::TextRow;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -24,13 +22,6 @@ protected:
         std::string value = List().Text(row, col);
         Form().GridPeriodItem_CellReference(value, row, col);
         return value;
-    }
-    void Choose(const std::vector<std::string>& texts) {
-        references.choose = [texts] {
-            return std::make_unique<MemoryRecordSet>(
-                std::vector<std::string>{"a", "b", "c", "d"},
-                std::vector<MemoryRecordSet::Row>{TextRow(texts)});
-        };
     }
 };
 

@@ -14,6 +14,7 @@
 #include "tests/support/acting_windows.h"
 #include "tests/support/embedded_account.h"
 #include "tests/support/login_context_reset.h"
+#include "tests/support/memory_record_set.h"
 #include "tests/support/recording_database.h"
 #include "tests/support/recording_diagnostics.h"
 #include "tests/support/recording_reference_list.h"
@@ -101,6 +102,14 @@ protected:
         List().ReplaceEditText(text);
         return List().FinishEdit();
     }
+    // What the operator chooses in the next pick lists: a row of these texts.
+    void Choose(const std::vector<std::string>& texts) {
+        references.choose = [texts] {
+            return std::make_unique<support::MemoryRecordSet>(
+                std::vector<std::string>{"a", "b", "c", "d"},
+                std::vector<support::MemoryRecordSet::Row>{support::TextRow(texts)});
+        };
+    }
     // A new row with everything that an entry needs, current in its last cell.
     int AddFilledRow(std::string_view amount = "1") {
         Form().AddEntryRow();
@@ -108,7 +117,9 @@ protected:
         Go(row, kCenterColumn);
         Type("D01");
         Go(row, kItemColumn);
-        Type("P01");
+        Choose({"P01", "一号楼", "一标段", ""});
+        List().PressReference();
+        references.choose = nullptr;
         Go(row, kElementColumn);
         Type("人工费");
         Go(row, kDigestColumn);

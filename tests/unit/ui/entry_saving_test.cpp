@@ -64,15 +64,16 @@ TEST_F(EntrySavingTest, ANewEntryTakesItsNumberAndItsLinesWithIt) {
     lines.erase(lines.begin(), counter);
     EXPECT_THAT(
         lines,
-        ElementsAre("gConn: select cValue from PM_SettingInf where cName='NumMax_EleQc'",
-                    "gEnv: select cElementCode from PM_ItemElement where cElementName = '人工费'",
-                    "gConn: begin",
-                    "gConn: delete from PM_ItemQCsub where iEleVid=4 insert into "
-                    "PM_ItemQCsub(iEleVid,cCodeMx,mQC) values(4,'M09',1)",
-                    "gConn: insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,"
-                    "cElementCode,cDigest,mQC,iEleVid) values ( '2004-06-30','D01','P01','','',"
-                    "'E01','新',1234.5,4) ",
-                    "gConn: commit"));
+        ElementsAre(
+            "gConn: select cValue from PM_SettingInf where cName='NumMax_EleQc'",
+            "gEnv: select cElementCode from PM_ItemElement where cElementName = '人工费'",
+            "gConn: begin",
+            "gConn: delete from PM_ItemQCsub where iEleVid=4 insert into "
+            "PM_ItemQCsub(iEleVid,cCodeMx,mQC) values(4,'M09',1)",
+            "gConn: insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,"
+            "cElementCode,cDigest,mQC,iEleVid) values ( '2004-06-30','D01','P01','一标段','',"
+            "'E01','新',1234.5,4) ",
+            "gConn: commit"));
     EXPECT_EQ(List().RowData(row), 4);
     EXPECT_EQ(Form().ElementDetailFlag(row), 0);
     EXPECT_THAT(Read("select iEleVid from PM_ItemQCsub where cCodeMx = 'M09'"), ElementsAre("4"));
@@ -80,15 +81,9 @@ TEST_F(EntrySavingTest, ANewEntryTakesItsNumberAndItsLinesWithIt) {
 
 TEST_F(EntrySavingTest, TheFlagOfANewRowMovesToItsIdentity) {
     Open();
-    Form().AddEntryRow();
-    const int row = List().Rows() - 1;
-    for (const auto& [col, text] : {std::pair{kCenterColumn, "D01"},
-                                    {kItemColumn, "P01"},
-                                    {kElementColumn, "机械费"},
-                                    {kDigestColumn, "新"}}) {
-        Go(row, col);
-        Type(text);
-    }
+    const int row = AddFilledRow();
+    Go(row, kElementColumn);
+    Type("机械费");
     List().SetText(row, kAmountColumn, "8");
     EXPECT_TRUE(Go(1, kDateColumn));
     EXPECT_EQ(List().RowData(row), 4);

@@ -26,6 +26,8 @@ struct DetailAnswer {
     std::string total;
     // What waits to be saved now; the script is empty when nothing was saved.
     WaitingLines lines;
+    // The lines were written to a file.
+    bool exported = false;
 };
 
 // What the find dialog was left with.

@@ -22,6 +22,8 @@
 #include "platform/printing.h"
 #include "platform/statement_text.h"
 #include "ui/common/picked_cells.h"
+#include "ui/common/print_setup.h"
+#include "ui/common/printed_grid.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
 
@@ -40,8 +42,6 @@ public:
     controls::Label Label3;
     controls::Label lblDutyCenter;
     controls::Grid Grid1;
-    // Made anew for each print, preview and export.
-    std::unique_ptr<platform::PrintControl> xmlPrt;
 
     // Shows the lines of the request's entry and returns, when the window has been left, what
     // saving came to.
@@ -142,12 +142,14 @@ private:
     std::function<void(std::string_view place)> mOuterTrapListener;
     // Whether the notice line speaks of an export that failed.
     bool mExportFailed = false;
+    bool mExported = false;
+    PrintedGrid mPrinted{Grid1, SavePrintSettings};
+    // The print control, made anew for each print, preview and export.
+    std::unique_ptr<platform::PrintControl>& xmlPrt = mPrinted.control;
     // The lines' texts as they were loaded, header included.
     std::vector<std::string> mSnapshot;
     // The item picked from a list for an open cell.
     PickedCells mPickedItem;
-    // Layout of the grid as it stood after loading.
-    std::string mGridLayoutText;
 };
 
 // The one instance; created on first use.

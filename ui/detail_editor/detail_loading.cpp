@@ -95,9 +95,12 @@ DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {
     // What an earlier entry's lines came to must not reach this one when the editor is quit.
     RetValue.clear();
     RetStrSql = {};
+    mExported = false;
     data::gServices->windows->ShowModal(*this);
     bReadOnly = false;
-    return {.total = RetValue, .lines = {.script = RetStrSql, .texts = mColTempValues}};
+    return {.total = RetValue,
+            .lines = {.script = RetStrSql, .texts = mColTempValues},
+            .exported = mExported};
 }
 
 void frmQCEdit::Form_Load() {
@@ -121,7 +124,7 @@ void frmQCEdit::Form_Load() {
         throw;
     }
     TakeSnapshot();
-    mGridLayoutText = Grid1.FormatText();
+    mPrinted.CaptureLayout();
     AllowChanges(!bReadOnly);
 }
 

@@ -2,9 +2,7 @@
 #include <utility>
 
 #include "data/login_context.h"
-#include "ui/common/print_setup.h"
 #include "ui/detail_editor/detail_editor.h"
-#include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
 
@@ -21,33 +19,27 @@ bool frmQCEdit::BuildDetailPrintStyle(const std::string& title) {
         {"制表人", data::gOperatorName, "700,0", "375"},
         {"打印日期", data::gToday, "1350,0", "375"},
     };
-    return SetUpPrint(*xmlPrt, {.grid = Grid1,
-                                .title = title,
-                                .loadedLayout = mGridLayoutText,
-                                .header = header,
-                                .footer = footer});
+    return mPrinted.SetUp(title, header, footer);
 }
 
 bool frmQCEdit::PreparePrint() {
-    xmlPrt = data::gServices->createPrintControl();
-    xmlPrt->SaveSettings = SavePrintSettings;
     return BuildDetailPrintStyle(lblTitle.Caption());
 }
 
 void frmQCEdit::PreviewDetails() {
-    if (PreparePrint()) xmlPrt->Preview();
+    if (PreparePrint()) mPrinted.Preview();
 }
 
 void frmQCEdit::PrintDetails() {
     if (Grid1.FinishEdit() == controls::GridAnswer::Refuse) return;
-    if (PreparePrint()) xmlPrt->Print();
+    if (PreparePrint()) mPrinted.Print();
 }
 
 void frmQCEdit::ExportDetails() {
     if (Grid1.FinishEdit() == controls::GridAnswer::Refuse) return;
-    if (!PreparePrint() || !ExportGrid(*xmlPrt, Grid1)) return;
+    if (!PreparePrint() || !mPrinted.Export()) return;
+    mExported = true;
     if (std::exchange(mExportFailed, false)) SetNotice("");
-    GetPeriodItemForm().ExportSucceeded();
 }
 
 }  // namespace kelvane::ui

@@ -225,9 +225,7 @@ void frmPeriodItem::Form_KeyPress(char32_t& character) {
 }
 
 void frmPeriodItem::cmdRef_Click() {
-    DetailRequest request = DetailsOf(GridPeriodItem.Row());
-    request.readOnly = true;
-    EditDetails(request);
+    OpenDetails(GridPeriodItem.Row(), true);
     if (ActiveControl() == &cmdRef) GridPeriodItem.SetFocus();
 }
 

@@ -24,6 +24,7 @@
 #include "platform/printing.h"
 #include "platform/statement_text.h"
 #include "ui/common/picked_cells.h"
+#include "ui/common/printed_grid.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
 #include "ui/entry_list/failure_notice.h"
@@ -44,8 +45,14 @@ public:
     controls::Label CapLable;
     controls::Grid GridPeriodItem;
     controls::Button cmdRef;
-    // Made anew for each print, preview and export.
-    std::unique_ptr<platform::PrintControl> xmlPrt;
+    // The list on paper and in files. The print control is made anew for each print, preview and
+    // export; the layout is the grid's as it stood after loading.
+    PrintedGrid mPrinted{GridPeriodItem,
+                         [this](const std::string& text1, const std::string& text2) {
+                             xmlPrt_SaveSettings(text1, text2);
+                         }};
+    std::unique_ptr<platform::PrintControl>& xmlPrt = mPrinted.control;
+    std::string& mGridLayoutText = mPrinted.layout;
 
     // What the find dialog hands over: whether it was left by OK, and what to look for (an empty
     // keyword stands for any).
@@ -63,8 +70,6 @@ public:
     // What the detail editor came to for the current row; its script runs when the row is saved.
     WaitingLines mWaiting;
     platform::StatementText& mDetailSql = mWaiting.script;
-    // Layout of the grid as it stood after loading.
-    std::string mGridLayoutText;
 
     // The windows that this one opens: the detail editor, and the find dialog, which answers
     // nothing when it was not left by OK. Set before the list is shown.
@@ -132,9 +137,6 @@ public:
     void PreviewList();
     void PrintList();
     void ExportList();
-    // An export, of the list or of detail lines, has gone well: one that failed before is
-    // forgotten.
-    void ExportSucceeded();
     void xmlPrt_SaveSettings(const std::string& text1, const std::string& text2);
 
     // The element-detail flag of a row's element, 0 when it is kept without detail lines.
@@ -182,7 +184,8 @@ private:
     struct WriteSentences;
     void TellFailedWrite(std::string_view place, const WriteSentences& sentences);
 
-    DetailRequest DetailsOf(int row) const;
+    // Opens the lines of a row's entry.
+    DetailAnswer OpenDetails(int row, bool readOnly);
     static void TellElementFirst();
     void OpenDetailsFromGrid(std::string& value, int row);
     void PlaceDetailButton();

@@ -83,12 +83,14 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
     }
 }
 
-DetailRequest frmPeriodItem::DetailsOf(int row) const {
-    return {.kind = entries::KindOfDetail(ElementDetailFlag(row)),
-            .readOnly = false,
-            .entry = BudgetedEntryOf(row),
-            .centerCode = CellText(row, kCenterColumn),
-            .lines = mWaiting.texts};
+DetailAnswer frmPeriodItem::OpenDetails(int row, bool readOnly) {
+    DetailAnswer answer = EditDetails({.kind = entries::KindOfDetail(ElementDetailFlag(row)),
+                                       .readOnly = readOnly,
+                                       .entry = BudgetedEntryOf(row),
+                                       .centerCode = CellText(row, kCenterColumn),
+                                       .lines = mWaiting.texts});
+    if (answer.exported) mFailureNotice.Succeeded(Work::Export);
+    return answer;
 }
 
 void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
@@ -96,7 +98,7 @@ void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
     DetailAnswer answer;
     {
         const FlagScope open(mDetailOpen);
-        answer = EditDetails(DetailsOf(row));
+        answer = OpenDetails(row, false);
     }
     if (!answer.total.empty()) value = answer.total;
     if (answer.lines.script.IsEmpty()) return;

@@ -20,41 +20,29 @@ std::vector<platform::PrintItem> HeaderItems() {
 }  // namespace
 
 void frmPeriodItem::CaptureGridLayout() {
-    mGridLayoutText = GridPeriodItem.FormatText();
+    mPrinted.CaptureLayout();
 }
 
 void frmPeriodItem::PreparePrint(int /*mode*/, bool& ok) {
-    xmlPrt = data::gServices->createPrintControl();
-    xmlPrt->SaveSettings = [this](const std::string& text1, const std::string& text2) {
-        xmlPrt_SaveSettings(text1, text2);
-    };
-    ok = SetUpPrint(*xmlPrt, {.grid = GridPeriodItem,
-                              .title = std::string(kTitle),
-                              .loadedLayout = mGridLayoutText,
-                              .header = HeaderItems(),
-                              .footer = {}});
+    ok = mPrinted.SetUp(std::string(kTitle), HeaderItems(), {});
 }
 
 void frmPeriodItem::PreviewList() {
     bool ok = false;
     PreparePrint(kPrintMode, ok);
-    if (ok) xmlPrt->Preview();
+    if (ok) mPrinted.Preview();
 }
 
 void frmPeriodItem::PrintList() {
     bool ok = false;
     PreparePrint(kPrintMode, ok);
-    if (ok) xmlPrt->Print();
+    if (ok) mPrinted.Print();
 }
 
 void frmPeriodItem::ExportList() {
     bool ok = false;
     PreparePrint(kExportMode, ok);
-    if (ok && ExportGrid(*xmlPrt, GridPeriodItem)) ExportSucceeded();
-}
-
-void frmPeriodItem::ExportSucceeded() {
-    mFailureNotice.Succeeded(Work::Export);
+    if (ok && mPrinted.Export()) mFailureNotice.Succeeded(Work::Export);
 }
 
 void frmPeriodItem::xmlPrt_SaveSettings(const std::string& text1, const std::string& text2) {

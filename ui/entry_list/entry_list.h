@@ -15,18 +15,17 @@
 #include "controls/grid.h"
 #include "controls/label.h"
 #include "controls/picture.h"
-#include "data/keyed_collection.h"
 #include "entries/account_master_data.h"
 #include "entries/entry.h"
 #include "entries/entry_rules.h"
 #include "entries/entry_store.h"
-#include "platform/database.h"
 #include "platform/printing.h"
 #include "platform/statement_text.h"
 #include "ui/common/picked_cells.h"
 #include "ui/common/printed_grid.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
+#include "ui/entry_list/element_details.h"
 #include "ui/entry_list/failure_notice.h"
 
 namespace kelvane::ui {
@@ -159,15 +158,10 @@ private:
     void ShowButtonImages();
 
     void WireGrid();
-    void LayOutGrid();
-    void AppendEntries(platform::RecordSet& rows);
-    void AppendEntry(const platform::RecordSet& entry, const platform::StatementText& elementQuery);
-    void LockRows();
     void ResetToDesign();
     void AllowEntry(bool allowed);
     static bool AskDelete();
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
-    void PaintRow(int row, int firstCol, int lastCol);
 
     entries::EntryTexts TextsOf(int row) const;
     entries::BudgetedEntry BudgetedEntryOf(int row) const;
@@ -175,14 +169,11 @@ private:
     bool Accepts(const std::optional<entries::Finding>& finding);
     // Checks the element, and makes it the row's: its lines and its amount go.
     bool ChangeElement(int row, const std::string& name);
-    void EmptyFrom(int firstCol, int row);
+    void EmptyBehindCenter(int row);
 
     // Writes the row; false after a message.
     bool WriteRow(int row, const platform::StatementText& detailSql);
     void TakeIdentity(int row, std::int32_t identity);
-    // Reports the error being handled as trapped in `place`, and tells what came of the write.
-    struct WriteSentences;
-    void TellFailedWrite(std::string_view place, const WriteSentences& sentences);
 
     // Opens the lines of a row's entry.
     DetailAnswer OpenDetails(int row, bool readOnly);
@@ -194,9 +185,7 @@ private:
     void DisableMissingCommands();
 
     FailureNotice mFailureNotice;
-    // Caption of the item-name field, read at each load.
-    std::string mItemNameCaption;
-    data::KeyedCollection<std::int16_t> mElementDetails;
+    ElementDetails mElementDetails;
     entries::AccountMasterData mMasterData;
     entries::EntryRules mRules{mMasterData};
     entries::EntryStore mStore;

@@ -3,9 +3,15 @@
 #include <algorithm>
 #include <array>
 
+#include "data/login_context.h"
+#include "entries/entry_store.h"
 #include "entries/failure_reason.h"
+#include "entries/rules.h"
+#include "platform/database.h"
 
 namespace kelvane::ui {
+
+using entries::Rule;
 
 namespace {
 
@@ -61,6 +67,25 @@ void FailureNotice::Failed(std::string_view place) {
 
 void FailureNotice::FailedSave(const std::string& sentence) {
     Show(Work::Save, sentence);
+}
+
+void FailureNotice::FailedWrite(std::string_view place, const WriteSentences& sentences) {
+    data::ReportTrapped(place);
+    try {
+        throw;
+    } catch (const entries::CounterExhausted&) {
+        const auto bound = std::to_string(entries::kIdentities.largest);
+        FailedSave(entries::Found(Rule::IdentityExhausted, bound).text);
+    } catch (const entries::CounterBelowRange&) {
+        const auto bound = std::to_string(entries::kIdentities.smallest);
+        FailedSave(entries::Found(Rule::IdentityBelowRange, bound).text);
+    } catch (const platform::CommitInDoubt&) {
+        FailedSave(sentences.inDoubt);
+    } catch (const platform::DatabaseBusy&) {
+        FailedSave(sentences.busy);
+    } catch (...) {
+        // The report has said it.
+    }
 }
 
 void FailureNotice::Show(Work work, const std::string& sentence) {

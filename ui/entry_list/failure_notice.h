@@ -12,6 +12,12 @@ namespace kelvane::ui {
 
 enum class Work { Check, Load, Save, Export };
 
+// What the operator is told of a write that failed in a way of its own.
+struct WriteSentences {
+    const char* busy;
+    const char* inDoubt;
+};
+
 class FailureNotice {
 public:
     // `show` puts a text on the line; an empty one clears it.
@@ -22,6 +28,9 @@ public:
     void Failed(std::string_view place);
     // Shows a sentence of the caller's own for a failed save.
     void FailedSave(const std::string& sentence);
+    // Reports the exception that is being handled as trapped in `place`, and tells what came of the
+    // write. For use in a catch block.
+    void FailedWrite(std::string_view place, const WriteSentences& sentences);
     // How many failures there were so far: work in which one was trapped is no success.
     int Failures() const { return mFailures; }
     // Clears the line when it speaks of this kind of work; a success of saving clears it in any

@@ -10,7 +10,6 @@
 namespace kelvane::ui {
 
 using data::gConn;
-using entries::Rule;
 using platform::StatementText;
 
 namespace {
@@ -18,12 +17,6 @@ namespace {
 constexpr const char* kCounterName = "NumMax_EleQc";
 
 }  // namespace
-
-// What the operator is told of a write that failed in a way of its own.
-struct frmPeriodItem::WriteSentences {
-    const char* busy;
-    const char* inDoubt;
-};
 
 bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
     try {
@@ -33,32 +26,13 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
         mFailureNotice.Succeeded(Work::Save);
         return true;
     } catch (...) {
-        TellFailedWrite(
+        mFailureNotice.FailedWrite(
             "SaveRow",
             {.busy = "数据库正被他人占用，当前行没有保存，请稍后再离开该行重试。",
              .inDoubt =
                  "保存当前行时没有收到数据库的答复，不能确定是否已经保存，请重新打开核对。"});
     }
     return false;
-}
-
-void frmPeriodItem::TellFailedWrite(std::string_view place, const WriteSentences& sentences) {
-    data::ReportTrapped(place);
-    try {
-        throw;
-    } catch (const entries::CounterExhausted&) {
-        const auto bound = std::to_string(entries::kIdentities.largest);
-        mFailureNotice.FailedSave(entries::Found(Rule::IdentityExhausted, bound).text);
-    } catch (const entries::CounterBelowRange&) {
-        const auto bound = std::to_string(entries::kIdentities.smallest);
-        mFailureNotice.FailedSave(entries::Found(Rule::IdentityBelowRange, bound).text);
-    } catch (const platform::CommitInDoubt&) {
-        mFailureNotice.FailedSave(sentences.inDoubt);
-    } catch (const platform::DatabaseBusy&) {
-        mFailureNotice.FailedSave(sentences.busy);
-    } catch (...) {
-        // The report has said it.
-    }
 }
 
 bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
@@ -81,10 +55,8 @@ bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
 }
 
 void frmPeriodItem::TakeIdentity(int row, std::int32_t identity) {
-    const std::int16_t flag = ElementDetailFlag(row);
     GridPeriodItem.SetRowData(row, identity);
-    if (data::CollectionHasKey("0", mElementDetails)) mElementDetails.Remove("0");
-    mElementDetails.Replace(std::to_string(identity), flag);
+    mElementDetails.GiveNewRow(identity);
 }
 
 bool frmPeriodItem::CheckRowDeletable(int row) {
@@ -111,7 +83,7 @@ void frmPeriodItem::DeleteRow() {
         GridPeriodItem.RemoveItem(row);
         mFailureNotice.Succeeded(Work::Save);
     } catch (...) {
-        TellFailedWrite(
+        mFailureNotice.FailedWrite(
             "DeleteRow",
             {.busy = "数据库正被他人占用，当前行没有删除，请稍后重试。",
              .inDoubt =

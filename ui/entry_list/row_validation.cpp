@@ -44,7 +44,7 @@ bool frmPeriodItem::ValidateCell(int row, int col, bool changed, std::string& te
                 break;
             case kCenterColumn:
                 accepted = Accepts(mRules.CheckCenter(text));
-                if (accepted && changed && text != mEditText) EmptyFrom(kItemColumn, row);
+                if (accepted && changed && text != mEditText) EmptyBehindCenter(row);
                 break;
             case kItemColumn:
                 accepted = Accepts(mRules.CheckItem(TextsOf(row)));
@@ -75,8 +75,9 @@ bool frmPeriodItem::ValidateCell(int row, int col, bool changed, std::string& te
     }
 }
 
-void frmPeriodItem::EmptyFrom(int firstCol, int row) {
-    for (int col = firstCol; col <= kAmountColumn; ++col) GridPeriodItem.SetText(row, col, "");
+// Everything else of an entry depends on its centre.
+void frmPeriodItem::EmptyBehindCenter(int row) {
+    for (int col = kItemColumn; col <= kAmountColumn; ++col) GridPeriodItem.SetText(row, col, "");
 }
 
 bool frmPeriodItem::ChangeElement(int row, const std::string& name) {
@@ -87,7 +88,7 @@ bool frmPeriodItem::ChangeElement(int row, const std::string& name) {
     if (identity != 0) mStore.DeleteLines(identity);
     GridPeriodItem.SetText(row, kAmountColumn, "");
     mWaiting.Forget();
-    mElementDetails.Replace(std::to_string(identity), detail);
+    mElementDetails.Replace(identity, detail);
     return true;
 }
 

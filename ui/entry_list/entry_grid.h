@@ -1,0 +1,25 @@
+// The entries as rows of a grid: its layout, the account's entries in it, and the cells that are
+// not the operator's.
+#pragma once
+
+#include "controls/grid.h"
+#include "ui/entry_list/element_details.h"
+
+namespace kelvane::ui {
+
+// Gives the grid its columns and no rows. The caption of the items' names is read over gEnv; errors
+// are thrown.
+void LayOutEntryGrid(controls::Grid& grid);
+
+// Appends a row for every entry whose item is there, and takes the detail kinds of their elements
+// down in `details`. Over gEnv; errors are thrown, with the rows read before them in the grid.
+void FillEntryGrid(controls::Grid& grid, ElementDetails& details);
+
+// Locks the name and keywords of every row, and the whole row where the item is settled. Over gEnv;
+// a settlement that cannot be read locks nothing.
+void LockEntryRows(controls::Grid& grid);
+
+// Gives the cells of a row the colour that keeps the operator out.
+void PaintLocked(controls::Grid& grid, int row, int firstCol, int lastCol);
+
+}  // namespace kelvane::ui

@@ -10,7 +10,7 @@ platform::StatementText AnnouncedQueries::Next() {
     if (row == mPieceStart + mPiece.size()) {
         mPieceStart = row;
         mPiece.clear();
-        const std::size_t end = std::min(mCount, row + mMostInPiece);
+        const std::size_t end = std::min(mCount, row + mMaxPiece);
         for (std::size_t i = row; i < end; ++i) mPiece.push_back(mQueryOf(i));
         mAccess.ReadAhead(mPiece);
     }

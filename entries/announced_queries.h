@@ -31,11 +31,11 @@ class AnnouncedQueries {
 public:
     // `queryOf`: the query of row `i`, the same whenever it is asked. Rows from `count` on are not
     // announced. Until this object goes, what is run over `access` beside these queries must not
-    // change what they answer. `piece`: how many rows may be answered from one moment.
+    // change what they answer. `piece`: for how many rows answers may be read ahead at once.
     AnnouncedQueries(platform::HostDataAccess& access, std::size_t count,
                      std::function<platform::StatementText(std::size_t)> queryOf,
                      std::size_t piece = 256)
-        : mAccess(access), mCount(count), mQueryOf(std::move(queryOf)), mMostInPiece(piece) {}
+        : mAccess(access), mCount(count), mQueryOf(std::move(queryOf)), mMaxPiece(piece) {}
     ~AnnouncedQueries() { mAccess.ReadAhead({}); }
     AnnouncedQueries(const AnnouncedQueries&) = delete;
     AnnouncedQueries& operator=(const AnnouncedQueries&) = delete;
@@ -47,7 +47,7 @@ private:
     platform::HostDataAccess& mAccess;
     std::size_t mCount;
     std::function<platform::StatementText(std::size_t)> mQueryOf;
-    std::size_t mMostInPiece;
+    std::size_t mMaxPiece;
     std::size_t mNext = 0;
     std::size_t mPieceStart = 0;
     std::vector<platform::StatementText> mPiece;

@@ -65,7 +65,7 @@ std::optional<Finding> EntryRules::CheckDigest(const std::string& text) {
 }
 
 std::optional<Finding> EntryRules::CheckAmount(std::string& text) {
-    // What opening an empty amount with the blank leaves.
+    // Opening an empty amount with the blank key leaves a blank in it.
     const bool singleBlank = text == " ";
     if (text.empty()) return Found(Rule::AmountEmpty);
     if (!singleBlank && !data::IsNumericText(text)) return Found(Rule::AmountNumber);

@@ -109,9 +109,9 @@ void EntryStore::ReSum(platform::HostDataAccess& access) {
     const auto entries = access.Query(StatementText("Select distinct iEleVid from PM_ItemQC"));
     const auto identities =
         ReadAll(*entries, [](const platform::RecordSet& row) { return row.Field(0).ToInteger(); });
-    // The amounts that are written in between are another table's: sums already read stay true.
-    // Another operator's save between an entry's sum and its amount is followed by the old sum, as
-    // ever; the pieces are small so that this time stays short.
+    // Writing amounts in between changes no sum: lines are another table. When another operator
+    // saves after an entry's sum was read, the older sum is written over his; small pieces keep
+    // that time short.
     constexpr std::size_t kPiece = 64;
     AnnouncedQueries sumQueries(
         access, identities.size(), [&](std::size_t i) { return DetailSum(identities[i]); }, kPiece);

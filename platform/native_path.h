@@ -23,7 +23,7 @@ inline std::filesystem::path PathOf(std::string_view path) {
     return std::u8string(path.begin(), path.end());
 }
 
-// The other way round.
+// `path` as UTF-8 text.
 inline std::string Utf8Of(const std::filesystem::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};

@@ -82,7 +82,7 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
 void DropLastCharacter(std::string& text) {
     if (text.empty()) return;
     constexpr std::size_t kMaxLength = 4;
-    // The longest character that ends where the text does; a byte that ends none goes alone.
+    // The longest character that ends where the text does; a byte that ends none is taken alone.
     for (std::size_t length = std::min(kMaxLength, text.size()); length > 1; --length) {
         if (FirstCharacter(std::string_view(text).substr(text.size() - length)).length == length) {
             text.resize(text.size() - length);

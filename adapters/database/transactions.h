@@ -16,7 +16,7 @@ public:
     // False also when a failure has undone the transaction.
     virtual bool InTransaction() const = 0;
     virtual void Start() = 0;
-    // Whatever comes of it, no transaction is open behind it.
+    // Afterwards no transaction is open, also when it throws.
     virtual void Commit() = 0;
     virtual void RollBack() = 0;
 

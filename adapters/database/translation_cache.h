@@ -16,7 +16,7 @@
 namespace kelvane::database {
 
 // Whether a translation is worth keeping: a longer batch, which a script with many lines makes,
-// would fill the memory and hardly return; and a statement's error may be gone the next time.
+// would fill the memory and hardly come again; and a statement's error may be gone the next time.
 bool IsLasting(const tsql::Translation& translation);
 
 // The translation of `text`. A column that `catalog` does not know is looked for once more after

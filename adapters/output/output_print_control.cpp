@@ -123,7 +123,7 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
     return 0;
 }
 
-// That it failed would say less than this does.
+// Counts as cancelled: the caller would only say once more, and less clearly, that it failed.
 int OutputPrintControl::TellUnwritten(const std::string& path, const FileFormat& format) {
     mEnvironment.surroundings.Failed(path + ": on this system the name must end in " +
                                      WrittenExtensions(mEnvironment.formats));

@@ -17,8 +17,9 @@ struct ListSurroundings {
     platform::Windows& windows;
     // The account, for the lists that are handed a login.
     std::function<platform::HostDataAccess&()> dataAccess;
-    // The duty centre whose items the restricted item list offers. That list's statement comes
-    // without its source, which only this code can complete; without it the query fails.
+    // The code of the duty centre whose items the restricted item list offers. That list's
+    // statement comes without the table it selects from; the service adds it with this code.
+    // Empty: that query fails.
     std::function<std::string()> currentCenter;
 };
 

@@ -57,7 +57,7 @@ Translation Translate(const LexedText& text, Catalog& catalog, StatementWriter& 
 Datum ValueOf(const Parameter& parameter, const std::vector<Literal>& literals) {
     const Literal& literal = literals[parameter.literal];
     const bool stored = parameter.use == Parameter::Use::Stored;
-    // A column judges the length of a text itself, it does not cut it.
+    // The conversion must not cut the text: whether it is too long, Stored() decides.
     const Type type =
         stored && parameter.type.IsText() ? Type{parameter.type.kind, 0} : parameter.type;
     Datum value = ConvertLiteral(literal, parameter.negated, type);

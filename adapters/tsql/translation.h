@@ -47,7 +47,8 @@ struct Translated {
     bool hasRowIdentity = false;  // the result has the row's identity behind its columns
     // Something in the text can fail after some rows have been changed.
     bool canFailMidway = false;
-    // The rows of a select that were to be locked are not: its result has none of a table's.
+    // The rows of a select that were to be locked are not locked: its result does not consist of a
+    // table's rows.
     bool locksLeft = false;
 };
 

@@ -33,7 +33,7 @@ private:
     bool& mShown;
 };
 
-// The services that there are only while windows are.
+// Services that exist only while windows do.
 class ShownServices {
 public:
     ShownServices(platform::Services& services, platform::Windows& windows,
@@ -106,7 +106,8 @@ void ComSession::Init(component::PeriodItem& item, com::ComPointer<IDispatch> lo
     ForgetOldLogins();
 }
 
-// A login that failed half-way leaves the component with objects of two of them.
+// After a login that failed half-way the component may have one object of it and one of an earlier
+// login: both logins stay.
 void ComSession::ForgetOldLogins() {
     std::erase_if(mLogins, [](const std::unique_ptr<HostLoginObjects>& each) {
         return &each->Login() != data::gLogin && &each->Environment() != data::gEnv;
@@ -124,7 +125,7 @@ void ComSession::Show(component::PeriodItem& item) {
 }
 
 void AbandonLogin() noexcept try {
-    // On purpose never freed.
+    // Never freed on purpose: closing it would call into a provider that may be gone.
     new std::shared_ptr<platform::Connection>(std::move(data::gConn));
 } catch (...) {
     data::gConn.reset();

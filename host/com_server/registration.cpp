@@ -84,8 +84,9 @@ bool Exists(HKEY branch, const std::wstring& key) {
     return code == ERROR_SUCCESS;
 }
 
-// What the unregistering component takes with it. Name and type library are one for both widths:
-// they stay for the other one, classes and interfaces are each width's own.
+// What unregistering removes. The 32-bit and the 64-bit component share the name and the type
+// library, which stay as long as the other one is registered; classes and interfaces are each one's
+// own.
 std::vector<std::wstring> KeysToRemove(HKEY branch) {
     std::vector<std::wstring> keys{ClassKey(), InterfaceKey(), PlatformKey(kPlatform)};
     if (!Exists(branch, PlatformKey(kOtherPlatform))) {

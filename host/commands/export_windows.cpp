@@ -18,7 +18,7 @@ void ExportWindows::ShowModal(platform::Window& window) {
     auto& form = dynamic_cast<controls::Form&>(window);
     form.Load();
     form.Activate();
-    // What could not be read as a whole is not what was asked for.
+    // A notice says that something could not be read: half a list is not what was asked for.
     if (!form.Notice().empty()) {
         mOpenedDetails = true;
         mTask.failed(form.Notice());

@@ -33,7 +33,7 @@ public:
     void SendKeys(std::string_view /*keys*/) override {}
     void Beep() override {}
     void SetHelpFile(std::string_view /*path*/) override {}
-    // There is no screen, and nothing that would be measured by one.
+    // There is no screen; nothing depends on these measures.
     int TwipsPerPixelX() const override { return kTwipsPerPixel; }
     int TwipsPerPixelY() const override { return kTwipsPerPixel; }
     int ScreenWidth() const override { return 1280 * kTwipsPerPixel; }

@@ -13,7 +13,7 @@ public:
 
     // Each throws std::system_error when the system refuses. Paths are UTF-8.
 
-    // Whether an existing file may be written; there is none: true.
+    // Throws when there is a file that may not be written.
     virtual void CheckWritable(const std::string& path);
     // Makes a new file and returns its descriptor; fails when there is one. While it is open it is
     // locked, which shows that somebody is writing it.

@@ -1,5 +1,5 @@
-// The disk as Windows has it. A file that is being written is open with what lets it be renamed and
-// written by others, and not by who wants it for himself alone.
+// The disk as Windows has it. Others may open, rename and write a file that is being written; only
+// an exclusive opening fails, which tells that somebody is writing it.
 
 #include <errno.h>
 #include <fcntl.h>
@@ -36,7 +36,7 @@ constexpr std::array kReasons{
     Reason{ERROR_FILENAME_EXCED_RANGE, std::errc::filename_too_long},
 };
 
-// Throws for what the system refused last; the reasons are named as elsewhere.
+// Throws for what the system refused last, with the reasons that other systems have for it.
 [[noreturn]] void Refuse() {
     const DWORD code = GetLastError();
     for (const Reason& reason : kReasons) {

@@ -52,7 +52,7 @@ bool IsThere(HDC context, std::wstring_view name) {
     return found;
 }
 
-// The first of the pages' fonts that is there; without one the system takes what it likes.
+// The first of the pages' fonts that is there; without one the system chooses.
 std::wstring PageFont(HDC context) {
     std::wstring rest = platform::ToUtf16<wchar_t>(platform::kPageFonts);
     while (!rest.empty()) {

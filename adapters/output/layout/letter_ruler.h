@@ -11,7 +11,7 @@ class LetterRuler {
 public:
     virtual ~LetterRuler() = default;
 
-    // Letters so large that rounding to whole units does not add up.
+    // The letters are so large that rounding their widths to whole units does no harm.
     static constexpr int kLetterSize = 1000;  // in tenths of a point
     static constexpr int kUnitsPerPoint = 1024;
 

@@ -20,7 +20,7 @@ constexpr int kThousandths = 100;  // of a millimetre in a tenth
 // Appends `text` broken to `width`; returns the lower end.
 int AppendLines(std::vector<platform::PageText>& texts, std::string_view text, Letters letters,
                 PageBox place, PageAlignment alignment, TextMeasurer& measurer) {
-    // What needs letters of less than half their size is broken.
+    // A text that would need letters of less than half their size is broken into lines instead.
     const int fitting = FittingSize(text, letters, place.width, measurer);
     letters.size = std::max(letters.size / 2, fitting);
     place.height = LineHeight(letters.size);

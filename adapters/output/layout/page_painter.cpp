@@ -62,7 +62,7 @@ void PagePainter::PaintText(const PageText& text) {
     const double needed = static_cast<double>(extents.width) / PANGO_SCALE;
     const double height = static_cast<double>(extents.height) / PANGO_SCALE;
     const double room = PointsOfTenths(text.box.width);
-    // What shaping made wider than the sum of its letters is drawn narrower.
+    // The whole text can come out wider than its letters, which were measured one by one.
     const double narrowed = needed > room ? room / needed : 1;
 
     cairo_save(mTarget);

@@ -60,11 +60,11 @@ constexpr std::array kChoiceFields{
     ChoiceField{"适合纸宽", &PageSettings::fitWidth, "是", "否"},
 };
 
-std::optional<int> ReadNumber(std::string_view text, int largest) {
+std::optional<int> ReadNumber(std::string_view text, int maximum) {
     int number = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
-    if (!whole || number < 0 || number > largest) return std::nullopt;
+    if (!whole || number < 0 || number > maximum) return std::nullopt;
     return number;
 }
 

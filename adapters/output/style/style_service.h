@@ -25,9 +25,9 @@ public:
     void SetRows(int count, std::function<std::string(int)> cells) override;
     std::string ErrorText() const override { return mErrorText; }
 
-    // The sheet in the style `styleName`: its stored settings, positions and columns where there
-    // are any, the others' as they were handed over. Nothing, with an ErrorText(), when that cannot
-    // be laid out.
+    // The sheet in the style `styleName`: settings, positions and columns as they are stored, and
+    // as they were handed over where none are stored. Nothing, with an ErrorText(), when that
+    // cannot be laid out.
     std::optional<Sheet> MakeSheet(std::string_view styleName);
 
 private:

@@ -19,7 +19,7 @@ Type CommonType(Type a, Type b) {
     return a.kind < b.kind ? b : a;
 }
 
-// Converts the operands to the type that the strongest of them has.
+// Converts the operands to that of their types which has precedence.
 Type Unify(std::vector<ExpressionPtr>& operands) {
     Type common;
     for (const ExpressionPtr& operand : operands) common = CommonType(common, operand->type);
@@ -27,7 +27,8 @@ Type Unify(std::vector<ExpressionPtr>& operands) {
     return common;
 }
 
-// The operands of a call have their types; converts those that the function takes as another one.
+// Gives a call whose operands have their types its own, and converts the operands that the function
+// takes as another type.
 void SetTypeOfCall(Expression& call) {
     switch (call.builtIn->id) {
         case BuiltIn::IsNull: {
@@ -236,7 +237,7 @@ std::string Signature(const Expression& expression) {
     for (const ExpressionPtr& operand : expression.operands) {
         text += '(' + Signature(*operand) + ')';
     }
-    // Sub-queries are never taken for the same.
+    // Two sub-queries never count as the same expression.
     if (expression.query) text += std::to_string(reinterpret_cast<std::uintptr_t>(&expression));
     return text;
 }

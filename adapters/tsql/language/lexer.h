@@ -44,7 +44,7 @@ struct LexedText {
     std::string shape;
 };
 
-// Fills `result`, whose memory is used again, from `statement`, whose text it refers to. Throws
+// Fills `result`, reusing its memory, from `statement`, whose text it refers to. Throws
 // DatabaseError (102, 105) for characters that no statement has and for unclosed quotes.
 void Lex(std::string_view statement, LexedText& result);
 

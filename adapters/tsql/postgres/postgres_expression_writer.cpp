@@ -175,7 +175,7 @@ std::string PostgresExpressionWriter::CallValue(const Expression& call) {
     throw NotTranslated(call.name);
 }
 
-// What an aggregate is made of is no group's value.
+// Inside an aggregate a text is each row's own, not the one that stands for the group.
 std::string PostgresExpressionWriter::AggregateValue(const Expression& aggregate) {
     std::vector<std::string> groups = std::exchange(mGroups, {});
     std::string text = CallValue(aggregate);

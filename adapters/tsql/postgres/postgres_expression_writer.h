@@ -22,7 +22,7 @@ public:
     // The expression as a column of `type` named `column` stores it.
     std::string Stored(const Expression& expression, Type type, std::string_view column);
 
-    // A select of one column; see postgres_writer.cpp.
+    // A select of one column; see postgres_select.cpp.
     std::string Query(const Select& query, Wanted wanted);
     // What stands behind the columns of a select, up to its order.
     std::string Clauses(const Select& select);

@@ -36,7 +36,7 @@ std::string PostgresLiteral(const Datum& value, Type type) {
     return Number(type.kind == Kind::Money ? MoneyText(*integer) : std::to_string(*integer));
 }
 
-// The writer puts no text between apostrophes that holds a "$", and names stand between quotes.
+// A "$" outside of quotes is a parameter's place: values come in here alone, and names are quoted.
 std::string FilledForPostgres(const Translated& translated, const std::vector<Literal>& literals) {
     std::string result;
     const std::string& text = translated.text;

@@ -60,7 +60,7 @@ std::string Clauses(const Select& select, SqliteExpressionWriter& writer) {
 std::string QueryText(const Select& query, SqliteExpressionWriter& writer) {
     std::string text = query.distinct ? "select distinct " : "select ";
     const Expression& value = *query.items[0].value;
-    // The set a value is looked for in holds it once whatever its letter case.
+    // Without regard to letter case a value must be in a distinct result once.
     text += (query.distinct ? writer.Comparable(value) : writer.Value(value)) + " as value";
     return text + Clauses(query, writer);
 }

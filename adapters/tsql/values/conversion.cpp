@@ -54,7 +54,8 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
-// What is left to read takes a minus for its own sign, so two signs stay what they are: no number.
+// A plus in front, which the reader of digits does not take, is cut off; but "+-5" is no number and
+// must not become one.
 std::string_view WithoutPlus(std::string_view digits) {
     if (digits.starts_with('+') && !digits.starts_with("+-")) digits.remove_prefix(1);
     return digits;

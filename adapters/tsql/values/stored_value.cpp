@@ -57,7 +57,7 @@ std::string MoneyText(std::int64_t units) {
 }
 
 std::int64_t MoneyUnits(std::string_view text) {
-    // The form in which amounts are stored is read without detours.
+    // Amounts in the form in which they are stored need no general reader, which is slower.
     const bool negative = !text.empty() && text.front() == '-';
     const std::string_view digits = negative ? text.substr(1) : text;
     const std::size_t point = digits.size() - 5;

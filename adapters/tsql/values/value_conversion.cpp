@@ -54,7 +54,7 @@ Value ToValue(Datum stored, Type type) {
 
 Datum ToStored(const Value& value, Type type, std::string_view column) {
     const auto [datum, from] = Typed(value);
-    // A column judges the length of a text itself, it does not cut it.
+    // The conversion must not cut the text: whether it is too long, Stored() decides.
     const Type to = type.IsText() ? Type{type.kind, 0} : type;
     return Stored(Convert(datum, from, to), type, column);
 }

@@ -6,7 +6,7 @@
 #include "adapters/sqlite/connection.h"
 #include "host/account/host_tables.h"
 #include "host/account/item_class.h"
-#include "host/account/server_name.h"
+#include "host/surroundings/server_name.h"
 #include "platform/connection_string.h"
 
 namespace kelvane::host {

@@ -6,7 +6,7 @@
 #include <iostream>
 #include <optional>
 
-#include "host/account/server_name.h"
+#include "host/surroundings/server_name.h"
 #include "host/surroundings/terminal.h"
 #include "platform/connection_string.h"
 

@@ -34,7 +34,7 @@ ALLOWED = {
     "adapters/headless": ["platform", "controls", "adapters/drive"],
     "adapters/reference": ["platform", "controls"],
     "adapters/output/files": ["platform"],
-    "adapters/output/layout": ["platform", "adapters/output/formats"],
+    "adapters/output/layout": ["platform"],
     "adapters/output/formats": ["platform", "adapters/output/files", "adapters/output/layout"],
     "adapters/output/style": ["platform", "controls", "adapters/output/formats",
                               "adapters/output/layout"],
@@ -42,7 +42,7 @@ ALLOWED = {
     "adapters/desktop": ["platform", "controls", "adapters/drive"],
     "adapters/com": ["platform"],
     # Nothing outside includes the host.
-    "host/surroundings": ["*", "host/account"],
+    "host/surroundings": ["*"],
     "host/account": ["*", "host/surroundings"],
     "host/sample": ["*", "host/account"],
     "host/creation": ["*", "host/account", "host/sample", "host/surroundings"],

@@ -1,6 +1,6 @@
 #include "adapters/output/layout/page_painter.h"
 
-#include "adapters/output/formats/readable_text.h"
+#include "adapters/output/layout/readable_text.h"
 
 namespace kelvane::output {
 

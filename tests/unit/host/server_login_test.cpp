@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "host/account/account_place.h"
-#include "host/account/server_name.h"
 #include "host/surroundings/password.h"
+#include "host/surroundings/server_name.h"
 
 namespace kelvane::host_test {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/account/server_name.h"
+#include "host/surroundings/server_name.h"
 
 #include <array>
 

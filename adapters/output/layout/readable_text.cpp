@@ -1,4 +1,4 @@
-#include "adapters/output/formats/readable_text.h"
+#include "adapters/output/layout/readable_text.h"
 
 #include "platform/utf8.h"
 

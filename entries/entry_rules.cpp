@@ -99,8 +99,9 @@ std::optional<Finding> EntryRules::CheckDeletion(const EntryTexts& entry) const 
 Findings EntryRules::CheckEntry(EntryTexts& entry, std::int16_t& detail) const {
     Findings found;
     const auto accepts = [&](std::optional<Finding> finding) {
-        if (finding) found.push_back(*std::move(finding));
-        return !finding;
+        if (!finding) return true;
+        found.push_back(*std::move(finding));
+        return false;
     };
     for (std::string& cell : entry.cells) {
         if (cell != " ") cell = data::Trim(cell);

@@ -65,7 +65,10 @@ class Account:
     def run_together(self, statements):
         self.ask("begin")
         for statement in statements:
-            self.run(statement)
+            try:
+                self.run(statement)
+            except AccountError as error:
+                raise AccountError(f"{statement}: {error}") from error
         self.ask("commit")
 
     def rows(self, query):

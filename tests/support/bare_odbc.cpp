@@ -3,6 +3,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <optional>
 #include <stdexcept>
 
 namespace kelvane::support {
@@ -43,28 +44,41 @@ SQLCHAR* Chars(const std::string& text) {
 
 }  // namespace
 
-std::string RunBare(const std::string& connectionString, const std::string& statement) {
-    const Handle environment(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+struct BareConnection::Handles {
+    Handle environment{SQL_HANDLE_ENV, SQL_NULL_HANDLE};
+    std::optional<Handle> connection;
+};
+
+BareConnection::BareConnection(const std::string& connectionString)
+    : mHandles(std::make_unique<Handles>()) {
+    const Handle& environment = mHandles->environment;
     environment.Require(SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION,
                                       reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
-    const Handle connection(SQL_HANDLE_DBC, environment.Get());
+    const Handle& connection = mHandles->connection.emplace(SQL_HANDLE_DBC, environment.Get());
     connection.Require(SQLDriverConnect(connection.Get(), nullptr, Chars(connectionString), SQL_NTS,
                                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
-    std::string answer;
-    {
-        const Handle call(SQL_HANDLE_STMT, connection.Get());
-        call.Require(SQLExecDirect(call.Get(), Chars(statement), SQL_NTS));
-        SQLSMALLINT columns = 0;
-        SQLNumResultCols(call.Get(), &columns);
-        char field[256] = {};
-        SQLLEN length = 0;
-        if (columns > 0 && SQL_SUCCEEDED(SQLFetch(call.Get())) &&
-            SQL_SUCCEEDED(SQLGetData(call.Get(), 1, SQL_C_CHAR, field, sizeof field, &length))) {
-            answer = field;
-        }
+}
+
+BareConnection::~BareConnection() {
+    SQLDisconnect(mHandles->connection->Get());
+}
+
+std::string BareConnection::Ask(const std::string& statement) const {
+    const Handle call(SQL_HANDLE_STMT, mHandles->connection->Get());
+    call.Require(SQLExecDirect(call.Get(), Chars(statement), SQL_NTS));
+    SQLSMALLINT columns = 0;
+    SQLNumResultCols(call.Get(), &columns);
+    char field[256] = {};
+    SQLLEN length = 0;
+    if (columns > 0 && SQL_SUCCEEDED(SQLFetch(call.Get())) &&
+        SQL_SUCCEEDED(SQLGetData(call.Get(), 1, SQL_C_CHAR, field, sizeof field, &length))) {
+        return field;
     }
-    SQLDisconnect(connection.Get());
-    return answer;
+    return {};
+}
+
+std::string RunBare(const std::string& connectionString, const std::string& statement) {
+    return BareConnection(connectionString).Ask(statement);
 }
 
 }  // namespace kelvane::support

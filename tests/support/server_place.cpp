@@ -1,8 +1,5 @@
 #include "tests/support/server_place.h"
 
-#include <unistd.h>
-
-#include <atomic>
 #include <regex>
 #include <stdexcept>
 #include <utility>
@@ -87,35 +84,38 @@ private:
     EngineKind mEngine = EngineKind::SqlServer;
 };
 
-// Creates the database before the place connects to it, and drops it behind the place's last use.
-class OwnDatabase {
+// A database that is the place's alone for as long as it holds the lock of its number, emptied
+// before the place connects to it. To make one takes the server longer than most tests take, so
+// that one that is free is used again; what is left of the place before may still be there.
+class BorrowedDatabase {
 public:
-    explicit OwnDatabase(std::string server) : mServer(std::move(server)) {
-        static std::atomic<int> next{0};
-        mName = "kelvane_test_" + std::to_string(getpid()) + '_' + std::to_string(next++);
-        RunBare(mServer, "create database " + mName + " template template0");
-    }
-    ~OwnDatabase() {
-        try {
-            RunBare(mServer, "drop database " + mName + " with (force)");
-        } catch (const std::exception&) {
-            mName.clear();  // the server is gone, and with it the database
+    explicit BorrowedDatabase(const std::string& server) : mLock(server) {
+        while (mLock.Ask("select pg_try_advisory_lock(" + std::to_string(++mNumber) + ")::int") !=
+               "1") {
         }
+        const std::string name = "kelvane_test_" + std::to_string(mNumber);
+        mConnectionString = WithKeyword(server, "Database", name);
+        const std::string named = " where datname='" + name + "'";
+        if (mLock.Ask("select count(*) from pg_database" + named) == "0") {
+            mLock.Ask("create database " + name + " template template0 strategy file_copy");
+            return;
+        }
+        mLock.Ask("select count(pg_terminate_backend(pid,5000)) from pg_stat_activity" + named);
+        RunBare(mConnectionString, "drop schema public cascade; create schema public");
     }
-    OwnDatabase(const OwnDatabase&) = delete;
-    OwnDatabase& operator=(const OwnDatabase&) = delete;
 
-    std::string ConnectionString() const { return WithKeyword(mServer, "Database", mName); }
+    std::string ConnectionString() const { return mConnectionString; }
 
 private:
-    std::string mServer;
-    std::string mName;
+    BareConnection mLock;
+    int mNumber = 0;
+    std::string mConnectionString;
 };
 
-class PostgresPlace : private OwnDatabase, public ServerPlace {
+class PostgresPlace : private BorrowedDatabase, public ServerPlace {
 public:
     explicit PostgresPlace(const std::string& server)
-        : OwnDatabase(server), ServerPlace(OwnDatabase::ConnectionString()) {}
+        : BorrowedDatabase(server), ServerPlace(BorrowedDatabase::ConnectionString()) {}
 
     std::string ConnectionString() const override { return ServerPlace::ConnectionString(); }
 };

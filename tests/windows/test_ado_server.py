@@ -5,6 +5,7 @@
 """
 
 import os
+import subprocess
 import sys
 import unittest
 from pathlib import Path
@@ -102,8 +103,9 @@ class RegistrationTest(unittest.TestCase):
         command = ["wine", "regsvr32", "/s", wine_session.windows_path(LIBRARY)]
         marker.rename(hidden)
         try:
-            status = wine_session.subprocess.run(command, capture_output=True, check=False,
-                                                 timeout=wine_session.RUN_SECONDS).returncode
+            status = subprocess.run(command, stdout=subprocess.DEVNULL,
+                                    stderr=subprocess.DEVNULL, check=False,
+                                    timeout=wine_session.RUN_SECONDS).returncode
         finally:
             hidden.rename(marker)
         self.assertNotEqual(status, 0)

@@ -30,9 +30,15 @@ def run(*command, seconds=RUN_SECONDS, environment=None, commands=""):
     """Runs a Windows program on an input; its exit status and output in the completed process."""
     if not Path(os.environ["WINEPREFIX"], "drive_c", "kelvane-throwaway-prefix").exists():
         raise RuntimeError("this is no prefix of scripts/with-wine")
-    return subprocess.run(["wine", *map(str, command)], input=commands.encode("utf-8"),
-                          capture_output=True, check=False, timeout=seconds,
-                          env={**os.environ, **(environment or {})})
+    # In files: pipes would stay open until Wine's services, which get them too, end by themselves.
+    with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
+        result = subprocess.run(["wine", *map(str, command)], input=commands.encode("utf-8"),
+                                stdout=output, stderr=errors, check=False, timeout=seconds,
+                                env={**os.environ, **(environment or {})})
+        output.seek(0)
+        errors.seek(0)
+        result.stdout, result.stderr = output.read(), errors.read()
+        return result
 
 
 def register(library):

@@ -30,8 +30,8 @@ if(KELVANE_SANITIZE)
 endif()
 
 # The standard headers that most sources include, compiled once for all libraries: they are most of
-# what a compiler reads. A source still includes what it uses; builds for use and for Windows do
-# without (CMAKE_DISABLE_PRECOMPILE_HEADERS).
+# what a compiler reads. A source still includes what it uses; the release and the one for 64-bit
+# Windows are compiled without (CMAKE_DISABLE_PRECOMPILE_HEADERS).
 set(KELVANE_STANDARD_HEADERS
     <algorithm> <array> <charconv> <cstdint> <filesystem> <functional> <map> <memory> <optional> <span>
     <stdexcept> <string> <string_view> <utility> <vector>)
@@ -40,7 +40,9 @@ if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
     target_compile_options(kelvane_warnings INTERFACE
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-array-bounds;-Wno-stringop-overflow>)
     # All targets share them, the ones that need threads included.
-    add_compile_options(-pthread)
+    if(NOT WIN32)
+        add_compile_options(-pthread)
+    endif()
 endif()
 file(WRITE "${CMAKE_BINARY_DIR}/headers.cpp" "")
 add_library(kelvane_headers OBJECT "${CMAKE_BINARY_DIR}/headers.cpp")

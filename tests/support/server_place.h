@@ -9,7 +9,7 @@
 namespace kelvane::support {
 
 // A database of its own beside the one that `connectionString` names on a PostgreSQL server; it is
-// gone with the object.
+// the object's alone, and empty at first.
 std::unique_ptr<TestPlace> MakePostgresPlace(const std::string& connectionString);
 
 // The database that `connectionString` names, emptied. Throws std::runtime_error when it holds

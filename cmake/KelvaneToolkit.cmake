@@ -23,5 +23,8 @@ endforeach()
 list(TRANSFORM wx_cxxflags REPLACE "^-I" "-isystem")
 # Whether a program has a console is for the program to say.
 list(FILTER wx_libs EXCLUDE REGEX "-mwindows|--subsystem")
-target_compile_options(kelvane_wx INTERFACE ${wx_cxxflags})
+# Assertions in its headers name their file.
+get_filename_component(wx_folder "${wxWidgets_CONFIG_EXECUTABLE}" DIRECTORY)
+get_filename_component(wx_folder "${wx_folder}" DIRECTORY)
+target_compile_options(kelvane_wx INTERFACE ${wx_cxxflags} "-ffile-prefix-map=${wx_folder}=wx")
 target_link_libraries(kelvane_wx INTERFACE ${wx_libs})

@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""What the binaries for Windows show to the system: exports, imports, type library, manifests.
+"""What the binaries for Windows show to the system: exports, imports, type library, manifests, and
+how they are guarded.
 
   tests/windows/check_binaries.py dist/windows-x64 [dist/windows-x86 ...]
 """
 
 import re
+import struct
 import subprocess
 import sys
 import unittest
@@ -26,6 +28,13 @@ SYSTEM = {
     "winspool.drv",
 }
 
+BINARIES = ("Kelvane.dll", "kelvane.exe", "samples/host.exe")
+# Bits of a binary's header, and what the guards say before they end the process.
+RELOCATIONS_STRIPPED = 0x0001
+HIGH_ENTROPY, DYNAMIC_BASE, NO_CODE_IN_DATA = 0x0020, 0x0040, 0x0100
+STACK_GUARD = b"*** stack smashing detected ***"
+BUFFER_GUARD = b"*** buffer overflow detected ***"
+
 SCRIPTS = ["data-access.vbs", "host.vbs", "register-machine.cmd", "register-user.cmd", "trial.cmd",
            "trial.vbs", "unregister-machine.cmd", "unregister-user.cmd"]
 FORMATS = {"windows-x64": ("pei-x86-64", "amd64"), "windows-x86": ("pei-i386", "x86")}
@@ -46,6 +55,15 @@ def imports_of(binary):
     return {name.lower() for name in re.findall(r"DLL Name: (\S+)", dump(binary, "-p"))}
 
 
+def header_bits(binary):
+    """The characteristics of the file, and those that the loader heeds."""
+    content = binary.read_bytes()
+    start, = struct.unpack_from("<I", content, 0x3C)
+    of_file, = struct.unpack_from("<H", content, start + 4 + 18)
+    for_loader, = struct.unpack_from("<H", content, start + 4 + 20 + 70)
+    return of_file, for_loader
+
+
 def described_ids():
     """The identities in the interface description: interface, library and class."""
     text = (ROOT / "host/com_server/kelvane.idl").read_text(encoding="utf-8")
@@ -61,7 +79,7 @@ def manifest(folder):
 class Binaries(unittest.TestCase):
     def test_architecture(self):
         for folder in FOLDERS:
-            for name in ("Kelvane.dll", "kelvane.exe", "samples/host.exe"):
+            for name in BINARIES:
                 found = re.search(r"file format (\S+)", dump(folder / name, "-f"))
                 self.assertEqual(found[1], FORMATS[folder.name][0], name)
 
@@ -71,14 +89,39 @@ class Binaries(unittest.TestCase):
 
     def test_only_system_libraries_are_imported(self):
         for folder in FOLDERS:
-            for name in ("Kelvane.dll", "kelvane.exe", "samples/host.exe"):
+            for name in BINARIES:
                 imported = imports_of(folder / name)
                 self.assertIn("kernel32.dll", imported, name)
                 self.assertEqual(imported - SYSTEM, set(), name)
 
+    def test_the_loader_chooses_addresses_and_runs_no_data(self):
+        for folder in FOLDERS:
+            wanted = DYNAMIC_BASE | NO_CODE_IN_DATA
+            if FORMATS[folder.name][1] == "amd64":
+                wanted |= HIGH_ENTROPY
+            for name in BINARIES:
+                of_file, for_loader = header_bits(folder / name)
+                self.assertEqual(for_loader & wanted, wanted, name)
+                self.assertEqual(of_file & RELOCATIONS_STRIPPED, 0, name)
+                self.assertRegex(dump(folder / name, "-h"), r"\.reloc ", name)
+
+    def test_stack_and_buffers_are_guarded(self):
+        for folder in FOLDERS:
+            for name in BINARIES:
+                content = (folder / name).read_bytes()
+                self.assertIn(STACK_GUARD, content, name)
+                if name != "samples/host.exe":  # it fills no buffer whose size is known
+                    self.assertIn(BUFFER_GUARD, content, name)
+
+    def test_binaries_do_not_tell_where_they_were_built(self):
+        for folder in FOLDERS:
+            for name in BINARIES:
+                content = (folder / name).read_bytes()
+                self.assertEqual(content.count(str(ROOT).encode() + b"/"), 0, name)
+
     def test_nothing_for_the_debugger_is_left(self):
         for folder in FOLDERS:
-            for name in ("Kelvane.dll", "kelvane.exe", "samples/host.exe"):
+            for name in BINARIES:
                 self.assertNotIn(".debug_", dump(folder / name, "-h"), name)
                 self.assertIn("no symbols", dump(folder / name, "-t"), name)
 

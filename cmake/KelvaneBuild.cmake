@@ -7,7 +7,10 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-find_program(KELVANE_CCACHE ccache)
+# A project that takes this one in chooses its own way to the compiler.
+if(PROJECT_IS_TOP_LEVEL)
+    find_program(KELVANE_CCACHE ccache)
+endif()
 if(KELVANE_CCACHE)
     # As it asks for where headers are compiled beforehand.
     set(CMAKE_CXX_COMPILER_LAUNCHER
@@ -17,7 +20,7 @@ endif()
 
 add_library(kelvane_warnings INTERFACE)
 target_compile_options(kelvane_warnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${KELVANE_WERROR}>:-Werror>
     # GCC 12 warns of an overlap in "text" + std::string that cannot be (its bug 105651).
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 
@@ -44,8 +47,8 @@ if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
         add_compile_options(-pthread)
     endif()
 endif()
-file(WRITE "${CMAKE_BINARY_DIR}/headers.cpp" "")
-add_library(kelvane_headers OBJECT "${CMAKE_BINARY_DIR}/headers.cpp")
+file(WRITE "${PROJECT_BINARY_DIR}/headers.cpp" "")
+add_library(kelvane_headers OBJECT "${PROJECT_BINARY_DIR}/headers.cpp")
 target_link_libraries(kelvane_headers PRIVATE kelvane_warnings)
 target_precompile_headers(kelvane_headers PRIVATE ${KELVANE_STANDARD_HEADERS})
 

@@ -1,16 +1,6 @@
-# kelvane_wx: the window toolkit, as its own wx-config describes it. For Windows that is the one that
-# scripts/windows-library built; wxWidgets_CONFIG_EXECUTABLE names it.
-add_library(kelvane_wx INTERFACE)
-if(NOT WIN32)
-    find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
-    separate_arguments(wx_flags NATIVE_COMMAND "${wxWidgets_CXX_FLAGS}")
-    target_include_directories(kelvane_wx SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
-    target_compile_definitions(kelvane_wx INTERFACE ${wxWidgets_DEFINITIONS})
-    target_compile_options(kelvane_wx INTERFACE ${wx_flags})
-    target_link_libraries(kelvane_wx INTERFACE ${wxWidgets_LIBRARIES})
-    return()
-endif()
-
+# Kelvane::wx for Windows: the window toolkit that scripts/windows-library built, as its own wx-config
+# describes it; wxWidgets_CONFIG_EXECUTABLE names that. Elsewhere it is the system's
+# (KelvaneDependencies).
 if(NOT wxWidgets_CONFIG_EXECUTABLE)
     message(FATAL_ERROR "wxWidgets_CONFIG_EXECUTABLE names no wx-config; use scripts/build-windows")
 endif()
@@ -26,5 +16,6 @@ list(FILTER wx_libs EXCLUDE REGEX "-mwindows|--subsystem")
 # Assertions in its headers name their file.
 get_filename_component(wx_folder "${wxWidgets_CONFIG_EXECUTABLE}" DIRECTORY)
 get_filename_component(wx_folder "${wx_folder}" DIRECTORY)
-target_compile_options(kelvane_wx INTERFACE ${wx_cxxflags} "-ffile-prefix-map=${wx_folder}=wx")
-target_link_libraries(kelvane_wx INTERFACE ${wx_libs})
+add_library(Kelvane::wx INTERFACE IMPORTED)
+target_compile_options(Kelvane::wx INTERFACE ${wx_cxxflags} "-ffile-prefix-map=${wx_folder}=wx")
+target_link_libraries(Kelvane::wx INTERFACE ${wx_libs})

@@ -145,4 +145,8 @@ std::unique_ptr<RecordSet> ReferenceListService::Show(std::unique_ptr<RecordSet>
     return std::make_unique<ChosenRow>(std::move(source), *window.Chosen());
 }
 
+std::unique_ptr<platform::ReferenceList> MakeReferenceLists(ListSurroundings surroundings) {
+    return std::make_unique<ReferenceListService>(std::move(surroundings));
+}
+
 }  // namespace kelvane::reference

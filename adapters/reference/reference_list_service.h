@@ -2,26 +2,10 @@
 // is handed, shows the rows in a ReferenceWindow and gives the chosen row back.
 #pragma once
 
-#include <functional>
-#include <string>
-
+#include "adapters/reference/reference_lists.h"
 #include "adapters/reference/reference_window.h"
-#include "platform/host.h"
-#include "platform/reference_list.h"
-#include "platform/windows.h"
 
 namespace kelvane::reference {
-
-// What the service runs on. All of it outlives the service.
-struct ListSurroundings {
-    platform::Windows& windows;
-    // The account, for the lists that are handed a login.
-    std::function<platform::HostDataAccess&()> dataAccess;
-    // The code of the duty centre whose items the restricted item list offers. That list's
-    // statement comes without the table it selects from; the service adds it with this code.
-    // Empty: that query fails.
-    std::function<std::string()> currentCenter;
-};
 
 // Lists known by key or by name: "Pm_Dutyref", "Pm_Eleref"; "PM_Equipment". Any other is a
 // DatabaseError. The options are of no effect: every list is a choice of one row.

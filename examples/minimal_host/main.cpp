@@ -1,59 +1,20 @@
 // The smallest host: it logs in on an account file, hands the component its two objects and opens
-// the entry list. Its windows are the console: a window that is shown is written out and closed.
+// the entry list. All services that it offers are its own: its windows are the console, where a
+// window that is shown is written out and closed, and its registry is empty.
 //
 //   minimal_host ACCOUNT
+#include <kelvane/adapters/sqlite/connection.h>
+#include <kelvane/kelvane.h>
+
 #include <cstdio>
 #include <exception>
-#include <string>
 
-#include "adapters/sqlite/connection.h"
-#include "component/period_item.h"
-#include "controls/form.h"
-#include "controls/grid.h"
+#include "host_objects.h"
 
 using namespace kelvane;
 using platform::DateTime;
 
 namespace {
-
-class Login : public platform::HostLogin {
-public:
-    explicit Login(std::string account) : mAccount(std::move(account)) {}
-    std::string ConnectionString() const override { return "Data Source=" + mAccount; }
-    std::string UserId() const override { return "demo"; }
-    bool IsExemptFromCenterAuth() const override { return true; }
-    int Year() const override { return 2004; }
-
-private:
-    std::string mAccount;
-};
-
-// The host's surroundings: names for the printed headers, a calendar whose periods are the months,
-// and a connection of its own for the component's reference reads.
-class Environment : public platform::HostEnvironment,
-                    private platform::HostUnit,
-                    private platform::HostOperator,
-                    private platform::HostAccount {
-public:
-    explicit Environment(std::shared_ptr<platform::Connection> connection)
-        : mDataAccess(std::move(connection)) {}
-
-    platform::HostUnit& Unit() override { return *this; }
-    platform::HostOperator& Operator() override { return *this; }
-    platform::HostAccount& Account() override { return *this; }
-    platform::HostDataAccess& DataAccess() override { return mDataAccess; }
-    std::string ModuleSetting(std::string_view, std::string_view) override { return "2004-07-01"; }
-    std::string HostPath() const override { return "."; }
-
-private:
-    std::string Name() const override { return "示例单位"; }
-    int Year() const override { return 2004; }
-    DateTime YearStart(int year) const override { return {year, 1, 1}; }
-    int PeriodOf(const DateTime& date) const override { return date.month; }
-    DateTime PeriodStart(const DateTime& date) const override { return {date.year, date.month, 1}; }
-
-    platform::ConnectionDataAccess mDataAccess;
-};
 
 class ConsoleWindows : public platform::Windows {
 public:

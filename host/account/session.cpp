@@ -3,7 +3,8 @@
 #include <filesystem>
 #include <utility>
 
-#include "adapters/reference/reference_list_service.h"
+#include "adapters/reference/reference_lists.h"
+#include "component/current_center.h"
 #include "data/login_context.h"
 #include "host/account/account_place.h"
 #include "host/surroundings/local_time.h"
@@ -34,10 +35,10 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
     mServices.createConnection = [this] { return CreateConnection(); };
     mServices.today = [this] { return mToday ? *mToday : LocalNow(); };
     mServices.createReferenceList = [&windows] {
-        return std::make_unique<reference::ReferenceListService>(reference::ListSurroundings{
+        return reference::MakeReferenceLists({
             windows,
             []() -> platform::HostDataAccess& { return data::gEnv->DataAccess(); },
-            [] { return data::gRefCenterCode; },
+            component::CurrentCenter,
         });
     };
     if (printing != nullptr) OfferPrinting(mServices, *printing);

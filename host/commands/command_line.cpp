@@ -1,5 +1,6 @@
 #include "host/commands/command_line.h"
 
+#include <kelvane/version.h>
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>

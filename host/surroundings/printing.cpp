@@ -1,33 +1,27 @@
 #include "host/surroundings/printing.h"
 
 #include <filesystem>
-#include <memory>
 #include <system_error>
+#include <utility>
 
-#include "adapters/output/formats/xml_text_document.h"
-#include "adapters/output/output_print_control.h"
-#include "adapters/output/style/style_service.h"
+#include "adapters/output/printing.h"
 #include "data/login_context.h"
 #include "platform/native_path.h"
 
 namespace kelvane::host {
 
 void OfferPrinting(platform::Services& services, platform::PrintSurroundings& surroundings) {
-    services.createPrintControl = [windows = services.windows, &surroundings] {
+    output::OfferPrinting(services, surroundings,
+                          [](std::string_view place, std::string_view reason) {
+                              data::ReportTrapped(place, reason);
+                          });
+    services.createPrintControl = [make = std::move(services.createPrintControl)] {
         // Where print settings are saved. When it cannot be made, saving them says so.
         std::error_code refused;
         std::filesystem::create_directories(
             platform::PathOf(platform::NativePath(data::gPrintStylePath)), refused);
-        return std::make_unique<output::OutputPrintControl>(output::PrintEnvironment{
-            .windows = *windows,
-            .surroundings = surroundings,
-            .failed = [](std::string_view place,
-                         std::string_view reason) { data::ReportTrapped(place, reason); },
-        });
+        return make();
     };
-    services.createPrintStyle = [] { return std::make_unique<output::StyleService>(); };
-    if (services.createXmlDocument) return;
-    services.createXmlDocument = [] { return std::make_unique<output::XmlTextDocument>(); };
 }
 
 void WithdrawPrinting(platform::Services& services) {

@@ -64,6 +64,22 @@ def header_bits(binary):
     return of_file, for_loader
 
 
+def project_version():
+    text = (ROOT / "CMakeLists.txt").read_text(encoding="utf-8")
+    return re.search(r"project\(Kelvane VERSION ([0-9.]+)", text)[1]
+
+
+def shown_versions(binary):
+    """The version in the file's resource: as numbers, and as the text that the system shows."""
+    content = binary.read_bytes()
+    start = content.index(struct.pack("<II", 0xFEEF04BD, 0x00010000))
+    high, low = struct.unpack_from("<II", content, start + 8)
+    numbers = ".".join(str(part) for part in (high >> 16, high & 0xFFFF, low >> 16))
+    name = "FileVersion\0".encode("utf-16-le")
+    text = content[content.index(name, start) + len(name):][:64].decode("utf-16-le", "replace")
+    return numbers, text.lstrip("\0").partition("\0")[0]
+
+
 def described_ids():
     """The identities in the interface description: interface, library and class."""
     text = (ROOT / "host/com_server/kelvane.idl").read_text(encoding="utf-8")
@@ -118,6 +134,11 @@ class Binaries(unittest.TestCase):
             for name in BINARIES:
                 content = (folder / name).read_bytes()
                 self.assertEqual(content.count(str(ROOT).encode() + b"/"), 0, name)
+
+    def test_files_show_their_version(self):
+        for folder in FOLDERS:
+            for name in ("Kelvane.dll", "kelvane.exe"):
+                self.assertEqual(shown_versions(folder / name), (project_version(),) * 2, name)
 
     def test_nothing_for_the_debugger_is_left(self):
         for folder in FOLDERS:

@@ -28,6 +28,10 @@ SYSTEM = {
     "winspool.drv",
 }
 
+# What is linked into them, or compiled in, by the names of the notices.
+LINKED = ["wxWidgets", "nanosvg", "libxml2", "libxlsxwriter", "minizip", "zlib", "SQLite", "CLI11",
+          "libstdc++ and libgcc", "mingw-w64", "winpthreads", "Unicode"]
+
 BINARIES = ("Kelvane.dll", "kelvane.exe", "samples/host.exe")
 # Bits of a binary's header, and what the guards say before they end the process.
 RELOCATIONS_STRIPPED = 0x0001
@@ -139,6 +143,15 @@ class Binaries(unittest.TestCase):
         for folder in FOLDERS:
             for name in ("Kelvane.dll", "kelvane.exe"):
                 self.assertEqual(shown_versions(folder / name), (project_version(),) * 2, name)
+
+    def test_licence_and_notices_lie_beside_them(self):
+        for folder in FOLDERS:
+            self.assertIn("MIT License", (folder / "LICENSE.txt").read_text(encoding="utf-8"))
+            self.assertIn(project_version(), (folder / "CHANGELOG.txt").read_text(encoding="utf-8"))
+            notices = (folder / "THIRD-PARTY-NOTICES.txt").read_text(encoding="utf-8")
+            titles = re.findall(r"^(.+)\n-+$", notices, re.MULTILINE)
+            for linked in LINKED:
+                self.assertTrue(any(linked in title for title in titles), linked)
 
     def test_nothing_for_the_debugger_is_left(self):
         for folder in FOLDERS:

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "adapters/sqlite/companions.h"
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/failures.h"
 #include "adapters/sqlite/schema.h"
@@ -46,9 +47,9 @@ void CreateAccount(const std::string& path, const std::vector<TableDescription>&
         Fill(path, tables);
     } catch (...) {
         std::error_code ignored;
-        for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-            std::filesystem::remove(path + suffix, ignored);
-        }
+        std::filesystem::remove(path, ignored);
+        for (const char* ending : kCompanionEndings)
+            std::filesystem::remove(path + ending, ignored);
         throw;
     }
 }

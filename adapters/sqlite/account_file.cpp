@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 
+#include "adapters/sqlite/companions.h"
 #include "adapters/sqlite/failures.h"
 #include "adapters/sqlite/schema.h"
 #include "platform/native_path.h"
@@ -92,27 +93,29 @@ bool IsWriteProtected(const std::string& path) {
            allowed == 0;
 }
 
+constexpr const char* kNoAccount = "不是账套文件";
+
 }  // namespace
+
+void RequireLayout(const std::string& path, std::int64_t applicationId, std::int64_t version) {
+    if (applicationId != kApplicationId) throw AccountError(path, kNoAccount);
+    if (version > kLayoutVersion) throw AccountError(path, "是由较新版本的程序建立的");
+}
 
 void RequireAccountFile(const std::string& path) {
     std::error_code failure;
     const fs::path place = platform::PathOf(path);
     const fs::file_status status = fs::status(place, failure);
     if (!fs::exists(status)) throw AccountError(path, "不存在");
-    if (!fs::is_regular_file(status)) throw AccountError(path, "不是账套文件");
+    if (!fs::is_regular_file(status)) throw AccountError(path, kNoAccount);
+    RequirePlainCompanions(path);
     HeaderBytes bytes{};
     if (!ReadHeader(path, bytes)) throw AccountError(path, "无法读取");
     const Header header(bytes);
-    if (!header.IsDatabase() ||
-        header.Number(kApplicationIdAt) != static_cast<std::uint32_t>(kApplicationId)) {
-        throw AccountError(path, "不是账套文件");
-    }
-    if (header.Number(kUserVersionAt) > static_cast<std::uint32_t>(kLayoutVersion)) {
-        throw AccountError(path, "是由较新版本的程序建立的");
-    }
+    if (!header.IsDatabase()) throw AccountError(path, kNoAccount);
+    RequireLayout(path, header.Number(kApplicationIdAt), header.Number(kUserVersionAt));
     // What is missing from the file may still lie in its log, after a crash.
-    const bool hasLog = fs::file_size(platform::PathOf(path + "-wal"), failure) > 0 && !failure;
-    if (!hasLog && fs::file_size(place, failure) < header.LeastSize()) {
+    if (!HasLog(path) && fs::file_size(place, failure) < header.LeastSize()) {
         throw AccountError(path, "已损坏：文件不完整");
     }
     if (IsWriteProtected(path)) throw AccountError(path, "是只读的，不能写入");

@@ -4,10 +4,12 @@
 
 #include "adapters/database/refusals.h"
 #include "adapters/sqlite/account_file.h"
+#include "adapters/sqlite/companions.h"
 #include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/failures.h"
 #include "adapters/sqlite/file_row_writer.h"
 #include "adapters/sqlite/session.h"
+#include "adapters/sqlite/stored_definition.h"
 
 namespace kelvane::sqlite {
 
@@ -18,7 +20,7 @@ using platform::LockType;
 
 // How an account is used. Making a commit durable is the file system's word, so it is asked for.
 constexpr const char* kSettings =
-    "pragma trusted_schema = off; pragma synchronous = full; pragma cache_size = -16384;";
+    "pragma cell_size_check = on; pragma synchronous = full; pragma cache_size = -16384;";
 
 class SqliteConnection : public platform::Connection {
 public:
@@ -31,8 +33,9 @@ public:
     void Open(std::string_view, std::string_view, int) override {
         if (mSession) throw database::ConnectionIsOpen();
         const ConnectionTarget target = ParseConnectionString(mConnectionString);
-        RequireAccountFile(target.path);
-        auto session = std::make_shared<Session>(target.path, target.timeout);
+        const std::string path = RealPath(target.path);
+        RequireAccountFile(path);
+        auto session = std::make_shared<Session>(path, target.timeout);
         Prepare(*session);
         mSession = std::move(session);
     }
@@ -90,8 +93,15 @@ private:
 
     void Prepare(Session& session) {
         Database& database = session.Engine();
-        database.Run(kSettings);
         const std::string& path = database.Path();
+        // An account that is refused keeps its log as it is.
+        database.KeepLog(HasLog(path));
+        database.Run(kSettings);
+        // The log may hold other numbers than the file.
+        RequireLayout(path, database.Number("pragma application_id"),
+                      database.Number("pragma user_version"));
+        // Before the check of the content, which would run what the definitions say.
+        RequirePlainDefinitions(database, mRequiredTables);
         RequireIntact(database);
         for (const std::string& table : mRequiredTables) {
             Statement statement(database,
@@ -105,6 +115,7 @@ private:
             if (statement.Integer(0) == 0) throw AccountError(path, "缺少数据表 " + table);
         }
         database.Run("pragma journal_mode = wal");
+        database.KeepLog(false);
     }
 
     std::vector<std::string> mRequiredTables;

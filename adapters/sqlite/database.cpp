@@ -4,6 +4,7 @@
 
 #include "adapters/sqlite/failures.h"
 #include "adapters/sqlite/functions.h"
+#include "adapters/sqlite/hardening.h"
 #include "adapters/sqlite/statement.h"
 
 namespace kelvane::sqlite {
@@ -17,6 +18,9 @@ void RefuseBloomFilters(sqlite3* handle) {
     sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle, kBloomFilters);
 }
 
+// Of the engine's own: often enough to end a statement in time, seldom enough to cost nothing.
+constexpr int kStepsBetweenLooks = 1000;
+
 }  // namespace
 
 Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout(timeout) {
@@ -27,10 +31,19 @@ Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout
         sqlite3_close(mHandle);
         Throw(failure);
     }
-    sqlite3_extended_result_codes(mHandle, 1);
-    RefuseBloomFilters(mHandle);
-    SetTimeout(timeout);
-    AddFunctions(*this);
+    try {
+        Harden(mHandle);
+        sqlite3_extended_result_codes(mHandle, 1);
+        RefuseBloomFilters(mHandle);
+        SetTimeout(timeout);
+        sqlite3_progress_handler(
+            mHandle, kStepsBetweenLooks,
+            [](void* self) { return static_cast<Database*>(self)->HasRunTooLong() ? 1 : 0; }, this);
+        AddFunctions(*this);
+    } catch (...) {
+        sqlite3_close(mHandle);
+        throw;
+    }
 }
 
 Database::~Database() {
@@ -42,7 +55,16 @@ void Database::SetTimeout(int milliseconds) {
     sqlite3_busy_timeout(mHandle, milliseconds);
 }
 
+void Database::StartStatement() {
+    mStatementEnd = Clock::now() + mStatementBound + std::chrono::milliseconds(mTimeout);
+}
+
+void Database::KeepLog(bool kept) {
+    sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, kept ? 1 : 0, nullptr);
+}
+
 int Database::TryRun(const char* statement) {
+    StartStatement();
     return sqlite3_exec(mHandle, statement, nullptr, nullptr, nullptr);
 }
 

@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -10,9 +11,14 @@
 
 namespace kelvane::sqlite {
 
+// How long one statement may run before it is ended. Waiting for the locks of others does not
+// count.
+inline constexpr std::chrono::milliseconds kStatementBound = std::chrono::minutes(2);
+
 class Database {
 public:
-    // Opens the file `path`, which exists, for reading and writing. Throws DatabaseError.
+    // Opens the file `path`, which exists, for reading and writing, hardened against what the file
+    // may hold. Throws DatabaseError.
     // `timeout`: milliseconds to wait for the locks of others.
     Database(const std::string& path, int timeout);
     ~Database();
@@ -31,6 +37,9 @@ public:
 
     void SetTimeout(int milliseconds);
     int Timeout() const { return mTimeout; }
+    void SetStatementBound(std::chrono::milliseconds bound) { mStatementBound = bound; }
+    // A statement begins: from here on its time counts.
+    void StartStatement();
     bool InTransaction() const { return sqlite3_get_autocommit(mHandle) == 0; }
 
     // Throws what the engine's last failure, whose code is `code`, means. `table`: the table that
@@ -42,10 +51,19 @@ public:
     void SetFunctionError(const platform::DatabaseError& error) { mFunctionError = error; }
     bool HasFunctionError() const { return mFunctionError.has_value(); }
 
+    // While it is kept, the last connection that leaves does not write the log into the file.
+    void KeepLog(bool kept);
+
 private:
+    using Clock = std::chrono::steady_clock;
+
+    bool HasRunTooLong() const { return Clock::now() >= mStatementEnd; }
+
     std::string mPath;
     int mTimeout;
     sqlite3* mHandle = nullptr;
+    std::chrono::milliseconds mStatementBound = kStatementBound;
+    Clock::time_point mStatementEnd = Clock::time_point::max();
     std::optional<platform::DatabaseError> mFunctionError;
 };
 

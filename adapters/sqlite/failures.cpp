@@ -25,6 +25,8 @@ constexpr FileProblem kFileProblems[] = {
     {SQLITE_CANTOPEN, "无法打开"},
     {SQLITE_PERM, "不允许访问"},
     {SQLITE_PROTOCOL, "正被其他程序占用"},
+    {SQLITE_TOOBIG, "中有超过长度上限的内容"},
+    {SQLITE_INTERRUPT, "中的一步操作太久没有完成，已经中止"},
 };
 
 // "NOT NULL constraint failed: table.column" names the column last.

@@ -4,7 +4,8 @@
 
 namespace kelvane::sqlite {
 
-Statement::Statement(Database& database, std::string_view text, bool lasting) {
+Statement::Statement(Database& database, std::string_view text, bool lasting)
+    : mDatabase(&database) {
     const unsigned flags = lasting ? SQLITE_PREPARE_PERSISTENT : 0U;
     const int code = sqlite3_prepare_v3(database.Handle(), text.data(),
                                         static_cast<int>(text.size()), flags, &mHandle, nullptr);
@@ -16,7 +17,9 @@ Statement::~Statement() {
 }
 
 Statement& Statement::operator=(Statement&& other) noexcept {
+    std::swap(mDatabase, other.mDatabase);
     std::swap(mHandle, other.mHandle);
+    std::swap(mRuns, other.mRuns);
     return *this;
 }
 
@@ -32,7 +35,13 @@ void Statement::Bind(int place, const tsql::Datum& value) {
     }
 }
 
+int Statement::Step() {
+    if (!std::exchange(mRuns, true)) mDatabase->StartStatement();
+    return sqlite3_step(mHandle);
+}
+
 void Statement::Reset() {
+    mRuns = false;
     sqlite3_reset(mHandle);
 }
 

@@ -28,7 +28,7 @@ public:
     // `place` counts from 1. A text must live until the statement has been reset.
     void Bind(int place, const tsql::Datum& value);
     // The engine's result code.
-    int Step() { return sqlite3_step(mHandle); }
+    int Step();
     // Ends the run, so that its locks are given back and its values may go.
     void Reset();
 
@@ -43,7 +43,9 @@ public:
     sqlite3_stmt* Handle() const { return mHandle; }
 
 private:
+    Database* mDatabase = nullptr;
     sqlite3_stmt* mHandle = nullptr;
+    bool mRuns = false;
 };
 
 // Resets a statement when the scope is left.

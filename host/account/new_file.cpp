@@ -3,6 +3,8 @@
 #include <random>
 #include <string>
 
+#include "adapters/sqlite/companions.h"
+
 namespace kelvane::host {
 
 namespace {
@@ -26,7 +28,7 @@ std::string RandomName() {
 
 std::vector<fs::path> CompanionFiles(const fs::path& account) {
     std::vector<fs::path> companions;
-    for (const char* ending : {"-wal", "-shm", "-journal"}) {
+    for (const char* ending : sqlite::kCompanionEndings) {
         companions.push_back(account);
         companions.back() += ending;
     }

@@ -94,8 +94,7 @@ private:
     void Prepare(Session& session) {
         Database& database = session.Engine();
         const std::string& path = database.Path();
-        // An account that is refused keeps its log as it is.
-        database.KeepLog(HasLog(path));
+        if (HasLog(path)) database.KeepLog();
         database.Run(kSettings);
         // The log may hold other numbers than the file.
         RequireLayout(path, database.Number("pragma application_id"),
@@ -114,8 +113,6 @@ private:
             if (code != SQLITE_ROW) database.Fail(code);
             if (statement.Integer(0) == 0) throw AccountError(path, "缺少数据表 " + table);
         }
-        database.Run("pragma journal_mode = wal");
-        database.KeepLog(false);
     }
 
     std::vector<std::string> mRequiredTables;

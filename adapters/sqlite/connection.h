@@ -16,7 +16,8 @@ namespace kelvane::sqlite {
 
 // A connection that is not open yet. `requiredTables`: Open() refuses an account that lacks one of
 // them. Open() also refuses, with a text in Chinese that names the file and without changing
-// anything, a file that is missing, is no account, is damaged or is read-only; it throws
+// anything, a file that is missing, is no account, is damaged or is read-only, that holds triggers
+// or other code of its own, or whose companions are no plain files; it throws
 // platform::DatabaseBusy when another program keeps the file locked.
 //
 // Several connections to one file, in one process or in many, are the normal case. Begin() takes

@@ -59,8 +59,22 @@ void Database::StartStatement() {
     mStatementEnd = Clock::now() + mStatementBound + std::chrono::milliseconds(mTimeout);
 }
 
-void Database::KeepLog(bool kept) {
-    sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, kept ? 1 : 0, nullptr);
+void Database::KeepLog() {
+    sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+int Database::TryStartChanges() {
+    if (mChanges || InTransaction()) return SQLITE_OK;
+    const int code = TryRun("pragma journal_mode = wal");
+    if (code != SQLITE_OK) return code;
+    sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    mChanges = true;
+    return SQLITE_OK;
+}
+
+void Database::StartChanges() {
+    const int code = TryStartChanges();
+    if (code != SQLITE_OK) Fail(code);
 }
 
 int Database::TryRun(const char* statement) {

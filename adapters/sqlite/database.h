@@ -51,8 +51,13 @@ public:
     void SetFunctionError(const platform::DatabaseError& error) { mFunctionError = error; }
     bool HasFunctionError() const { return mFunctionError.has_value(); }
 
-    // While it is kept, the last connection that leaves does not write the log into the file.
-    void KeepLog(bool kept);
+    // Who only looks leaves the file as it is: until the first change this connection does not
+    // write the log into it when it is the last one to leave.
+    void KeepLog();
+    // Before a change outside a transaction, and before one begins: from here on the changes go
+    // into a log. The engine's result code.
+    int TryStartChanges();
+    void StartChanges();
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -64,6 +69,7 @@ private:
     sqlite3* mHandle = nullptr;
     std::chrono::milliseconds mStatementBound = kStatementBound;
     Clock::time_point mStatementEnd = Clock::time_point::max();
+    bool mChanges = false;
     std::optional<platform::DatabaseError> mFunctionError;
 };
 

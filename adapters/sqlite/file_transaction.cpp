@@ -15,6 +15,7 @@ bool FileTransaction::InTransaction() const {
 }
 
 void FileTransaction::Start() {
+    mDatabase.StartChanges();
     mDatabase.Run(kBegin);
 }
 
@@ -33,7 +34,8 @@ void FileTransaction::RollBack() {
 bool FileTransaction::TryLock() noexcept {
     const int timeout = mDatabase.Timeout();
     mDatabase.SetTimeout(0);
-    const bool locked = mDatabase.TryRun(kBegin) == SQLITE_OK;
+    const bool locked =
+        mDatabase.TryStartChanges() == SQLITE_OK && mDatabase.TryRun(kBegin) == SQLITE_OK;
     mDatabase.SetTimeout(timeout);
     return locked;
 }

@@ -111,6 +111,7 @@ bool Session::RunOne(PreparedBatch& batch, std::size_t place, tsql::PackedRows* 
         statement->Bind(static_cast<int>(i) + 1, mValues[i]);
     }
     const bool changes = translated.kind != tsql::Statement::Kind::Select;
+    if (changes) mDatabase.StartChanges();
     StatementScope scope(mDatabase,
                          changes && translated.canFailMidway && mDatabase.InTransaction());
     int code = SQLITE_OK;
@@ -163,6 +164,7 @@ Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable)
 void Session::Change(const RowChange& change, long lockedIn) {
     mTransactions.RequireIntact();
     mTransactions.RegainLock();
+    mDatabase.StartChanges();
     const bool locked = lockedIn != 0 && lockedIn == mTransactions.Current();
     std::string text = "update " + tsql::QuotedForSqlite(change.table) + " set ";
     std::string unchanged;

@@ -207,6 +207,24 @@ TEST_F(SqliteHostile, TheLogCannotMakeItAnotherLayout) {
     EXPECT_EQ(Refusal(copy), "是由较新版本的程序建立的");
 }
 
+TEST_F(SqliteHostile, WhoOnlyLooksChangesNothing) {
+    Prepare("pragma journal_mode = delete");
+    const std::string before = Content(mPath);
+    const StatementText look("select id from Probe");
+    ConnectToSqlite(mPath, 0)->OpenRecordSet(look);
+    EXPECT_EQ(Content(mPath), before);
+    const auto connection = ConnectToSqlite(mPath, 0);
+    connection->Execute(StatementText("insert into Probe(id) values(1)"));
+    const std::string copy = mFolder.Path("copy.kva");
+    fs::copy_file(mPath, copy);
+    fs::copy_file(mPath + "-wal", copy + "-wal");
+    const std::string log = Content(copy + "-wal");
+    EXPECT_EQ(ConnectToSqlite(copy, 0)->OpenRecordSet(look)->RecordCount(), 1);
+    EXPECT_EQ(Content(copy + "-wal"), log);
+    ConnectToSqlite(copy, 0)->Execute(StatementText("insert into Probe(id) values(2)"));
+    EXPECT_FALSE(fs::exists(copy + "-wal"));
+}
+
 #ifndef _WIN32
 TEST_F(SqliteHostile, CompanionsArePlainFiles) {
     for (const char* ending : {"-wal", "-shm", "-journal"}) {

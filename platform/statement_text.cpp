@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ascii.h"
 #include "platform/blanks.h"
 #include "platform/decimal.h"
 #include "platform/utf8.h"
@@ -66,6 +67,9 @@ StatementText& StatementText::operator<<(FixedText piece) {
 
 StatementText& StatementText::operator<<(const StatementText& other) {
     mMalformed = mMalformed || other.mMalformed;
+    const std::size_t start = mText.size();
+    const std::size_t places = other.mEntryPlaces.size();
+    for (std::size_t i = 0; i < places; ++i) mEntryPlaces.push_back(start + other.mEntryPlaces[i]);
     mText += other.mText;
     return *this;
 }
@@ -105,6 +109,14 @@ StatementText& StatementText::Identifier(std::string_view name) {
     return *this;
 }
 
+StatementText& StatementText::Name(std::string_view name) {
+    if (IsAscii(name)) return Identifier(name);
+    mText += '[';
+    Identifier(name);
+    mText += ']';
+    return *this;
+}
+
 StatementText& StatementText::NumericText(std::string_view text) {
     mMalformed = mMalformed || !IsPlainNumber(text);
     mText += text;
@@ -112,6 +124,7 @@ StatementText& StatementText::NumericText(std::string_view text) {
 }
 
 StatementText& StatementText::EntryPlaceholder() {
+    mEntryPlaces.push_back(mText.size());
     mText += kEntryPlaceholder;
     return *this;
 }
@@ -120,13 +133,12 @@ StatementText StatementText::WithEntry(std::int64_t identity) const {
     const std::string number = std::to_string(identity);
     StatementText result;
     result.mMalformed = mMalformed;
-    std::string_view rest = mText;
-    for (auto place = rest.find(kEntryPlaceholder); place != std::string_view::npos;
-         place = rest.find(kEntryPlaceholder)) {
-        result.mText.append(rest.substr(0, place)).append(number);
-        rest.remove_prefix(place + kEntryPlaceholder.size());
+    std::size_t copied = 0;
+    for (const std::size_t place : mEntryPlaces) {
+        result.mText.append(mText, copied, place - copied).append(number);
+        copied = place + kEntryPlaceholder.size();
     }
-    result.mText += rest;
+    result.mText.append(mText, copied);
     return result;
 }
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/money.h"
 
@@ -52,13 +53,17 @@ public:
     StatementText& Double(double value);
     // The name of a column; anything but letters, digits and underscores makes it malformed.
     StatementText& Identifier(std::string_view name);
+    // The same, in brackets when it has letters beyond ASCII: which of them a name may have without
+    // differs between servers and their versions.
+    StatementText& Name(std::string_view name);
     // A text that must be a plain number, as the operator typed it ("12", "-3.5"); anything else
     // makes the statement malformed.
     StatementText& NumericText(std::string_view text);
     // The place of an entry's identity that is not known yet ("@@@@").
     StatementText& EntryPlaceholder();
 
-    // The same statement with `identity` in every place of an entry's identity.
+    // The same statement with `identity` in every place of an entry's identity. A value that reads
+    // like such a place stays as it is.
     StatementText WithEntry(std::int64_t identity) const;
 
     bool IsEmpty() const { return mText.empty(); }
@@ -72,6 +77,7 @@ public:
 
 private:
     std::string mText;
+    std::vector<std::size_t> mEntryPlaces;  // ascending
     bool mMalformed = false;
 };
 

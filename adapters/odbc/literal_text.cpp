@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "platform/ascii.h"
+
 namespace kelvane::odbc {
 
 namespace {
@@ -10,9 +12,7 @@ namespace {
 constexpr std::string_view kMidnight = " 00:00:00.000";
 
 std::string Quoted(std::string_view text) {
-    const bool ascii = std::all_of(text.begin(), text.end(),
-                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    std::string result = ascii ? "'" : "N'";
+    std::string result = platform::IsAscii(text) ? "'" : "N'";
     for (const char c : text) {
         result += c;
         if (c == '\'') result += c;
@@ -45,8 +45,7 @@ std::string NameText(std::string_view name) {
     const bool plain = !name.empty() && !(name.front() >= '0' && name.front() <= '9') &&
                        std::all_of(name.begin(), name.end(), [](char c) {
                            return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                                  (c >= '0' && c <= '9') || c == '_' ||
-                                  static_cast<unsigned char>(c) >= 0x80;
+                                  (c >= '0' && c <= '9') || c == '_';
                        });
     if (plain) return std::string(name);
     std::string result = "[";

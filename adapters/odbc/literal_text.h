@@ -12,7 +12,8 @@ namespace kelvane::odbc {
 // texts. A text with other characters than ASCII's is a wide one.
 std::string LiteralText(const tsql::Datum& value, tsql::Type type);
 
-// A name, in brackets where it needs them.
+// A name, in brackets where it needs them: beyond ASCII, servers and their versions differ in the
+// letters that a plain name may have.
 std::string NameText(std::string_view name);
 
 }  // namespace kelvane::odbc

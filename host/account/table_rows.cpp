@@ -37,10 +37,10 @@ void InsertRow(platform::Connection& connection, const std::string& table,
         throw std::logic_error("a row of " + table + " has not one value for every column");
     }
     StatementText statement("insert into ");
-    statement.Identifier(table) << "(";
+    statement.Name(table) << "(";
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (i != 0) statement << ",";
-        statement.Identifier(columns[i]);
+        statement.Name(columns[i]);
     }
     statement << ") values (";
     for (std::size_t i = 0; i < row.size(); ++i) {

@@ -30,7 +30,7 @@ void AppendType(StatementText& text, const std::string& declared) {
 void AppendNames(StatementText& text, const std::vector<std::string>& names) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (i != 0) text << ",";
-        text.Identifier(names[i]);
+        text.Name(names[i]);
     }
 }
 
@@ -42,10 +42,10 @@ bool IsKey(const TableDescription& table, std::string_view column) {
 
 StatementText CreateTable(const TableDescription& table) {
     StatementText text("create table ");
-    text.Identifier(table.name) << "(";
+    text.Name(table.name) << "(";
     for (const ColumnDescription& column : table.columns) {
         if (&column != &table.columns.front()) text << ",";
-        text.Identifier(column.name) << " ";
+        text.Name(column.name) << " ";
         AppendType(text, column.type);
         const bool nullable = column.nullable && !IsKey(table, column.name);
         if (nullable) {
@@ -66,8 +66,8 @@ StatementText CreateIndex(const TableDescription& table, const std::vector<std::
     std::string name = table.name;
     for (const std::string& column : columns) name += '_' + column;
     StatementText text("create index ");
-    text.Identifier(name + "_index") << " on ";
-    text.Identifier(table.name) << "(";
+    text.Name(name + "_index") << " on ";
+    text.Name(table.name) << "(";
     AppendNames(text, columns);
     return text << ")";
 }
@@ -82,7 +82,7 @@ std::vector<StatementText> CreateStatements(const TableDescription& table) {
 
 StatementText DropStatement(const std::string& table) {
     StatementText text("drop table ");
-    text.Identifier(table);
+    text.Name(table);
     return text;
 }
 

@@ -30,6 +30,8 @@ TEST(LiteralTexts, PutNamesInBracketsWhereTheyNeedThem) {
     EXPECT_EQ(NameText("PM_ItemQC"), "PM_ItemQC");
     EXPECT_EQ(NameText("a b]c"), "[a b]]c]");
     EXPECT_EQ(NameText("9x"), "[9x]");
+    EXPECT_EQ(NameText("标段"), "[标段]");
+    EXPECT_EQ(NameText("a\xC2\xA0"), "[a\xC2\xA0]");
 }
 
 }  // namespace

@@ -15,6 +15,13 @@ TEST(Ascii, BytesOfOtherLettersStay) {
     EXPECT_EQ(UpperAscii("ä期初é"), "ä期初é");
 }
 
+TEST(Ascii, IsTheFirstHalfOfABytesValues) {
+    EXPECT_TRUE(IsAscii("aZ 09_[~\x7F"));
+    EXPECT_TRUE(IsAscii(""));
+    EXPECT_FALSE(IsAscii("a期"));
+    EXPECT_FALSE(IsAscii("\x80"));
+}
+
 TEST(Ascii, ComparesWithoutLetterCase) {
     EXPECT_TRUE(EqualIgnoringCase("cItemCode", "CITEMcode"));
     EXPECT_TRUE(EqualIgnoringCase("", ""));

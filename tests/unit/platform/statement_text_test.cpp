@@ -63,6 +63,13 @@ TEST(StatementTextIdentifier, TakesNamesAlone) {
         EXPECT_TRUE(StatementText().Identifier(name).IsMalformed()) << name;
 }
 
+TEST(StatementTextName, StandsInBracketsBeyondAscii) {
+    EXPECT_EQ(StatementText().Name("cKeyCode1").Checked(), "cKeyCode1");
+    EXPECT_EQ(StatementText().Name("合同号2").Checked(), "[合同号2]");
+    for (const char* name : {"", "a b", "合]同", "合\xC2\xA0"})
+        EXPECT_TRUE(StatementText().Name(name).IsMalformed()) << name;
+}
+
 TEST(StatementTextNumericText, TakesPlainNumbersAlone) {
     for (const char* number : {"12", "-3.5", ".5", "12.", "0", " 12  "})
         EXPECT_EQ(StatementText().NumericText(number).Checked(), number);
@@ -84,6 +91,20 @@ TEST(StatementTextWithEntry, FillsEveryPlace) {
     EXPECT_EQ(script.WithEntry(17).Checked(),
               "delete from t where i=17 insert into t values(17,'A')");
     EXPECT_EQ(StatementText("select 1").WithEntry(17).Checked(), "select 1");
+}
+
+TEST(StatementTextWithEntry, LeavesValuesAlone) {
+    StatementText lines(" insert into t values(");
+    lines.EntryPlaceholder() << ",";
+    lines.Quoted("@@@@") << ")";
+    StatementText script("delete from t where i=");
+    script.EntryPlaceholder() << lines;
+    script << lines;
+    EXPECT_EQ(script.WithEntry(17).Checked(),
+              "delete from t where i=17 insert into t values(17,'@@@@') insert into t "
+              "values(17,'@@@@')");
+    script << script;
+    EXPECT_EQ(script.WithEntry(5).Text(), script.WithEntry(5).WithEntry(6).Text());
 }
 
 }  // namespace

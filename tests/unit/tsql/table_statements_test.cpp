@@ -28,11 +28,11 @@ TEST(TableStatements, CreateATableWithItsKeyAndIndexes) {
     EXPECT_EQ(
         Texts(table),
         (std::vector<std::string>{
-            "create table Books(iNo int not null,cName varchar(60) not null,标段 nvarchar(20) "
+            "create table Books(iNo int not null,cName varchar(60) not null,[标段] nvarchar(20) "
             "null,mSum money null,dDay datetime null,bDone bit not null,primary "
             "key(ino,cName))",
             "create index Books_dDay_index on Books(dDay)",
-            "create index Books_cName_标段_index on Books(cName,标段)"}));
+            "create index [Books_cName_标段_index] on Books(cName,[标段])"}));
 }
 
 TEST(TableStatements, ATableNeedsNoKey) {

@@ -43,6 +43,9 @@ int OutputPrintControl::SetDataStyleXml(platform::PrintStyleService& style,
     auto* own = dynamic_cast<StyleService*>(&style);
     auto sheet = own == nullptr ? std::nullopt : own->MakeSheet(styleName);
     if (!sheet) return kRefused;
+    if (!own->FileRefusal().empty() && mEnvironment.failed) {
+        mEnvironment.failed("ReadStyle", own->FileRefusal());
+    }
     mJob = std::make_unique<PrintJob>(std::move(*sheet), std::string(styleName), mMeasurer);
     return 0;
 }

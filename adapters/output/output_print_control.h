@@ -24,7 +24,7 @@ inline constexpr int kRefused = 1;
 struct PrintEnvironment {
     platform::Windows& windows;
     platform::PrintSurroundings& surroundings;
-    // Where it is told why something failed; may be empty.
+    // Where it is told why something failed, or was done without the style file; may be empty.
     std::function<void(std::string_view place, std::string_view reason)> failed;
     Disk& disk = SystemDisk();
     // The clock by which long work is shown.

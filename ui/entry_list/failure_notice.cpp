@@ -45,6 +45,7 @@ constexpr std::array kSentences{
     Sentence{"ValidateCell", Work::Check, "检查单元格内容时出错，该内容未被接受。"},
     Sentence{"WriteToFile", Work::Export, "输出到文件时出错，文件没有写成，原有的文件没有改变。"},
     Sentence{"Print", Work::Check, "打印时出错，没有打印完。"},
+    Sentence{"ReadStyle", Work::Check, "打印设置文件不能使用，已按默认设置排版。"},
     Sentence{"xmlPrt_SaveSettings", Work::Check, "保存打印设置时出错，设置没有保存。"},
     Sentence{"SelectReference", Work::Check, "打开参照列表时出错。"},
     Sentence{"GridPeriodItem_CellReference", Work::Check, "打开参照列表或明细时出错。"},

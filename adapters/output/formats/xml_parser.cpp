@@ -1,50 +1,96 @@
 #include "adapters/output/formats/xml_parser.h"
 
+#include <libxml/SAX2.h>
 #include <libxml/parser.h>
-#include <libxml/tree.h>
+#include <libxml/parserInternals.h>
 
-#include <limits>
 #include <memory>
+#include <utility>
 
 namespace kelvane::output {
 
 namespace {
 
-struct DocumentRelease {
-    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+struct ReaderRelease {
+    void operator()(xmlParserCtxt* reader) const { xmlFreeParserCtxt(reader); }
 };
-struct TextRelease {
-    void operator()(xmlChar* text) const { xmlFree(text); }
-};
-using DocumentPointer = std::unique_ptr<xmlDoc, DocumentRelease>;
-
-DocumentPointer Read(std::string_view text) {
-    // Nothing is fetched or expanded, and what is wrong is not written to the console.
-    constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
-    if (text.empty() || text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-        return nullptr;
-    }
-    return DocumentPointer(
-        xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, "UTF-8", kOptions));
-}
+using Reader = std::unique_ptr<xmlParserCtxt, ReaderRelease>;
 
 std::string TextOf(const xmlChar* text) {
-    return text == nullptr ? std::string() : reinterpret_cast<const char*>(text);
+    return reinterpret_cast<const char*>(text);
 }
 
-XmlElement ElementOf(const xmlNode& node) {
-    XmlElement element;
-    element.name = TextOf(node.name);
-    for (const xmlAttr* attribute = node.properties; attribute != nullptr;
-         attribute = attribute->next) {
-        const std::unique_ptr<xmlChar, TextRelease> value(
-            xmlNodeListGetString(node.doc, attribute->children, 1));
-        element.attributes[TextOf(attribute->name)] = TextOf(value.get());
+std::string AtLine(xmlParserCtxt& reader, const std::string& reason) {
+    return "line " + std::to_string(xmlSAX2GetLineNumber(&reader)) + ": " + reason;
+}
+
+std::string MoreThan(std::size_t most, const char* things) {
+    return "it has more than " + std::to_string(most) + " " + things;
+}
+
+// Makes elements of what the library finds, and stops it at the first thing that is refused.
+class Builder {
+public:
+    explicit Builder(xmlParserCtxt& reader) : mReader(reader) {}
+
+    void Begin(const xmlChar* name, std::size_t declarations, std::size_t count,
+               const xmlChar** attributes) {
+        if (++mElements > kMaxXmlElements) return Refuse(MoreThan(kMaxXmlElements, "elements"));
+        if (mOpen.size() == kMaxXmlDepth) {
+            return Refuse(MoreThan(kMaxXmlDepth, "elements in one another"));
+        }
+        if (declarations + count > kMaxXmlAttributes) {
+            return Refuse(MoreThan(kMaxXmlAttributes, "attributes in one element"));
+        }
+        XmlElement& element = mOpen.emplace_back();
+        element.name = TextOf(name);
+        // For each: name, prefix, namespace, and both ends of the value.
+        constexpr std::size_t kParts = 5;
+        for (; count > 0; --count, attributes += kParts) {
+            const auto* begin = reinterpret_cast<const char*>(attributes[3]);
+            const auto* end = reinterpret_cast<const char*>(attributes[4]);
+            element.attributes[TextOf(attributes[0])].assign(begin, end);
+        }
     }
-    for (const xmlNode* child = node.children; child != nullptr; child = child->next) {
-        if (child->type == XML_ELEMENT_NODE) element.children.push_back(ElementOf(*child));
+
+    void End() {
+        XmlElement element = std::move(mOpen.back());
+        mOpen.pop_back();
+        (mOpen.empty() ? mRoot : mOpen.back().children.emplace_back()) = std::move(element);
     }
-    return element;
+
+    void Refuse(const std::string& reason) {
+        mRefusal = AtLine(mReader, reason);
+        xmlStopParser(&mReader);
+    }
+
+    const std::string& Refusal() const { return mRefusal; }
+    XmlElement& Root() { return mRoot; }
+
+private:
+    xmlParserCtxt& mReader;
+    std::size_t mElements = 0;
+    std::vector<XmlElement> mOpen;
+    XmlElement mRoot;
+    std::string mRefusal;
+};
+
+// No exception passes through the library: what is within the limits has room.
+void Begin(void* builder, const xmlChar* name, const xmlChar* /*prefix*/, const xmlChar* /*uri*/,
+           int declarations, const xmlChar** /*namespaces*/, int count, int /*defaulted*/,
+           const xmlChar** attributes) noexcept {
+    static_cast<Builder*>(builder)->Begin(name, static_cast<std::size_t>(declarations),
+                                          static_cast<std::size_t>(count), attributes);
+}
+
+void End(void* builder, const xmlChar* /*name*/, const xmlChar* /*prefix*/,
+         const xmlChar* /*uri*/) noexcept {
+    static_cast<Builder*>(builder)->End();
+}
+
+void BeginDocumentType(void* builder, const xmlChar* /*name*/, const xmlChar* /*id*/,
+                       const xmlChar* /*place*/) noexcept {
+    static_cast<Builder*>(builder)->Refuse("a document type is not allowed");
 }
 
 }  // namespace
@@ -54,15 +100,36 @@ const std::string* XmlElement::Attribute(const std::string& attribute) const {
     return found == attributes.end() ? nullptr : &found->second;
 }
 
-bool IsWellFormedXml(std::string_view text) {
-    return Read(text) != nullptr;
+bool IsReadableXml(std::string_view text) {
+    try {
+        ParseXml(text);
+        return true;
+    } catch (const XmlRefused&) {
+        return false;
+    }
 }
 
-std::optional<XmlElement> ParseXml(std::string_view text) {
-    const DocumentPointer document = Read(text);
-    const xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
-    if (root == nullptr) return std::nullopt;
-    return ElementOf(*root);
+XmlElement ParseXml(std::string_view text) {
+    if (text.empty()) throw XmlRefused("it is empty");
+    if (text.size() > kMaxXmlSize) throw XmlRefused(MoreThan(kMaxXmlSize, "bytes"));
+    const Reader reader(xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
+    if (!reader) throw std::bad_alloc();
+    // Nothing is fetched, and what is wrong is not written to the console. Without a document type
+    // there are no entities but the five of the language, whose characters are wanted.
+    xmlCtxtUseOptions(reader.get(),
+                      XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+    xmlSwitchEncoding(reader.get(), XML_CHAR_ENCODING_UTF8);
+    Builder builder(*reader);
+    *reader->sax = {};
+    reader->sax->initialized = XML_SAX2_MAGIC;
+    reader->sax->internalSubset = BeginDocumentType;
+    reader->sax->startElementNs = Begin;
+    reader->sax->endElementNs = End;
+    reader->userData = &builder;
+    xmlParseDocument(reader.get());
+    if (!builder.Refusal().empty()) throw XmlRefused(builder.Refusal());
+    if (reader->wellFormed == 0) throw XmlRefused(AtLine(*reader, "it is not well-formed"));
+    return std::move(builder.Root());
 }
 
 }  // namespace kelvane::output

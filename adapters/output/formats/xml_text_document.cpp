@@ -7,7 +7,7 @@
 namespace kelvane::output {
 
 bool XmlTextDocument::LoadXml(std::string_view text) {
-    const bool parsed = IsWellFormedXml(text);
+    const bool parsed = IsReadableXml(text);
     mText = parsed ? text : std::string_view();
     return parsed;
 }

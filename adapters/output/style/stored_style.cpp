@@ -5,7 +5,6 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "adapters/output/formats/xml_parser.h"
 #include "adapters/output/formats/xml_text.h"
@@ -15,8 +14,6 @@ namespace kelvane::output {
 
 namespace {
 
-// Longer files are no style.
-constexpr std::uintmax_t kMaxFileSize = 1U << 20U;
 constexpr int kMaxLength = 10'000;
 constexpr int kMaxColumnWidth = 100'000;
 
@@ -122,13 +119,13 @@ void TakeLayout(const XmlElement& layout, StoredStyle& style) {
     }
 }
 
-std::string ReadFile(const std::string& name) {
-    const std::filesystem::path path = platform::PathOf(name);
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return {};
-    if (std::filesystem::file_size(path, error) > kMaxFileSize || error) return {};
+// Not more of the file than shows that it is too long.
+std::string ReadFile(const std::filesystem::path& path) {
+    std::string text(kMaxXmlSize + 1, '\0');
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    return text;
 }
 
 std::string Elements(const char* name, const std::map<std::string, ItemPlace>& items) {
@@ -172,11 +169,19 @@ std::optional<Position> ReadPosition(std::string_view text) {
 
 StoredStyle ReadStyle(const std::string& path, std::string_view name) {
     StoredStyle style;
-    const auto root = ParseXml(ReadFile(path));
-    if (!root || root->name != kRoot) return style;
-    for (const XmlElement& child : root->children) {
-        if (child.name == kSettings) style.settings = SettingsOf(child);
-        if (child.name == kLayout && TextOf(child, kName) == name) TakeLayout(child, style);
+    const std::filesystem::path place = platform::PathOf(path);
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(place, error)) return style;
+    try {
+        const XmlElement root = ParseXml(ReadFile(place));
+        if (root.name != kRoot)
+            throw XmlRefused("it does not begin with <" + std::string(kRoot) + ">");
+        for (const XmlElement& child : root.children) {
+            if (child.name == kSettings) style.settings = SettingsOf(child);
+            if (child.name == kLayout && TextOf(child, kName) == name) TakeLayout(child, style);
+        }
+    } catch (const XmlRefused& refused) {
+        style.refusal = path + ": " + refused.what();
     }
     return style;
 }
@@ -199,6 +204,11 @@ StyleTexts WriteStyle(const StoredStyle& style, std::string_view name) {
     for (const StoredColumns& columns : style.columnGroups) texts.layout += ColumnsElement(columns);
     texts.layout += "</" + std::string(kLayout) + ">";
     return texts;
+}
+
+bool IsReadableStyle(const StyleTexts& texts) {
+    const std::string root(kRoot);
+    return IsReadableXml("<" + root + ">" + texts.settings + texts.layout + "</" + root + ">");
 }
 
 StoredColumns* FindColumns(StoredStyle& style, const std::vector<platform::ColumnText>& columns) {

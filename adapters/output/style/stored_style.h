@@ -41,6 +41,7 @@ struct StoredStyle {
     std::map<std::string, ItemPlace> header;
     std::map<std::string, ItemPlace> footer;
     std::vector<StoredColumns> columnGroups;
+    std::string refusal;  // the file and why nothing of it was taken; empty when it could be read
 };
 
 struct StyleTexts {
@@ -54,11 +55,14 @@ std::optional<Position> ReadPosition(std::string_view text);
 std::optional<int> ReadLength(std::string_view text);
 
 // The style `name` of the file `path`; what is missing, damaged or beyond its limits is not in it.
-// Throws nothing for a file that cannot be read.
+// Throws nothing for a file that cannot be read, but leaves a refusal.
 StoredStyle ReadStyle(const std::string& path, std::string_view name);
 
 // The texts of `style`, whose settings are there.
 StyleTexts WriteStyle(const StoredStyle& style, std::string_view name);
+
+// Whether a file of these texts would be read again.
+bool IsReadableStyle(const StyleTexts& texts);
 
 // The group that has the names of `columns`; null when none has.
 StoredColumns* FindColumns(StoredStyle& style, const std::vector<platform::ColumnText>& columns);

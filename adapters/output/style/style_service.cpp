@@ -112,6 +112,7 @@ void StyleService::Place(std::vector<SheetItem>& items,
 std::optional<Sheet> StyleService::MakeSheet(std::string_view styleName) {
     if (!mErrorText.empty()) return std::nullopt;
     StoredStyle stored = ReadStyle(mPath, styleName);
+    mFileRefusal = stored.refusal;
     Sheet sheet = mSheet;
     sheet.settings = stored.settings.value_or(FreshSettings());
     sheet.titleEnd = stored.titleEnd.value_or(sheet.titleEnd);
@@ -130,8 +131,10 @@ std::optional<Sheet> StyleService::MakeSheet(std::string_view styleName) {
     return std::nullopt;
 }
 
-StyleTexts TextsOf(const Sheet& sheet, std::string_view styleName) {
-    StoredStyle style = ReadStyle(sheet.styleFile, styleName);
+namespace {
+
+// `style`: what is kept of other sheets.
+StyleTexts TextsWith(StoredStyle style, const Sheet& sheet, std::string_view styleName) {
     style.settings = sheet.settings;
     style.titleEnd = sheet.titleEnd;
     style.table = sheet.table;
@@ -147,6 +150,14 @@ StyleTexts TextsOf(const Sheet& sheet, std::string_view styleName) {
         style.columnGroups.push_back(std::move(columns));
     }
     return WriteStyle(style, styleName);
+}
+
+}  // namespace
+
+StyleTexts TextsOf(const Sheet& sheet, std::string_view styleName) {
+    StyleTexts texts = TextsWith(ReadStyle(sheet.styleFile, styleName), sheet, styleName);
+    if (IsReadableStyle(texts)) return texts;
+    return TextsWith({}, sheet, styleName);
 }
 
 }  // namespace kelvane::output

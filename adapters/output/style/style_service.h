@@ -30,6 +30,10 @@ public:
     // cannot be laid out.
     std::optional<Sheet> MakeSheet(std::string_view styleName);
 
+    // Which style file the last sheet was made without, and why; empty when there was none or it
+    // could be read.
+    const std::string& FileRefusal() const { return mFileRefusal; }
+
 private:
     void Refuse(const std::string& text);
     std::optional<SheetItem> ItemOf(const platform::PrintItem& item);
@@ -41,10 +45,11 @@ private:
     Sheet mSheet;  // as handed over
     bool mReplaceColumns = false;
     std::string mErrorText;
+    std::string mFileRefusal;
 };
 
 // The texts that keep the look of `sheet` under `styleName`; what its style file keeps of other
-// windows' sheets stays in them.
+// windows' sheets stays in them as long as all of it together makes a file that is read again.
 StyleTexts TextsOf(const Sheet& sheet, std::string_view styleName);
 
 }  // namespace kelvane::output

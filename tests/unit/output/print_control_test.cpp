@@ -133,6 +133,14 @@ TEST_F(PrintControlTest, AFormatThatThisSystemDoesNotWriteIsNotOfferedAndSaidWhe
               (mFolder / "list.txt").string() + ": the name must end in .xlsx, .csv or .xml");
 }
 
+TEST_F(PrintControlTest, TellsThatTheStyleFileWasNotUsedAndPrintsWithoutIt) {
+    WriteText(mFolder / "style.xml", "<格式>\n");
+    Accepted(100).Print();
+    EXPECT_THAT(mFailedPlaces, ElementsAre("ReadStyle"));
+    EXPECT_THAT(mSurroundings.failures, IsEmpty());
+    EXPECT_THAT(mSurroundings.printedPages, ElementsAre(3));
+}
+
 TEST_F(PrintControlTest, PrintsThroughItsSurroundings) {
     Accepted(100).Print();
     EXPECT_THAT(mSurroundings.printedPages, ElementsAre(3));

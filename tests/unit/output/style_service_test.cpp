@@ -98,8 +98,8 @@ TEST_F(StyleServiceTest, WritesTwoWellFormedTexts) {
     Sheet sheet = *Make();
     sheet.header.push_back({"<&\"'>\x01", "", {1, 2}, 3});
     const StyleTexts texts = TextsOf(sheet, kDefault);
-    EXPECT_TRUE(output::IsWellFormedXml(texts.settings));
-    EXPECT_TRUE(output::IsWellFormedXml(texts.layout));
+    EXPECT_TRUE(output::IsReadableXml(texts.settings));
+    EXPECT_TRUE(output::IsReadableXml(texts.layout));
     EXPECT_TRUE(texts.settings.starts_with("<页面设置 ")) << texts.settings;
     EXPECT_TRUE(texts.layout.starts_with("<版式 名称=\"Default\">")) << texts.layout;
 }
@@ -157,6 +157,51 @@ TEST_F(StyleServiceTest, LaysOutAfreshWithADamagedFile) {
         EXPECT_EQ(sheet->header.front().width, 700) << text;
         EXPECT_EQ(sheet->columns, SampleColumns()) << text;
     }
+}
+
+TEST_F(StyleServiceTest, TakesNothingOfAFileWithADocumentType) {
+    Sheet sheet = *Make();
+    sheet.settings.paper = "B5";
+    const StyleTexts texts = TextsOf(sheet, kDefault);
+    const std::string root = "<格式>" + texts.settings + texts.layout + "</格式>";
+    const std::string file = (mFolder / "style.xml").string();
+    WriteText(file, root);
+    EXPECT_EQ(Make()->settings.paper, "B5");
+    EXPECT_EQ(mService.FileRefusal(), "");
+    WriteText(file, "<!DOCTYPE a [<!ENTITY e \"x\">]>" + root);
+    EXPECT_EQ(Make()->settings.paper, "A4");
+    EXPECT_EQ(mService.FileRefusal(), file + ": line 1: a document type is not allowed");
+}
+
+TEST_F(StyleServiceTest, TakesNothingOfAFileThatIsTooLong) {
+    Sheet sheet = *Make();
+    sheet.settings.paper = "B5";
+    StyleTexts texts = TextsOf(sheet, kDefault);
+    texts.settings += std::string(65'536, ' ');
+    Store(texts);
+    EXPECT_EQ(Make()->settings.paper, "A4");
+    EXPECT_EQ(mService.FileRefusal(),
+              (mFolder / "style.xml").string() + ": it has more than 65536 bytes");
+}
+
+TEST_F(StyleServiceTest, ForgetsOtherWindowsBeforeTheFileGrowsTooLong) {
+    StyleTexts texts = TextsOf(*Make(), kDefault);
+    const std::string group =
+        "<列组><列 名称=\"" + std::string(1000, '\'') + "\" 宽度=\"1\"/></列组>";
+    const std::string end = "</版式>";
+    for (int count = 0; count < 62; ++count) {
+        texts.layout.insert(texts.layout.size() - end.size(), group);
+    }
+    Store(texts);
+    auto columns = SampleColumns();
+    columns.front().title = std::string(2000, '"');
+    const auto sheet = Make(columns);
+    ASSERT_EQ(mService.FileRefusal(), "");
+    Store(TextsOf(*sheet, kDefault));
+    auto style = output::ReadStyle((mFolder / "style.xml").string(), kDefault);
+    EXPECT_EQ(style.refusal, "");
+    EXPECT_NE(FindColumns(style, columns), nullptr);
+    EXPECT_EQ(style.columnGroups.size(), 1U);
 }
 
 TEST_F(StyleServiceTest, DoesNotTakeStoredSettingsBeyondTheirLimits) {

@@ -27,7 +27,7 @@ PROGRAM = ""
 ENTRIES = 400
 TITLES = ["日期", "责任中心", "项目编号", "项目名称", "标段 (关键字)", "要素", "摘要", "未结转期初"]
 # Texts that a spreadsheet could take for a formula or a number, or that need quotes.
-AWKWARD = ["=1+1", "+49", "-7", "@SUM(A1)", 'a,"b"', "007", "1,234.50", "<b>&amp;</b>", "逗号，句号。"]
+AWKWARD = ["=1+1", "+49", "-7", "@SUM(A1)", "＝1+1", 'a,"b"', "007", "1,234.50", "<b>&amp;</b>", "逗号，句号。"]
 LONG_AMOUNT = "900000000000123.4500"
 
 
@@ -87,7 +87,7 @@ class ExportedFiles(unittest.TestCase):
             rows = list(csv.reader(file, strict=True))
         self.assertEqual(rows[0], TITLES)
         for row in rows[1:]:
-            self.assertFalse(row[6].startswith(("=", "+", "-", "@")), row)
+            self.assertFalse(row[6].startswith(("=", "+", "-", "@", "＝")), row)
             row[6] = row[6].removeprefix("'")
             row[7] = Decimal(row[7])
         self.assert_same_rows(rows[1:])

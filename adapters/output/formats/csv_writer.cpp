@@ -1,5 +1,6 @@
 // Comma-separated values: UTF-8 with a byte-order mark, so that spreadsheets read the Chinese text,
 // and otherwise as RFC 4180 has it.
+#include <algorithm>
 #include <string>
 
 #include "adapters/output/formats/table_export.h"
@@ -11,19 +12,21 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
-// A spreadsheet takes a text that begins with one of these for a formula.
-constexpr std::string_view kFormulaStarts = "=+-@\t\r";
+// A spreadsheet takes a text that begins with one of these for a formula, the wide ones where it is
+// set to an East Asian language.
+constexpr std::string_view kFormulaStarts[] = {"=",  "+",  "-",  "@",  "\t", "\r",
+                                               "\n", "＝", "＋", "－", "＠"};
 
+// In quotes whatever it is: numbers alone stand plain.
 void AppendText(std::string& line, std::string_view text) {
-    const bool formula = !text.empty() && kFormulaStarts.find(text.front()) != std::string::npos;
-    const bool quoted = text.find_first_of(",\"\r\n") != std::string_view::npos;
-    if (quoted) line += '"';
-    if (formula) line += '\'';
+    const bool formula = std::ranges::any_of(
+        kFormulaStarts, [&](std::string_view start) { return text.starts_with(start); });
+    line += formula ? "\"'" : "\"";
     for (const char c : text) {
         if (c == '"') line += '"';
         line += c;
     }
-    if (quoted) line += '"';
+    line += '"';
 }
 
 void AppendCell(std::string& line, const platform::ColumnText& column, std::string_view cell) {
@@ -51,8 +54,6 @@ void WriteCsv(const Export& data, SafeFile& file) {
             if (place > 0) line += ',';
             AppendCell(line, data.Column(place), reader.Cells()[data.shown[place]]);
         }
-        // A row of one empty cell would read as no row.
-        if (line.empty()) line = "\"\"";
         file.Write(line.append(kLineEnd));
         meter.Step();
     }

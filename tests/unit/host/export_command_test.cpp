@@ -55,7 +55,7 @@ std::size_t LinesOf(const std::string& text) {
 
 TEST_F(ExportCommandTest, WritesTheListByTheFilesExtension) {
     for (const auto& [name, begins] :
-         {std::pair{"list.csv", "\xEF\xBB\xBF日期,责任中心,项目编号,"},
+         {std::pair{"list.csv", "\xEF\xBB\xBF\"日期\",\"责任中心\",\"项目编号\","},
           std::pair{"list.xlsx", "PK"}, std::pair{"list.pdf", "%PDF-"},
           std::pair{"LIST.XML", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"}}) {
         const auto result = Export(name);

@@ -170,7 +170,7 @@ TEST_F(PrintControlTest, AsksForAFileByItsTitleAndItsKinds) {
 TEST_F(PrintControlTest, WritesEveryKindByItsExtension) {
     Accepted();
     for (const auto& [name, begins] :
-         {std::pair{"a.xlsx", "PK"}, std::pair{"a.csv", "\xEF\xBB\xBF日期,"},
+         {std::pair{"a.xlsx", "PK"}, std::pair{"a.csv", "\xEF\xBB\xBF\"日期\","},
           std::pair{"a.pdf", "%PDF-"}, std::pair{"a.XML", "<?xml "}}) {
         EXPECT_EQ(WriteTo(*mControl, name), 0) << name;
         EXPECT_TRUE(ReadText(mFolder / name).starts_with(begins)) << name;

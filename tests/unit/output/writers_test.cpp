@@ -41,36 +41,44 @@ std::string Written(void (*write)(const Export&, SafeFile&), const std::string& 
 }
 
 std::string CsvOf(const std::string& dataText) {
-    static const std::string head = "\xEF\xBB\xBF日期,项目名称,未结转期初\r\n";
+    static const std::string head = "\xEF\xBB\xBF\"日期\",\"项目名称\",\"未结转期初\"\r\n";
     const std::string written = Written(output::WriteCsv, dataText);
     return written.starts_with(head) ? written.substr(head.size()) : "no head: " + written;
 }
 
-TEST(CsvWriter, WritesNumbersPlainAndTextsAsTheyAre) {
-    EXPECT_EQ(CsvOf("\t2004-06-01\t一号楼\t1,234.50\n\t\t二号楼\t-5.00\n"),
-              "2004-06-01,一号楼,1234.50\r\n,二号楼,-5.00\r\n");
+TEST(CsvWriter, WritesNumbersPlainAndEverythingElseInQuotes) {
+    EXPECT_EQ(CsvOf("\t2004-06-01\t一号楼\t1,234.50\n\t\t007\t-5.00\n"),
+              "\"2004-06-01\",\"一号楼\",1234.50\r\n\"\",\"007\",-5.00\r\n");
 }
 
 TEST(CsvWriter, QuotesByTheRules) {
-    EXPECT_EQ(CsvOf("\t\ta,b\t\n\t\t5\" \"x\"\t\n"), ",\"a,b\",\r\n,\"5\"\" \"\"x\"\"\",\r\n");
+    EXPECT_EQ(CsvOf("\t\ta,b\t\n\t\t5\" \"x\"\t\n"),
+              "\"\",\"a,b\",\"\"\r\n\"\",\"5\"\" \"\"x\"\"\",\"\"\r\n");
 }
 
 TEST(CsvWriter, LetsNoTextBecomeAFormula) {
-    EXPECT_EQ(CsvOf("\t\t=1+1\t\n\t\t+8\t\n\t\t-8\t\n\t\t@a\t\n\t\t=\"a\",b\t\n"),
-              ",'=1+1,\r\n,'+8,\r\n,'-8,\r\n,'@a,\r\n,\"'=\"\"a\"\",b\",\r\n");
+    for (const std::string start : {"=", "+", "-", "@", "＝", "＋", "－", "＠"}) {
+        EXPECT_EQ(CsvOf("\t\t" + start + "1+1\t\n"), "\"\",\"'" + start + "1+1\",\"\"\r\n");
+    }
+    EXPECT_EQ(CsvOf("\t\t=\"a\",b\t\n"), "\"\",\"'=\"\"a\"\",b\",\"\"\r\n");
+    // What a wide character shares its first bytes with is none.
+    EXPECT_EQ(CsvOf("\t\t，a=\t\n"), "\"\",\"，a=\",\"\"\r\n");
     // What stands in a column of numbers but is none.
-    EXPECT_EQ(CsvOf("\t\t\t=1\n"), ",,'=1\r\n");
-    EXPECT_EQ(CsvOf("\t\t\t-1\n"), ",,-1\r\n");
+    EXPECT_EQ(CsvOf("\t\t\t=1\n"), "\"\",\"\",\"'=1\"\r\n");
+    EXPECT_EQ(CsvOf("\t\t\t-1\n"), "\"\",\"\",-1\r\n");
 }
 
 TEST(CsvWriter, LetsNoTitleBecomeAFormula) {
-    Export data = ExportOf("");
-    data.columns[2].title = "=cmd";
-    const TemporaryFolder folder;
-    SafeFile file((folder / "a").string());
-    output::WriteCsv(data, file);
-    file.Finish();
-    EXPECT_EQ(ReadText(folder / "a"), "\xEF\xBB\xBF日期,'=cmd,未结转期初\r\n");
+    for (const std::string title : {"=cmd", "\tcmd", "\rcmd", "\ncmd", "＝cmd"}) {
+        Export data = ExportOf("");
+        data.columns[2].title = title;
+        const TemporaryFolder folder;
+        SafeFile file((folder / "a").string());
+        output::WriteCsv(data, file);
+        file.Finish();
+        EXPECT_EQ(ReadText(folder / "a"),
+                  "\xEF\xBB\xBF\"日期\",\"'" + title + "\",\"未结转期初\"\r\n");
+    }
 }
 
 TEST(XmlWriter, WritesColumnsAndRows) {

@@ -1,5 +1,8 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <string>
@@ -15,14 +18,15 @@ namespace {
 
 constexpr int kTimeout = 5000;
 
-// Makes the empty file, so that of two programs only one creates the account.
+// Makes the empty file, so that of two programs only one creates the account. It is the owner's
+// alone, and the engine gives the files beside it the same rights.
 void Reserve(const std::string& path) {
-    std::FILE* file = std::fopen(path.c_str(), "wx");
-    if (file == nullptr) {
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
+    if (file < 0) {
         if (errno == EEXIST) throw AccountError(path, "已经存在");
         throw AccountError(path, std::string("不能建立（") + std::strerror(errno) + "）");
     }
-    std::fclose(file);
+    close(file);
 }
 
 void Fill(const std::string& path, const std::vector<TableDescription>& tables) {

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "host/surroundings/local_time.h"
+#include "host/surroundings/private_files.h"
 #include "platform/connection_string.h"
 
 namespace kelvane::host {
@@ -32,12 +33,15 @@ DiagnosticsLog::DiagnosticsLog(std::filesystem::path path, std::function<std::st
 }
 
 bool DiagnosticsLog::IsWritable() const {
-    return mPath.empty() || std::ofstream(mPath, std::ios::app).is_open();
+    if (mPath.empty()) return true;
+    MakePrivateFile(mPath);
+    return std::ofstream(mPath, std::ios::app).is_open();
 }
 
 void DiagnosticsLog::Trapped(std::string_view place, std::string_view detail) noexcept {
     if (mPath.empty()) return;
     try {
+        MakePrivateFile(mPath);
         std::ofstream log(mPath, std::ios::app);
         log << mNow() << " [" << Harmless(place) << "] " << Harmless(detail) + "\n" << std::flush;
     } catch (...) {

@@ -1,11 +1,10 @@
 #include "host/surroundings/printing.h"
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "adapters/output/printing.h"
 #include "data/login_context.h"
+#include "host/surroundings/private_files.h"
 #include "platform/native_path.h"
 
 namespace kelvane::host {
@@ -17,9 +16,7 @@ void OfferPrinting(platform::Services& services, platform::PrintSurroundings& su
                           });
     services.createPrintControl = [make = std::move(services.createPrintControl)] {
         // Where print settings are saved. When it cannot be made, saving them says so.
-        std::error_code refused;
-        std::filesystem::create_directories(
-            platform::PathOf(platform::NativePath(data::gPrintStylePath)), refused);
+        MakePrivateFolder(platform::PathOf(platform::NativePath(data::gPrintStylePath)));
         return make();
     };
 }

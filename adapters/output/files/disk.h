@@ -21,7 +21,8 @@ public:
     // Removes a file that Create() made and that its writer, killed, left behind; throws nothing.
     virtual void RemoveLeftBehind(const std::string& path);
     virtual void Write(int file, std::string_view bytes);
-    // Gives the file the access rights of `model`, or those of a new file when that is missing.
+    // Gives the file the rights to read, write and execute of `model`, and no more of its mode; the
+    // owner's alone to read and write when that is missing.
     virtual void CopyRights(int file, const std::string& model);
     virtual void Sync(int file);
     virtual void Close(int file);

@@ -13,7 +13,10 @@ namespace kelvane::output {
 
 namespace {
 
-constexpr mode_t kNewFileRights = 0666;
+// What the account holds is nobody else's business until its owner says so.
+constexpr mode_t kNewFileRights = S_IRUSR | S_IWUSR;
+// Reading, writing and searching. A program's borrowed identity is none of these.
+constexpr mode_t kCopiedRights = S_IRWXU | S_IRWXG | S_IRWXO;
 
 [[noreturn]] void Fail() {
     throw std::system_error(errno, std::generic_category());
@@ -21,12 +24,6 @@ constexpr mode_t kNewFileRights = 0666;
 
 void Need(bool done) {
     if (!done) Fail();
-}
-
-mode_t UsualRights() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return kNewFileRights & ~mask;
 }
 
 }  // namespace
@@ -38,7 +35,7 @@ void Disk::CheckWritable(const std::string& path) {
 int Disk::Create(const std::string& path) {
     constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
     for (;;) {
-        const int file = open(path.c_str(), kFlags, S_IRUSR | S_IWUSR);
+        const int file = open(path.c_str(), kFlags, kNewFileRights);
         Need(file >= 0);
         // Where files cannot be locked, none is ever taken for one that was left behind.
         flock(file, LOCK_EX);
@@ -68,7 +65,7 @@ void Disk::Write(int file, std::string_view bytes) {
 void Disk::CopyRights(int file, const std::string& model) {
     struct stat found {};
     const bool there = stat(model.c_str(), &found) == 0;
-    Need(fchmod(file, there ? found.st_mode & ALLPERMS : UsualRights()) == 0);
+    Need(fchmod(file, there ? found.st_mode & kCopiedRights : kNewFileRights) == 0);
 }
 
 void Disk::Sync(int file) {

@@ -1,0 +1,14 @@
+// A person's folders are closed to others on Windows, and what is made in them inherits that.
+
+#include "host/surroundings/private_files.h"
+
+namespace kelvane::host {
+
+void MakePrivateFile(const std::filesystem::path& /*path*/) {}
+
+void MakePrivateFolder(const std::filesystem::path& path) {
+    std::error_code refused;
+    std::filesystem::create_directories(path, refused);
+}
+
+}  // namespace kelvane::host

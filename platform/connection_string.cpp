@@ -80,6 +80,27 @@ bool IsOfWord(char c) {
     return c == '_' || (c >= '0' && c <= '9') || (lower >= 'a' && lower <= 'z');
 }
 
+void AppendMarkedValue(std::string& text, std::string_view value, ValueMarks marks) {
+    const char open = OpeningMark(marks);
+    const char close = ClosingMark(open);
+    text += open;
+    for (const char c : value) {
+        text += c;
+        if (c == close) text += c;
+    }
+    text += close;
+}
+
+void AppendOdbcValue(std::string& text, std::string_view value) {
+    const bool plain = value.find_first_of("[]{}(),;?*=!@\r\n") == std::string_view::npos &&
+                       Trimmed(value).size() == value.size();
+    if (plain) {
+        text += value;
+    } else {
+        AppendMarkedValue(text, value, ValueMarks::Braces);
+    }
+}
+
 // A secret's forms, each once.
 class Forms {
 public:
@@ -159,35 +180,38 @@ std::string PlainValue(std::string_view value, ValueMarks marks) {
 }
 
 std::string MarkedValue(std::string_view value, ValueMarks marks) {
-    const char open = OpeningMark(marks);
-    const char close = ClosingMark(open);
-    std::string marked(1, open);
-    for (const char c : value) {
-        marked += c;
-        if (c == close) marked += c;
-    }
-    return marked + close;
+    std::string text;
+    AppendMarkedValue(text, value, marks);
+    return text;
 }
 
 std::string OdbcValue(std::string_view value) {
-    const bool plain = value.find_first_of("[]{}(),;?*=!@\r\n") == std::string_view::npos &&
-                       Trimmed(value).size() == value.size();
-    return plain ? std::string(value) : MarkedValue(value, ValueMarks::Braces);
+    std::string text;
+    AppendOdbcValue(text, value);
+    return text;
 }
 
-std::string WithEnd(std::string_view connectionString) {
-    std::string text(connectionString);
-    const std::string_view trimmed = Trimmed(text);
+std::string WithEnd(std::string_view connectionString, std::string_view more) {
+    std::string text;
+    text.reserve(connectionString.size() + 1 + more.size());
+    text += connectionString;
+    const std::string_view trimmed = Trimmed(connectionString);
     if (!trimmed.empty() && !trimmed.ends_with(';')) text += ';';
+    text += more;
     return text;
 }
 
 std::string WithValue(std::string_view connectionString, PartNames names, std::string_view value) {
     std::string text;
+    constexpr std::size_t kMarks = 5;  // around the name and the value
+    text.reserve(connectionString.size() + names.front().size() + 2 * value.size() + kMarks);
     for (const ConnectionPart& part : ReadConnectionString(connectionString)) {
         if (!IsOneOf(part.name, names)) text.append(part.whole) += ';';
     }
-    return text.append(names.front()) + '=' + OdbcValue(value) + ';';
+    text.append(names.front()) += '=';
+    AppendOdbcValue(text, value);
+    text += ';';
+    return text;
 }
 
 bool HoldsPassword(std::string_view text) {

@@ -42,11 +42,11 @@ std::string MarkedValue(std::string_view value, ValueMarks marks);
 // A value as ODBC has it: plain unless it needs braces.
 std::string OdbcValue(std::string_view value);
 
-// The string with a semicolon at its end. Drivers read braces at the very end as a part of the
-// value.
-std::string WithEnd(std::string_view connectionString);
+// The string with a semicolon at its end, and `more` behind that. Drivers read braces at the very
+// end as a part of the value.
+std::string WithEnd(std::string_view connectionString, std::string_view more = {});
 // The string with `value` as its last part, in the place of those with one of the names; the others
-// stay as they are written. Ends with a semicolon.
+// stay as they are written. Ends with a semicolon. `value` is copied nowhere else on the way.
 std::string WithValue(std::string_view connectionString, PartNames names, std::string_view value);
 
 // Whether a password stands in `text`, wherever in it.

@@ -52,7 +52,7 @@ void Link::TrySetAttribute(SQLINTEGER attribute, int value) noexcept {
     }
 }
 
-void Link::Connect(const std::string& connectionString) {
+void Link::Connect(std::string_view connectionString) {
     Disconnect();
     try {
         SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &mEnvironment);
@@ -61,7 +61,10 @@ void Link::Connect(const std::string& connectionString) {
         Check(SQLAllocHandle(SQL_HANDLE_DBC, mEnvironment, &mConnection), SQL_HANDLE_ENV,
               mEnvironment);
         TrySetAttribute(SQL_ATTR_LOGIN_TIMEOUT, mSettings.connectTimeout);
-        WideText text = ToWide(platform::WithEnd(connectionString));
+        std::string ended = platform::WithEnd(connectionString);
+        const database::WipedAfterwards endedWiped(ended);
+        WideText text = ToWide(ended);
+        const database::WipedAfterwards textWiped(text);
         Check(SQLDriverConnectW(mConnection, nullptr, text.data(),
                                 static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
                                 SQL_DRIVER_NOPROMPT),

@@ -21,7 +21,7 @@ public:
     Link(const Link&) = delete;
     Link& operator=(const Link&) = delete;
 
-    void Connect(const std::string& connectionString);
+    void Connect(std::string_view connectionString);
     // Throws nothing; an open transaction is the server's to undo.
     void Disconnect() noexcept;
     bool IsConnected() const { return mStatement != SQL_NULL_HANDLE; }

@@ -18,11 +18,9 @@ bool IsChangeable(const platform::RecordSetOptions& options) {
     return options.lock != LockType::ReadOnly;
 }
 
-// An empty user or password leaves the string's.
-std::string WithLogin(std::string text, std::string_view user, std::string_view password) {
-    if (!user.empty()) text = platform::WithValue(text, platform::kUserNames, user);
-    if (!password.empty()) text = platform::WithValue(text, platform::kPasswordNames, password);
-    return text;
+// An empty user leaves the string's.
+std::string WithUser(std::string text, std::string_view user) {
+    return user.empty() ? text : platform::WithValue(text, platform::kUserNames, user);
 }
 
 }  // namespace
@@ -37,7 +35,14 @@ void OdbcConnection::SetConnectionString(std::string_view text) {
 
 void OdbcConnection::Open(std::string_view user, std::string_view password, int) {
     if (mSession) throw database::ConnectionIsOpen();
-    mSession = std::make_shared<Session>(mSettings, WithLogin(mConnectionString, user, password));
+    std::string text = WithUser(mConnectionString, user);
+    const database::WipedAfterwards wiped(text);
+    if (!password.empty()) {
+        text = platform::WithValue(text, platform::kPasswordNames, password);
+    } else if (mSettings.password) {
+        text = platform::WithValue(text, platform::kPasswordNames, mSettings.password->Text());
+    }
+    mSession = std::make_shared<Session>(mSettings, text);
 }
 
 void OdbcConnection::Close() {

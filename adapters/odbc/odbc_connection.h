@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/database/secret.h"
 #include "platform/database.h"
 
 namespace kelvane::odbc {
@@ -24,12 +25,16 @@ struct OdbcSettings {
     int queryTimeout = 60;    // seconds; 0: none
     int lockTimeout = 5000;   // milliseconds to wait for others' locks, where the engine can
     std::vector<TableKey> keys;
+    // Of a string that names a user without a password; null: none.
+    database::SharedSecret password = nullptr;
 };
 
 class Session;
 
 // SetConnectionString() takes any ODBC connection string; Open()'s user and password, when not
-// empty, become its UID and PWD. No error, log or other text ever holds the string or the password.
+// empty, become its UID and PWD, and otherwise the settings' password becomes its PWD. No error,
+// log or other text ever holds the string or the password, nor does memory that is not the driver's
+// keep a password of the settings in the open.
 //
 // A record set is read whole when it is opened. One opened with LockType::Pessimistic, or inside a
 // transaction with a HOLDLOCK hint to be changed, locks its rows against other writers by a

@@ -6,11 +6,8 @@
 
 namespace kelvane::odbc {
 
-Server::Server(const OdbcSettings& settings, std::string connectionString)
-    : mSettings(settings),
-      mConnectionString(std::move(connectionString)),
-      mSecrets(platform::SecretsOf(mConnectionString)),
-      mLink(mSettings) {
+Server::Server(const OdbcSettings& settings, std::string_view connectionString)
+    : mSettings(settings), mConnectionString(connectionString), mLink(mSettings) {
     try {
         Connect();
     } catch (const DriverFailure& failure) {
@@ -19,15 +16,21 @@ Server::Server(const OdbcSettings& settings, std::string connectionString)
     }
 }
 
+void Server::ConnectLink() {
+    const std::string_view given = mConnectionString.Text();
+    if (mDialectKeywords.empty()) return mLink.Connect(given);
+    std::string text = platform::WithEnd(given, mDialectKeywords);
+    const database::WipedAfterwards wiped(text);
+    mLink.Connect(text);
+}
+
 void Server::Connect() {
-    mLink.Connect(mConnectionString);
+    ConnectLink();
     if (!mDialect) {
         mEngine = EngineNamed(mLink.EngineName());
         mDialect = MakeDialect(mEngine, mSettings);
-        if (const std::string more = mDialect->ConnectionKeywords(); !more.empty()) {
-            mConnectionString = platform::WithEnd(mConnectionString) + more;
-            mLink.Connect(mConnectionString);
-        }
+        mDialectKeywords = mDialect->ConnectionKeywords();
+        if (!mDialectKeywords.empty()) ConnectLink();
     }
     try {
         mDialect->Prepare(*this);
@@ -56,8 +59,10 @@ void Server::RequireConnected() {
 Failure Server::Meaning(const DriverFailure& failure) const {
     Failure meaning =
         mDialect ? mDialect->Judge(failure.Reported()) : FailureOf(failure.Reported());
+    auto secrets = platform::SecretsOf(mConnectionString.Text());
     // Once connected, nobody has a reason to speak of the connection string any more.
-    meaning.text = platform::WithoutSecrets(std::move(meaning.text), mSecrets, mLink.IsConnected());
+    meaning.text = platform::WithoutSecrets(std::move(meaning.text), secrets, mLink.IsConnected());
+    for (std::string& secret : secrets) database::Wipe(secret);
     return meaning;
 }
 

@@ -15,7 +15,7 @@ namespace kelvane::odbc {
 class Server : public Channel {
 public:
     // Connects. Throws DatabaseError.
-    Server(const OdbcSettings& settings, std::string connectionString);
+    Server(const OdbcSettings& settings, std::string_view connectionString);
     ~Server() override { mLink.Disconnect(); }
 
     EngineDialect& Dialect() const { return *mDialect; }
@@ -44,6 +44,7 @@ public:
 
 private:
     void Connect();
+    void ConnectLink();
     void Disconnect() noexcept;
     Failure Meaning(const DriverFailure& failure) const;
     // Throws what a failed call means.
@@ -52,8 +53,8 @@ private:
     void Settle(const Failure& failure);
 
     const OdbcSettings mSettings;
-    std::string mConnectionString;
-    std::vector<std::string> mSecrets;
+    const database::Secret mConnectionString;
+    std::string mDialectKeywords;  // what the engine's dialect adds to it
     DatabaseEngine mEngine = DatabaseEngine::SqlServer;
     std::unique_ptr<EngineDialect> mDialect;
     Link mLink;

@@ -15,8 +15,8 @@ class Session {
 public:
     using Locker = ServerTransaction::Locker;
 
-    Session(const OdbcSettings& settings, std::string connectionString)
-        : mServer(settings, std::move(connectionString)) {}
+    Session(const OdbcSettings& settings, std::string_view connectionString)
+        : mServer(settings, connectionString) {}
 
     void Begin();
     void Commit();

@@ -13,8 +13,9 @@ namespace kelvane::host {
 
 namespace {
 
-odbc::OdbcSettings ServerSettings(const ServerTimeouts& timeouts) {
+odbc::OdbcSettings ServerSettings(const ServerTimeouts& timeouts, database::SharedSecret password) {
     odbc::OdbcSettings settings;
+    settings.password = std::move(password);
     settings.connectTimeout = timeouts.connect;
     settings.queryTimeout = timeouts.query;
     settings.lockTimeout = timeouts.lock * 1000;
@@ -34,15 +35,17 @@ AccountPlace AccountPlace::File(const std::string& path) {
 }
 
 AccountPlace AccountPlace::Database(const std::string& connectionString,
-                                    const ServerTimeouts& timeouts) {
+                                    const ServerTimeouts& timeouts,
+                                    database::SharedSecret password) {
     AccountPlace place(true, ServerNameOf(connectionString), connectionString);
     place.mTimeouts = timeouts;
+    place.mPassword = std::move(password);
     return place;
 }
 
 std::shared_ptr<platform::Connection> AccountPlace::NewConnection() const {
     if (!mOnServer) return host::NewConnection();
-    return std::make_shared<odbc::OdbcConnection>(ServerSettings(mTimeouts));
+    return std::make_shared<odbc::OdbcConnection>(ServerSettings(mTimeouts, mPassword));
 }
 
 std::shared_ptr<platform::Connection> AccountPlace::Open() const {

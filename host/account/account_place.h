@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/database/secret.h"
 #include "platform/database.h"
 
 namespace kelvane::host {
@@ -18,14 +19,17 @@ struct ServerTimeouts {
 class AccountPlace {
 public:
     static AccountPlace File(const std::string& path);
-    // `connectionString`: any ODBC connection string, complete with its password.
+    // `connectionString`: any ODBC connection string. `password`: what it lacks; null when it is
+    // complete.
     static AccountPlace Database(const std::string& connectionString,
-                                 const ServerTimeouts& timeouts = {});
+                                 const ServerTimeouts& timeouts = {},
+                                 database::SharedSecret password = {});
 
     bool IsOnServer() const { return mOnServer; }
     // The file's path; of a server, what ServerNameOf() says. Fit to be shown.
     const std::string& Name() const { return mName; }
-    // May hold a password: for connections alone, never for anything that is shown or written.
+    // May have been given with a password in it: for the account's own connections alone, never for
+    // anything that is shown or written.
     const std::string& ConnectionString() const { return mConnectionString; }
 
     // A connection that is not open yet. One to a file refuses a file without the account's tables.
@@ -40,6 +44,7 @@ private:
     std::string mName;
     std::string mConnectionString;
     ServerTimeouts mTimeouts;
+    database::SharedSecret mPassword;
 };
 
 // The same for an account file alone.

@@ -27,7 +27,7 @@ struct AccountArgument {
 
     AccountPlace Place() const {
         return database.empty() ? AccountPlace::File(file)
-                                : AccountPlace::Database(WithKnownPassword(database), timeouts);
+                                : AccountPlace::Database(database, timeouts, PasswordFor(database));
     }
 };
 
@@ -160,6 +160,7 @@ void AddExport(CLI::App& program, int& status) {
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
+    TakePasswordVariable();
     CLI::App program("Opening balances of projects", "kelvane");
     program.set_version_flag("--version", "kelvane " KELVANE_VERSION);
     program.require_subcommand(1);

@@ -1,11 +1,10 @@
 #include "host/surroundings/password.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <iostream>
-#include <optional>
+#include <utility>
 
+#include "host/surroundings/environment.h"
 #include "host/surroundings/server_name.h"
 #include "host/surroundings/terminal.h"
 #include "platform/connection_string.h"
@@ -16,13 +15,8 @@ namespace {
 
 constexpr const char* kPasswordVariable = "KELVANE_DATABASE_PASSWORD";
 
-std::optional<std::string> PasswordOfEnvironment() {
-    const char* value = std::getenv(kPasswordVariable);
-    if (value == nullptr) return {};
-    std::string password = value;
-    ForgetVariable(kPasswordVariable);
-    return password;
-}
+// Until somebody asks for it.
+database::SharedSecret gTakenPassword;
 
 // Whether the string names an operator of the server but no password.
 bool LacksPassword(const std::string& connectionString) {
@@ -44,13 +38,18 @@ std::vector<std::string> TakeArguments(int argc, char** argv) {
     return arguments;
 }
 
-std::string WithKnownPassword(const std::string& connectionString) {
-    const auto known = PasswordOfEnvironment();
-    if (!LacksPassword(connectionString)) return connectionString;
-    const auto password =
-        known ? known : AskPassword(ServerNameOf(connectionString) + " password: ");
-    if (!password) return connectionString;
-    return platform::WithValue(connectionString, platform::kPasswordNames, *password);
+void TakePasswordVariable() {
+    gTakenPassword = TakeVariable(kPasswordVariable);
+    if (gTakenPassword) KeepMemoryPrivate();
+}
+
+database::SharedSecret PasswordFor(const std::string& connectionString) {
+    auto taken = std::exchange(gTakenPassword, nullptr);
+    if (!LacksPassword(connectionString)) return {};
+    if (taken) return taken;
+    auto typed = AskPassword(ServerNameOf(connectionString) + " password: ");
+    if (typed) KeepMemoryPrivate();
+    return typed;
 }
 
 }  // namespace kelvane::host

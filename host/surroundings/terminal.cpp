@@ -1,6 +1,9 @@
 #include "host/surroundings/terminal.h"
 
-#include <cstdlib>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
 #include <iostream>
 
 #ifdef _WIN32
@@ -8,7 +11,6 @@
 #include <windows.h>
 #else
 #include <termios.h>
-#include <unistd.h>
 #endif
 
 namespace kelvane::host {
@@ -68,25 +70,33 @@ private:
 
 #endif
 
+// Byte by byte: a stream would keep what it has read. False at the end of input.
+bool ReadLine(std::string& line) {
+    char next = 0;
+    for (;;) {
+        const auto count = read(fileno(stdin), &next, 1);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return false;
+        if (next == '\n') return true;
+        line += next;
+    }
+}
+
 }  // namespace
 
-std::optional<std::string> AskPassword(const std::string& prompt) {
+database::SharedSecret AskPassword(const std::string& prompt) {
     if (!IsTerminal()) return {};
     const Unseen unseen;
     std::cerr << prompt << std::flush;
     std::string line;
-    const bool ended = !std::getline(std::cin, line);
+    constexpr std::size_t kLongest = 4096;  // of a terminal's lines: the text never moves
+    line.reserve(kLongest);
+    const database::WipedAfterwards wiped(line);
+    const bool whole = ReadLine(line);
     std::cerr << '\n';
-    if (ended) return {};
-    return line;
-}
-
-void ForgetVariable(const char* name) {
-#ifdef _WIN32
-    _putenv_s(name, "");
-#else
-    unsetenv(name);
-#endif
+    if (!whole) return {};
+    if (line.ends_with('\r')) line.pop_back();
+    return std::make_shared<const database::Secret>(line);
 }
 
 }  // namespace kelvane::host

@@ -1,16 +1,14 @@
-// The terminal the program was started from, and its environment.
+// The terminal the program was started from.
 #pragma once
 
-#include <optional>
 #include <string>
+
+#include "adapters/database/secret.h"
 
 namespace kelvane::host {
 
-// Shows `prompt` and reads a line that the terminal does not show. Nothing when standard input is
-// no terminal, or when the line is ended by the end of input.
-std::optional<std::string> AskPassword(const std::string& prompt);
-
-// Removes a variable from what programs started from here on inherit.
-void ForgetVariable(const char* name);
+// Shows `prompt` and reads a line that the terminal does not show. Null when standard input is no
+// terminal, or when the line is ended by the end of input.
+database::SharedSecret AskPassword(const std::string& prompt);
 
 }  // namespace kelvane::host

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "host/account/account_place.h"
-#include "host/surroundings/password.h"
 #include "host/surroundings/server_name.h"
 
 namespace kelvane::host_test {
@@ -28,44 +25,10 @@ TEST(AccountPlace, NeverNamesAPassword) {
     EXPECT_FALSE(AccountPlace::File("/a/b").IsOnServer());
 }
 
-TEST(Password, IsOverwrittenInTheArguments) {
-    char program[] = "kelvane";
-    char command[] = "init";
-    char secret[] = "--database=Server=s;PWD=secret";
-    char* argv[] = {program, command, secret, nullptr};
-    EXPECT_EQ(TakeArguments(3, argv),
-              (std::vector<std::string>{"init", "--database=Server=s;PWD=secret"}));
-    EXPECT_STREQ(argv[1], "init");
-    EXPECT_STREQ(argv[2], "***");
-    for (const char left : std::string_view(secret + 3, sizeof secret - 3)) EXPECT_EQ(left, '\0');
-}
-
-// With the variable set to "a}b".
-std::string WithGivenPassword(const std::string& connectionString) {
-    setenv("KELVANE_DATABASE_PASSWORD", "a}b", 1);
-    const std::string result = WithKnownPassword(connectionString);
-    EXPECT_EQ(std::getenv("KELVANE_DATABASE_PASSWORD"), nullptr);
-    return result;
-}
-
-TEST(Password, ComesFromTheEnvironmentAndStaysInTheProgram) {
-    EXPECT_EQ(WithGivenPassword("Server=s;UID=k"), "Server=s;UID=k;PWD={a}}b};");
-    EXPECT_EQ(WithGivenPassword("uid = k ;Database={a;PWD=b};"),
-              "uid = k ;Database={a;PWD=b};PWD={a}}b};");
-}
-
-TEST(Password, StandsPlainUnlessItNeedsBraces) {
-    for (const char* password : {"secret", "geheim 1", ""}) {
-        setenv("KELVANE_DATABASE_PASSWORD", password, 1);
-        EXPECT_EQ(WithKnownPassword("UID=k"), "UID=k;PWD=" + std::string(password) + ";");
-    }
-}
-
-TEST(Password, IsNotAskedForWhereNoneIsLacking) {
-    for (const std::string text : {"Server=s;UID=k;PWD=own", "Driver=X;UID=kelvane;pwd = secret",
-                                   "Driver=X;UID=kelvane;Password={}", "DSN=books", ""}) {
-        EXPECT_EQ(WithGivenPassword(text), text);
-    }
+TEST(AccountPlace, KeepsAPasswordOutOfItsConnectionString) {
+    const auto place = AccountPlace::Database("Server=s;UID=k", {},
+                                              std::make_shared<const database::Secret>("geheim"));
+    EXPECT_EQ(place.ConnectionString(), "Server=s;UID=k");
 }
 
 }  // namespace

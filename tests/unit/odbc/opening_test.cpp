@@ -36,6 +36,18 @@ TEST_F(Opening, TakesTheLoginFromItsArguments) {
                                   "run set lock_timeout 5000\n");
 }
 
+TEST_F(Opening, TakesThePasswordFromItsSettingsUnlessItIsGivenOne) {
+    const OdbcSettings settings{.keys = {},
+                                .password = std::make_shared<const database::Secret>("a;b}")};
+    mMore = ";UID=k";
+    Open("", settings);
+    EXPECT_THAT(Driver().Log(), testing::HasSubstr(";UID=k;PWD={a;b}}};\n"));
+    mPassword = "given";
+    Open("run x\nerror 42000 1 given is no statement", settings);
+    EXPECT_THAT(Driver().Log(), testing::HasSubstr(";UID=k;PWD=given;\n"));
+    EXPECT_EQ(TextOf<DatabaseError>([&] { Execute("x"); }), "*** is no statement");
+}
+
 TEST_F(Opening, HasTimeOutsAsSettings) {
     Open("", {.connectTimeout = 3, .queryTimeout = 7, .lockTimeout = 50, .keys = {}});
     EXPECT_EQ(Driver().Log(), "login timeout 3\nconnect " + Driver().ConnectionString() +

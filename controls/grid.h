@@ -192,8 +192,11 @@ public:
     bool RowTouched() const { return mRowTouched; }
     void SetRowTouched(bool touched) { mRowTouched = touched; }
 
-    // What the operator does. MoveTo returns false when leaving was refused, BeginEdit when the
-    // cell does not open, PressReference when the cell has no button that can be pressed.
+    // What the operator does. MoveTo returns false when leaving was refused and for a row that
+    // cannot be the current one, a fixed row or one outside the grid: nothing is raised then and
+    // the current cell stays. A column that is fixed or outside means the nearest one that is not.
+    // BeginEdit returns false when the cell does not open, PressReference when the cell has no
+    // button that can be pressed.
     bool MoveTo(int row, int col);
     bool LeaveRow();
     bool BeginEdit();

@@ -42,8 +42,7 @@ void Grid::SetCurrent(int row, int col) {
 }
 
 bool Grid::MoveTo(int row, int col) {
-    if (Rows() <= mFixedRows) return false;
-    row = std::clamp(row, mFixedRows, Rows() - 1);
+    if (row < mFixedRows || row >= Rows()) return false;
     col = std::clamp(col, mFixedCols, Cols() - 1);
     if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
     if (row == mRow && col == mCol) return true;

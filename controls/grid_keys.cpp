@@ -25,9 +25,10 @@ bool Grid::TakesCharacter(char32_t character) const {
     return character == U'.' || character == U',' || character == U'-' || character == U' ';
 }
 
-// Moves `rows` down, or `step` cells to the side, skipping what is not shown.
+// Moves `rows` down, or `step` cells to the side, skipping what is not shown. Where no row is
+// current the first one becomes it.
 bool Grid::MoveBy(int rows, int step) {
-    int row = mRow;
+    int row = std::max(mRow, mFixedRows);
     if (rows != 0) {
         row = std::clamp(mRow + rows, mFixedRows, std::max(mFixedRows, Rows() - 1));
         const int direction = rows > 0 ? 1 : -1;
@@ -84,6 +85,7 @@ bool Grid::KeyDown(Key key, int shift) {
     const bool alt = (shift & platform::kAlt) != 0;
     if (alt) return false;
     const int page = std::max(1, VisibleRows());
+    const int row = std::max(mRow, mFixedRows);
     switch (key) {
         case Key::Up:
             MoveBy(-1, 0);
@@ -122,10 +124,10 @@ bool Grid::KeyDown(Key key, int shift) {
             MoveBy(0, 1);
             return true;
         case Key::Home:
-            MoveTo(ctrl ? mFixedRows : mRow, mFixedCols);
+            MoveTo(ctrl ? mFixedRows : row, mFixedCols);
             return true;
         case Key::End:
-            MoveTo(ctrl ? Rows() - 1 : mRow, Cols() - 1);
+            MoveTo(ctrl ? Rows() - 1 : row, Cols() - 1);
             return true;
         case Key::Delete:
             if (mRow < mFixedRows) return false;

@@ -50,6 +50,31 @@ TEST_F(GridTest, NoRowIsLeftFromTheHeader) {
     EXPECT_THAT(Notes(), ElementsAre("EnterCell 1 1"));
 }
 
+TEST_F(GridTest, ARowThatCannotBeTheCurrentOneIsRefused) {
+    At(2, 1);
+    grid.BeginEdit();
+    Notes();
+    for (const int row : {0, -1, grid.Rows()}) {
+        EXPECT_FALSE(grid.MoveTo(row, 2)) << row;
+        EXPECT_THAT(Notes(), IsEmpty()) << row;
+        EXPECT_EQ(Cell(), "2 1") << row;
+        EXPECT_TRUE(grid.IsEditing()) << row;
+    }
+    grid.CancelEdit();
+    grid.SetFixedRows(2);
+    EXPECT_FALSE(grid.MoveTo(1, 2));
+    EXPECT_EQ(Cell(), "2 1");
+}
+
+TEST_F(GridTest, KeysToTheSideMakeTheFirstRowCurrentWhereNoneIs) {
+    for (const platform::Key key :
+         {platform::Key::Left, platform::Key::Right, platform::Key::Home, platform::Key::End}) {
+        grid.SetRow(0);
+        EXPECT_TRUE(grid.KeyDown(key, 0));
+        EXPECT_EQ(grid.Row(), 1);
+    }
+}
+
 TEST_F(GridTest, ARefusedRowKeepsTheOperatorInTheColumnHandedBack) {
     At(1, 2);
     rowAnswer = GridAnswer::Refuse;
@@ -105,10 +130,10 @@ TEST_F(GridTest, LeavingARowInPlaceForgetsThatItWasChanged) {
     EXPECT_EQ(Cell(), "1 2");
 }
 
-TEST_F(GridTest, MovingIsKeptInsideTheCells) {
-    EXPECT_TRUE(grid.MoveTo(99, 99));
+TEST_F(GridTest, MovingIsKeptInsideTheColumns) {
+    EXPECT_TRUE(grid.MoveTo(3, 99));
     EXPECT_EQ(Cell(), "3 4");
-    EXPECT_TRUE(grid.MoveTo(0, 0));
+    EXPECT_TRUE(grid.MoveTo(1, 0));
     EXPECT_EQ(Cell(), "1 1");
     grid.SetRows(1);
     EXPECT_FALSE(grid.MoveTo(1, 1));

@@ -1,7 +1,5 @@
 #include "component/period_item.h"
 
-#include <stdexcept>
-
 #include "controls/control.h"
 #include "data/login_context.h"
 #include "ui/entry_list/entry_list.h"
@@ -10,17 +8,65 @@
 namespace kelvane::component {
 
 using namespace data;  // the g… values of the login context
+using platform::CallOrderError;
+using platform::WrongThread;
 
-PeriodItem::PeriodItem(platform::Services& services) {
-    gServices = &services;
+namespace {
+
+// Whose Init filled the login context, and whose window is shown.
+const PeriodItem* gHolder = nullptr;
+const PeriodItem* gShown = nullptr;
+
+void CloseConnection() {
+    if (gConn && (gConn->State() & platform::kStateOpen) != 0) gConn->Close();
+}
+
+void RefuseWhileShown(const char* call) {
+    if (gShown != nullptr) {
+        throw CallOrderError(std::string(call) + " cannot be called while a window is shown");
+    }
+}
+
+}  // namespace
+
+// While a window is shown the context's services are those of the object that shows it.
+class PeriodItem::ShownScope {
+public:
+    explicit ShownScope(const PeriodItem& item) {
+        gShown = &item;
+        gServices = &item.mServices;
+    }
+    ~ShownScope() {
+        gShown = nullptr;
+        gServices = gHolder == nullptr ? nullptr : &gHolder->mServices;
+    }
+    ShownScope(const ShownScope&) = delete;
+    ShownScope& operator=(const ShownScope&) = delete;
+};
+
+PeriodItem::PeriodItem(platform::Services& services)
+    : mServices(services), mThread(std::this_thread::get_id()) {}
+
+PeriodItem::~PeriodItem() {
+    LetGo();
 }
 
 bool PeriodItem::Init(platform::HostLogin& objLogin, platform::HostEnvironment& objEnv,
                       const std::string& AppPath) {
+    CheckInitCall();
+    platform::RequireServices(mServices);
     mInitialized = false;
+    // Another object's connection may need that object's services.
+    if (gHolder != nullptr && &gHolder->mServices != &mServices) {
+        CloseConnection();
+        gConn.reset();
+    }
+    gHolder = this;
+    gServices = &mServices;
     gLogin = &objLogin;
-    if (!gConn) gConn = gServices->createConnection();
-    if ((gConn->State() & platform::kStateOpen) != 0) gConn->Close();
+    if (!gConn) gConn = mServices.createConnection();
+    if (!gConn) throw platform::MissingService("Services::createConnection gave no connection");
+    CloseConnection();
     gConn->SetConnectionString(objLogin.ConnectionString());
     gConn->SetCursorLocation(platform::CursorLocation::Client);
     gConn->Open("", "", -1);
@@ -39,10 +85,53 @@ bool PeriodItem::Init(platform::HostLogin& objLogin, platform::HostEnvironment& 
 }
 
 void PeriodItem::Show() {
-    if (!mInitialized) throw std::logic_error("Show needs a successful Init before it");
-    gToday = gServices->today().DateText('.');
+    CheckShowCall();
+    platform::RequireServices(mServices);
+    const ShownScope scope(*this);
+    gToday = mServices.today().DateText('.');
     ui::ConnectWindows();
-    gServices->windows->ShowModal(ui::GetPeriodItemForm());
+    mServices.windows->ShowModal(ui::GetPeriodItemForm());
+}
+
+void PeriodItem::Close() {
+    CheckThread("Close");
+    RefuseWhileShown("Close");
+    LetGo();
+}
+
+void PeriodItem::CheckInitCall() const {
+    CheckThread("Init");
+    RefuseWhileShown("Init");
+    if (gHolder != nullptr) gHolder->CheckThread("Init");
+}
+
+void PeriodItem::CheckShowCall() const {
+    CheckThread("Show");
+    RefuseWhileShown("Show");
+    if (!mInitialized || gHolder == nullptr || !gHolder->mInitialized) {
+        throw CallOrderError("Show needs a successful Init before it");
+    }
+}
+
+void PeriodItem::CheckThread(const char* call) const {
+    if (std::this_thread::get_id() == mThread) return;
+    throw WrongThread(std::string(call) +
+                      " has to be called on the thread that the component belongs to");
+}
+
+void PeriodItem::LetGo() noexcept {
+    mInitialized = false;
+    if (gHolder != this) return;
+    try {
+        CloseConnection();
+    } catch (...) {
+        ReportTrapped("Close");
+    }
+    gHolder = nullptr;
+    gConn.reset();
+    gLogin = nullptr;
+    gEnv = nullptr;
+    gServices = nullptr;
 }
 
 }  // namespace kelvane::component

@@ -110,11 +110,13 @@ void LoadItemKeyFields() try {
 void LoadPmStartDate() try {
     auto values = gEnv->DataAccess().Query(StatementText(
         "SELECT cValue From AccInformation WHERE cSysID = 'PM' and cName = 'dPMStartDate'"));
-    if (!values->EndOfFile()) gPmStartDate = SettingDate(values->Field("cValue"));
+    if (!values->EndOfFile())
+        gPmStartDate = SettingDate("PM.dPMStartDate", values->Field("cValue"));
     values = gEnv->DataAccess().Query(StatementText(
         "SELECT cValue From AccInformation WHERE cSysID = 'PM' and cName = 'dPMStartDatePeriod'"));
     if (!values->EndOfFile())
-        gPmStartYear = ShortInteger(SettingDate(values->Field("cValue")).year);
+        gPmStartYear =
+            ShortInteger(SettingDate("PM.dPMStartDatePeriod", values->Field("cValue")).year);
     values->Close();
 } catch (...) {
     ReportTrapped("LoadPmStartDate");

@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -86,7 +87,7 @@ std::optional<DateTime> ReadEnglish(std::string text) {
 
 }  // namespace
 
-DateTime SettingDate(const platform::Value& value) {
+DateTime SettingDate(std::string_view setting, const platform::Value& value) try {
     if (const auto* text = value.As<std::string>()) {
         const std::string trimmed = Trim(*text);
         if (const auto date = Read(trimmed)) return *date;
@@ -95,6 +96,8 @@ DateTime SettingDate(const platform::Value& value) {
         }
     }
     return value.ToDateTime();
+} catch (const std::invalid_argument& error) {
+    throw std::invalid_argument(std::string(setting) + "：" + error.what());
 }
 
 }  // namespace kelvane::data

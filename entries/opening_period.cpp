@@ -78,7 +78,7 @@ Findings LocksOfList() {
     if (IsYearCarriedOver()) found.push_back(Found(Rule::YearCarriedOver, year));
     if (!found.empty()) return found;
     const std::string start = gEnv->ModuleSetting("PM", "dPMStartDatePeriod");
-    if (data::SettingDate(platform::Value(start)).year != gLogin->Year()) {
+    if (data::SettingDate("PM.dPMStartDatePeriod", platform::Value(start)).year != gLogin->Year()) {
         found.push_back(Found(Rule::OtherStartYear, year));
     }
     return found;

@@ -1,6 +1,7 @@
 // The services that one composition of the component runs on. A host builds the adapters and hands
-// them over; the component keeps a pointer, so they outlive it. A service that is not there is
-// null, and the commands that need it are disabled.
+// them over; the component keeps a pointer, so they outlive the PeriodItem made with them. Which of
+// them a host has to give is said at each; the commands that need another one are disabled while it
+// is not there.
 #pragma once
 
 #include <functional>
@@ -17,16 +18,30 @@
 
 namespace kelvane::platform {
 
+// Everything is called on the user-interface thread. What a function makes belongs to the component
+// and is never null.
 struct Services {
+    // Required.
     Windows* windows = nullptr;
     Registry* registry = nullptr;
-    Diagnostics* diagnostics = nullptr;
+    // Gives a new connection that is not open; asked once for each login that needs a new one.
     std::function<std::shared_ptr<Connection>()> createConnection;
+    // Gives the present local date and time.
     std::function<DateTime()> today;
+
+    // Optional: without it trapped errors are told on the notice line alone.
+    Diagnostics* diagnostics = nullptr;
+    // Optional: without it there are no pick lists. A new one is made for each list.
     std::function<std::unique_ptr<ReferenceList>()> createReferenceList;
-    std::function<std::unique_ptr<XmlDocument>()> createXmlDocument;
+
+    // Optional: without the first two nothing is printed or written to files. Whoever gives both
+    // gives the third, which saves the print settings.
     std::function<std::unique_ptr<PrintControl>()> createPrintControl;
     std::function<std::unique_ptr<PrintStyleService>()> createPrintStyle;
+    std::function<std::unique_ptr<XmlDocument>()> createXmlDocument;
 };
+
+// Throws MissingService, which names the service, unless all that are required are there.
+void RequireServices(const Services& services);
 
 }  // namespace kelvane::platform

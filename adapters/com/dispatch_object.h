@@ -49,6 +49,9 @@ public:
     Variant Call(std::string_view member, const Arguments& arguments = {}) const;
     void Put(std::string_view member, const Variant& value) const;
 
+    // Throws DispatchError unless the object has the member.
+    void Require(std::string_view member) const { IdOf(member); }
+
     // The object that a property, or a method with arguments, gives; empty for Nothing. Throws
     // DispatchError also when what it gives is no object.
     DispatchObject Object(std::string_view member, const Arguments& arguments = {}) const;

@@ -1,27 +1,19 @@
 #include "adapters/com/error_report.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
+#include <string_view>
 
 #include "adapters/com/com_pointer.h"
 #include "adapters/com/dispatch_object.h"
 #include "adapters/com/wide_text.h"
+#include "platform/call_errors.h"
 #include "platform/host.h"
 
 namespace kelvane::com {
 
 namespace {
-
-constexpr HRESULT OwnCode(unsigned short number) {
-    return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, number);
-}
-
-constexpr HRESULT kHost = OwnCode(0x201);
-constexpr HRESULT kDatabase = OwnCode(0x202);
-constexpr HRESULT kBusy = OwnCode(0x203);
-constexpr HRESULT kLost = OwnCode(0x204);
-constexpr HRESULT kInDoubt = OwnCode(0x205);
-constexpr HRESULT kCallOrder = OwnCode(0x206);
 
 template <typename Error>
 bool Matches(const std::exception& error) {
@@ -31,21 +23,34 @@ bool Matches(const std::exception& error) {
 struct KnownError {
     bool (*matches)(const std::exception&);
     HRESULT code;
+    std::string_view kind;
 };
 
 // The first that matches counts: the particular ones stand before the general.
 constexpr KnownError kKnownErrors[] = {
-    {Matches<ArgumentError>, E_INVALIDARG},        {Matches<CallOrderError>, kCallOrder},
-    {Matches<platform::HostError>, kHost},         {Matches<platform::CommitInDoubt>, kInDoubt},
-    {Matches<platform::ConnectionLost>, kLost},    {Matches<platform::DatabaseBusy>, kBusy},
-    {Matches<platform::DatabaseError>, kDatabase}, {Matches<std::bad_alloc>, E_OUTOFMEMORY},
+    {Matches<ArgumentError>, E_INVALIDARG,
+     "参数不对 / An argument is missing or not what it has to be"},
+    {Matches<platform::CallOrderError>, kCallOutOfOrder,
+     "现在不能这样调用 / The call cannot be made now"},
+    {Matches<platform::WrongThread>, kCallFromOtherThread,
+     "不能从这个线程调用 / The call came from another thread"},
+    {Matches<platform::HostError>, kHostFailed,
+     "宿主对象没有给出所需的内容 / A host object did not give what it was asked for"},
+    {Matches<platform::CommitInDoubt>, kSaveInDoubt,
+     "不知道上次保存是否成功 / Whether the last save was kept is not known"},
+    {Matches<platform::ConnectionLost>, kConnectionLost,
+     "与账套数据库的连接已断开 / The connection to the account database was lost"},
+    {Matches<platform::DatabaseBusy>, kDatabaseBusy,
+     "账套数据库正被他人占用 / The account database is busy with another operator's work"},
+    {Matches<platform::DatabaseError>, kDatabaseRefused,
+     "账套数据库拒绝了操作 / The account database refused"},
+    {Matches<std::bad_alloc>, E_OUTOFMEMORY, "内存不足 / Out of memory"},
+    {[](const std::exception&) { return true; }, E_FAIL, "组件出错 / The component failed"},
 };
 
-HRESULT CodeOf(const std::exception& error) {
-    for (const KnownError& known : kKnownErrors) {
-        if (known.matches(error)) return known.code;
-    }
-    return E_FAIL;
+const KnownError& KnownErrorOf(const std::exception& error) {
+    return *std::ranges::find_if(kKnownErrors,
+                                 [&](const KnownError& known) { return known.matches(error); });
 }
 
 BSTR BstrOf(const std::string& text) {
@@ -60,9 +65,10 @@ ErrorReport ReportOfCurrentException() noexcept {
     try {
         throw;
     } catch (const std::exception& error) {
-        report.code = CodeOf(error);
+        const KnownError& known = KnownErrorOf(error);
+        report.code = known.code;
         try {
-            report.description = error.what();
+            report.description = std::string(known.kind) + ": " + error.what();
         } catch (...) {
             return report;  // the code alone has to do
         }

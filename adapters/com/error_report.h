@@ -1,5 +1,5 @@
 // The one place where the component's errors become those of COM: no exception crosses the
-// boundary.
+// boundary. A host's log gets each in Chinese and in English.
 #pragma once
 
 #include <stdexcept>
@@ -15,12 +15,21 @@ public:
     using std::invalid_argument::invalid_argument;
 };
 
-// A member was called when it cannot be.
-class CallOrderError : public std::logic_error {
-public:
-    using std::logic_error::logic_error;
-};
+constexpr HRESULT OwnCode(unsigned short number) {
+    return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, number);
+}
 
+// The component's own codes; a host finds them in the type library.
+inline constexpr HRESULT kHostFailed = OwnCode(0x201);
+inline constexpr HRESULT kDatabaseRefused = OwnCode(0x202);
+inline constexpr HRESULT kDatabaseBusy = OwnCode(0x203);
+inline constexpr HRESULT kConnectionLost = OwnCode(0x204);
+inline constexpr HRESULT kSaveInDoubt = OwnCode(0x205);
+inline constexpr HRESULT kCallOutOfOrder = OwnCode(0x206);
+inline constexpr HRESULT kCallFromOtherThread = OwnCode(0x207);
+
+// `description`: what kind of error it is, "中文 / English", then ": " and the error's own text
+// when it has one.
 struct ErrorReport {
     HRESULT code = S_OK;
     std::string description;

@@ -5,6 +5,7 @@
 
 #include "adapters/com/ado_record_set.h"
 #include "adapters/com/automation_value.h"
+#include "platform/decimal.h"
 
 namespace kelvane::com {
 
@@ -59,6 +60,10 @@ int HostObject::Integer(Member member, const Arguments& arguments) const {
     return Converted(member, arguments, [](const Variant& answer) {
         const Value value = ToValue(answer.Get());
         if (value.IsNull()) throw std::invalid_argument("没有值");
+        const auto* text = value.As<std::string>();
+        if (text != nullptr && !platform::Decimal::FromText(*text)) {
+            throw std::invalid_argument("不是数字");
+        }
         const std::int64_t number = value.ToInteger();
         if (!std::in_range<int>(number)) throw std::range_error("数字溢出");
         return static_cast<int>(number);
@@ -84,6 +89,34 @@ HostObject HostObject::Part(Member member) const {
     } catch (const DispatchError& error) {
         throw HostError(error.what());
     }
+}
+
+void HostObject::Require(Member member) const try {
+    const auto [object, name] = Walk(mObject, mNames->Of(member));
+    object.Require(name);
+} catch (const DispatchError& error) {
+    throw HostError(error.what());
+}
+
+void DispatchLogin::CheckMembers() const {
+    (void)ConnectionString();
+    (void)UserId();
+    (void)IsExemptFromCenterAuth();
+    (void)Year();
+}
+
+void DispatchEnvironment::CheckMembers() const {
+    (void)Name();
+    (void)mOperator.Name();
+    (void)Year();
+    const HostObject account = mEnvironment.Part(Member::EnvironmentAccount);
+    for (const Member member :
+         {Member::AccountYearStart, Member::AccountPeriodOf, Member::AccountPeriodStart}) {
+        account.Require(member);
+    }
+    mEnvironment.Part(Member::EnvironmentDataAccess).Require(Member::DataAccessQuery);
+    mEnvironment.Require(Member::EnvironmentModuleSetting);
+    mEnvironment.Require(Member::EnvironmentHostPath);
 }
 
 std::string DispatchEnvironment::NamedOperator::Name() const {

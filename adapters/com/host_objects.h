@@ -27,6 +27,8 @@ public:
     HostObject Part(Member member) const;
     // Whatever the member gives, objects included.
     Variant Answer(Member member, const Arguments& arguments) const;
+    // Throws platform::HostError unless the object has the member; does not ask for its value.
+    void Require(Member member) const;
 
     const std::string& Name() const { return mObject.Name(); }
 
@@ -51,6 +53,10 @@ public:
     bool IsExemptFromCenterAuth() const override { return mLogin.Flag(Member::LoginExempt); }
     int Year() const override { return mLogin.Integer(Member::LoginYear); }
 
+    // Throws platform::HostError for the first member that is missing or does not give what it has
+    // to.
+    void CheckMembers() const;
+
 private:
     HostObject mLogin;
 };
@@ -68,6 +74,9 @@ public:
     // From now on this environment answers with `observer`, which stands in front of its data
     // access and outlives it.
     void SetDataAccess(platform::HostDataAccess& observer) { mDataAccess = &observer; }
+
+    // The same as for the login; members with arguments only have to be there.
+    void CheckMembers() const;
 
     platform::HostUnit& Unit() override { return *this; }
     platform::HostOperator& Operator() override { return mOperator; }

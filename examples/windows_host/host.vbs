@@ -50,8 +50,11 @@ Class Environment
     Public Account
     Public DataAccess
     Public HostPath
+    ' The host keeps its modules' settings in the account; what is not set stays empty.
     Public Function ModuleSetting(moduleName, settingName)
-        ModuleSetting = ""
+        Dim rows
+        Set rows = DataAccess.Query("select cValue from AccInformation where cSysID='" & moduleName & "' and cName='" & settingName & "'", 2)
+        If Not rows.EOF Then ModuleSetting = rows("cValue").Value
     End Function
 End Class
 

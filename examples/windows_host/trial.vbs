@@ -1,15 +1,18 @@
 ' A host that tries the component and writes down what happens; trial.cmd starts it. Arguments: the
 ' report's file, the connection string, the host's folder, the account's year, then the steps in
 ' order: "init", "show", "unnamed" (a login without a member), "string=TEXT" (another connection
-' string for the next login), "rounds=N" (create, initialise and release so often), "use" (handles
-' and memory of this process).
+' string for the next login), "year=YEAR" (another account year for the next login), "no-data" (the
+' next environments have no data access), "version", "rounds=N" (create, initialise and release so
+' often), "use" (handles and memory of this process).
 Option Explicit
-Dim report, component, connectionString, folder, accountYear, i, action
+Dim report, component, connectionString, folder, accountYear, loginYear, hasData, i, action
 
 Set report = CreateObject("Scripting.FileSystemObject").CreateTextFile(WScript.Arguments(0), True, True)
 connectionString = WScript.Arguments(1)
 folder = WScript.Arguments(2)
 accountYear = CInt(WScript.Arguments(3))
+loginYear = accountYear
+hasData = True
 
 Class Login
     Public ConnectionString
@@ -92,7 +95,7 @@ Function NewLogin()
     NewLogin.ConnectionString = connectionString
     NewLogin.UserId = "zhang"
     NewLogin.ExemptFromCenterAuth = True
-    NewLogin.Year = accountYear
+    NewLogin.Year = loginYear
 End Function
 
 Function NewEnvironment()
@@ -104,8 +107,11 @@ Function NewEnvironment()
     made.Operator.Name = "Operator of the host"
     Set made.Account = New Account
     made.Account.Year = accountYear
-    Set made.DataAccess = New DataAccess
-    made.DataAccess.Connect WScript.Arguments(1)
+    Set made.DataAccess = Nothing
+    If hasData Then
+        Set made.DataAccess = New DataAccess
+        made.DataAccess.Connect WScript.Arguments(1)
+    End If
     made.HostPath = folder
     Set NewEnvironment = made
 End Function
@@ -156,12 +162,18 @@ For i = 4 To WScript.Arguments.Count - 1
         Init New OtherLogin
     ElseIf Left(action, 7) = "string=" Then
         connectionString = Mid(action, 8)
+    ElseIf Left(action, 5) = "year=" Then
+        loginYear = Mid(action, 6)
+    ElseIf action = "no-data" Then
+        hasData = False
+    ElseIf action = "version" Then
+        Say "Version " & component.Version
     ElseIf Left(action, 7) = "rounds=" Then
         Rounds CInt(Mid(action, 8))
     ElseIf action = "use" Then
         SayUse
     End If
-    If Left(action, 7) <> "string=" Then SayError action
+    If Left(action, 7) <> "string=" And Left(action, 5) <> "year=" And action <> "no-data" Then SayError action
 Next
 Set component = Nothing
 Say "end of script"

@@ -44,14 +44,6 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
     if (printing != nullptr) OfferPrinting(mServices, *printing);
 }
 
-Session::~Session() {
-    // The component's values outlive this run's services and host objects; its connection must not.
-    data::gConn.reset();
-    data::gLogin = nullptr;
-    data::gEnv = nullptr;
-    data::gServices = nullptr;
-}
-
 std::shared_ptr<platform::Connection> Session::CreateConnection() {
     auto connection = mAccount.NewConnection();
     if (mStatements == nullptr) return connection;

@@ -24,7 +24,6 @@ public:
     // database, `printing` where nothing can be printed or written to files.
     Session(AccountPlace account, platform::Windows& windows, drive::StatementLog* statements,
             platform::PrintSurroundings* printing = nullptr);
-    ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
@@ -45,10 +44,11 @@ private:
     DiagnosticsLog mLog;
     std::optional<platform::DateTime> mToday;
     platform::Services mServices;
-    component::PeriodItem mComponent;
     // Every login so far: the component keeps pointers to the objects of the last one that it took.
     std::vector<std::unique_ptr<AccountHost>> mLogins;
     std::vector<std::unique_ptr<platform::HostDataAccess>> mObservers;
+    // Closes itself before what it runs on goes.
+    component::PeriodItem mComponent;
 };
 
 }  // namespace kelvane::host

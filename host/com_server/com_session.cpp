@@ -21,36 +21,25 @@ namespace {
 constexpr const wchar_t* kNamesFile = L"Kelvane.ini";
 constexpr const wchar_t* kLogVariable = L"KELVANE_LOG";
 
-// Set while a window is shown: nobody may come in through a message meanwhile.
-class Shown {
-public:
-    explicit Shown(bool& shown) : mShown(shown) { mShown = true; }
-    ~Shown() { mShown = false; }
-    Shown(const Shown&) = delete;
-    Shown& operator=(const Shown&) = delete;
-
-private:
-    bool& mShown;
-};
-
 // Services that exist only while windows do.
 class ShownServices {
 public:
     ShownServices(platform::Services& services, platform::Windows& windows,
                   platform::PrintSurroundings& printing)
-        : mServices(services) {
+        : mServices(services), mWindowsBefore(services.windows) {
         mServices.windows = &windows;
         OfferPrinting(mServices, printing);
     }
     ~ShownServices() {
         WithdrawPrinting(mServices);
-        mServices.windows = nullptr;
+        mServices.windows = mWindowsBefore;
     }
     ShownServices(const ShownServices&) = delete;
     ShownServices& operator=(const ShownServices&) = delete;
 
 private:
     platform::Services& mServices;
+    platform::Windows* mWindowsBefore;
 };
 
 }  // namespace
@@ -63,6 +52,7 @@ std::shared_ptr<ComSession> ComSession::Share() {
 }
 
 ComSession::ComSession() : mLog(com::EnvironmentText(kLogVariable)), mNotesStatements(IsDriven()) {
+    mServices.windows = &mAbsentWindows;
     mServices.registry = &mRegistry;
     mServices.diagnostics = &mLog;
     mServices.createConnection = [this] { return CreateConnection(); };
@@ -77,28 +67,23 @@ ComSession::ComSession() : mLog(com::EnvironmentText(kLogVariable)), mNotesState
     mServices.createXmlDocument = [] { return std::make_unique<com::MsxmlDocument>(); };
 }
 
-ComSession::~ComSession() {
-    // The component's values stay as long as it is loaded, what belongs to others does not.
-    data::gConn.reset();
-    data::gLogin = nullptr;
-    data::gEnv = nullptr;
-    data::gServices = nullptr;
-}
-
 std::shared_ptr<platform::Connection> ComSession::CreateConnection() {
     auto connection = std::make_shared<com::AdoConnection>();
     if (!mNotesStatements) return connection;
     return std::make_shared<drive::RecordingConnection>(std::move(connection), mStatements);
 }
 
-void ComSession::Init(component::PeriodItem& item, com::ComPointer<IDispatch> login,
-                      com::ComPointer<IDispatch> environment, const std::string& appPath) {
-    if (mShown) throw com::CallOrderError("Init：窗口正打开着");
-    mLogins.push_back(std::make_unique<HostLoginObjects>(
+void ComSession::Init(com::ComPointer<IDispatch> login, com::ComPointer<IDispatch> environment,
+                      const std::string& appPath) {
+    mItem.CheckInitCall();
+    auto objects = std::make_unique<HostLoginObjects>(
         com::MemberNames::Load(com::ModulePath().parent_path() / kNamesFile), std::move(login),
-        std::move(environment), mNotesStatements ? &mStatements : nullptr));
+        std::move(environment), mNotesStatements ? &mStatements : nullptr);
+    objects->Login().CheckMembers();
+    objects->Environment().CheckMembers();
+    mLogins.push_back(std::move(objects));
     try {
-        item.Init(mLogins.back()->Login(), mLogins.back()->Environment(), appPath);
+        mItem.Init(mLogins.back()->Login(), mLogins.back()->Environment(), appPath);
     } catch (...) {
         ForgetOldLogins();
         throw;
@@ -114,13 +99,12 @@ void ComSession::ForgetOldLogins() {
     });
 }
 
-void ComSession::Show(component::PeriodItem& item) {
-    if (mShown) throw com::CallOrderError("Show：窗口已经打开");
-    const Shown shown(mShown);
+void ComSession::Show() {
+    mItem.CheckShowCall();
     RunWindows(mNotesStatements ? &mStatements : nullptr,
                [&](platform::Windows& windows, platform::PrintSurroundings& printing) {
                    const ShownServices services(mServices, windows, printing);
-                   item.Show();
+                   mItem.Show();
                });
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <utility>
 
 #include "adapters/com/call_arguments.h"
@@ -18,12 +19,25 @@ using com::ComPointer;
 
 constexpr DISPID kInit = 1;
 constexpr DISPID kShow = 2;
+constexpr DISPID kVersion = 3;
 
 struct MemberShape {
     DISPID id;
+    WORD kind;
     unsigned arguments;
 };
-constexpr std::array kMembers{MemberShape{kInit, 3}, MemberShape{kShow, 0}};
+constexpr std::array kMembers{MemberShape{kInit, DISPATCH_METHOD, 3},
+                              MemberShape{kShow, DISPATCH_METHOD, 0},
+                              MemberShape{kVersion, DISPATCH_PROPERTYGET, 0}};
+
+// What hosts read in the type library is what they are told.
+static_assert(com::kHostFailed == static_cast<HRESULT>(kelvaneHostFailed));
+static_assert(com::kDatabaseRefused == static_cast<HRESULT>(kelvaneDatabaseRefused));
+static_assert(com::kDatabaseBusy == static_cast<HRESULT>(kelvaneDatabaseBusy));
+static_assert(com::kConnectionLost == static_cast<HRESULT>(kelvaneConnectionLost));
+static_assert(com::kSaveInDoubt == static_cast<HRESULT>(kelvaneSaveInDoubt));
+static_assert(com::kCallOutOfOrder == static_cast<HRESULT>(kelvaneCallOutOfOrder));
+static_assert(com::kCallFromOtherThread == static_cast<HRESULT>(kelvaneCallFromOtherThread));
 
 // Does `work` for an early-bound caller.
 template <typename Work>
@@ -38,6 +52,12 @@ HRESULT AtBoundary(Work work) noexcept {
     }
 }
 
+BSTR NewVersionText() {
+    const BSTR text = SysAllocString(L"" KELVANE_VERSION);
+    if (text == nullptr) throw std::bad_alloc();
+    return text;
+}
+
 ComPointer<IDispatch> Given(IDispatch** object, const char* name) {
     if (object == nullptr || *object == nullptr) {
         throw com::ArgumentError("Init：参数 " + std::string(name) + " 没有对象");
@@ -47,7 +67,7 @@ ComPointer<IDispatch> Given(IDispatch** object, const char* name) {
 
 }  // namespace
 
-PeriodItemObject::PeriodItemObject() : mSession(ComSession::Share()), mItem(mSession->Services()) {
+PeriodItemObject::PeriodItemObject() : mSession(ComSession::Share()) {
     com::ModuleUse::Add();
 }
 
@@ -116,7 +136,7 @@ STDMETHODIMP PeriodItemObject::Invoke(DISPID member, REFIID reserved, LCID /*loc
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (parameters == nullptr) return E_INVALIDARG;
     const auto* const shape = std::ranges::find(kMembers, member, &MemberShape::id);
-    if (shape == kMembers.end() || (kind & DISPATCH_METHOD) == 0) return DISP_E_MEMBERNOTFOUND;
+    if (shape == kMembers.end() || (kind & shape->kind) == 0) return DISP_E_MEMBERNOTFOUND;
     if (parameters->cArgs != shape->arguments) return DISP_E_BADPARAMCOUNT;
     try {
         CallMember(member, *parameters, result);
@@ -133,9 +153,12 @@ STDMETHODIMP PeriodItemObject::Invoke(DISPID member, REFIID reserved, LCID /*loc
 }
 
 void PeriodItemObject::CallMember(DISPID member, const DISPPARAMS& parameters, VARIANT* result) {
-    if (member == kShow) {
-        CallShow();
-        if (result != nullptr) VariantInit(result);
+    if (result != nullptr) VariantInit(result);
+    if (member == kShow) return CallShow();
+    if (member == kVersion) {
+        if (result == nullptr) return;
+        V_BSTR(result) = NewVersionText();
+        V_VT(result) = VT_BSTR;
         return;
     }
     const com::CallArguments arguments(parameters, "Init");
@@ -143,7 +166,6 @@ void PeriodItemObject::CallMember(DISPID member, const DISPPARAMS& parameters, V
     auto environment = arguments.Object(1, "objEnv");
     CallInit(std::move(login), std::move(environment), arguments.Text(2, "AppPath"));
     if (result == nullptr) return;
-    VariantInit(result);
     V_VT(result) = VT_BOOL;
     V_BOOL(result) = VARIANT_TRUE;
 }
@@ -162,19 +184,26 @@ STDMETHODIMP PeriodItemObject::Show() {
     return AtBoundary([this] { CallShow(); });
 }
 
+STDMETHODIMP PeriodItemObject::get_Version(BSTR* version) {
+    if (version == nullptr) return E_POINTER;
+    *version = nullptr;
+    return AtBoundary([version] { *version = NewVersionText(); });
+}
+
 void PeriodItemObject::CallInit(ComPointer<IDispatch> login, ComPointer<IDispatch> environment,
                                 const std::string& appPath) {
     const auto kept = ComPointer<PeriodItemObject>::Share(this);
+    mSession->CheckInitCall();
     mInitialized = false;
-    mSession->Init(mItem, std::move(login), std::move(environment), appPath);
+    mSession->Init(std::move(login), std::move(environment), appPath);
     mInitialized = true;
 }
 
 // The host may release the object while the window is shown.
 void PeriodItemObject::CallShow() {
     const auto kept = ComPointer<PeriodItemObject>::Share(this);
-    if (!mInitialized) throw com::CallOrderError("Show：要先成功调用 Init");
-    mSession->Show(mItem);
+    if (!mInitialized) throw platform::CallOrderError("Show needs a successful Init before it");
+    mSession->Show();
 }
 
 }  // namespace kelvane::host

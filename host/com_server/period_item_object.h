@@ -6,7 +6,6 @@
 #include <string>
 
 #include "adapters/com/com_pointer.h"
-#include "component/period_item.h"
 #include "host/com_server/com_session.h"
 #include "kelvane_idl.h"
 
@@ -33,6 +32,7 @@ public:
     STDMETHOD(Init)
     (IDispatch** objLogin, IDispatch** objEnv, BSTR AppPath, VARIANT_BOOL* result) override;
     STDMETHOD(Show)() override;
+    STDMETHOD(get_Version)(BSTR* version) override;
 
     STDMETHOD(InterfaceSupportsErrorInfo)(REFIID id) override;
 
@@ -46,7 +46,6 @@ private:
 
     LONG mReferences = 1;
     std::shared_ptr<ComSession> mSession;
-    component::PeriodItem mItem;
     bool mInitialized = false;
 };
 

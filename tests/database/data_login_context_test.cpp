@@ -170,7 +170,7 @@ TEST_F(LoginContext, AStartDateThatIsNoneEndsTheLoading) {
     LoadPmStartDate();
     EXPECT_EQ(gPmStartYear, 0);
     EXPECT_EQ(mDiagnostics.places, Lines{"LoadPmStartDate"});
-    EXPECT_EQ(mDiagnostics.details, Lines{"不是日期：七月"});
+    EXPECT_EQ(mDiagnostics.details, Lines{"PM.dPMStartDate：不是日期：七月"});
 }
 
 }  // namespace

@@ -85,10 +85,10 @@ def shown_versions(binary):
 
 
 def described_ids():
-    """The identities in the interface description: interface, library and class."""
+    """The identities in the interface description: interface, library, enumeration of errors and class."""
     text = (ROOT / "host/com_server/kelvane.idl").read_text(encoding="utf-8")
     ids = [uuid.UUID(found) for found in re.findall(r"uuid\(([0-9A-F-]{36})\)", text)]
-    assert len(ids) == 3, ids
+    assert len(ids) == 4, ids
     return ids
 
 
@@ -168,7 +168,7 @@ class Binaries(unittest.TestCase):
                 self.assertIn(identity.bytes_le, content[library:], identity)
 
     def test_manifest_names_what_the_description_names(self):
-        interface, library, component = described_ids()
+        interface, library, _, component = described_ids()
         for folder in FOLDERS:
             root = manifest(folder)
             self.assertEqual(root.find("a:assemblyIdentity", ASSEMBLY).get("processorArchitecture"),

@@ -9,6 +9,7 @@ PROGRAM the program of this system, which creates the account.
 """
 
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -22,6 +23,7 @@ PACKAGE, ADO, PROGRAM = (Path(argument) for argument in sys.argv[1:4])
 del sys.argv[1:4]
 TRIAL = PACKAGE / "samples" / "trial.vbs"
 SCRIPTS = wine_session.HERE / "scripts"
+ROOT = Path(__file__).resolve().parents[2]
 YEAR = "2004"
 SHOW_SECONDS = 600
 ANSWER_SECONDS = 15
@@ -151,9 +153,26 @@ class ComponentTest(unittest.TestCase):
         self.assertEqual(report[1].split()[:2], ["show:", "80040206"])
         self.assertEqual(report[2:], ["end of script"])
 
+    def test_version(self):
+        version = re.search(r"project\(Kelvane VERSION ([0-9.]+)",
+                            (ROOT / "CMakeLists.txt").read_text(encoding="utf-8")).group(1)
+        self.assertEqual(self.host("version").report,
+                         ["create: done", f"Version {version}", "version: done", "end of script"])
+
+    def test_a_year_that_is_no_number(self):
+        report = self.host("year=this one", "init").report
+        self.assertRegex(report[1], "^init: 80040201 .+: objLogin.Year：.")
+        self.assertEqual(report[2:], ["end of script"])
+
+    def test_no_data_access(self):
+        report = self.host("no-data", "init").report
+        self.assertRegex(report[1], "^init: 80040201 .+: objEnv.DataAccess：.")
+        self.assertEqual(report[2:], ["end of script"])
+
     def test_host_object_without_a_member(self):
         report = self.host("unnamed").report
-        self.assertRegex(report[1], "^unnamed: 80040201 objLogin.ConnectionString：.")
+        self.assertRegex(report[1], "^unnamed: 80040201 .+ / A host object did not give what it was"
+                                    " asked for: objLogin.ConnectionString：.")
         self.assertEqual(report[2:], ["end of script"])
 
     def test_connection_that_fails_and_the_next_one(self):

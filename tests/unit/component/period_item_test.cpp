@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <thread>
 
 #include "data/login_context.h"
 #include "platform/connection_wrapper.h"
@@ -61,10 +62,24 @@ private:
 class ShowingWindows : public support::RecordingWindows {
 public:
     std::vector<std::string> shown;
+    // Done while a form is shown.
+    std::function<void()> meanwhile;
     void ShowModal(platform::Window& window) override {
         shown.push_back(window.Name() + " " + gToday);
+        if (meanwhile) meanwhile();
     }
 };
+
+// What a call throws of one kind.
+template <typename Error>
+std::string RefusalOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const Error& refusal) {
+        return refusal.what();
+    }
+    return "(not refused)";
+}
 
 constexpr const char* kNumPoints =
     "select cname, cValue from PM_SettingInf  where cName like 'NumPoint%' ";
@@ -221,6 +236,164 @@ TEST_F(PeriodItemTest, ShowStampsTheDayEachTimeAndOpensTheList) {
     today = {2005, 12, 31};
     item.Show();
     EXPECT_THAT(windows.shown, ElementsAre("frmPeriodItem 2004.07.09", "frmPeriodItem 2005.12.31"));
+}
+
+TEST_F(PeriodItemTest, NamesTheServiceThatIsMissing) {
+    const auto initWithout = [this](void (*takeAway)(platform::Services&)) {
+        platform::Services incomplete = services;
+        takeAway(incomplete);
+        PeriodItem item(incomplete);
+        return RefusalOf<platform::MissingService>([&] { item.Init(login, environment, ""); });
+    };
+    const std::string end = " is missing: the component cannot work without it";
+    EXPECT_EQ(initWithout([](auto& given) { given.windows = nullptr; }), "Services::windows" + end);
+    EXPECT_EQ(initWithout([](auto& given) { given.registry = nullptr; }),
+              "Services::registry" + end);
+    EXPECT_EQ(initWithout([](auto& given) { given.createConnection = nullptr; }),
+              "Services::createConnection" + end);
+    EXPECT_EQ(initWithout([](auto& given) { given.today = nullptr; }), "Services::today" + end);
+    EXPECT_EQ(initWithout([](auto& given) {
+                  given.createPrintControl = [] { return nullptr; };
+                  given.createPrintStyle = [] { return nullptr; };
+              }),
+              "Services::createXmlDocument" + end);
+    EXPECT_EQ(initWithout([](auto& given) { given.createConnection = [] { return nullptr; }; }),
+              "Services::createConnection gave no connection");
+    EXPECT_THAT(trace, IsEmpty());
+}
+
+TEST_F(PeriodItemTest, ShowNamesAServiceThatWasTakenAway) {
+    PeriodItem item(services);
+    item.Init(login, environment, "");
+    services.windows = nullptr;
+    EXPECT_THROW(item.Show(), platform::MissingService);
+}
+
+TEST_F(PeriodItemTest, CloseEndsTheLoginAndKeepsItsValues) {
+    PeriodItem item(services);
+    item.Init(login, environment, "C:");
+    const auto connection = gConn;
+    item.Close();
+    EXPECT_EQ(connection->State() & platform::kStateOpen, 0);
+    EXPECT_EQ(gConn, nullptr);
+    EXPECT_EQ(gLogin, nullptr);
+    EXPECT_EQ(gEnv, nullptr);
+    EXPECT_EQ(gServices, nullptr);
+    EXPECT_EQ(gUnitName, "测试");
+    EXPECT_EQ(gPrintStylePath, "C:\\printStyle\\");
+    EXPECT_THROW(item.Show(), platform::CallOrderError);
+    item.Close();
+    EXPECT_TRUE(item.Init(login, environment, ""));
+    item.Show();
+    EXPECT_EQ(windows.shown.size(), 1U);
+}
+
+TEST_F(PeriodItemTest, AnObjectThatGoesClosesItself) {
+    std::shared_ptr<platform::Connection> connection;
+    {
+        PeriodItem item(services);
+        item.Init(login, environment, "");
+        connection = gConn;
+    }
+    EXPECT_EQ(connection->State() & platform::kStateOpen, 0);
+    EXPECT_EQ(gConn, nullptr);
+    EXPECT_EQ(gServices, nullptr);
+}
+
+TEST_F(PeriodItemTest, ASecondObjectDoesNotTakeTheFirstOnesWindows) {
+    PeriodItem first(services);
+    first.Init(login, environment, "");
+    ShowingWindows otherWindows;
+    platform::Services otherServices = services;
+    otherServices.windows = &otherWindows;
+    {
+        PeriodItem second(otherServices);
+        EXPECT_EQ(gServices, &services);
+        first.Show();
+        EXPECT_EQ(windows.shown.size(), 1U);
+        // The context is the process's: the login is the second one's now, the windows are not.
+        support::TestLogin secondLogin;
+        secondLogin.connectionString = login.connectionString;
+        second.Init(secondLogin, environment, "");
+        const auto* shownWith = gServices;
+        windows.meanwhile = [&] { shownWith = gServices; };
+        first.Show();
+        EXPECT_EQ(gLogin, &secondLogin);
+        EXPECT_EQ(shownWith, &services);
+        EXPECT_EQ(gServices, &otherServices);
+        EXPECT_EQ(windows.shown.size(), 2U);
+        EXPECT_THAT(otherWindows.shown, IsEmpty());
+    }
+    // With the second one its login went.
+    EXPECT_THROW(first.Show(), platform::CallOrderError);
+    EXPECT_TRUE(first.Init(login, environment, ""));
+    first.Show();
+    EXPECT_EQ(windows.shown.size(), 3U);
+}
+
+TEST_F(PeriodItemTest, AnotherObjectsGoingLeavesTheLoginAlone) {
+    PeriodItem first(services);
+    {
+        PeriodItem second(services);
+        second.Init(login, environment, "");
+        first.Init(login, environment, "");
+    }
+    EXPECT_EQ(gLogin, &login);
+    first.Show();
+    EXPECT_EQ(windows.shown.size(), 1U);
+}
+
+TEST_F(PeriodItemTest, AnotherObjectsServicesMakeAConnectionOfTheirOwn) {
+    PeriodItem first(services);
+    first.Init(login, environment, "");
+    const auto connection = gConn;
+    platform::Services otherServices = services;
+    PeriodItem second(otherServices);
+    second.Init(login, environment, "");
+    EXPECT_EQ(connections, 2);
+    EXPECT_EQ(connection->State() & platform::kStateOpen, 0);
+}
+
+TEST_F(PeriodItemTest, OneWindowIsShownAtATime) {
+    PeriodItem first(services);
+    first.Init(login, environment, "");
+    PeriodItem second(services);
+    std::vector<std::string> refusals;
+    windows.meanwhile = [&] {
+        const std::function<void()> calls[] = {[&] { second.Init(login, environment, ""); },
+                                               [&] { second.Show(); }, [&] { first.Show(); },
+                                               [&] { first.Close(); }};
+        for (const auto& call : calls) {
+            refusals.push_back(RefusalOf<platform::CallOrderError>(call));
+        }
+    };
+    first.Show();
+    EXPECT_THAT(refusals, ElementsAre("Init cannot be called while a window is shown",
+                                      "Show cannot be called while a window is shown",
+                                      "Show cannot be called while a window is shown",
+                                      "Close cannot be called while a window is shown"));
+    EXPECT_EQ(windows.shown.size(), 1U);
+    EXPECT_EQ(gConn->State() & platform::kStateOpen, platform::kStateOpen);
+}
+
+TEST_F(PeriodItemTest, RefusesAnotherThread) {
+    PeriodItem item(services);
+    item.Init(login, environment, "");
+    trace.clear();
+    std::vector<std::string> refusals;
+    std::thread([&] {
+        PeriodItem elsewhere(services);
+        const std::function<void()> calls[] = {[&] { item.Init(login, environment, ""); },
+                                               [&] { item.Show(); }, [&] { item.Close(); },
+                                               [&] { elsewhere.Init(login, environment, ""); }};
+        for (const auto& call : calls) refusals.push_back(RefusalOf<platform::WrongThread>(call));
+    }).join();
+    const std::string end = " has to be called on the thread that the component belongs to";
+    EXPECT_THAT(refusals, ElementsAre("Init" + end, "Show" + end, "Close" + end, "Init" + end));
+    EXPECT_THAT(trace, IsEmpty());
+    EXPECT_THAT(windows.shown, IsEmpty());
+    item.Show();
+    EXPECT_EQ(windows.shown.size(), 1U);
 }
 
 }  // namespace

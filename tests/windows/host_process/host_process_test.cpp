@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include "adapters/com/wide_text.h"
 #include "kelvane_idl.h"
@@ -16,8 +19,11 @@ namespace {
 
 using com::ComPointer;
 
-constexpr HRESULT kHostRefused = static_cast<HRESULT>(0x80040201);
-constexpr HRESULT kCallOrder = static_cast<HRESULT>(0x80040206);
+constexpr auto kHostFailed = static_cast<HRESULT>(kelvaneHostFailed);
+constexpr auto kCallOutOfOrder = static_cast<HRESULT>(kelvaneCallOutOfOrder);
+constexpr auto kCallFromOtherThread = static_cast<HRESULT>(kelvaneCallFromOtherThread);
+const std::string kHostLacks =
+    "宿主对象没有给出所需的内容 / A host object did not give what it was asked for: ";
 // What the heaps may spread by in many rounds, in bytes.
 constexpr std::size_t kGrowth = 2 << 20;
 // What the system itself may hold for a moment.
@@ -169,18 +175,47 @@ TEST_F(HostProcessTest, TakesNoMoreWhenItIsLoadedAnewInEachRound) {
 
 TEST_F(HostProcessTest, RefusesToBeCalledWhileItIsShown) {
     const auto item = NewItem();
-    EXPECT_EQ(item->Show(), kCallOrder);
-    EXPECT_EQ(ErrorText(), "Show：要先成功调用 Init");
+    EXPECT_EQ(item->Show(), kCallOutOfOrder);
+    EXPECT_EQ(ErrorText(),
+              "现在不能这样调用 / The call cannot be made now: Show needs a successful Init before "
+              "it");
     ASSERT_EQ(Init(item.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
     HRESULT shownAgain = S_OK;
     HRESULT initialisedAgain = S_OK;
+    HRESULT otherInitialised = S_OK;
     host.atQuery = [&] {
         shownAgain = item->Show();
-        initialisedAgain = Init(NewItem().Get(), host.Login(), host.Environment());
+        initialisedAgain = Init(item.Get(), host.Login(), host.Environment());
+        otherInitialised = Init(NewItem().Get(), host.Login(), host.Environment());
     };
     EXPECT_EQ(item->Show(), S_OK) << ErrorText();
-    EXPECT_EQ(shownAgain, kCallOrder);
-    EXPECT_EQ(initialisedAgain, kCallOrder);
+    EXPECT_EQ(shownAgain, kCallOutOfOrder);
+    EXPECT_EQ(initialisedAgain, kCallOutOfOrder);
+    EXPECT_EQ(otherInitialised, kCallOutOfOrder);
+    EXPECT_EQ(item->Show(), S_OK) << ErrorText();
+}
+
+TEST_F(HostProcessTest, RefusesAnotherThread) {
+    const auto item = NewItem();
+    ASSERT_EQ(Init(item.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
+    HRESULT shown = S_OK;
+    HRESULT initialised = S_OK;
+    std::thread([&] {
+        shown = item->Show();
+        initialised = Init(item.Get(), host.Login(), host.Environment());
+    }).join();
+    EXPECT_EQ(shown, kCallFromOtherThread);
+    EXPECT_EQ(initialised, kCallFromOtherThread);
+    EXPECT_EQ(item->Show(), S_OK) << ErrorText();
+}
+
+TEST_F(HostProcessTest, AnotherObjectsReleaseLeavesTheLogin) {
+    const auto item = NewItem();
+    ASSERT_EQ(Init(item.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
+    auto other = NewItem();
+    ASSERT_EQ(Init(other.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
+    other.Reset();
+    EXPECT_EQ(item->Show(), S_OK) << ErrorText();
 }
 
 TEST_F(HostProcessTest, LivesAsLongAsItIsShown) {
@@ -194,10 +229,95 @@ TEST_F(HostProcessTest, LivesAsLongAsItIsShown) {
 TEST_F(HostProcessTest, NamesWhatTheHostLacks) {
     FakeObject login;
     const auto item = NewItem();
-    EXPECT_EQ(Init(item.Get(), &login, host.Environment()), kHostRefused);
-    EXPECT_EQ(ErrorText(), "objLogin.ConnectionString：对象没有这个成员");
+    EXPECT_EQ(Init(item.Get(), &login, host.Environment()), kHostFailed);
+    EXPECT_EQ(ErrorText(), kHostLacks + "objLogin.ConnectionString：对象没有这个成员");
     EXPECT_EQ(Init(item.Get(), nullptr, host.Environment()), E_INVALIDARG);
-    EXPECT_EQ(ErrorText(), "Init：参数 objLogin 没有对象");
+    EXPECT_EQ(ErrorText(),
+              "参数不对 / An argument is missing or not what it has to be: Init：参数 objLogin "
+              "没有对象");
+}
+
+TEST_F(HostProcessTest, InitFindsWhatWouldFailLater) {
+    const auto item = NewItem();
+    // No server is there: what the objects lack is found before it is asked for.
+    FakeObject login;
+    login.AddProperty("ConnectionString", Variant::OfText("nowhere"));
+    login.AddProperty("UserId", Variant::OfText("zhang"));
+    login.AddProperty("ExemptFromCenterAuth", Variant::OfInteger(1));
+    EXPECT_EQ(Init(item.Get(), &login, host.Environment()), kHostFailed);
+    EXPECT_EQ(ErrorText(), kHostLacks + "objLogin.Year：对象没有这个成员");
+    login.AddProperty("Year", Variant::OfText("今年"));
+    EXPECT_EQ(Init(item.Get(), &login, host.Environment()), kHostFailed);
+    EXPECT_EQ(ErrorText(), kHostLacks + "objLogin.Year：不是数字");
+
+    FakeObject named;
+    named.AddProperty("Name", Variant::OfText("测试"));
+    FakeObject account;
+    account.AddProperty("Year", Variant::OfText("2004"));
+    FakeObject environment;
+    environment.AddProperty("Unit", Variant::OfObject(&named));
+    environment.AddProperty("Operator", Variant::OfObject(&named));
+    environment.AddProperty("Account", Variant::OfObject(&account));
+    const auto lacks = [&] {
+        EXPECT_EQ(Init(item.Get(), host.Login(), &environment), kHostFailed);
+        return ErrorText();
+    };
+    const auto nothing = [](const FakeObject::Arguments&) { return Variant(); };
+    EXPECT_EQ(lacks(), kHostLacks + "objEnv.Account.YearStart：对象没有这个成员");
+    for (const char* member : {"YearStart", "PeriodOf", "PeriodStart"}) {
+        account.Add(member, DISPATCH_METHOD, nothing);
+    }
+    EXPECT_EQ(lacks(), kHostLacks + "objEnv.DataAccess：对象没有这个成员");
+    environment.AddProperty("DataAccess", Variant::OfObject(nullptr));
+    EXPECT_EQ(lacks(), kHostLacks + "objEnv.DataAccess：对象不存在");
+    // The calendar was not asked.
+    for (const std::string& call : account.calls) EXPECT_EQ(call, "2 Year");
+
+    // The login before is not touched by it.
+    ASSERT_EQ(Init(item.Get(), host.Login(), host.Environment()), S_OK) << ErrorText();
+    const auto other = NewItem();
+    EXPECT_EQ(Init(other.Get(), host.Login(), &environment), kHostFailed);
+    EXPECT_EQ(item->Show(), S_OK) << ErrorText();
+}
+
+TEST_F(HostProcessTest, TellsItsVersion) {
+    const auto item = NewItem();
+    BSTR version = nullptr;
+    ASSERT_EQ(item->get_Version(&version), S_OK);
+    const std::string early = com::TextOf(version);
+    SysFreeString(version);
+    EXPECT_EQ(early, KELVANE_VERSION);
+    EXPECT_EQ(item->get_Version(nullptr), E_POINTER);
+    const com::DispatchObject late(item.As<IDispatch>(), "item");
+    const Variant answer = late.Get("Version");
+    ASSERT_EQ(answer.Type(), VT_BSTR);
+    EXPECT_EQ(com::TextOf(V_BSTR(&answer.Get())), early);
+    EXPECT_THROW(late.Put("Version", Variant::OfText("9")), com::DispatchError);
+}
+
+// The type library numbers the errors as the component answers them.
+TEST_F(HostProcessTest, DescribesItsErrors) {
+    ComPointer<ITypeLib> library;
+    ASSERT_EQ(LoadTypeLibEx(com::EnvironmentText(L"KELVANE_TEST_COMPONENT").c_str(), REGKIND_NONE,
+                            library.Receive()),
+              S_OK);
+    ComPointer<ITypeInfo> errors;
+    MEMBERID id = 0;
+    USHORT found = 1;
+    std::wstring name = L"KelvaneError";
+    ASSERT_EQ(library->FindName(name.data(), 0, errors.Receive(), &id, &found), S_OK);
+    ASSERT_EQ(found, 1);
+    std::vector<HRESULT> values;
+    for (UINT index = 0;; ++index) {
+        VARDESC* value = nullptr;
+        if (FAILED(errors->GetVarDesc(index, &value))) break;
+        values.push_back(V_I4(value->lpvarValue));
+        errors->ReleaseVarDesc(value);
+    }
+    ASSERT_EQ(values.size(), 7U);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        EXPECT_EQ(values[i], static_cast<HRESULT>(kelvaneHostFailed + i));
+    }
 }
 
 TEST_F(HostProcessTest, DescribesItself) {

@@ -6,6 +6,7 @@
 
 #include "adapters/com/com_pointer.h"
 #include "adapters/com/wide_text.h"
+#include "platform/call_errors.h"
 #include "platform/host.h"
 
 namespace kelvane::com {
@@ -30,11 +31,19 @@ TEST(ErrorReport, HasACodeForEachKindAndItsText) {
     EXPECT_EQ(code(platform::DatabaseBusy("x")), 0x80040203UL);
     EXPECT_EQ(code(platform::ConnectionLost("x")), 0x80040204UL);
     EXPECT_EQ(code(platform::CommitInDoubt("x")), 0x80040205UL);
-    EXPECT_EQ(code(CallOrderError("x")), 0x80040206UL);
+    EXPECT_EQ(code(platform::CallOrderError("x")), 0x80040206UL);
+    EXPECT_EQ(code(platform::WrongThread("x")), 0x80040207UL);
     EXPECT_EQ(code(std::bad_alloc()), 0x8007000EUL);
     EXPECT_EQ(code(std::runtime_error("x")), 0x80004005UL);
     EXPECT_EQ(code(42), 0x80004005UL);
-    EXPECT_EQ(ReportOf(platform::HostError("objEnv.Unit：没有")).description, "objEnv.Unit：没有");
+}
+
+TEST(ErrorReport, SaysTheKindInBothLanguagesAndTheErrorsOwnText) {
+    EXPECT_EQ(ReportOf(platform::HostError("objEnv.Unit：没有")).description,
+              "宿主对象没有给出所需的内容 / A host object did not give what it was asked for: "
+              "objEnv.Unit：没有");
+    EXPECT_EQ(ReportOf(std::runtime_error("x")).description, "组件出错 / The component failed: x");
+    EXPECT_EQ(ReportOf(42).description, "");
 }
 
 TEST(ErrorReport, BecomesTheThreadsErrorObject) {

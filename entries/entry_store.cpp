@@ -1,9 +1,12 @@
 #include "entries/entry_store.h"
 
+#include <exception>
 #include <vector>
 
 #include "data/login_context.h"
 #include "entries/announced_queries.h"
+#include "entries/failure_reason.h"
+#include "entries/unreadable_rows.h"
 #include "platform/database.h"
 
 namespace kelvane::entries {
@@ -44,6 +47,31 @@ StatementText DetailSum(std::int64_t identity) {
     StatementText statement("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
     statement.Number(identity) << "'";
     return statement;
+}
+
+// The account database's number for a text that it cannot read as an amount.
+constexpr int kNoAmount = 235;
+
+// In a handler: tells of the lines whose amounts cannot be read, if there are any, and goes on with
+// the failure otherwise.
+[[noreturn]] void TellFailedSum(platform::HostDataAccess& access) {
+    const auto failed = std::current_exception();
+    const auto lines = access.Query(StatementText("select iEleVid,mQC from PM_ItemQCsub"));
+    const UnreadableRows found = FindUnreadableRows(*lines, {"mQC"}, {});
+    if (found.count == 0) std::rethrow_exception(failed);
+    throw ToldFailure("有 " + std::to_string(found.count) +
+                      " 行明细的金额无法识别，第一行属于期初编号 " + found.firstIdentity + "。");
+}
+
+// The sum that `statement` asks for.
+std::unique_ptr<platform::RecordSet> SumOf(platform::HostDataAccess& access,
+                                           const StatementText& statement) {
+    try {
+        return access.Query(statement);
+    } catch (const platform::DatabaseError& error) {
+        if (error.NativeCode() != kNoAmount) throw;
+        TellFailedSum(access);
+    }
 }
 
 }  // namespace
@@ -117,7 +145,7 @@ void EntryStore::ReSum(platform::HostDataAccess& access) {
         access, identities.size(), [&](std::size_t i) { return DetailSum(identities[i]); }, kPiece);
     for (; !entries->EndOfFile(); entries->MoveNext()) {
         const std::int64_t identity = entries->Field(0).ToInteger();
-        const auto sums = access.Query(sumQueries.Next());
+        const auto sums = SumOf(access, sumQueries.Next());
         if (sums->EndOfFile() || sums->Field(0).IsNull()) continue;
         const platform::Money sum = sums->Field(0).ToMoney();
         if (sum.IsZero()) continue;

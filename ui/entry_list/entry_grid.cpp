@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <memory>
 #include <string>
 
@@ -9,7 +10,9 @@
 #include "data/number_format.h"
 #include "entries/announced_queries.h"
 #include "entries/entry.h"
+#include "entries/failure_reason.h"
 #include "entries/opening_period.h"
+#include "entries/unreadable_rows.h"
 
 namespace kelvane::ui {
 
@@ -110,13 +113,30 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     grid.SetRowData(row, identity);
 }
 
+// In a handler, with the row that failed as the current one: tells of the rows whose values cannot
+// be read, if it is one, and goes on with the failure otherwise.
+[[noreturn]] void TellFailedRow(RecordSet& rows) {
+    const auto failed = std::current_exception();
+    const auto found = entries::FindUnreadableRows(rows, {"mQC"}, {"dDate"});
+    if (found.count == 0) std::rethrow_exception(failed);
+    throw entries::ToldFailure("有 " + std::to_string(found.count) +
+                               " 行期初的日期或金额无法识别，第一行是期初编号 " +
+                               found.firstIdentity + "。");
+}
+
 void AppendEntries(Grid& grid, ElementDetails& details, RecordSet& rows) {
     const auto codes = entries::ReadAll(rows, ElementCode);
     entries::AnnouncedQueries elements(gEnv->DataAccess(), codes.size(), [&](std::size_t i) {
         return ElementOf(i < codes.size() ? codes[i] : ElementCode(rows));
     });
     details.Reserve(static_cast<std::size_t>(rows.RecordCount()));
-    for (; !rows.EndOfFile(); rows.MoveNext()) AppendEntry(grid, details, rows, elements.Next());
+    try {
+        for (; !rows.EndOfFile(); rows.MoveNext()) {
+            AppendEntry(grid, details, rows, elements.Next());
+        }
+    } catch (...) {
+        TellFailedRow(rows);
+    }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // What opening the list announces to the host's data access, and that it is what it then asks.
+#include "adapters/sqlite/database.h"
 #include "tests/unit/ui/entry_list_fixture.h"
 
 namespace kelvane::ui {
@@ -24,6 +25,9 @@ std::string Settlement(const std::string& item, const std::string& key) {
 
 class EntryLoadingTest : public EntryListTest {
 protected:
+    // Writes into the file what no column of the account takes.
+    void Tamper(const char* statement) { sqlite::Database(account.Path(), 5000).Run(statement); }
+
     // The statements behind the list of identities, to the last row's check.
     Queries Asked() const {
         Queries texts;
@@ -89,6 +93,24 @@ TEST_F(EntryLoadingTest, ACodeThatIsNoLiteralFailsAtItsRowAlone) {
     Run("update PM_ItemQC set cElementCode = 'E''1' where iEleVid = 3");
     Form().Load();
     EXPECT_EQ(List().Rows(), 3);
+}
+
+TEST_F(EntryLoadingTest, TellsHowManyEntriesCannotBeReadAndTheFirst) {
+    Tamper("update PM_ItemQC set mQC = 'nan' where iEleVid = 1");
+    Tamper("update PM_ItemQC set dDate = '某日' where iEleVid = 3");
+    Form().Load();
+    EXPECT_EQ(List().Rows(), 1);
+    EXPECT_EQ(Form().Notice(),
+              "读取期初列表时出错，列表可能不完整，请重新打开。有 2 "
+              "行期初的日期或金额无法识别，第一行是期初编号 1。");
+}
+
+TEST_F(EntryLoadingTest, TellsHowManyLinesCannotBeReadAndWhoseTheFirstIs) {
+    Tamper("update PM_ItemQCsub set mQC = 'nan'");
+    Form().Load();
+    EXPECT_EQ(Form().Notice(),
+              "读取期初列表时出错，列表可能不完整，请重新打开。有 2 "
+              "行明细的金额无法识别，第一行属于期初编号 2。");
 }
 
 // Opening writes the amounts that are kept in lines.

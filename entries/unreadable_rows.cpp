@@ -1,0 +1,55 @@
+#include "entries/unreadable_rows.h"
+
+#include <exception>
+
+namespace kelvane::entries {
+
+namespace {
+
+using platform::RecordSet;
+using platform::Value;
+
+template <typename Read>
+bool Succeeds(const Read& read) {
+    try {
+        read();
+        return true;
+    } catch (const platform::ConnectionLost&) {
+        throw;
+    } catch (const platform::DatabaseBusy&) {
+        throw;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+bool IsReadable(const RecordSet& row, std::initializer_list<const char*> amounts,
+                std::initializer_list<const char*> dates) {
+    return Succeeds([&] {
+        for (const char* name : amounts) static_cast<void>(row.Field(name).ToMoney());
+        for (const char* name : dates) {
+            const Value date = row.Field(name);
+            if (!date.IsNull()) static_cast<void>(date.ToDateTime());
+        }
+    });
+}
+
+std::string IdentityOf(const RecordSet& row) {
+    std::string identity = "?";
+    Succeeds([&] { identity = row.Field("iEleVid").ToText(); });
+    return identity;
+}
+
+}  // namespace
+
+UnreadableRows FindUnreadableRows(RecordSet& rows, std::initializer_list<const char*> amounts,
+                                  std::initializer_list<const char*> dates) {
+    UnreadableRows found;
+    for (; !rows.EndOfFile(); rows.MoveNext()) {
+        if (IsReadable(rows, amounts, dates)) continue;
+        if (found.count++ == 0) found.firstIdentity = IdentityOf(rows);
+    }
+    return found;
+}
+
+}  // namespace kelvane::entries

@@ -1,0 +1,23 @@
+// Stored values that are not what their column says, as a damaged or tampered account may have
+// them: which rows, so that an operator can have them put right.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "platform/database.h"
+
+namespace kelvane::entries {
+
+struct UnreadableRows {
+    int count = 0;
+    std::string firstIdentity;  // iEleVid of the first of them
+};
+
+// Looks at the amounts and dates in the columns `amounts` and `dates`, from the current row to the
+// last; the rows have a column iEleVid. Throws ConnectionLost and DatabaseBusy.
+UnreadableRows FindUnreadableRows(platform::RecordSet& rows,
+                                  std::initializer_list<const char*> amounts,
+                                  std::initializer_list<const char*> dates);
+
+}  // namespace kelvane::entries

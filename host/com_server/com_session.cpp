@@ -10,7 +10,7 @@
 #include "adapters/com/wide_text.h"
 #include "adapters/reference/reference_list_service.h"
 #include "data/login_context.h"
-#include "host/com_server/driven_show.h"
+#include "host/com_server/show_windows.h"
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/printing.h"
 

@@ -1,4 +1,6 @@
-#include "host/com_server/driven_show.h"
+// For tests: the environment variable KELVANE_DRIVE names a script that acts in the person's place.
+// What happens is appended to the file KELVANE_TRANSCRIPT, and the window at the script's end is
+// saved to KELVANE_SCREENSHOT.
 
 #include <filesystem>
 #include <fstream>
@@ -9,6 +11,7 @@
 #include "adapters/headless/headless_windows.h"
 #include "adapters/output/files/named_files.h"
 #include "host/com_server/host_windows.h"
+#include "host/com_server/show_windows.h"
 #include "host/surroundings/ending_script.h"
 #include "host/surroundings/screen.h"
 
@@ -71,12 +74,9 @@ bool IsDriven() {
 }
 
 void RunWindows(drive::StatementLog* statements, const WindowsWork& work) {
+    if (!IsDriven()) return RunForPerson(work);
     const DisabledHostWindows disabled;
-    if (IsDriven()) return RunDriven(statements, work);
-    RunOnScreen(nullptr, [&](const Screen& screen) {
-        work(screen.windows, *screen.printing);
-        return 0;
-    });
+    RunDriven(statements, work);
 }
 
 }  // namespace kelvane::host

@@ -42,6 +42,8 @@ BUFFER_GUARD = b"*** buffer overflow detected ***"
 SCRIPTS = ["data-access.vbs", "host.vbs", "register-machine.cmd", "register-user.cmd", "trial.cmd",
            "trial.vbs", "unregister-machine.cmd", "unregister-user.cmd"]
 FORMATS = {"windows-x64": ("pei-x86-64", "amd64"), "windows-x86": ("pei-i386", "x86")}
+# The variables by which tests work the windows of a component that is made for them.
+DRIVING = ("KELVANE_DRIVE", "KELVANE_TRANSCRIPT", "KELVANE_SCREENSHOT")
 ASSEMBLY = {"a": "urn:schemas-microsoft-com:asm.v1"}
 
 
@@ -158,6 +160,13 @@ class Binaries(unittest.TestCase):
             for name in BINARIES:
                 self.assertNotIn(".debug_", dump(folder / name, "-h"), name)
                 self.assertIn("no symbols", dump(folder / name, "-t"), name)
+
+    def test_no_script_can_work_what_is_delivered(self):
+        for folder in FOLDERS:
+            content = (folder / "Kelvane.dll").read_bytes()
+            for name in ("KELVANE_LOG", *DRIVING):
+                held = any(name.encode(encoding) in content for encoding in ("ascii", "utf-16-le"))
+                self.assertEqual(held, name not in DRIVING, name)
 
     def test_type_library_lies_in_the_component(self):
         for folder in FOLDERS:

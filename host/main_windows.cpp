@@ -11,6 +11,9 @@
 #include "host/commands/command_line.h"
 
 int wmain(int argc, wchar_t** argv) {
+    // What is loaded by its name alone comes from the system, never from the present folder. A
+    // library that is named with its folder, such as a database's driver, finds its own beside it.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     SetConsoleOutputCP(CP_UTF8);
     for (FILE* stream : {stdin, stdout}) _setmode(_fileno(stream), _O_BINARY);
     std::vector<std::string> texts;

@@ -39,8 +39,8 @@ HIGH_ENTROPY, DYNAMIC_BASE, NO_CODE_IN_DATA = 0x0020, 0x0040, 0x0100
 STACK_GUARD = b"*** stack smashing detected ***"
 BUFFER_GUARD = b"*** buffer overflow detected ***"
 
-SCRIPTS = ["data-access.vbs", "host.vbs", "register-machine.cmd", "register-user.cmd", "trial.cmd",
-           "trial.vbs", "unregister-machine.cmd", "unregister-user.cmd"]
+SCRIPTS = ["data-access.vbs", "host.vbs", "register-machine.cmd", "register-user.cmd",
+           "registration.cmd", "trial.cmd", "trial.vbs", "unregister-machine.cmd", "unregister-user.cmd"]
 FORMATS = {"windows-x64": ("pei-x86-64", "amd64"), "windows-x86": ("pei-i386", "x86")}
 # The variables by which tests work the windows of a component that is made for them.
 DRIVING = ("KELVANE_DRIVE", "KELVANE_TRANSCRIPT", "KELVANE_SCREENSHOT")
@@ -84,6 +84,11 @@ def shown_versions(binary):
     name = "FileVersion\0".encode("utf-16-le")
     text = content[content.index(name, start) + len(name):][:64].decode("utf-16-le", "replace")
     return numbers, text.lstrip("\0").partition("\0")[0]
+
+
+def functions_of(binary):
+    imported = dump(binary, "-p").partition("The Import Tables")[2].partition("\nThe ")[0]
+    return set(re.findall(r"^\s+[0-9a-f]+\s+\d+\s+(\w+)", imported, re.MULTILINE))
 
 
 def described_ids():
@@ -154,6 +159,30 @@ class Binaries(unittest.TestCase):
             titles = re.findall(r"^(.+)\n-+$", notices, re.MULTILINE)
             for linked in LINKED:
                 self.assertTrue(any(linked in title for title in titles), linked)
+
+    def test_where_libraries_are_looked_for_is_the_program_s_business_alone(self):
+        for folder in FOLDERS:
+            for name, sets in (("Kelvane.dll", False), ("kelvane.exe", True)):
+                imported = functions_of(folder / name)
+                self.assertIn("GetProcAddress", imported, name)
+                self.assertEqual("SetDefaultDllDirectories" in imported, sets, name)
+                self.assertEqual(imported & {"SetDllDirectoryA", "SetDllDirectoryW",
+                                             "AddDllDirectory"}, set(), name)
+
+    def test_registration_starts_the_system_s_own_programs(self):
+        for folder in FOLDERS:
+            for script in folder.glob("*register*.cmd"):
+                self.assertNotIn("regsvr32", script.read_text(encoding="ascii"), script)
+            text = (folder / "registration.cmd").read_text(encoding="ascii")
+            started = [line for line in text.splitlines() if line.startswith('"')]
+            self.assertEqual([line.split('"')[1] for line in started],
+                             ["%inspector%", "%registrar%"])
+            for name, places in (("registrar", r"System32|SysWOW64|Sysnative"),
+                                 ("inspector", r"System32\\WindowsPowerShell\\v1\.0")):
+                values = re.findall(rf'set "{name}=([^"]*)"', text)
+                self.assertTrue(values, name)
+                for value in values:
+                    self.assertRegex(value, rf"^%SystemRoot%\\({places})\\\w+\.exe$")
 
     def test_nothing_for_the_debugger_is_left(self):
         for folder in FOLDERS:

@@ -1,3 +1,3 @@
 @echo off
 rem Registers the component in this folder for every user of this machine. Run it as administrator.
-regsvr32 "%~dp0Kelvane.dll"
+call "%~dp0registration.cmd"

@@ -1,3 +1,3 @@
 @echo off
 rem Takes back what register-user.cmd did.
-regsvr32 /u /n /i:user "%~dp0Kelvane.dll"
+call "%~dp0registration.cmd" /u /n /i:user

@@ -16,6 +16,7 @@
 #include "host/surroundings/diagnostics_log.h"
 #include "host/surroundings/private_files.h"
 #include "tests/unit/host/plain_sqlite.h"
+#include "tests/unit/host/program.h"
 #include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::host_test {
@@ -184,6 +185,17 @@ TEST_F(FileRightsTest, AnExportedFileIsItsOwnersAlone) {
     EXPECT_EQ(ModeOf(file.Draft()), kOwnersAlone);
     file.Finish();
     EXPECT_EQ(ModeOf(path), kOwnersAlone);
+}
+
+TEST_F(FileRightsTest, WhateverTheProgramExportsIsItsOwnersAlone) {
+    ASSERT_EQ(RunProgram("init --entries 2 " + ShellQuoted(mAccount.string())).status, 0);
+    for (const char* name : {"list.csv", "list.xlsx", "list.pdf", "list.xml"}) {
+        const auto result = RunProgram("export " + ShellQuoted(mAccount.string()) + " --to " +
+                                           ShellQuoted((mFolder / name).string()),
+                                       {}, "HOME=" + ShellQuoted(mFolder.Path().string()));
+        EXPECT_EQ(result.status, 0) << result.errors;
+        EXPECT_EQ(ModeOf(mFolder / name), kOwnersAlone) << name;
+    }
 }
 
 TEST_F(FileRightsTest, AFileThatIsWrittenOverGivesItsRightsAndNoBorrowedIdentity) {

@@ -19,7 +19,7 @@ bool IsChangeable(const platform::RecordSetOptions& options) {
 }
 
 // An empty user leaves the string's.
-std::string WithUser(std::string text, std::string_view user) {
+std::string WithUser(const std::string& text, std::string_view user) {
     return user.empty() ? text : platform::WithValue(text, platform::kUserNames, user);
 }
 

@@ -41,7 +41,8 @@ public:
     }
 
     void Close() override {
-        RequireOpen();
+        // Closing puts a log in order that a program left when it died.
+        RequireOpen().Engine().ReleaseLog();
         mSession.reset();
     }
 

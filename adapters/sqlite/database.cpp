@@ -63,11 +63,15 @@ void Database::KeepLog() {
     sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
+void Database::ReleaseLog() {
+    sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+}
+
 int Database::TryStartChanges() {
     if (mChanges || InTransaction()) return SQLITE_OK;
     const int code = TryRun("pragma journal_mode = wal");
     if (code != SQLITE_OK) return code;
-    sqlite3_db_config(mHandle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    ReleaseLog();
     mChanges = true;
     return SQLITE_OK;
 }

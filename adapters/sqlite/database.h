@@ -52,8 +52,9 @@ public:
     bool HasFunctionError() const { return mFunctionError.has_value(); }
 
     // Who only looks leaves the file as it is: until the first change this connection does not
-    // write the log into it when it is the last one to leave.
+    // write the log into it when it is the last one to leave. ReleaseLog(): it does.
     void KeepLog();
+    void ReleaseLog();
     // Before a change outside a transaction, and before one begins: from here on the changes go
     // into a log. The engine's result code.
     int TryStartChanges();

@@ -49,10 +49,10 @@ void RequirePlainCompanions(const std::string& path) {
         if (!fs::exists(status) || fs::is_regular_file(status)) continue;
         throw AccountError(path, "旁边的 " + companion + " 不是普通文件，请先移走它");
     }
-    const std::string journal = path + "-journal";
-    if (HasContent(journal) && WaitsToBeUndone(path)) {
-        throw AccountError(path, "旁边有没有完成的日志 " + journal + "，请先用写它的程序打开一次");
-    }
+}
+
+bool HasUnfinishedChanges(const std::string& path) {
+    return HasContent(path + "-journal") && WaitsToBeUndone(path);
 }
 
 bool HasLog(const std::string& path) {

@@ -12,9 +12,12 @@ inline constexpr const char* kCompanionEndings[] = {"-wal", "-shm", "-journal"};
 std::string RealPath(const std::string& path);
 
 // Throws DatabaseError, with the companion's name, for one that is no plain file: the engine would
-// wait at a pipe for ever, and write wherever a link leads. Also for a journal with changes that
-// were never finished: undoing them would change the account before anybody has looked at it.
+// wait at a pipe for ever, and write wherever a link leads.
 void RequirePlainCompanions(const std::string& path);
+
+// Whether there is a journal with changes that were never finished: who opens the account undoes
+// them in the file.
+bool HasUnfinishedChanges(const std::string& path);
 
 // Whether the log holds what may not be in the file yet.
 bool HasLog(const std::string& path);

@@ -10,6 +10,7 @@
 #include "adapters/sqlite/file_row_writer.h"
 #include "adapters/sqlite/session.h"
 #include "adapters/sqlite/stored_definition.h"
+#include "adapters/sqlite/trial_copy.h"
 
 namespace kelvane::sqlite {
 
@@ -35,6 +36,7 @@ public:
         const ConnectionTarget target = ParseConnectionString(mConnectionString);
         const std::string path = RealPath(target.path);
         RequireAccountFile(path);
+        if (HasUnfinishedChanges(path)) TryOnCopy(path, target.timeout);
         auto session = std::make_shared<Session>(path, target.timeout);
         Prepare(*session);
         mSession = std::move(session);
@@ -113,6 +115,17 @@ private:
             const int code = statement.Step();
             if (code != SQLITE_ROW) database.Fail(code);
             if (statement.Integer(0) == 0) throw AccountError(path, "缺少数据表 " + table);
+        }
+    }
+
+    // Throws what opening the account would, without changing it.
+    void TryOnCopy(const std::string& path, int timeout) {
+        const TrialCopy copy(path);
+        try {
+            Session session(copy.Path(), timeout);
+            Prepare(session);
+        } catch (const platform::DatabaseError& refused) {
+            throw platform::DatabaseError(copy.AboutAccount(refused.what()), refused.NativeCode());
         }
     }
 

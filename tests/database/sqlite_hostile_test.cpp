@@ -59,6 +59,8 @@ protected:
         return text;
     }
 
+    std::string DieWriting(const std::string& before);
+
     ScratchFolder mFolder;
     std::string mPath;
 };
@@ -267,13 +269,14 @@ TEST_F(SqliteHostile, ALinkToAnAccountIsTheAccount) {
 }
 #endif
 
-// A writer that keeps its changes in a journal, and died in the middle of them.
-TEST_F(SqliteHostile, UnfinishedChangesAreNotUndoneByALook) {
-    Prepare("pragma journal_mode = delete");
-    const std::string copy = mFolder.Path("copy.kva");
+// A writer that keeps its changes in a journal dies in the middle of them; before that it ran
+// `before`. What is left lies at the returned path.
+std::string SqliteHostile::DieWriting(const std::string& before) {
+    Prepare("pragma journal_mode = delete;" + before);
+    std::string copy = mFolder.Path("copy.kva");
     sqlite3* writer = nullptr;
-    ASSERT_EQ(sqlite3_open(mPath.c_str(), &writer), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(writer,
+    EXPECT_EQ(sqlite3_open(mPath.c_str(), &writer), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(writer,
                            "pragma cache_size = 1; begin; insert into Coded with recursive n(i) as "
                            "(select 1 union all select i + 1 from n where i < 5000) select i, i "
                            "from n",
@@ -282,10 +285,25 @@ TEST_F(SqliteHostile, UnfinishedChangesAreNotUndoneByALook) {
     fs::copy_file(mPath, copy);
     fs::copy_file(mPath + "-journal", copy + "-journal");
     sqlite3_close(writer);
+    EXPECT_FALSE(Content(copy + "-journal").empty());
+    return copy;
+}
+
+TEST_F(SqliteHostile, UnfinishedChangesAreNotUndoneInAnAccountThatIsRefused) {
+    const std::string copy =
+        DieWriting("create trigger Thief after update on Coded begin delete from Coded; end");
     const std::string journal = Content(copy + "-journal");
-    ASSERT_FALSE(journal.empty());
-    EXPECT_EQ(Refusal(copy), "旁边有没有完成的日志 " + copy + "-journal，请先用写它的程序打开一次");
+    const std::string account = Content(copy);
+    EXPECT_EQ(Refusal(copy), "含有不允许的内容：数据表 Coded 的触发器 Thief");
     EXPECT_EQ(Content(copy + "-journal"), journal);
+    EXPECT_EQ(Content(copy), account);
+}
+
+TEST_F(SqliteHostile, UnfinishedChangesAreUndoneInAnAccountThatIsOpened) {
+    const std::string copy = DieWriting("");
+    const StatementText look("select code from Coded where code = '4711'");
+    EXPECT_EQ(ConnectToSqlite(copy, 0)->OpenRecordSet(look)->RecordCount(), 0);
+    EXPECT_FALSE(fs::exists(copy + "-journal"));
 }
 
 }  // namespace

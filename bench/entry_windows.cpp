@@ -12,7 +12,7 @@ double Now() {
 }
 
 void EntryWindows::ShowModal(platform::Window& window) {
-    auto& form = dynamic_cast<controls::Form&>(window);
+    controls::Form& form = window.AsForm();
     if (beforeLoad) beforeLoad();
     const double start = Now();
     form.Load();

@@ -10,6 +10,7 @@ namespace kelvane::controls {
 class Button : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     const std::string& Caption() const { return mCaption; }
     void SetCaption(const std::string& caption) { Assign(mCaption, caption); }

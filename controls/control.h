@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "controls/control_visitor.h"
+
 namespace kelvane::controls {
 
 // Colours as the platform writes them: 0xBBGGRR.
@@ -25,6 +27,9 @@ public:
     virtual ~Control() = default;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
+
+    // Hands the control to `visitor` as what it is.
+    virtual void Accept(ControlVisitor& visitor) = 0;
 
     const std::string& Name() const { return mName; }
     Form& Owner() { return mForm; }

@@ -11,6 +11,7 @@ namespace kelvane::controls {
 class EditBox : public Control, public KeyTarget {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     const std::string& Text() const { return mText; }
     void SetText(const std::string& text);

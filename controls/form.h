@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/pick_window.h"
 #include "platform/keys.h"
 #include "platform/windows.h"
 
@@ -36,6 +37,9 @@ public:
     Form& operator=(const Form&) = delete;
 
     const std::string& Name() const override { return mName; }
+    Form& AsForm() override { return *this; }
+    // The list that the form is there to choose from; null for any other form.
+    virtual PickWindow* AsPickWindow() { return nullptr; }
     const std::string& Caption() const { return mCaption; }
     void SetCaption(std::string caption);
     // Number of the picture in the component's resources.

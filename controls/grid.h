@@ -77,6 +77,7 @@ private:
 class Grid : public Control, public KeyTarget {
 public:
     Grid(Form& form, std::string name);
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     // Shape. SetRows and SetCols keep what stays; new rows are empty.
     int Rows() const { return static_cast<int>(mRows.size()) + mSourceRows; }

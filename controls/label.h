@@ -8,6 +8,7 @@ namespace kelvane::controls {
 class Label : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     const std::string& Caption() const { return mCaption; }
     void SetCaption(const std::string& caption) { Assign(mCaption, caption); }

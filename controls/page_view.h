@@ -16,6 +16,7 @@ namespace kelvane::controls {
 class PageView : public Control, public KeyTarget {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     static constexpr int kMinZoom = 25;
     static constexpr int kMaxZoom = 400;

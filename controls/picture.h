@@ -8,6 +8,7 @@ namespace kelvane::controls {
 class Picture : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     Color BackColor() const { return mBackColor; }
     void SetBackColor(Color color) { Assign(mBackColor, color); }

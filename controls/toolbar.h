@@ -43,6 +43,7 @@ struct ToolbarImage {
 class Toolbar : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     void AddButton(const std::string& key, const std::string& caption);
     void AddSeparator();

@@ -12,6 +12,7 @@ namespace kelvane::controls {
 class ToolbarStyleControl : public Control {
 public:
     using Control::Control;
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     struct Item {
         std::string key;

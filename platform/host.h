@@ -61,8 +61,9 @@ class HostDataAccess {
 public:
     virtual ~HostDataAccess() = default;
 
-    // `option`: 2, as the component always passes. Never returns null. Throws DatabaseError, and
-    // MalformedStatement before anything reaches the database.
+    // `option`: 2, as the component always passes. Never returns null: the record set belongs to
+    // the caller, and the connection behind it stays open until it is gone. Throws DatabaseError,
+    // and MalformedStatement before anything reaches the database.
     std::unique_ptr<RecordSet> Query(const StatementText& statement, int option = 2) {
         return DoQuery(statement.Checked(), option);
     }
@@ -105,11 +106,13 @@ private:
 class HostEnvironment {
 public:
     virtual ~HostEnvironment() = default;
+    // The parts stay the environment's and live as long as it.
     virtual HostUnit& Unit() = 0;
     virtual HostOperator& Operator() = 0;
     virtual HostAccount& Account() = 0;
     virtual HostDataAccess& DataAccess() = 0;
-    // A setting of module `module` ("PM"); empty text when it is not set.
+    // A setting of module `module` ("PM"); empty text when it is not set. docs/settings.md lists
+    // those that are asked for.
     virtual std::string ModuleSetting(std::string_view module, std::string_view name) = 0;
     // The host program's folder; help files lie below it.
     virtual std::string HostPath() const = 0;

@@ -45,6 +45,7 @@ public:
                             bool replaceStored) = 0;
 
     // All data rows: `count` of them, `cells` gives those of one, counted from 0, joined by a tab.
+    // It can be asked as long as the print control lives that took this style.
     virtual void SetRows(int count, std::function<std::string(int)> cells) = 0;
 
     // What was wrong when the print control did not take this style; fit to be shown.
@@ -58,7 +59,8 @@ public:
     // Whether the operator may save settings from the print window.
     virtual void SetEnableSave(bool enabled) = 0;
 
-    // Takes data and layout from `style` under `styleName`; 0 on success.
+    // Takes data and layout from `style`, which the same host made, under `styleName`; 0 on
+    // success. Keeps what it needs of it: the style goes when this has returned.
     virtual int SetDataStyleXml(PrintStyleService& style, std::string_view styleName) = 0;
 
     // Both show what SetDataStyleXml took.

@@ -18,12 +18,23 @@ struct ReferenceListOptions {
     int third = 1;
 };
 
+// Its four forms differ in who knows what:
+//
+//   ListByKey         statement: the caller   titles, widths: the service   rows: the login's
+//   account ListByStatement   statement: the caller   titles, widths: the caller    rows: the
+//   login's account ListByName        statement, titles, widths: the service                rows:
+//   the login's account ListOnConnection  statement: the caller   titles, widths: the caller rows:
+//   a given connection
+//
+// The rows of a list have the statement's columns, of which the first ones have titles; the chosen
+// row has all of them under the statement's names. The record set belongs to the caller and may
+// outlive the service.
 class ReferenceList {
 public:
     virtual ~ReferenceList() = default;
 
-    // Each returns the chosen row as a record set of one row, or null when nothing was chosen.
-    // Throws DatabaseError (and MalformedStatement) when the query fails.
+    // Each shows the list modally and returns the chosen row as a record set of one row, or null
+    // when nothing was chosen. Throws DatabaseError (and MalformedStatement) when the query fails.
 
     // A list whose titles and widths the service knows under `referenceKey` ("Pm_Dutyref",
     // "Pm_Eleref").

@@ -5,6 +5,10 @@
 #include <string>
 #include <string_view>
 
+namespace kelvane::controls {
+class Form;
+}
+
 namespace kelvane::platform {
 
 enum class MessageIcon { None, Information, Exclamation, Question };
@@ -25,13 +29,16 @@ class Window {
 public:
     virtual ~Window() = default;
     virtual const std::string& Name() const = 0;
+    // The form that it is, for whoever draws it.
+    virtual controls::Form& AsForm() = 0;
 };
 
 class Windows {
 public:
     virtual ~Windows() = default;
 
-    // Loads `window`, shows it over the topmost one and returns when it has been unloaded.
+    // Loads `window`, shows it over the topmost one and returns when it has been unloaded. What
+    // that takes is told in controls/form.h.
     virtual void ShowModal(Window& window) = 0;
 
     // Shows a message box and returns the pressed button; closing the box answers No to a question.

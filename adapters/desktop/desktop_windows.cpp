@@ -42,7 +42,7 @@ void DesktopWindows::SetOperator(drive::Operator* scripted) {
 }
 
 void DesktopWindows::ShowModal(platform::Window& window) {
-    mStage->ShowForm(dynamic_cast<controls::Form&>(window));
+    mStage->ShowForm(window.AsForm());
 }
 
 platform::MessageAnswer DesktopWindows::ShowMessage(const platform::Message& message) {

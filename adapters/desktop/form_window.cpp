@@ -26,6 +26,31 @@ long Style(const controls::Form& form) {
     return form.Resizable() ? style | wxRESIZE_BORDER | wxMAXIMIZE_BOX | wxMINIMIZE_BOX : style;
 }
 
+// The view of a control; strips and labels have none, the surface paints them.
+class ViewMaker : public controls::ControlVisitor {
+public:
+    ViewMaker(Surface& surface, ViewHost& host) : mSurface(surface), mHost(host) {}
+
+    std::unique_ptr<View> made;
+
+    void Visit(controls::Grid& grid) override { Make<GridView>(grid); }
+    void Visit(controls::Toolbar& toolbar) override { Make<ToolbarView>(toolbar); }
+    void Visit(controls::ToolbarStyleControl& toolbar) override { Make<ToolbarView>(toolbar); }
+    void Visit(controls::EditBox& box) override { Make<EditBoxView>(box); }
+    void Visit(controls::ComboBox& box) override { Make<ComboBoxView>(box); }
+    void Visit(controls::Button& button) override { Make<ButtonView>(button); }
+    void Visit(controls::PageView& pages) override { Make<PageDesk>(pages); }
+
+private:
+    template <typename ViewOfIt, typename ControlOfIt>
+    void Make(ControlOfIt& control) {
+        made = std::make_unique<ViewOfIt>(mSurface, control, mHost);
+    }
+
+    Surface& mSurface;
+    ViewHost& mHost;
+};
+
 }  // namespace
 
 FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
@@ -63,28 +88,9 @@ FormWindow::~FormWindow() {
 }
 
 std::unique_ptr<View> FormWindow::CreateView(controls::Control& control) {
-    if (auto* grid = dynamic_cast<controls::Grid*>(&control)) {
-        return std::make_unique<GridView>(*mSurface, *grid, *this);
-    }
-    if (auto* toolbar = dynamic_cast<controls::Toolbar*>(&control)) {
-        return std::make_unique<ToolbarView>(*mSurface, *toolbar, *this);
-    }
-    if (auto* style = dynamic_cast<controls::ToolbarStyleControl*>(&control)) {
-        return std::make_unique<ToolbarView>(*mSurface, *style, *this);
-    }
-    if (auto* box = dynamic_cast<controls::EditBox*>(&control)) {
-        return std::make_unique<EditBoxView>(*mSurface, *box, *this);
-    }
-    if (auto* combo = dynamic_cast<controls::ComboBox*>(&control)) {
-        return std::make_unique<ComboBoxView>(*mSurface, *combo, *this);
-    }
-    if (auto* button = dynamic_cast<controls::Button*>(&control)) {
-        return std::make_unique<ButtonView>(*mSurface, *button, *this);
-    }
-    if (auto* pages = dynamic_cast<controls::PageView*>(&control)) {
-        return std::make_unique<PageDesk>(*mSurface, *pages, *this);
-    }
-    return nullptr;  // strips and labels are painted by the surface
+    ViewMaker maker(*mSurface, *this);
+    control.Accept(maker);
+    return std::move(maker.made);
 }
 
 View* FormWindow::FindView(const controls::Control* control) const {

@@ -99,7 +99,7 @@ void Stage::ShowForm(controls::Form& form) {
     form.Load();
     if (!form.IsLoaded()) return;
     // What happens in a pick list is told by its choice alone.
-    const bool told = mOperator != nullptr && dynamic_cast<controls::PickWindow*>(&form) == nullptr;
+    const bool told = mOperator != nullptr && form.AsPickWindow() == nullptr;
     if (told) mOperator->Opened(form.Name());
     {
         FormWindow window(*this, form, TopWindow());

@@ -53,7 +53,7 @@ int ScriptOperator::Run() {
 
 bool ScriptOperator::Act(controls::Form& topmost) {
     if (mFailed) return false;
-    if (auto* list = dynamic_cast<controls::PickWindow*>(&topmost)) {
+    if (auto* list = topmost.AsPickWindow()) {
         list->Choose(Pick(list->Titles(), list->ShownRows()));
         return !mFailed;
     }

@@ -1,6 +1,7 @@
 #include "adapters/drive/window_print.h"
 
 #include <string>
+#include <utility>
 
 #include "adapters/drive/script.h"
 #include "adapters/drive/toolbars.h"
@@ -24,6 +25,7 @@ struct Description {
     std::string_view kind;
     std::string text;
     bool hasText = false;
+    bool readOnly = false;
 };
 
 std::string PagesText(const controls::PageView& pages) {
@@ -34,39 +36,39 @@ std::string PagesText(const controls::PageView& pages) {
            ", " + zoom;
 }
 
-Description Describe(const Control& control) {
-    if (const auto* label = dynamic_cast<const controls::Label*>(&control)) {
-        return {"label", label->Caption(), true};
-    }
-    if (const auto* edit = dynamic_cast<const controls::EditBox*>(&control)) {
-        return {"edit", edit->Text(), true};
-    }
-    if (const auto* combo = dynamic_cast<const controls::ComboBox*>(&control)) {
-        return {"combo", combo->Text(), true};
-    }
-    if (const auto* button = dynamic_cast<const controls::Button*>(&control)) {
-        return {"button", button->Caption(), true};
-    }
-    if (const auto* pages = dynamic_cast<const controls::PageView*>(&control)) {
-        return {"pages", PagesText(*pages), true};
-    }
-    if (dynamic_cast<const Grid*>(&control) != nullptr) return {"grid", {}};
-    if (dynamic_cast<const controls::Toolbar*>(&control) != nullptr) return {"toolbar", {}};
-    if (dynamic_cast<const controls::ToolbarStyleControl*>(&control) != nullptr) {
-        return {"toolbar-style", {}};
-    }
-    if (dynamic_cast<const controls::Picture*>(&control) != nullptr) return {"picture", {}};
-    return {"control", {}};
-}
+class Describer : public controls::ControlVisitor {
+public:
+    Description description{"control", {}};
 
-std::string ControlLine(const Form& form, const Control& control) {
-    const Description description = Describe(control);
+    void Visit(controls::Label& label) override { Say("label", label.Caption()); }
+    void Visit(controls::EditBox& edit) override { Say("edit", edit.Text()); }
+    void Visit(controls::ComboBox& combo) override { Say("combo", combo.Text()); }
+    void Visit(controls::Button& button) override { Say("button", button.Caption()); }
+    void Visit(controls::PageView& pages) override { Say("pages", PagesText(pages)); }
+    void Visit(Grid& grid) override {
+        description.kind = "grid";
+        description.readOnly = grid.ReadOnly();
+    }
+    void Visit(controls::Toolbar& /*toolbar*/) override { description.kind = "toolbar"; }
+    void Visit(controls::ToolbarStyleControl& /*toolbar*/) override {
+        description.kind = "toolbar-style";
+    }
+    void Visit(controls::Picture& /*picture*/) override { description.kind = "picture"; }
+
+private:
+    void Say(std::string_view kind, std::string text) {
+        description = {kind, std::move(text), true};
+    }
+};
+
+std::string ControlLine(const Form& form, Control& control) {
+    Describer describer;
+    control.Accept(describer);
+    const Description& description = describer.description;
     std::string line = "control " + control.Name() + " " + std::string(description.kind);
     line += control.Visible() ? " visible" : " hidden";
     line += control.Enabled() ? " enabled" : " disabled";
-    if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
-        if (grid->ReadOnly()) line += " read-only";
-    }
+    if (description.readOnly) line += " read-only";
     if (form.ActiveControl() == &control) line += " focus";
     if (description.hasText) line += " \"" + description.text + "\"";
     return line;
@@ -135,7 +137,7 @@ void PrintWindow(const Form& form, Transcript& transcript) {
     transcript.Line("caption \"" + form.Caption() + "\"");
     transcript.Line("size " + Place(form.Width(), form.Height()));
     transcript.Line("notice \"" + form.Notice() + "\"");
-    for (const Control* control : form.Controls()) transcript.Line(ControlLine(form, *control));
+    for (Control* control : form.Controls()) transcript.Line(ControlLine(form, *control));
     const Grid* grid = FindGrid(form);
     if (grid == nullptr) return;
     transcript.Line("cell " + Place(grid->Row(), grid->Col()) + " to " +

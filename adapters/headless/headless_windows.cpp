@@ -14,18 +14,8 @@ namespace kelvane::headless {
 using controls::Form;
 using controls::UnloadMode;
 
-namespace {
-
-Form& FormOf(platform::Window& window) {
-    auto* form = dynamic_cast<Form*>(&window);
-    if (form == nullptr) throw std::invalid_argument(window.Name() + " is no form");
-    return *form;
-}
-
-}  // namespace
-
 void HeadlessWindows::ShowModal(platform::Window& window) {
-    Form& form = FormOf(window);
+    Form& form = window.AsForm();
     if (std::find(mOpen.begin(), mOpen.end(), &form) != mOpen.end()) {
         throw std::logic_error(form.Name() + " is already shown");
     }
@@ -34,7 +24,7 @@ void HeadlessWindows::ShowModal(platform::Window& window) {
 
     mOpen.push_back(&form);
     // What happens in a pick list is told by its choice alone.
-    const bool told = dynamic_cast<const controls::PickWindow*>(&form) == nullptr;
+    const bool told = form.AsPickWindow() == nullptr;
     {
         std::optional<FormWatch> watch;
         if (told) watch.emplace(form, mOperator);

@@ -37,9 +37,9 @@ public:
     bool Act(controls::Form& topmost) override {
         if (!mWindows.SaveScreenshot(mPicture)) throw std::runtime_error("no " + mPicture);
         std::printf("%s\n", topmost.Caption().c_str());
-        if (auto* grid = dynamic_cast<controls::Grid*>(topmost.Find("GridPeriodItem"))) {
-            std::printf("entries: %d\n", grid->Rows() - 1);
-        }
+        EntryCounter counter;
+        if (controls::Control* list = topmost.Find("GridPeriodItem")) list->Accept(counter);
+        std::printf("entries: %d\n", counter.entries);
         return false;
     }
     platform::MessageAnswer Answer(const platform::Message& message) override {

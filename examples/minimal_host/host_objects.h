@@ -1,5 +1,5 @@
 // What a host hands the component: its login and its environment, here those of one operator of one
-// account file. The other samples use them, too.
+// account file; and how it looks at the list. The other samples use them, too.
 #pragma once
 
 #include <kelvane/kelvane.h>
@@ -49,4 +49,12 @@ private:
     }
 
     kelvane::platform::ConnectionDataAccess mDataAccess;
+};
+
+// What the entry list shows. Each control hands itself over as what it is; this one asks the list
+// alone.
+class EntryCounter : public kelvane::controls::ControlVisitor {
+public:
+    int entries = 0;
+    void Visit(kelvane::controls::Grid& grid) override { entries = grid.Rows() - grid.FixedRows(); }
 };

@@ -19,13 +19,13 @@ namespace {
 class ConsoleWindows : public platform::Windows {
 public:
     void ShowModal(platform::Window& window) override {
-        auto& form = dynamic_cast<controls::Form&>(window);
+        controls::Form& form = window.AsForm();
         form.Load();
         form.Activate();
         std::printf("%s\n", form.Caption().c_str());
-        if (auto* grid = dynamic_cast<controls::Grid*>(form.Find("GridPeriodItem"))) {
-            std::printf("entries: %d\n", grid->Rows() - 1);
-        }
+        EntryCounter counter;
+        form.Find("GridPeriodItem")->Accept(counter);
+        std::printf("entries: %d\n", counter.entries);
         form.Unload();
     }
     platform::MessageAnswer ShowMessage(const platform::Message& message) override {

@@ -15,7 +15,7 @@ int RowOf(const controls::Grid& grid, int entry) {
 }  // namespace
 
 void ExportWindows::ShowModal(platform::Window& window) {
-    auto& form = dynamic_cast<controls::Form&>(window);
+    controls::Form& form = window.AsForm();
     form.Load();
     form.Activate();
     // A notice says that something could not be read: half a list is not what was asked for.

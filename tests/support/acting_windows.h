@@ -20,7 +20,7 @@ public:
     std::deque<std::function<void(controls::Form&)>> acts;
 
     void ShowModal(platform::Window& window) override {
-        auto& form = dynamic_cast<controls::Form&>(window);
+        controls::Form& form = window.AsForm();
         form.Load();
         form.Activate();
         if (acts.empty()) throw std::logic_error("nobody acts in " + form.Name());

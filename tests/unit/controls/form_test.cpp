@@ -3,8 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "controls/button.h"
+#include "controls/combo_box.h"
 #include "controls/edit_box.h"
+#include "controls/grid.h"
 #include "controls/label.h"
+#include "controls/page_view.h"
+#include "controls/picture.h"
+#include "controls/toolbar_style_control.h"
 
 namespace kelvane::controls {
 namespace {
@@ -200,6 +206,41 @@ TEST(FormKeys, AFormWithoutAnActiveControlUsesNoKey) {
     form.Load();
     EXPECT_FALSE(form.KeyDown(Key::A, 0));
     EXPECT_FALSE(form.KeyPress(U'A'));
+}
+
+// Notes which control it was handed, and as what.
+class NotingVisitor : public ControlVisitor {
+public:
+    std::vector<std::string> seen;
+    void Visit(Button& it) override { seen.push_back("button " + it.Name()); }
+    void Visit(ComboBox& it) override { seen.push_back("combo box " + it.Name()); }
+    void Visit(EditBox& it) override { seen.push_back("edit box " + it.Name()); }
+    void Visit(Grid& it) override { seen.push_back("grid " + it.Name()); }
+    void Visit(Label& it) override { seen.push_back("label " + it.Name()); }
+    void Visit(PageView& it) override { seen.push_back("pages " + it.Name()); }
+    void Visit(Picture& it) override { seen.push_back("picture " + it.Name()); }
+    void Visit(Toolbar& it) override { seen.push_back("toolbar " + it.Name()); }
+    void Visit(ToolbarStyleControl& it) override { seen.push_back("toolbar style " + it.Name()); }
+};
+
+TEST(Form, HandsEachControlOverAsWhatItIs) {
+    EventForm form;
+    const Button button(form, "a");
+    const ComboBox combo(form, "b");
+    const EditBox edit(form, "c");
+    const Grid grid(form, "d");
+    const Label label(form, "e");
+    const PageView pages(form, "f");
+    const Picture picture(form, "g");
+    const Toolbar toolbar(form, "h");
+    const ToolbarStyleControl style(form, "i");
+    platform::Window& window = form;
+    NotingVisitor visitor;
+    for (Control* control : window.AsForm().Controls()) control->Accept(visitor);
+    EXPECT_THAT(visitor.seen,
+                ElementsAre("button a", "combo box b", "edit box c", "grid d", "label e", "pages f",
+                            "picture g", "toolbar h", "toolbar style i"));
+    EXPECT_EQ(form.AsPickWindow(), nullptr);
 }
 
 }  // namespace

@@ -11,8 +11,8 @@ using platform::CursorLocation;
 
 namespace {
 
-// What a provider without several results answers, and a result without rows behind which no other
-// one waits.
+// How NextRecordset is refused when a batch is at its end: 3251 by a provider that gives one result
+// a batch, 3704 after a last result that has no rows.
 constexpr std::array kNoFurtherResult{static_cast<HRESULT>(0x800A0CB3),
                                       static_cast<HRESULT>(0x800A0E78)};
 

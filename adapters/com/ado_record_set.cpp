@@ -53,7 +53,8 @@ bool AdoRecordSet::EndOfFile() const {
     return Flag("EOF");
 }
 
-// Moving on would write a change that was never asked to be written.
+// ADO writes a changed row when the record set moves to another one. A change that Update() was not
+// called for is taken back before.
 void AdoRecordSet::DropChange() {
     if (!std::exchange(mChanged, false)) return;
     On([](const DispatchObject& set) { set.Call("CancelUpdate"); });

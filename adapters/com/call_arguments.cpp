@@ -5,8 +5,8 @@
 
 namespace kelvane::com {
 
-// The caller's order is the reverse; those with a name of their own stand in front, each name being
-// the place.
+// A late-bound caller hands the arguments over from the last to the first. Those that it named
+// stand before all others; the "name" of each is its place among the member's arguments.
 const VARIANT& CallArguments::At(unsigned place) const {
     for (unsigned i = 0; i < mParameters.cNamedArgs; ++i) {
         if (mParameters.rgdispidNamedArgs[i] == static_cast<DISPID>(place)) {

@@ -155,7 +155,8 @@ std::string DispatchEnvironment::HostPath() const {
     return mEnvironment.Text(Member::EnvironmentHostPath);
 }
 
-// A host hands the database's own error on; it is one of the database to the library as well.
+// What fails in the host's Query is the database's refusal that the host passes on, so the library
+// gets it as an error of the database and not of the host.
 std::unique_ptr<platform::RecordSet> DispatchEnvironment::DoQuery(const std::string& statement,
                                                                   int option) {
     const HostObject access = mEnvironment.Part(Member::EnvironmentDataAccess);

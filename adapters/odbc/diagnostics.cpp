@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMaxTextLength = 2048;
 constexpr SQLSMALLINT kMaxRecords = 32;
-// Comes behind the reason why there is no connection, which says more.
+// "Not connected" alone: where another record gives the reason for it, that one is told.
 constexpr std::string_view kNotConnected = "08001";
 
 std::optional<Diagnostic> Record(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT number) {

@@ -149,7 +149,8 @@ Plan PostgresDialect::PlanDefinitions() {
     return plan;
 }
 
-// Without the release behind it, so that the last count of rows is the change's own.
+// The savepoint is not released in the same text: the driver tells the number of changed rows of
+// the text's last statement, and that has to be the update.
 RunStep PostgresDialect::PlanChange(const RowChange& change, Channel& channel) {
     std::string text =
         channel.InTransaction() ? std::string(kSavepoint) + "update " : std::string("update ");

@@ -10,7 +10,7 @@ namespace kelvane::odbc {
 
 namespace {
 
-// Of the functions that an account has.
+// SQLSTATEs; the first is raised by the functions of our own that lie in the account.
 constexpr std::string_view kOwnState = "KV000";
 constexpr std::string_view kDuplicate = "23505";
 constexpr std::string_view kNull = "23502";

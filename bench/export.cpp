@@ -154,8 +154,9 @@ double PagesOf(const std::string& file) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"),
                                                                  pclose);
     std::array<char, 32> answer{};
-    if (output) std::fread(answer.data(), 1, answer.size() - 1, output.get());
-    const double pages = std::strtod(answer.data(), nullptr);
+    const bool answered =
+        output && std::fread(answer.data(), 1, answer.size() - 1, output.get()) > 0;
+    const double pages = answered ? std::strtod(answer.data(), nullptr) : 0;
     if (pages < 1) throw std::runtime_error("no answer from: " + command);
     return pages;
 }

@@ -1,5 +1,7 @@
 # What every binary is built with so that a fault in it is harder to use, and so that it does not
 # tell where it was built. Each flag where the compiler or the linker knows it.
+option(KELVANE_HARDEN "Build hardened; OFF to measure what that costs" ON)
+
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 include(CheckPIESupported)
@@ -21,6 +23,10 @@ else()
     endif()
 endif()
 
+if(NOT KELVANE_HARDEN)
+    set(kelvane_compile_flags)
+    set(kelvane_link_flags)
+endif()
 foreach(flag ${kelvane_compile_flags})
     string(MAKE_C_IDENTIFIER "KELVANE_HAS${flag}" known)
     check_cxx_compiler_flag(${flag} ${known})
@@ -38,7 +44,7 @@ endforeach()
 
 # It needs an optimising compiler, so a preset that optimises a Debug build says so itself; the
 # sanitizers see more than it does.
-if(NOT KELVANE_SANITIZE)
+if(KELVANE_HARDEN AND NOT KELVANE_SANITIZE)
     add_compile_options(
         "$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 endif()

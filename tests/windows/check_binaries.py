@@ -5,6 +5,7 @@ how they are guarded.
   tests/windows/check_binaries.py dist/windows-x64 [dist/windows-x86 ...]
 """
 
+import os
 import re
 import struct
 import subprocess
@@ -15,6 +16,8 @@ from pathlib import Path
 from xml.etree import ElementTree
 
 ROOT = Path(__file__).resolve().parents[2]
+# Where the libraries are built.
+CACHE = Path(os.environ.get("XDG_CACHE_HOME", Path.home() / ".cache")) / "kelvane"
 FOLDERS = [Path(folder) for folder in sys.argv[1:]]
 
 EXPORTS = ["DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer",
@@ -144,7 +147,8 @@ class Binaries(unittest.TestCase):
         for folder in FOLDERS:
             for name in BINARIES:
                 content = (folder / name).read_bytes()
-                self.assertEqual(content.count(str(ROOT).encode() + b"/"), 0, name)
+                for place in (str(ROOT), str(Path.home()), str(CACHE)):
+                    self.assertEqual(content.count(place.encode() + b"/"), 0, (name, place))
 
     def test_files_show_their_version(self):
         for folder in FOLDERS:

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <filesystem>
 #include <map>
 #include <string>
+#include <system_error>
 
 #include "adapters/output/formats/table_export.h"
 #include "adapters/output/formats/xlsx_check.h"
@@ -87,8 +89,17 @@ private:
     std::string mText;
 };
 
+// Where the library keeps what it has not packed yet, in files that nobody else sees. Killed
+// between making one and hiding it, the program would leave it there: not among the operator's
+// files.
+std::string ScratchFolder() {
+    std::error_code none;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(none);
+    return none ? std::string() : platform::Utf8Of(folder);
+}
+
 XlsxFile::XlsxFile(const Export& data, SafeFile& file) : mData(data), mFile(file) {
-    std::string folder = platform::Utf8Of(platform::PathOf(file.Draft()).parent_path());
+    std::string folder = ScratchFolder();
     lxw_workbook_options options{};
     options.constant_memory = data.Rows() > kLongList ? LXW_TRUE : LXW_FALSE;
     options.tmpdir = folder.empty() ? nullptr : folder.data();

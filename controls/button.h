@@ -17,7 +17,7 @@ public:
     // Number of a picture of the component's resources; 0 is none.
     int Picture() const { return mPicture; }
     void SetPicture(int picture) { Assign(mPicture, picture); }
-    // The button that Enter or Escape presses in its window.
+    // Whether Enter presses the button (default) or Escape does (cancel), wherever the focus is.
     bool IsDefault() const { return mDefault; }
     void SetDefault(bool value) { mDefault = value; }
     bool IsCancel() const { return mCancel; }

@@ -50,8 +50,8 @@ public:
     bool Enabled() const { return mEnabled; }
     void SetEnabled(bool enabled) { Assign(mEnabled, enabled); }
 
-    // Whether the operator can put the focus on it; a grid that is moved in from a field beside it
-    // says no.
+    // Whether the operator can put the focus on it; a grid that is worked by the keys of a field
+    // beside it says no.
     bool TakesFocus() const { return mTakesFocus; }
     void SetTakesFocus(bool takes) { mTakesFocus = takes; }
 

@@ -88,16 +88,16 @@ public:
     bool KeyDown(platform::Key key, int shift);
     bool KeyPress(char32_t character);
     bool KeyUp(platform::Key key, int shift);
-    // The first half of the two above, for a view whose own field does the typing: only the form's
-    // handler sees the key and may change it; true when it consumed the key.
+    // The first half of KeyDown and KeyPress, for a view whose own field does the typing: only the
+    // form's handler sees the key and may change it; true when it consumed the key.
     bool OfferKeyDown(platform::Key& key, int shift);
     bool OfferKeyPress(char32_t& character);
 
     // Runs `handler` as one of this form's events: what it throws is reported to Trapped().
     void RunEvent(std::string_view place, const std::function<void()>& handler) noexcept;
 
-    // Set by the view: something that can be seen has changed; the focus was moved by code; the
-    // grid or another control refused something (cell row and column).
+    // Set by the view. ViewChanged: something that can be seen has changed. FocusMoved: code has
+    // moved the focus. Refused: a grid has refused a change or a move in that cell.
     std::function<void()> ViewChanged;
     std::function<void(Control&)> FocusMoved;
     std::function<void(Control&, int row, int column)> Refused;
@@ -113,7 +113,7 @@ protected:
     virtual void Form_KeyDown(platform::Key& key, int shift);
     virtual void Form_KeyPress(char32_t& character);
     virtual void Form_KeyUp(platform::Key& key, int shift);
-    // A handler's exception: `detail` is its text.
+    // Told of an exception that left the handler `place`; `detail` is the exception's text.
     virtual void Trapped(std::string_view place, std::string_view detail) noexcept;
 
 private:

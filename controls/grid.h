@@ -79,14 +79,16 @@ public:
     Grid(Form& form, std::string name);
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
-    // Shape. SetRows and SetCols keep what stays; new rows are empty.
+    // Shape. SetRows and SetCols keep what stays; new rows are empty. They throw std::out_of_range
+    // for less than no row or one column.
     int Rows() const { return static_cast<int>(mRows.size()) + mSourceRows; }
     int Cols() const { return static_cast<int>(mColumns.size()); }
     void SetRows(int rows);
     void SetCols(int cols);
     int FixedRows() const { return mFixedRows; }
     int FixedCols() const { return mFixedCols; }
-    // Row 0 is the header whatever is asked for: a grid of nothing else keeps it fixed too.
+    // Row 0 is always fixed, whatever number is asked for: it is the header, even of a grid that
+    // has no other row.
     void SetFixedRows(int rows) { Assign(mFixedRows, rows < 1 ? 1 : rows); }
     void SetFixedCols(int cols);
     // Sets the columns from one text: "|" separates them, the first character of each gives its
@@ -100,8 +102,8 @@ public:
     // A long list that is only looked at: in place of all rows below the fixed ones come `count`
     // rows that are not kept here; `cells` gives the texts of one, counted from 0 and joined by a
     // tab, whenever they are asked for. No row is current then, and the first is on top. Such rows
-    // cannot be written or removed and none can be added to them: std::logic_error. An empty
-    // source ends it.
+    // cannot be written or removed and none can be added to them: std::logic_error. A null `cells`
+    // ends it.
     using RowSource = std::function<std::string_view(int place)>;
     void SetRowSource(int count, RowSource cells);
 
@@ -237,7 +239,7 @@ public:
     // Mouse: a click on a column's header, and a double click on a cell (which otherwise opens it).
     std::function<void(int col)> HeaderClick;
     std::function<void(int row, int col)> CellDoubleClick;
-    // The keyboard offered something that does not fit.
+    // A change that the operator made to a text does not fit, or TextMayChange forbids it.
     std::function<void()> Beep;
 
 private:
@@ -286,7 +288,8 @@ private:
     RowSource mSource;
     std::vector<ColorSet> mColorSets;
     std::map<ColorSet, int> mColorIndex;
-    // Which set a row comes to have when one of its cells gets a colour: rows are painted alike.
+    // The set that a row with the set `from` has once its cell `col` has got `color`. Remembered
+    // because most rows are painted alike, and building a set for each would take long.
     struct ColorStep {
         int from;
         int col;

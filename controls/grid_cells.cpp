@@ -10,7 +10,8 @@ namespace kelvane::controls {
 
 namespace {
 
-// A cell of a coloured row that was given no colour: no colour of the platform's has these bits.
+// Stands in a colour set for a cell that was given no colour; no colour of the platform's has these
+// bits.
 constexpr Color kOwnColor = 0xFFFFFFFFU;
 
 // The characters that stand for the alignments, in their order.

@@ -143,7 +143,7 @@ bool Grid::AllowsChange() {
     return may;
 }
 
-// A cell whose text would not change is not opened for it.
+// A cell whose text may not be changed is not opened by a key that would change it.
 bool Grid::OpenToChange() {
     if (!mEditing && CanEdit(mRow, mCol) && !AllowsChange()) return false;
     return BeginEdit();

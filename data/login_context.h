@@ -65,7 +65,8 @@ extern std::int16_t gPmStartYear;
 // Non-zero: the plain toolbar; 0: the suite's.
 extern std::int16_t gToolbarStyle;
 
-// The duty centre that scopes the item pick list and the item check, and whether it does.
+// The duty centre whose items alone the item pick list and the item check take, and whether they
+// are restricted to it at all.
 extern std::string gRefCenterCode;
 extern bool gRefByCenter;
 

@@ -15,7 +15,7 @@ inline constexpr std::int16_t kQuantityKind = 2;
 inline constexpr std::int16_t kMoneyKind = 3;
 inline constexpr std::int16_t kRateKind = 4;
 
-// Decimal places of a kind, as the login context has them; 2 for any other code.
+// Decimal places of a kind, as the login context has them; 2 for a number that is no kind.
 int DecimalPlaces(std::int16_t kind);
 
 // `number` with `places` decimals. With 0 places the text ends in the decimal point ("12.").

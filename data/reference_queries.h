@@ -14,8 +14,8 @@ bool ItemInDutyCenter(std::string_view itemCode);
 // error and answers False.
 bool DutyCenterAllowed(std::string_view centerCode);
 
-// Whether an element of that name exists; then `detail` becomes its detail kind, otherwise it keeps
-// its value. Over gConn; passes errors on.
+// Whether an element of that name exists; then `detail` becomes its element-detail flag, otherwise
+// it keeps its value. Over gConn; passes errors on.
 bool GetElementByName(std::string_view elementName, std::int16_t& detail);
 
 }  // namespace kelvane::data

@@ -22,8 +22,8 @@ std::optional<DateTime> Read(std::string_view text) {
     return DateTime::Parse(text, date) ? std::optional(date) : std::nullopt;
 }
 
-// Cuts `text` behind the first `mark`; returns what stood before it, and nothing when there is
-// none.
+// Takes the first `mark` and what stands before it out of `text`, and returns what stood before it.
+// Without a mark it returns nothing and `text` stays.
 std::optional<std::string> CutAt(std::string& text, std::string_view mark) {
     const auto place = text.find(mark);
     if (place == std::string::npos) return std::nullopt;
@@ -64,7 +64,7 @@ std::optional<std::string> TimeOfHalfDay(const std::string& text) {
     return std::to_string(hour % kHalfDay + (mark == "PM" ? kHalfDay : 0)) + ":" + minutes;
 }
 
-// The database's own conversion of a date into a text.
+// The form in which the database itself writes a date as a text: "Jul  1 2004 12:00AM".
 std::optional<DateTime> ReadEnglish(std::string text) {
     static constexpr std::array<std::string_view, 12> kMonths{
         "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};

@@ -81,7 +81,7 @@ void CellEditor::Sync(const wxRect& field) {
     }
     const bool opened = wanted != mField;
     if (opened && mField != nullptr) {
-        // Nobody has the keyboard when the window that was above has just gone.
+        // No window has the keyboard when one above has just closed: the grid may take it then.
         const wxWindow* focused = wxWindow::FindFocus();
         const bool ours = focused == nullptr || focused == mField;
         mField->Hide();
@@ -137,7 +137,8 @@ void CellEditor::OnText() {
     const bool refused = mOffered && mExpected.empty() && inserted.empty();
     mOffered = false;
     if (refused) return ShowGridText();
-    // A letter beside an equal one can be found on either side of it; the amount decides.
+    // Beside an equal letter the place of a new one is not certain, so the inserted letters are not
+    // compared with the expected ones: how many there are decides whether they were typed.
     const bool typed =
         inserted.empty() || (!mExpected.empty() && inserted.size() <= mExpected.size());
     mExpected.clear();

@@ -23,13 +23,14 @@ public:
     wxWindow* Field() { return mField; }
     // Types a character at the caret.
     void Type(char32_t character);
-    // A character from the keyboard that the form and the grid have let through.
+    // Announces a character from the keyboard that the form and the grid have let through: the
+    // field is about to insert it.
     void ExpectCharacter(char32_t character);
 
 private:
     wxTextCtrl* CreateField(long alignment);
     void OnText();
-    // Shows the grid's text where the field's is another.
+    // Shows the grid's text if the field shows another one.
     void ShowGridText();
     // What the form and the grid take of `inserted`, which came without a key: from the clipboard
     // or an input method.

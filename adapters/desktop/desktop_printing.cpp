@@ -32,7 +32,7 @@ public:
     std::string Complaints() const { return Utf8(mKept.GetBuffer()); }
 
 private:
-    // Nothing is shown of what is left at its end.
+    // The toolkit flushes a log at its end, which would show what is left in it.
     class Buffer : public wxLogBuffer {
     public:
         void Flush() override {}
@@ -56,7 +56,7 @@ std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuest
                             Text(FilterOf(question.types)), wxFD_SAVE);
         dialog.SetFilterIndex(static_cast<int>(kind));
         if (Show(dialog) != wxID_OK) return std::nullopt;
-        // The dialog's own folder is not the one of a typed path.
+        // A typed path may lead to another folder than the one that the dialog shows.
         const wxFileName file(dialog.GetPath());
         mFolder = Utf8(file.GetPath());
         name = Utf8(file.GetFullName());
@@ -73,7 +73,8 @@ int DesktopPrinting::Show(wxDialog& dialog) {
     return dialog.ShowModal();
 }
 
-// The dialog's own question would be about the name before it was given its extension.
+// Asks in the dialog's place: that would ask about the name as it was typed, without the extension
+// that it gets afterwards.
 bool DesktopPrinting::MayReplace(const std::string& path, const std::string& title) {
     const wxFileName file(Text(path));
     if (!file.Exists()) return true;

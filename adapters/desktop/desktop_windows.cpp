@@ -87,7 +87,6 @@ bool DesktopWindows::SaveScreenshot(const std::string& path) const {
     if (window == nullptr) return false;
     const wxRect place = window->GetScreenRect();
     wxScreenDC screen;
-    // Otherwise it would hand out what it has read of the screen before.
     ForgetPicture(screen);
     wxBitmap bitmap;
     bitmap.CreateWithDIPSize(place.GetSize(), window->GetContentScaleFactor());
@@ -149,7 +148,7 @@ int RunDesktop(const std::function<int(DesktopWindows&)>& body) {
     int count = 1;
     char name[] = "kelvane";
     char* arguments[] = {name, nullptr};
-    // Without a screen the toolkit would try to show a window that says so.
+    // When there is no screen a toolkit that logs would try to show a window that says so.
     wxLog::EnableLogging(false);
     wxEntry(count, arguments);
     if (!DesktopApp::started) throw std::runtime_error("the screen cannot be opened");

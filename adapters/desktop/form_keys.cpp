@@ -43,8 +43,8 @@ void FormKeys::Send(const KeyStroke& stroke) {
     mForm.KeyUp(stroke.key, stroke.shift);
 }
 
-// The next key may already wait: it belongs to the field that this one opens, not to the one that
-// it closes.
+// Catches up at once: the next key may already be waiting, and it belongs to the field that this
+// key opens, not to the one that it closes.
 bool FormKeys::Stroke(const KeyStroke& stroke) {
     const bool used = Take(stroke);
     mHooks.catchUp();

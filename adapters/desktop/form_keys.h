@@ -1,5 +1,6 @@
-// FormKeys: the way of a key through a window. The form's handlers see a key before its controls;
-// Tab and Escape move about without them; what nobody used works the dialog's buttons.
+// FormKeys: the way of a key through a window. The form's handlers see a key before its controls
+// do, but they never see Tab and Escape, which move in a grid or leave a dialog. A key that nobody
+// used works the window itself: F1 its help, F10 its toolbar, Enter its default button.
 #pragma once
 
 #include <wx/window.h>
@@ -32,7 +33,7 @@ public:
     // characters, so that an input method sees them first.
     void Attach(wxWindow& window);
 
-    // A key that no keyboard sent, pressed and released.
+    // Delivers a key that no keyboard sent, as pressed and released.
     void Send(const KeyStroke& stroke);
 
 private:

@@ -102,7 +102,7 @@ View* FormWindow::FindView(const controls::Control* control) const {
 
 void FormWindow::OperatorFocused(controls::Control& control) {
     if (mForm.ActiveControl() == &control || !control.TakesFocus()) return;
-    // Only a focus that the program moves is told.
+    // FocusMoved is for a focus that code moves, not for one that the operator moves.
     auto told = std::exchange(mForm.FocusMoved, nullptr);
     mForm.SetFocus(control);
     mForm.FocusMoved = std::move(told);
@@ -166,7 +166,8 @@ void FormWindow::Sync() {
         if (IsModal() && mStage.IsTopmost(*this)) EndModal(wxID_CLOSE);
         return;
     }
-    // A field that opens or takes the keyboard now would come before the window above.
+    // A field that opens or takes the keyboard now would bring this window in front of the one
+    // above.
     if (mStage.IsCovered(*this)) return;
     SyncFrame();
     mSurface->Sync();
@@ -174,7 +175,7 @@ void FormWindow::Sync() {
     if (mFocused != mForm.ActiveControl()) FocusActive();
 }
 
-// All that is to be painted anew is painted together.
+// The surface alone is refreshed: the toolkit paints whatever else is waiting along with it.
 void FormWindow::Settle() {
     Sync();
     mPainted = false;
@@ -235,13 +236,13 @@ void FormWindow::OnSize() {
     if (!IsShown()) return;
     const int width = ToTwips(*this, client.x) + controls::Form::kFrameWidth;
     const int height = ToTwips(*this, inner) + controls::Form::kFrameHeight;
-    // The form's own size, only rounded to whole pixels, is no new size.
+    // Less than a pixel apart, it is the form's own size, rounded, and no new one.
     const int pixel = ToTwips(*this, 1);
     if (std::abs(width - mFormSize.x) < pixel && std::abs(height - mFormSize.y) < pixel) return;
     mFormSize = {width, height};
     mForm.SetSize(std::max(width, mForm.MinWidth()), std::max(height, mForm.MinHeight()));
-    // A window manager keeps the least size, a bare screen does not: the next sync brings it back,
-    // once for each size that something else insists on.
+    // Without a window manager nothing keeps a window at its least size: the next sync restores it,
+    // only once for each size, because something else may insist on that size.
     const bool tooSmall = mForm.Width() != width || mForm.Height() != height;
     if (tooSmall && mTooSmall != mFormSize) {
         mTooSmall = mFormSize;

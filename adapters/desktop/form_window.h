@@ -1,5 +1,5 @@
 // FormWindow: the window of one shown form. It draws any form from its controls and keeps up with
-// their state; however often the state changes, it looks once per event.
+// their state; it reads the state once per event, however often an event changes it.
 #pragma once
 
 #include <wx/dialog.h>
@@ -31,7 +31,8 @@ public:
     void CatchUp() override;
     wxWindow& ParentOf(const controls::Control& control, wxPoint& offset) override;
 
-    // After a box was answered: the active control has the keyboard again, if nobody has it.
+    // Gives the active control the keyboard if no window has it: after a message box was answered
+    // or the window above was closed.
     void TakeKeyboard();
     // Brings the window up to the form's state at once; ends its modal loop when the form is
     // unloaded and the window is the topmost one.

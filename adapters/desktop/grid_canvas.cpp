@@ -89,7 +89,7 @@ void GridCanvas::OnDoubleClick(wxMouseEvent& event) {
     const bool current = cell.row >= mGrid.FixedRows() && cell.row == mGrid.Row() &&
                          (takesRows || cell.col == mGrid.Col());
     if (!current || metrics.CurrentButton().Contains(event.GetPosition())) {
-        OnLeftDown(event);  // two quick clicks, as far as anything else goes
+        OnLeftDown(event);  // anywhere else a double click counts as two clicks
         return;
     }
     if (takesRows) {

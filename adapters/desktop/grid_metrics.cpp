@@ -43,7 +43,8 @@ std::vector<GridMetrics::Band> LayOut(const wxWindow& window, int count, int fix
     return bands;
 }
 
-// The first of the last items that fill `room` twips beside the fixed ones.
+// The first item of the last page: from it on all items fit into `room` twips beside the fixed
+// ones.
 template <typename SizeOf>
 int FirstOfLastPage(int count, int fixed, int room, SizeOf sizeOf) {
     for (int index = 0; index < std::min(fixed, count); ++index) room -= sizeOf(index);

@@ -54,7 +54,7 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
       mEditor(std::make_unique<CellEditor>(*mCanvas, grid, host)) {
     mPane->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { LayOut(); });
     mPane->SetBackgroundColour(look::kWindow);
-    // The keyboard scrolls by moving in the grid.
+    // The canvas alone takes the keyboard; its keys scroll by moving the current cell.
     mPane->SetCanFocus(false);
     mVertical->SetCanFocus(false);
     mHorizontal->SetCanFocus(false);

@@ -22,7 +22,7 @@ public:
 
     wxWindow& Window() override { return *mPane; }
     wxWindow* FocusWindow() override;
-    // What other controls over the grid lie in.
+    // The parent window of the controls that lie over the grid.
     wxWindow& Canvas();
     bool TakeKey(const KeyStroke& stroke) override;
     bool TakeCharacter(char32_t character) override;

@@ -40,7 +40,7 @@ int HeldKeys::FilterEvent(wxEvent& event) {
     if (event.GetEventType() == wxEVT_KEY_UP) {
         mPresses.erase(StrokeOfKey(static_cast<wxKeyEvent&>(event)).key);
     } else if (event.GetEventType() == wxEVT_SET_FOCUS) {
-        // What was released on the way from one window to the next was seen by none.
+        // A key released while the keyboard went from one window to another was seen by neither.
         std::erase_if(mPresses, [](const auto& press) {
             return !wxGetKeyState(static_cast<wxKeyCode>(press.second.code));
         });

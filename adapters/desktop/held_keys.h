@@ -22,7 +22,7 @@ public:
     // of one that was pressed in another window; if not, it counts as pressed in this one.
     bool RepeatsFromElsewhere(const wxKeyEvent& event, const void* owner);
 
-    // Sees keys released, and the keyboard come, in whatever window, message boxes included.
+    // Sees a key released in, and the keyboard given to, any window, message boxes included.
     int FilterEvent(wxEvent& event) override;
 
 private:

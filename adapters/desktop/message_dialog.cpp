@@ -119,7 +119,8 @@ wxSizer* MessageDialog::CreateButtons() {
         row->Add(button, wxSizerFlags().Border(wxLEFT, FromDIP(kMargin) / 2));
         if (first == nullptr || choice.answer == mMessage.preselected) first = button;
     }
-    // What Enter presses is told by its caption; the toolkit frames it only after the first key.
+    // The button that Enter presses is known by its bold caption: the toolkit frames it only after
+    // the first key.
     if (mMessage.buttons == MessageButtons::YesNo) first->SetFont(UiFont(kButtonPoints, true));
     first->SetDefault();
     first->SetFocus();

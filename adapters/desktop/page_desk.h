@@ -37,7 +37,8 @@ private:
     void ScrollOrTurn(int steps);
     // Scrolls with an arrow key; false for any other key.
     bool ScrollWith(platform::Key key);
-    // Scrolls to the share of what can be scrolled; the middle of the desk is what it counts from.
+    // Brings a point of the sheet to the middle of the desk, as far as there is room to scroll: `x`
+    // and `y` are shares of the sheet's width and height, from 0 to 1.
     void LookAt(double x, double y);
 
     controls::PageView& mPages;

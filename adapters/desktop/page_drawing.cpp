@@ -17,7 +17,8 @@ using platform::PageAlignment;
 
 namespace {
 
-// Letters are placed in whole units of the drawing, so those are finer than what pages measure in.
+// Letters are placed at whole units of the drawing, so the units are finer than the tenths of a
+// millimetre that pages are measured in.
 constexpr double kUnitsPerTenth = 10;
 constexpr double kUnitsPerInch = 254 * kUnitsPerTenth;
 // What the toolkit takes for an inch when it makes letters of a size in points.
@@ -57,7 +58,7 @@ public:
         double descent = 0;
         mTarget.GetTextExtent(shown, &needed, &height, &descent);
         const double room = text.box.width * kUnitsPerTenth;
-        // What this device's letters make wider than was measured is drawn narrower.
+        // A text that this device's letters make wider than it was measured is narrowed to its box.
         const double narrowed = needed > room ? room / needed : 1;
         const double ascent = height - descent;
         const double middle = (text.box.height * kUnitsPerTenth - height) / 2;

@@ -29,7 +29,8 @@ bool Printout::OnPrintPage(int number) {
     if (dc == nullptr) return false;
     const std::unique_ptr<wxGraphicsContext> target(wxGraphicsContext::Create(*dc));
     const wxRect paper = GetPaperRectPixels();
-    // Fills the paper; on the paper the pages were made for that is their own size.
+    // A page is scaled to the paper; on the paper that the pages were made for it keeps its own
+    // size.
     const double scale = std::min(static_cast<double>(paper.width) / mPages.PageWidth(),
                                   static_cast<double>(paper.height) / mPages.PageHeight());
     MoveToCorner(*target, paper);

@@ -18,14 +18,14 @@ namespace kelvane::desktop {
 
 namespace {
 
-// How often the operator waits a moment for a window to be painted before he acts unseen: a window
-// behind others may never be painted.
+// How often a scripted operator waits a moment for a window to be painted before he acts all the
+// same: a window behind others may never be painted.
 constexpr int kMaxWaits = 200;
 constexpr int kWaitMilliseconds = 5;
 constexpr int kCloseAttempts = 2;
 
-// While a form is shown: lets its grids beep where its code does not, and tells the operator, when
-// there is one, what can be seen of it.
+// While a form is shown: beeps for its grids that have no Beep of their own, and tells the scripted
+// operator, when there is one, where code moves the focus and what a control refuses.
 class FormWatch {
 public:
     FormWatch(controls::Form& form, Stage& stage, drive::Operator* who) : mForm(form) {
@@ -98,7 +98,7 @@ bool Stage::IsCovered(const FormWindow& window) const {
 void Stage::ShowForm(controls::Form& form) {
     form.Load();
     if (!form.IsLoaded()) return;
-    // What happens in a pick list is told by its choice alone.
+    // Of a pick list the scripted operator is told only what is chosen in it.
     const bool told = mOperator != nullptr && form.AsPickWindow() == nullptr;
     if (told) mOperator->Opened(form.Name());
     {
@@ -156,8 +156,9 @@ void Stage::ScheduleKeys() {
     if (!mStrokes.empty()) CallAfter([this] { DeliverKeys(); });
 }
 
-// A stroke may open a window and come back only when that is closed: the rest is delivered there.
-// A message box takes no sent keys; they wait until it is answered.
+// A stroke may open a window, and sending it returns only when that is closed: the strokes behind
+// it are delivered to that window. A message box takes no sent keys; they wait until it is
+// answered.
 void Stage::DeliverKeys() {
     while (!mStrokes.empty() && !mLevels.empty() && mLevels.back().form != nullptr) {
         const KeyStroke stroke = mStrokes.front();
@@ -177,7 +178,7 @@ void Stage::ShowHelp() {
         if (!mHelpFile.empty()) mOperator->HelpShown(mHelpFile);
         return;
     }
-    // The windows' code parts folders as its own platform does.
+    // The windows' code writes a backslash between folders on every system.
     const std::string path = platform::NativePath(mHelpFile);
     if (wxFileExists(Text(path)) && wxLaunchDefaultApplication(Text(path))) return;
     if (!mLevels.empty() && mLevels.back().form != nullptr) {

@@ -25,7 +25,7 @@ private:
     std::uint64_t mDrawn = 0;
 };
 
-// NoticeStrip: the line below it that tells the operator something and needs no answer.
+// NoticeStrip: the form's notice line, at the window's lower edge below the surface.
 class NoticeStrip : public wxWindow {
 public:
     static constexpr int kHeight = 22;  // pixels at 100 % scaling

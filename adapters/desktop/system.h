@@ -1,5 +1,5 @@
-// What the windowing system below the toolkit wants done its own way: one source for each system
-// holds all of it.
+// What has to be done differently on each windowing system below the toolkit. Each system has one
+// source file with all of it.
 #pragma once
 
 #include <wx/bitmap.h>
@@ -21,7 +21,7 @@ void SpeakChinese();
 // The face of the pages' letters, as a font of the toolkit wants it.
 wxString PageFace();
 
-// Forgets what `screen` was read to show before, so that reading it gives what it shows now.
+// Makes the next reading of `screen` give what it shows now, not what was read of it before.
 void ForgetPicture(wxDC& screen);
 
 // Writes a PNG file; false when the file cannot be written.

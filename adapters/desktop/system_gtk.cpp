@@ -17,12 +17,12 @@ namespace kelvane::desktop {
 
 void BelongToModule() {}
 
-// Numbers stay as they are written everywhere else in the program.
+// Sets the language of letters and messages alone: numbers stay as the program writes them.
 void SpeakChinese() {
     wxSetEnv("LANGUAGE", "zh_CN");
     for (const int category : {LC_CTYPE, LC_MESSAGES}) {
         const char* session = std::setlocale(category, "");
-        // Without any language no text would be looked up.
+        // In the C locale no translation is looked up, whatever LANGUAGE says.
         if (session == nullptr || session == std::string_view("C") ||
             session == std::string_view("POSIX")) {
             std::setlocale(category, "C.UTF-8");
@@ -30,7 +30,7 @@ void SpeakChinese() {
     }
 }
 
-// The system takes the whole list.
+// The system itself takes the first font of the list that is there.
 wxString PageFace() {
     return wxString::FromUTF8(platform::kPageFonts);
 }

@@ -3,7 +3,7 @@
 #include <wx/fontenum.h>
 #include <wx/msw/private.h>
 #include <wx/tokenzr.h>
-// The drawing library is made of Windows' own types.
+// Comes after the headers that define Windows' own types, which it uses.
 #include <gdiplus.h>
 
 #include "adapters/desktop/look.h"
@@ -18,7 +18,7 @@ namespace kelvane::desktop {
 
 namespace {
 
-// The drawing library runs while it lives.
+// Keeps the drawing library running for as long as the object lives.
 class Drawing {
 public:
     Drawing() { mRuns = Gdiplus::GdiplusStartup(&mToken, &mInput, nullptr) == Gdiplus::Ok; }
@@ -68,7 +68,7 @@ bool SavePng(const wxBitmap& picture, const std::string& path) {
     return bitmap.Save(Text(path).wc_str(), &kPngWriter, nullptr) == Gdiplus::Ok;
 }
 
-// Printing starts in the corner of what the printer reaches.
+// The origin lies in the corner of the area that the printer reaches, not in the paper's.
 void MoveToCorner(wxGraphicsContext& target, const wxRect& paper) {
     target.Translate(paper.x, paper.y);
 }

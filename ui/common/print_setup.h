@@ -10,7 +10,7 @@
 
 namespace kelvane::ui {
 
-// True when this composition can print and export.
+// True when the services that print and export are there.
 bool CanPrint();
 
 // What a window puts on paper.

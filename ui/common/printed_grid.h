@@ -24,8 +24,8 @@ public:
     // the stored style's.
     void CaptureLayout();
 
-    // Makes the print control anew and hands it the grid with what stands around it. Returns false,
-    // after its message, when there is nothing to print. Errors are thrown.
+    // Makes the print control anew and hands it the grid with its title, header and footer. Returns
+    // false, after its message, when there is nothing to print. Errors are thrown.
     bool SetUp(const std::string& title, std::vector<platform::PrintItem> header,
                std::vector<platform::PrintItem> footer);
     // After SetUp(). Export returns true when the file was written.

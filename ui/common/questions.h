@@ -5,7 +5,7 @@
 
 namespace kelvane::ui {
 
-// Whether the window may go with what is not saved.
+// Asks whether a window may be closed although something in it is not saved; True for Yes.
 inline bool AskToLeaveUnsaved() {
     return data::AskQuestion("数据尚未保存,确认退出吗?");
 }

@@ -40,7 +40,8 @@ ChosenRow PickItem(ReferenceList& service) {
     } catch (...) {
         data::ReportTrapped("SelectReference");
     }
-    // The restricted list leaves its source to the service, which completes the statement.
+    // Restricted to a duty centre, the statement names no table: the pick-list service completes
+    // it.
     const StatementText statement =
         data::gRefByCenter
             ? StatementText("select distinct PM_DutycenterSub.cItemCode,Fitemss97.citemname")

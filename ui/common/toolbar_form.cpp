@@ -17,7 +17,8 @@ namespace {
 constexpr std::int16_t kSuiteStyle = 1;
 constexpr std::int16_t kPlainStyle = 2;
 
-// The strokes that every window with such buttons understands, also of buttons that not all have.
+// The keystrokes that click toolbar buttons in every window. One whose button a window does not
+// have does nothing there.
 struct ToolbarKey {
     ToolbarStroke stroke;
     std::string_view button;

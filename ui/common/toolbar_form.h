@@ -33,7 +33,7 @@ public:
     controls::Toolbar Toolbar1;
     controls::ToolbarStyleControl CTBCtrl1;
 
-    // A click on `button`, or what stands for one.
+    // A click on `button`, or a keystroke that stands for one.
     virtual void Toolbar1_ButtonClick(controls::ToolbarButton& button) = 0;
     // Lays the controls out below the visible toolbar.
     void Form_Resize() override = 0;
@@ -46,14 +46,14 @@ protected:
 // The help file that the windows' help key opens, below the host's folder.
 std::string HelpFilePath();
 
-// Style number of the machine's toolbar setting: 1 (suite) or 2 (plain).
+// Style number of the machine's toolbar setting: 1 (suite, also without a setting) or 2 (plain).
 std::int16_t ReadToolbarStyle();
 
-// Arranges the form's toolbars by gToolbarStyle. Errors are ignored.
+// Arranges the form's toolbars by gToolbarStyle. Errors are trapped.
 void ApplyToolbarStyle(ToolbarForm& form);
 
-// Clicks the toolbar button that function key `key` stands for, when it is enabled and visible, and
-// sets the key to Key::None then. Errors are ignored.
+// Clicks the toolbar button that `key` with `shift` stands for, when it is enabled and visible, and
+// sets the key to Key::None then. Errors of the click are trapped.
 void SetToolbarButtons(ToolbarForm& form, platform::Key& key, int shift);
 
 }  // namespace kelvane::ui

@@ -1,4 +1,5 @@
-// WaitingLines: what the detail editor came to and the row has not been saved with yet.
+// WaitingLines: lines that were saved in the detail editor and wait for their entry's row to be
+// saved.
 #pragma once
 
 #include <string>
@@ -9,7 +10,7 @@
 namespace kelvane::ui {
 
 struct WaitingLines {
-    // Replaces the entry's lines, with places for its identity.
+    // Replaces the entry's lines; the entry's place stands where its identity belongs.
     platform::StatementText script;
     // The lines, cells joined by a tab.
     std::vector<std::string> texts;

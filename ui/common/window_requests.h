@@ -30,7 +30,7 @@ struct DetailAnswer {
     bool exported = false;
 };
 
-// What the find dialog was left with.
+// What is to be found; an empty keyword stands for any.
 struct FindAnswer {
     std::string itemCode;
     std::string key1;

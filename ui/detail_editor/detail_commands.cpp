@@ -18,8 +18,8 @@ using controls::GridAnswer;
 using platform::Money;
 using platform::Value;
 
-// One toolbar command: whether it needs a printer, whether it changes lines, and what it runs. The
-// keystrokes are those of SetToolbarButtons.
+// One toolbar command: whether it needs the print services, whether it changes lines, and what it
+// runs. The keystrokes are those of SetToolbarButtons.
 struct frmQCEdit::Command {
     ToolbarEntry entry;
     bool prints = false;
@@ -129,7 +129,8 @@ void frmQCEdit::SaveDetails() {
     Unload();
 }
 
-// What was typed into an open cell counts; a text that is refused cannot be kept.
+// What was typed into an open cell counts as a change, also a text that is refused: it would be
+// lost.
 bool frmQCEdit::MayLoseChanges() {
     const bool refused = Grid1.FinishEdit() == GridAnswer::Refuse;
     return (!refused && !HasChanged()) || AskToLeaveUnsaved();

@@ -43,19 +43,19 @@ public:
     controls::Label lblDutyCenter;
     controls::Grid Grid1;
 
-    // Shows the lines of the request's entry and returns, when the window has been left, what
-    // saving came to.
+    // Shows the lines of the request's entry and returns, when the window has been left, what was
+    // saved in it.
     DetailAnswer Edit(const DetailRequest& request);
 
     // Equipment lines instead of inventory lines; lines only to be looked at.
     bool bEquipment = false;
     bool bReadOnly = false;
     // Set by saving: the lines' total as an amount text (empty when it is zero), and the script
-    // that replaces the entry's lines, with a place for the entry's identity.
+    // that replaces the entry's lines, with the entry's place in it.
     std::string RetValue;
     platform::StatementText RetStrSql;
-    // Lines entered but not saved with their entry, cells joined by a tab. While there are any,
-    // they are shown instead of the database's.
+    // The entry's waiting lines, cells joined by a tab. While there are any, they are shown instead
+    // of the database's.
     std::vector<std::string> mColTempValues;
 
     // Loading (detail_loading.cpp), over gConn. Errors are thrown.
@@ -109,13 +109,13 @@ private:
     void AddButtons();
 
     entries::LineRules Rules();
-    // Shows what was found, if anything was.
+    // Shows what was found, if anything was; true when nothing was.
     static bool Accepts(const std::optional<entries::Finding>& finding);
     bool Fill(entries::LineField by, const std::string& sought, int row);
     entries::LineTexts TextsOf(int row) const;
     int GridColumnOf(int lineColumn) const;
 
-    // The columns that both kinds of lines address from the right.
+    // Columns counted from the right: inventory lines have one column more than equipment lines.
     int PriceColumn() const { return Grid1.Cols() - 3; }
     int QuantityColumn() const { return Grid1.Cols() - 2; }
     int AmountColumn() const { return Grid1.Cols() - 1; }

@@ -92,7 +92,8 @@ DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {
     mEntry = request.entry;
     mCenterCode = request.centerCode;
     mColTempValues = request.lines;
-    // What an earlier entry's lines came to must not reach this one when the editor is quit.
+    // What was saved for an earlier entry must not be answered for this one when the editor is
+    // quit.
     RetValue.clear();
     RetStrSql = {};
     mExported = false;
@@ -201,7 +202,7 @@ void frmQCEdit::AddDetailRow() {
     const int row = Grid1.AddItem("");
     ShadeRow(row);
     Grid1.SetFixedRows(1);
-    // The operator goes on in the new line, unless the present one keeps him.
+    // The operator goes on in the new line, unless leaving the present one is refused.
     Grid1.MoveTo(row, 0);
 }
 

@@ -39,7 +39,8 @@ bool frmQCEdit::FillByName(const std::string& name, int row) {
 }
 
 bool frmQCEdit::Fill(LineField by, const std::string& sought, int row) {
-    // Several items may bear one name: the line's own stays, or the one that was picked.
+    // Several items may have one name: the line's code tells which of them stands there or was
+    // picked.
     const auto found = Rules().Find(by, sought, data::Trim(CellText(row, 0)));
     if (const auto* unknown = std::get_if<entries::Finding>(&found)) return Accepts(*unknown);
     FillLine(row, by == LineField::Code ? 0 : 1, std::get<LineItem>(found));

@@ -40,7 +40,7 @@ void frmQCEdit::Grid1_CellValidate(std::string& text, GridAnswer& answer, int ro
         }
         const std::int16_t kind = col == PriceColumn() ? data::kPriceKind : data::kQuantityKind;
         if (!text.empty()) text = data::NumFormatText(Value("0" + text), kind, true);
-        // The amount is reckoned from what the line shows.
+        // RecalcAmount() reads the line's cells, so the formatted text must stand there first.
         Grid1.SetText(row, col, text);
         RecalcAmount(row);
     }

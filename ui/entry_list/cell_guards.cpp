@@ -3,7 +3,7 @@
 
 namespace kelvane::ui {
 
-// An item is chosen, and an amount made of detail lines is changed by changing them.
+// An item is chosen from its pick list, and an amount made of detail lines changes with the lines.
 bool frmPeriodItem::GridPeriodItem_TextMayChange(int row, int col) const {
     if (col == kItemColumn) return false;
     if (col != kAmountColumn || CellText(row, kElementColumn).empty()) return true;

@@ -36,7 +36,7 @@ bool MayTakeTextAway(Key key, int shift) {
 }  // namespace
 
 // One toolbar command: whether its keystroke needs an enabled button, whether it is ignored while a
-// cell is open, whether the window it needs is there, and what it runs.
+// cell is open, whether what it needs is there, and what it runs.
 struct frmPeriodItem::Command {
     ToolbarEntry entry;
     bool strokeNeedsEnabled = false;
@@ -70,7 +70,7 @@ std::span<const frmPeriodItem::Command> frmPeriodItem::Commands() {
                 .run =
                     [](frmPeriodItem& form) {
                         const int row = form.GridPeriodItem.Row();
-                        // The sixth button is "Delete", by the separators' places.
+                        // Separators are counted too: the sixth is "Delete" itself.
                         if (!form.Toolbar1.Buttons()[5].Enabled()) return;
                         if (row < 1 || form.GridPeriodItem.RowData(row) == 0) return;
                         if (form.CheckRowDeletable(row)) form.DeleteRow();
@@ -178,8 +178,8 @@ void frmPeriodItem::Form_KeyDown(Key& key, int shift) {
         return;
     }
     if (key == Key::F2 && mSendingOpenKeys) {
-        // Our own keystroke. The blank before it opens every cell but an amount made of detail
-        // lines, which takes no character.
+        // The F2 that this window sent itself, after a blank. The blank has opened any cell but an
+        // amount made of detail lines, which takes no character.
         mSendingOpenKeys = false;
         key = Key::None;
         if (!mEditing && col == kAmountColumn && !grid.ReadOnly()) GridPeriodItem.BeginEdit();

@@ -1,5 +1,5 @@
-// ElementDetails: the detail kind of each entry's element, by the entry's identity. New rows share
-// the identity 0 until they are saved.
+// ElementDetails: the element-detail flag of each entry's element, by the entry's identity. New
+// rows share the identity 0 until they are saved.
 #pragma once
 
 #include <cstddef>

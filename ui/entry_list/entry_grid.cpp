@@ -41,9 +41,9 @@ struct ColumnLayout {
     bool list;
 };
 
-// Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class. More than
-// two keyword fields leave no header for the first one, but its width. Dates and amounts have no
-// greatest length: cut short, they would be others.
+// Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class. With more
+// than two keyword fields column 5 has its width but no header. Dates and amounts have no greatest
+// length: cut short, they would be other dates and amounts.
 constexpr std::array kColumns{
     ColumnLayout{0, "", 0, Alignment::Left, {}, false, false},
     ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 0}, false, false},
@@ -113,8 +113,9 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     grid.SetRowData(row, identity);
 }
 
-// In a handler, with the row that failed as the current one: tells of the rows whose values cannot
-// be read, if it is one, and goes on with the failure otherwise.
+// For use in a catch block, with the row that failed as the current one. Throws
+// entries::ToldFailure, which names the rows whose values cannot be read, if there are any, and
+// otherwise the exception that is being handled.
 [[noreturn]] void TellFailedRow(RecordSet& rows) {
     const auto failed = std::current_exception();
     const auto found = entries::FindUnreadableRows(rows, {"mQC"}, {"dDate"});

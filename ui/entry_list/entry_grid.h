@@ -11,15 +11,15 @@ namespace kelvane::ui {
 // are thrown.
 void LayOutEntryGrid(controls::Grid& grid);
 
-// Appends a row for every entry whose item is there, and takes the detail kinds of their elements
-// down in `details`. Over gEnv; errors are thrown, with the rows read before them in the grid.
+// Appends a row for every entry whose item exists, and adds the element-detail flags of their
+// elements to `details`. Over gEnv; errors are thrown, with the rows read before them in the grid.
 void FillEntryGrid(controls::Grid& grid, ElementDetails& details);
 
 // Locks the name and keywords of every row, and the whole row where the item is settled. Over gEnv;
 // a settlement that cannot be read locks nothing.
 void LockEntryRows(controls::Grid& grid);
 
-// Gives the cells of a row the colour that keeps the operator out.
+// Gives the cells of a row the locked colour.
 void PaintLocked(controls::Grid& grid, int row, int firstCol, int lastCol);
 
 }  // namespace kelvane::ui

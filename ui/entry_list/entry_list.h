@@ -66,7 +66,7 @@ public:
     bool mEditing = false;
     // True while the detail editor is shown from the grid.
     bool mDetailOpen = false;
-    // What the detail editor came to for the current row; its script runs when the row is saved.
+    // The current row's waiting lines; their script runs when the row is saved.
     WaitingLines mWaiting;
     platform::StatementText& mDetailSql = mWaiting.script;
 
@@ -88,7 +88,8 @@ public:
     bool ValidateCell(int row, int col, bool changed, std::string& text);
 
     // Saving (row_save.cpp), over gConn, lookups over gEnv. SaveRow writes the row and runs
-    // `detailSql` in the same transaction; it returns false, with nothing written, after any error.
+    // `detailSql` in the same transaction. It returns false after a message or a trapped error;
+    // then nothing was written, unless the commit is in doubt.
     bool SaveRow(int row, platform::StatementText& detailSql);
     bool CheckRowDeletable(int row);
     void DeleteRow();
@@ -165,9 +166,11 @@ private:
 
     entries::EntryTexts TextsOf(int row) const;
     entries::BudgetedEntry BudgetedEntryOf(int row) const;
-    // Shows what was found, if anything was, and gives the focus back to the grid.
+    // Shows what was found, if anything was, and gives the focus back to the grid; true when
+    // nothing was found.
     bool Accepts(const std::optional<entries::Finding>& finding);
-    // Checks the element, and makes it the row's: its lines and its amount go.
+    // Checks the element and makes it the row's, which loses its lines and its amount; false after
+    // a message.
     bool ChangeElement(int row, const std::string& name);
     void EmptyBehindCenter(int row);
 

@@ -12,7 +12,7 @@ using platform::StatementText;
 
 void frmPeriodItem::Form_Load() {
     ResetToDesign();
-    // The login came before this window, which could not hear of it then.
+    // They were read at the login, before this window could hear of a failure.
     if (data::gNumPointsFailed) mFailureNotice.Failed("LoadNumPoints");
     SetIconPicture(kPictureWindow);
     data::gServices->windows->SetHelpFile(HelpFilePath());

@@ -85,7 +85,7 @@ void FailureNotice::FailedWrite(std::string_view place, const WriteSentences& se
     } catch (const platform::DatabaseBusy&) {
         FailedSave(sentences.busy);
     } catch (...) {
-        // The report has said it.
+        // ReportTrapped() has put it on the line already, through the trap listener.
     }
 }
 

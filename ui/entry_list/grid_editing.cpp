@@ -106,7 +106,7 @@ void frmPeriodItem::OpenDetailsFromGrid(std::string& value, int row) {
     GridPeriodItem.SetRowTouched(true);
 }
 
-// An amount is of an element.
+// Whether an amount is typed or made of detail lines depends on its element.
 void frmPeriodItem::TellElementFirst() {
     data::ShowInformation("请先填充要素", data::kModuleCaption);
 }
@@ -140,7 +140,7 @@ std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, i
     GridPeriodItem.SetText(row, col + 1, record->Field(1).ToText());
     if (keywords > 0) GridPeriodItem.SetText(row, col + 2, record->Field(2).ToText());
     if (keywords == 2) GridPeriodItem.SetText(row, col + 3, record->Field(3).ToText());
-    // Another keyword of the same item leaves the item's cell as it was.
+    // With another keyword of the same item the item's cell does not change, but the row does.
     GridPeriodItem.SetRowTouched(true);
     return code;
 }

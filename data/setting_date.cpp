@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "data/text_conversion.h"
 #include "platform/ascii.h"
@@ -68,7 +69,7 @@ std::optional<std::string> TimeOfHalfDay(const std::string& text) {
 std::optional<DateTime> ReadEnglish(std::string text) {
     static constexpr std::array<std::string_view, 12> kMonths{
         "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    std::istringstream words(text);
+    std::istringstream words(std::move(text));
     std::string name;
     std::string day;
     std::string year;

@@ -15,8 +15,7 @@ namespace fs = std::filesystem;
 fs::path MakeFolder() {
     std::random_device random;
     for (;;) {
-        const fs::path folder =
-            fs::temp_directory_path() / ("kelvane-trial-" + std::to_string(random()));
+        fs::path folder = fs::temp_directory_path() / ("kelvane-trial-" + std::to_string(random()));
         if (!fs::create_directory(folder)) continue;
         fs::permissions(folder, fs::perms::owner_all);
         return folder;

@@ -20,11 +20,11 @@ struct ReferenceListOptions {
 
 // Its four forms differ in who knows what:
 //
-//   ListByKey         statement: the caller   titles, widths: the service   rows: the login's
-//   account ListByStatement   statement: the caller   titles, widths: the caller    rows: the
-//   login's account ListByName        statement, titles, widths: the service                rows:
-//   the login's account ListOnConnection  statement: the caller   titles, widths: the caller rows:
-//   a given connection
+// - ListByKey: the statement is the caller's, titles and widths are the service's.
+// - ListByStatement: the statement, the titles and the widths are the caller's.
+// - ListByName: the statement, the titles and the widths are the service's.
+// - ListOnConnection: as ListByStatement, over a connection of the caller's; the others read the
+//   account of the login.
 //
 // The rows of a list have the statement's columns, of which the first ones have titles; the chosen
 // row has all of them under the statement's names. The record set belongs to the caller and may

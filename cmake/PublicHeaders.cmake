@@ -1,4 +1,4 @@
-# Writes the public headers and all that they include, with KELVANE_SOURCE's folders kept:
+# Writes the public headers and all that they include, with SOURCE's folders kept:
 #   cmake -DSOURCE=FOLDER -DTARGET=FOLDER -DHEADERS=LIST -P PublicHeaders.cmake
 # The sources include by paths from the project's root ("platform/services.h"). In a host such a path
 # may lead to a file of the host's own, so the copies include each other as <kelvane/platform/services.h>;

@@ -1,11 +1,9 @@
 #include "entries/entry_store.h"
 
-#include <exception>
 #include <vector>
 
 #include "data/login_context.h"
 #include "entries/announced_queries.h"
-#include "entries/failure_reason.h"
 #include "entries/unreadable_rows.h"
 #include "platform/database.h"
 
@@ -52,15 +50,9 @@ StatementText DetailSum(std::int64_t identity) {
 // The account database's number for a text that it cannot read as an amount.
 constexpr int kNoAmount = 235;
 
-// In a handler: tells of the lines whose amounts cannot be read, if there are any, and goes on with
-// the failure otherwise.
-[[noreturn]] void TellFailedSum(platform::HostDataAccess& access) {
-    const auto failed = std::current_exception();
-    const auto lines = access.Query(StatementText("select iEleVid,mQC from PM_ItemQCsub"));
-    const UnreadableRows found = FindUnreadableRows(*lines, {"mQC"}, {});
-    if (found.count == 0) std::rethrow_exception(failed);
-    throw ToldFailure("有 " + std::to_string(found.count) +
-                      " 行明细的金额无法识别，第一行属于期初编号 " + found.firstIdentity + "。");
+std::string UnreadableLines(const UnreadableRows& found) {
+    return "有 " + std::to_string(found.count) + " 行明细的金额无法识别，第一行属于期初编号 " +
+           found.firstIdentity + "。";
 }
 
 // The sum that `statement` asks for.
@@ -70,7 +62,8 @@ std::unique_ptr<platform::RecordSet> SumOf(platform::HostDataAccess& access,
         return access.Query(statement);
     } catch (const platform::DatabaseError& error) {
         if (error.NativeCode() != kNoAmount) throw;
-        TellFailedSum(access);
+        const auto lines = access.Query(StatementText("select iEleVid,mQC from PM_ItemQCsub"));
+        TellUnreadableRows(*lines, {"mQC"}, {}, UnreadableLines);
     }
 }
 

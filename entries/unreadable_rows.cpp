@@ -2,6 +2,8 @@
 
 #include <exception>
 
+#include "entries/failure_reason.h"
+
 namespace kelvane::entries {
 
 namespace {
@@ -50,6 +52,15 @@ UnreadableRows FindUnreadableRows(RecordSet& rows, std::initializer_list<const c
         if (found.count++ == 0) found.firstIdentity = IdentityOf(rows);
     }
     return found;
+}
+
+void TellUnreadableRows(RecordSet& rows, std::initializer_list<const char*> amounts,
+                        std::initializer_list<const char*> dates,
+                        std::string (*tell)(const UnreadableRows& found)) {
+    const auto failed = std::current_exception();
+    const UnreadableRows found = FindUnreadableRows(rows, amounts, dates);
+    if (found.count == 0) std::rethrow_exception(failed);
+    throw ToldFailure(tell(found));
 }
 
 }  // namespace kelvane::entries

@@ -20,4 +20,11 @@ UnreadableRows FindUnreadableRows(platform::RecordSet& rows,
                                   std::initializer_list<const char*> amounts,
                                   std::initializer_list<const char*> dates);
 
+// For use in a catch block. Throws ToldFailure with what `tell` says of the rows, of which
+// FindUnreadableRows() finds some; the exception that is being handled when it finds none.
+[[noreturn]] void TellUnreadableRows(platform::RecordSet& rows,
+                                     std::initializer_list<const char*> amounts,
+                                     std::initializer_list<const char*> dates,
+                                     std::string (*tell)(const UnreadableRows& found));
+
 }  // namespace kelvane::entries

@@ -1,5 +1,7 @@
 #include "host/com_server/period_item_object.h"
 
+#include <kelvane/version.h>
+
 #include <algorithm>
 #include <array>
 #include <new>

@@ -60,6 +60,13 @@ protected:
     }
 
     std::string DieWriting(const std::string& before);
+    // A copy of the account as it is now, with the companion that ends in `ending`.
+    std::string CopyWith(const char* ending) const {
+        std::string copy = mFolder.Path("copy.kva");
+        fs::copy_file(mPath, copy);
+        fs::copy_file(mPath + ending, copy + ending);
+        return copy;
+    }
 
     ScratchFolder mFolder;
     std::string mPath;
@@ -191,9 +198,7 @@ TEST_F(SqliteHostile, AValueBeyondAllBoundsIsAnErrorAndNotRead) {
 TEST_F(SqliteHostile, ARefusedAccountKeepsItsLog) {
     const auto connection = ConnectToSqlite(mPath, 0);
     Prepare("create trigger Empty after update on Probe begin delete from Coded; end");
-    const std::string copy = mFolder.Path("copy.kva");
-    fs::copy_file(mPath, copy);
-    fs::copy_file(mPath + "-wal", copy + "-wal");
+    const std::string copy = CopyWith("-wal");
     const std::string log = Content(copy + "-wal");
     ASSERT_FALSE(log.empty());
     EXPECT_EQ(Refusal(copy), "含有不允许的内容：数据表 Probe 的触发器 Empty");
@@ -203,9 +208,7 @@ TEST_F(SqliteHostile, ARefusedAccountKeepsItsLog) {
 TEST_F(SqliteHostile, TheLogCannotMakeItAnotherLayout) {
     const auto connection = ConnectToSqlite(mPath, 0);
     Prepare("pragma user_version = 99");
-    const std::string copy = mFolder.Path("copy.kva");
-    fs::copy_file(mPath, copy);
-    fs::copy_file(mPath + "-wal", copy + "-wal");
+    const std::string copy = CopyWith("-wal");
     EXPECT_EQ(Refusal(copy), "是由较新版本的程序建立的");
 }
 
@@ -217,9 +220,7 @@ TEST_F(SqliteHostile, WhoOnlyLooksChangesNothing) {
     EXPECT_EQ(Content(mPath), before);
     const auto connection = ConnectToSqlite(mPath, 0);
     connection->Execute(StatementText("insert into Probe(id) values(1)"));
-    const std::string copy = mFolder.Path("copy.kva");
-    fs::copy_file(mPath, copy);
-    fs::copy_file(mPath + "-wal", copy + "-wal");
+    const std::string copy = CopyWith("-wal");
     const std::string log = Content(copy + "-wal");
     EXPECT_EQ(ConnectToSqlite(copy, 0)->OpenRecordSet(look)->RecordCount(), 1);
     EXPECT_EQ(Content(copy + "-wal"), log);
@@ -273,7 +274,6 @@ TEST_F(SqliteHostile, ALinkToAnAccountIsTheAccount) {
 // `before`. What is left lies at the returned path.
 std::string SqliteHostile::DieWriting(const std::string& before) {
     Prepare("pragma journal_mode = delete;" + before);
-    std::string copy = mFolder.Path("copy.kva");
     sqlite3* writer = nullptr;
     EXPECT_EQ(sqlite3_open(mPath.c_str(), &writer), SQLITE_OK);
     EXPECT_EQ(sqlite3_exec(writer,
@@ -282,8 +282,7 @@ std::string SqliteHostile::DieWriting(const std::string& before) {
                            "from n",
                            nullptr, nullptr, nullptr),
               SQLITE_OK);
-    fs::copy_file(mPath, copy);
-    fs::copy_file(mPath + "-journal", copy + "-journal");
+    std::string copy = CopyWith("-journal");
     sqlite3_close(writer);
     EXPECT_FALSE(Content(copy + "-journal").empty());
     return copy;

@@ -30,7 +30,8 @@ def run(*command, seconds=RUN_SECONDS, environment=None, commands=""):
     """Runs a Windows program on an input; its exit status and output in the completed process."""
     if not Path(os.environ["WINEPREFIX"], "drive_c", "kelvane-throwaway-prefix").exists():
         raise RuntimeError("this is no prefix of scripts/with-wine")
-    # In files: pipes would stay open until Wine's services, which get them too, end by themselves.
+    # In files: what Wine begins for a program and keeps afterwards, its desktop above all, would keep
+    # a pipe open.
     with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
         result = subprocess.run(["wine", *map(str, command)], input=commands.encode("utf-8"),
                                 stdout=output, stderr=errors, check=False, timeout=seconds,

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
 #include <memory>
 #include <string>
 
@@ -10,7 +9,6 @@
 #include "data/number_format.h"
 #include "entries/announced_queries.h"
 #include "entries/entry.h"
-#include "entries/failure_reason.h"
 #include "entries/opening_period.h"
 #include "entries/unreadable_rows.h"
 
@@ -113,16 +111,9 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     grid.SetRowData(row, identity);
 }
 
-// For use in a catch block, with the row that failed as the current one. Throws
-// entries::ToldFailure, which names the rows whose values cannot be read, if there are any, and
-// otherwise the exception that is being handled.
-[[noreturn]] void TellFailedRow(RecordSet& rows) {
-    const auto failed = std::current_exception();
-    const auto found = entries::FindUnreadableRows(rows, {"mQC"}, {"dDate"});
-    if (found.count == 0) std::rethrow_exception(failed);
-    throw entries::ToldFailure("有 " + std::to_string(found.count) +
-                               " 行期初的日期或金额无法识别，第一行是期初编号 " +
-                               found.firstIdentity + "。");
+std::string UnreadableEntries(const entries::UnreadableRows& found) {
+    return "有 " + std::to_string(found.count) + " 行期初的日期或金额无法识别，第一行是期初编号 " +
+           found.firstIdentity + "。";
 }
 
 void AppendEntries(Grid& grid, ElementDetails& details, RecordSet& rows) {
@@ -136,7 +127,8 @@ void AppendEntries(Grid& grid, ElementDetails& details, RecordSet& rows) {
             AppendEntry(grid, details, rows, elements.Next());
         }
     } catch (...) {
-        TellFailedRow(rows);
+        // From the row that failed on.
+        entries::TellUnreadableRows(rows, {"mQC"}, {"dDate"}, UnreadableEntries);
     }
 }
 

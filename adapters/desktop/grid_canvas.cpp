@@ -2,10 +2,13 @@
 
 #include <wx/cursor.h>
 #include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
+#include <wx/tooltip.h>
 
 #include <algorithm>
 #include <utility>
 
+#include "adapters/desktop/cell_text.h"
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/grid_painter.h"
 #include "adapters/desktop/look.h"
@@ -105,8 +108,29 @@ void GridCanvas::OnMotion(wxMouseEvent& event) {
         ResizeTo(event.GetX());
         return;
     }
-    const bool edge = Metrics().ColumnEdgeAt(event.GetPosition()) >= 0;
+    const GridMetrics metrics = Metrics();
+    const bool edge = metrics.ColumnEdgeAt(event.GetPosition()) >= 0;
     SetCursor(edge ? wxCursor(wxCURSOR_SIZEWE) : wxNullCursor);
+    FollowWithTip(metrics.CellAt(event.GetPosition()));
+}
+
+void GridCanvas::FollowWithTip(GridMetrics::Cell cell) {
+    wxString tip;
+    if (cell.row >= 0 && cell.col >= 0) {
+        wxClientDC dc(this);
+        dc.SetFont(UiFont());
+        const wxRect room = Metrics().TextRoom(cell.row, cell.col);
+        if (!FitCellText(dc, mGrid, cell.row, cell.col, room.width).whole) {
+            tip = Text(mGrid.Text(cell.row, cell.col));
+        }
+    }
+    if (tip == mTip) return;
+    mTip = tip;
+    if (tip.empty()) {
+        UnsetToolTip();
+    } else {
+        SetToolTip(tip);
+    }
 }
 
 void GridCanvas::ResizeTo(int pixel) {

@@ -27,12 +27,15 @@ private:
     void OnMotion(wxMouseEvent& event);
     void OnWheel(wxMouseEvent& event);
     void ResizeTo(int pixel);
+    // The whole text of the cell under the pointer, where the cell shows it in part.
+    void FollowWithTip(GridMetrics::Cell cell);
 
     controls::Grid& mGrid;
     ViewHost& mHost;
     std::function<void()> mPressButton;
     int mResizedColumn = -1;
     int mWheelRest = 0;
+    wxString mTip;
 };
 
 }  // namespace kelvane::desktop

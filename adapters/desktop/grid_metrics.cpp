@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kFrame = 2;  // pixels of the frame around the current cell
 constexpr int kButtonTwips = 300;
+constexpr int kTextMargin = 4;
 constexpr int kEdgeReach = 4;  // pixels to both sides of a column's edge
 
 const GridMetrics::Band* FindBand(const std::vector<GridMetrics::Band>& bands, int index) {
@@ -56,7 +57,7 @@ int FirstOfLastPage(int count, int fixed, int room, SizeOf sizeOf) {
 }  // namespace
 
 GridMetrics::GridMetrics(const controls::Grid& grid, const wxWindow& window)
-    : mGrid(grid), mButtonWidth(ToPixels(window, kButtonTwips)) {
+    : mGrid(grid), mButtonWidth(ToPixels(window, kButtonTwips)), mWindow(window.GetClientSize()) {
     mRows = LayOut(window, grid.Rows(), grid.FixedRows(), grid.TopRow(), grid.ViewHeight(),
                    [&](int row) { return grid.RowHeight(row); });
     mColumns = LayOut(window, grid.Cols(), grid.FixedCols(), grid.LeftCol(), grid.ViewWidth(),
@@ -101,6 +102,18 @@ wxRect GridMetrics::CurrentField() const {
     const wxRect button = CurrentButton();
     if (!button.IsEmpty()) field.width -= button.width - 1;
     return field.Deflate(kFrame);
+}
+
+wxRect GridMetrics::TextRoom(int row, int col) const {
+    wxRect room = CellRect(row, col);
+    if (row == mGrid.Row() && col == mGrid.Col() && row >= mGrid.FixedRows() &&
+        col >= mGrid.FixedCols()) {
+        const wxRect button = CurrentButton();
+        if (!button.IsEmpty()) room.width -= button.width;
+    }
+    room.width = std::min(room.GetRight() - 1, mWindow.x - 1) - room.x + 1;
+    room.Deflate(kTextMargin, 0);
+    return room.width > 0 ? room : wxRect();
 }
 
 int GridMetrics::LastTopRow(const controls::Grid& grid) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/desktop/cell_text.h"
 #include "adapters/desktop/look.h"
 
 namespace kelvane::desktop {
@@ -11,7 +12,6 @@ namespace {
 using controls::Alignment;
 using controls::Grid;
 
-constexpr int kTextMargin = 4;
 constexpr int kDotSize = 2;
 
 class Painter {
@@ -58,33 +58,24 @@ private:
         mDc.SetPen(wxPen(fixed ? look::kFixedLine : look::kGridLine));
         mDc.DrawLine(cell.GetRight(), cell.y, cell.GetRight(), cell.y + cell.height);
         mDc.DrawLine(cell.x, cell.GetBottom(), cell.x + cell.width, cell.GetBottom());
-        wxRect room = cell;
-        // The text of the current cell stays clear of the cell's button.
-        if (row.index == mGrid.Row() && column.index == mGrid.Col() && !fixed) {
-            const wxRect button = mMetrics.CurrentButton();
-            if (!button.IsEmpty()) room.width -= button.width;
-        }
-        PaintText(room, mGrid.Text(row.index, column.index),
-                  mGrid.CellAlignment(row.index, column.index));
+        PaintText(row.index, column.index);
     }
 
-    void PaintText(const wxRect& cell, const std::string& utf8, Alignment alignment) {
-        if (utf8.empty()) return;
-        const wxString text = Text(utf8);
-        const int room = cell.width - 1 - 2 * kTextMargin;
-        const int width = mDc.GetTextExtent(text).x;
-        int x = cell.x + kTextMargin;
-        if (width <= room && alignment != Alignment::Left) {
-            x += alignment == Alignment::Right ? room - width : (room - width) / 2;
+    void PaintText(int row, int col) {
+        const wxRect room = mMetrics.TextRoom(row, col);
+        if (room.IsEmpty()) return;
+        const CellText shown = FitCellText(mDc, mGrid, row, col, room.width);
+        if (shown.text.empty()) return;
+        int x = room.x;
+        const Alignment alignment = mGrid.CellAlignment(row, col);
+        if (alignment != Alignment::Left) {
+            const int rest = std::max(0, room.width - shown.width);
+            x += alignment == Alignment::Right ? rest : rest / 2;
         }
-        const int y = cell.y + (cell.height - 1 - mTextHeight) / 2;
+        const int y = room.y + (room.height - 1 - mTextHeight) / 2;
         mDc.SetTextForeground(look::kText);
-        if (width <= room) {
-            mDc.DrawText(text, x, y);
-            return;
-        }
-        const wxDCClipper clip(mDc, cell.x + 1, cell.y, cell.width - 2, cell.height - 1);
-        mDc.DrawText(text, x, y);
+        const wxDCClipper clip(mDc, room);
+        mDc.DrawText(shown.text, x, y);
     }
 
     void PaintCurrent() {

@@ -33,6 +33,10 @@ class ReferenceList {
 public:
     virtual ~ReferenceList() = default;
 
+    // The text that is in the cell or field now: the next list opens on the first row that has it
+    // as one of its texts. A service that does not know how opens on the first row.
+    virtual void OpenOn(std::string_view /*present*/) {}
+
     // Each shows the list modally and returns the chosen row as a record set of one row, or null
     // when nothing was chosen. Throws DatabaseError (and MalformedStatement) when the query fails.
 

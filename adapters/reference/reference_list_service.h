@@ -14,6 +14,8 @@ public:
     explicit ReferenceListService(ListSurroundings surroundings)
         : mSurroundings(std::move(surroundings)) {}
 
+    void OpenOn(std::string_view present) override { mPresent = present; }
+
     std::unique_ptr<platform::RecordSet> ListByKey(
         platform::HostLogin& login, const platform::StatementText& statement,
         std::string_view referenceKey, const platform::ReferenceListOptions& options) override;
@@ -37,6 +39,7 @@ private:
                                               PickRows rows, ListLayout layout);
 
     ListSurroundings mSurroundings;
+    std::string mPresent;
 };
 
 }  // namespace kelvane::reference

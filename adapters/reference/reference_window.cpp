@@ -5,6 +5,8 @@
 #include <numeric>
 #include <utility>
 
+#include "platform/blanks.h"
+
 namespace kelvane::reference {
 
 using controls::Alignment;
@@ -112,7 +114,7 @@ void ReferenceWindow::Form_Load() {
     SetMinSize(kNarrowest, kLowest);
     SetSize(width, height);
     SetPosition((mWindows.ScreenWidth() - width) / 2, (mWindows.ScreenHeight() - height) / 2);
-    ShowRows(0);
+    ShowRows(PlaceOfPresent());
     txtSearch.SetFocus();
 }
 
@@ -135,6 +137,19 @@ void ReferenceWindow::ShowTitles() {
         if (column == mSortColumn) title += mDescending ? " ▼" : " ▲";
         GridReference.SetText(0, column, title);
     }
+}
+
+// Where the row with the present text is among all, in the first column that has it; the first row
+// when none has.
+std::size_t ReferenceWindow::PlaceOfPresent() const {
+    const std::string_view wanted = platform::WithoutOuterBlanks(mLayout.present);
+    if (wanted.empty()) return 0;
+    for (int column = 0; column < mRows.Columns(); ++column) {
+        for (std::size_t row = 0; row < mRows.Count(); ++row) {
+            if (platform::WithoutOuterBlanks(mRows.Cell(row, column)) == wanted) return row;
+        }
+    }
+    return 0;
 }
 
 // Shows the found rows with the one at `current`, counted from 0, as the current one.

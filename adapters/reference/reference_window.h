@@ -29,6 +29,8 @@ struct ListLayout {
     std::string caption;
     std::vector<std::string> titles;
     std::vector<int> widths;
+    // The list opens on the first row with this text.
+    std::string present;
 };
 
 class ReferenceWindow : public controls::Form, public controls::PickWindow {
@@ -58,6 +60,7 @@ protected:
 private:
     void WireControls();
     void ShowTitles();
+    std::size_t PlaceOfPresent() const;
     void ShowRows(std::size_t current);
     void SelectRow();
     void ChooseCurrent();

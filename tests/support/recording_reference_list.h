@@ -16,6 +16,8 @@ struct ReferenceListLog {
     // One line a call: operation, user, statement or name, titles, widths, options, each in
     // brackets.
     std::vector<std::string> calls;
+    // What the last list was to open on.
+    std::string present;
     // The chosen row; nothing, or a null, when nothing is chosen. May throw.
     std::function<std::unique_ptr<platform::RecordSet>()> choose;
     int created = 0;
@@ -24,6 +26,8 @@ struct ReferenceListLog {
 class RecordingReferenceList : public platform::ReferenceList {
 public:
     explicit RecordingReferenceList(ReferenceListLog& log) : mLog(log) { ++mLog.created; }
+
+    void OpenOn(std::string_view present) override { mLog.present = present; }
 
     std::unique_ptr<platform::RecordSet> ListByKey(
         platform::HostLogin& login, const platform::StatementText& statement,

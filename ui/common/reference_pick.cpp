@@ -117,7 +117,8 @@ void Take(std::string& output, const Read& read) {
 
 }  // namespace
 
-void SelectReference(std::int16_t kind, std::string& code, std::string& description) {
+void SelectReference(std::int16_t kind, std::string& code, std::string& description,
+                     std::string_view present) {
     const auto* entry = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& candidate) {
         return candidate.number == kind;
     });
@@ -125,6 +126,7 @@ void SelectReference(std::int16_t kind, std::string& code, std::string& descript
     ChosenRow row;
     try {
         const auto service = data::gServices->createReferenceList();
+        service->OpenOn(present);
         row = entry->pick(*service);
         if (row == nullptr || row->EndOfFile()) return;
     } catch (...) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace kelvane::ui {
 
@@ -17,7 +18,8 @@ inline constexpr std::int16_t kInventoryReference = 110;
 // as they are when nothing was chosen, for an unknown kind and after an error, and each of them
 // when its own columns cannot be read. Errors are trapped. The item list is restricted by
 // gRefByCenter. The caption query runs over gEnv; the list's own statement is run by the pick-list
-// service.
-void SelectReference(std::int16_t kind, std::string& code, std::string& description);
+// service. `present` is what the cell or field has now; the list opens on its row.
+void SelectReference(std::int16_t kind, std::string& code, std::string& description,
+                     std::string_view present);
 
 }  // namespace kelvane::ui

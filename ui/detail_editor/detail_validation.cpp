@@ -79,7 +79,8 @@ void frmQCEdit::Grid1_CellReference(std::string& text, int row, int col) {
     if (col > 1) return;
     std::string code;
     std::string description;
-    SelectReference(bEquipment ? kEquipmentReference : kInventoryReference, code, description);
+    SelectReference(bEquipment ? kEquipmentReference : kInventoryReference, code, description,
+                    text);
     if (code.empty()) return;
     std::vector<std::string> fields = Split(description, ',');
     const bool hasUnit = fields.size() == 4;

@@ -59,7 +59,7 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
     if (col == kCenterColumn) {
         std::string code;
         std::string description;
-        SelectReference(kCenterReference, code, description);
+        SelectReference(kCenterReference, code, description, value);
         value = code;
     } else if (col == kItemColumn) {
         data::gRefCenterCode = CellText(row, kCenterColumn);
@@ -72,7 +72,7 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
     } else if (col == kElementColumn) {
         std::string code;
         std::string description;
-        SelectReference(kElementReference, code, description);
+        SelectReference(kElementReference, code, description, value);
         if (!description.empty() && description != CellText(row, col)) value = description;
     } else if (col == kAmountColumn) {
         if (CellText(row, kElementColumn).empty()) {
@@ -131,6 +131,7 @@ std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, i
 
     bool chosen = false;
     const auto service = data::gServices->createReferenceList();
+    service->OpenOn(CellText(row, kItemColumn));
     const auto record = service->ListOnConnection(gConn, statement, titles, widths, chosen);
     if (!chosen || record == nullptr) return "";
     std::string code = record->Field(0).ToText();

@@ -107,7 +107,7 @@ void frmFind::ComdRef_Click() {
     data::gRefByCenter = false;
     std::string code = TxtCode.Text();
     std::string description;
-    SelectReference(kItemReference, code, description);
+    SelectReference(kItemReference, code, description, TxtCode.Text());
     TxtCode.SetText(code);
 }
 

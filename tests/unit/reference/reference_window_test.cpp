@@ -37,8 +37,10 @@ Rows Numbered(int count) {
 
 class OpenList {
 public:
-    explicit OpenList(Rows rows, std::vector<int> widths = {1500, 2500, 1000})
-        : window(mWindows, Read(std::move(rows)), {"参照", {"编码", "名称", "单价"}, widths}),
+    explicit OpenList(Rows rows, std::vector<int> widths = {1500, 2500, 1000},
+                      std::string present = {})
+        : window(mWindows, Read(std::move(rows)),
+                 {"参照", {"编码", "名称", "单价"}, std::move(widths), std::move(present)}),
           grid(window.GridReference) {
         window.Load();
         window.Activate();
@@ -83,6 +85,25 @@ TEST(ReferenceWindow, OpensOnTheFirstRowWithTheFocusInTheSearch) {
     EXPECT_TRUE(list.grid.ReadOnly());
     EXPECT_EQ(list.window.Notice(), "");
     EXPECT_FALSE(list.window.Chosen());
+}
+
+TEST(ReferenceWindow, OpensOnThePresentCodeOrName) {
+    const auto opened = [](std::string present) {
+        return OpenList(Centers(), {1500}, std::move(present)).Current();
+    };
+    EXPECT_EQ(opened("D03"), "D03");
+    EXPECT_EQ(opened("D03  "), "D03");
+    EXPECT_EQ(opened("工程二部"), "D02");
+    EXPECT_EQ(opened("D09"), "D01");
+    EXPECT_EQ(opened(""), "D01");
+}
+
+TEST(ReferenceWindow, ThePresentRowFarDownIsShownAndChosenByEnter) {
+    OpenList list(Numbered(500), {1500}, "P321");
+    EXPECT_EQ(list.Current(), "P321");
+    EXPECT_TRUE(list.grid.IsRowShown(321));
+    list.Press(Key::Enter);
+    EXPECT_EQ(list.window.Chosen(), 320U);
 }
 
 TEST(ReferenceWindow, TakesTheWidthsItIsGiven) {

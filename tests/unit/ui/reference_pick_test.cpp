@@ -62,7 +62,9 @@ protected:
             return std::make_unique<MemoryRecordSet>(names, std::vector<MemoryRecordSet::Row>{row});
         };
     }
-    void Select(int kind) { SelectReference(static_cast<std::int16_t>(kind), code, description); }
+    void Select(int kind) {
+        SelectReference(static_cast<std::int16_t>(kind), code, description, present);
+    }
     void ExpectNothingTaken() const {
         EXPECT_EQ(code, "旧编码");
         EXPECT_EQ(description, "旧名称");
@@ -74,6 +76,7 @@ protected:
     support::RecordingDiagnostics diagnostics;
     std::string code = "旧编码";
     std::string description = "旧名称";
+    std::string present = "D07";
 
 private:
     support::TestEnvironment mEnvironment{access};
@@ -96,6 +99,7 @@ TEST_F(SelectReferenceTest, CentersOfAnOperatorAreTheAuthorisedOnes) {
 TEST_F(SelectReferenceTest, AnExemptOperatorSeesEveryCenter) {
     login.exempt = true;
     Select(kCenterReference);
+    EXPECT_EQ(log.present, "D07");
     EXPECT_THAT(log.calls,
                 ElementsAre("[by key][demo][select * from PM_DutyCenter][Pm_Dutyref][0,1,1]"));
 }

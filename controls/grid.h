@@ -55,8 +55,9 @@ enum class GridAnswer { Undecided = 0, Refuse = 1, Accept = 2 };
 
 enum class InputKind { Text, Number, Date };
 
-// How a column is typed into. Characters that do not fit the kind are not taken from the keyboard;
-// a text longer than `maxLength` characters (0: no limit) is cut, with a beep.
+// How a column is typed into. Numbers and dates take the signs and digits of an input method in
+// their plain forms. Characters that do not fit the kind are not taken from the keyboard; a text
+// longer than `maxLength` characters (0: no limit) is cut, with a beep.
 struct ColumnInput {
     InputKind kind = InputKind::Text;
     int maxLength = 0;
@@ -277,6 +278,7 @@ private:
     void SetCurrent(int row, int col);
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);
+    std::string PlainInput(std::string_view text) const;
     std::string FitText(std::string_view text);
     void Raise(std::string_view place, const std::function<void()>& notification);
 

@@ -120,7 +120,7 @@ bool Grid::BeginEdit() {
 }
 
 std::string Grid::FitText(std::string_view text) {
-    std::string line(text);
+    std::string line = PlainInput(text);
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
     const int limit = ColumnAt(mCol).input.maxLength;

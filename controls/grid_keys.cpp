@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "controls/grid.h"
+#include "platform/full_width.h"
 #include "platform/utf8.h"
 
 namespace kelvane::controls {
@@ -14,11 +15,29 @@ bool IsDigit(char32_t character) {
     return character >= U'0' && character <= U'9';
 }
 
+// What an input method writes for a character of a number or a date.
+char32_t PlainCharacter(char32_t character) {
+    constexpr char32_t kFullStop = 0x3002;
+    return character == kFullStop ? U'.' : platform::PlainForm(character);
+}
+
 }  // namespace
+
+std::string Grid::PlainInput(std::string_view text) const {
+    if (ColumnAt(mCol).input.kind == InputKind::Text) return std::string(text);
+    std::string plain;
+    plain.reserve(text.size());
+    while (!text.empty()) {
+        platform::AppendCharacter(plain, PlainCharacter(platform::TakeCharacter(text).value));
+    }
+    return plain;
+}
 
 bool Grid::TakesCharacter(char32_t character) const {
     const ColumnInput& input = ColumnAt(mCol).input;
-    if (input.kind == InputKind::Text || IsDigit(character)) return true;
+    if (input.kind == InputKind::Text) return true;
+    character = PlainCharacter(character);
+    if (IsDigit(character)) return true;
     if (input.kind == InputKind::Date) {
         return character == U'.' || character == U'-' || character == U'/';
     }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adapters/reference/pinyin.h"
+#include "platform/full_width.h"
 #include "platform/utf8.h"
 
 namespace kelvane::reference {
@@ -11,9 +12,6 @@ namespace kelvane::reference {
 namespace {
 
 constexpr std::size_t kMaxSpellings = 16;
-constexpr char32_t kWideBlank = 0x3000;
-constexpr char32_t kWideFirst = 0xFF01;  // "!" to "~", one after the other
-constexpr char32_t kWideLast = 0xFF5E;
 
 bool IsAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
@@ -37,10 +35,9 @@ void AppendFolded(std::string& out, std::string_view text) {
             continue;
         }
         const platform::Utf8Character next = platform::FirstCharacter(text);
-        if (next.value >= kWideFirst && next.value <= kWideLast) {
-            out += FoldAscii(static_cast<char>(next.value - kWideFirst + U'!'));
-        } else if (next.value == kWideBlank) {
-            out += ' ';
+        const char32_t plain = platform::PlainForm(next.value);
+        if (plain != next.value) {
+            out += FoldAscii(static_cast<char>(plain));
         } else {
             out += text.substr(0, next.length);
         }

@@ -234,5 +234,31 @@ TEST_F(GridTest, KeysWithAltAreNotTheGrids) {
     EXPECT_EQ(Cell(), "1 3");
 }
 
+TEST_F(GridTest, AnInputMethodsDigitsAndSignsAreTakenInTheirPlainForms) {
+    At(1, 4);
+    for (const char32_t character : U"－１，２３４。５０") {
+        if (character != 0) EXPECT_TRUE(grid.KeyPress(character));
+    }
+    EXPECT_EQ(grid.EditText(), "-1,234.50");
+    grid.CancelEdit();
+    grid.BeginEdit();
+    grid.ReplaceEditText("　１２．５");
+    EXPECT_EQ(grid.EditText(), " 12.5");
+    grid.CancelEdit();
+    At(1, 1);
+    grid.BeginEdit();
+    grid.ReplaceEditText("２００４／６－１");
+    EXPECT_EQ(grid.EditText(), "2004/6-1");
+    grid.CancelEdit();
+    EXPECT_FALSE(grid.TakesCharacter(U'Ａ'));
+}
+
+TEST_F(GridTest, ATextKeepsTheWidthOfItsLetters) {
+    At(1, 3);
+    grid.BeginEdit();
+    grid.ReplaceEditText("１号楼。");
+    EXPECT_EQ(grid.EditText(), "１号楼。");
+}
+
 }  // namespace
 }  // namespace kelvane::controls

@@ -65,6 +65,11 @@ public:
     // One line at the window's lower edge that needs no answer; empty when there is nothing to say.
     const std::string& Notice() const { return mNotice; }
     void SetNotice(std::string notice);
+    // What the line says besides, as long as it is true: at its left, while there is no notice,
+    // what can be done in the current place; at its right figures of what the window shows. A view
+    // asks whenever something that can be seen has changed.
+    virtual std::string Hint() const { return {}; }
+    virtual std::string Figures() const { return {}; }
 
     // All controls in the order they joined, and one by its name (null when there is none).
     const std::vector<Control*>& Controls() const { return mControls; }

@@ -43,6 +43,7 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/column_sum.h"
 #include "controls/control.h"
 #include "controls/form.h"
 
@@ -90,7 +91,7 @@ public:
     int FixedCols() const { return mFixedCols; }
     // Row 0 is always fixed, whatever number is asked for: it is the header, even of a grid that
     // has no other row.
-    void SetFixedRows(int rows) { Assign(mFixedRows, rows < 1 ? 1 : rows); }
+    void SetFixedRows(int rows);
     void SetFixedCols(int cols);
     // Sets the columns from one text: "|" separates them, the first character of each gives its
     // alignment ("<" left, "^" centre, ">" right), the rest is its header.
@@ -142,6 +143,11 @@ public:
     std::string DataText() const;
     // One row's cells joined by a tab.
     std::string RowText(int row) const { return std::string(CellsAt(row)); }
+
+    // Keeps the sum of a column's cells below the fixed rows from now on; rows of a source are not
+    // in it.
+    void SumColumn(int col);
+    const ColumnSum& Sum() const { return mSum; }
 
     Color BackColor() const { return mBackColor; }
     void SetBackColor(Color color) { Assign(mBackColor, color); }
@@ -275,6 +281,9 @@ private:
     bool AllowsChange();
     bool OpenToChange();
     void EraseRow(int row);
+    bool IsSummed(int row, int col) const {
+        return col >= 0 && col == mSummedColumn && row >= mFixedRows;
+    }
     void SetCurrent(int row, int col);
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);
@@ -299,6 +308,8 @@ private:
         int to;
     };
     std::vector<ColorStep> mColorSteps;
+    int mSummedColumn = -1;
+    ColumnSum mSum;
     int mFixedRows = 1;
     int mFixedCols = 1;
     int mDefaultRowHeight = 300;

@@ -29,6 +29,11 @@ std::pair<std::size_t, std::size_t> FindCell(std::string_view cells, int col) {
     return {begin, tab == std::string_view::npos ? cells.size() : tab};
 }
 
+std::string_view CellIn(std::string_view cells, int col) {
+    const auto [begin, end] = FindCell(cells, col);
+    return cells.substr(begin, end - begin);
+}
+
 // A cell's text: the tab is the separator of cells, so one inside a text becomes a blank.
 std::string CellText(std::string_view text) {
     std::string cell(text);
@@ -61,10 +66,24 @@ void Grid::SetRows(int rows) {
     while (Rows() < rows) AddItem("");
 }
 
+void Grid::SetFixedRows(int rows) {
+    Assign(mFixedRows, rows < 1 ? 1 : rows);
+    SumColumn(mSummedColumn);
+}
+
+void Grid::SumColumn(int col) {
+    mSummedColumn = col;
+    mSum = {};
+    for (int row = mFixedRows; row < static_cast<int>(mRows.size()) && IsSummed(row, col); ++row) {
+        mSum.Add(CellIn(RowAt(row).cells, col));
+    }
+}
+
 void Grid::SetCols(int cols) {
     if (cols < 1) throw std::out_of_range(Name() + ": a grid needs a column");
     mColumns.resize(static_cast<std::size_t>(cols));
     for (GridRow& row : mRows) row.cells = FitCells(row.cells, cols);
+    SumColumn(mSummedColumn < cols ? mSummedColumn : -1);
     if (mCol >= cols) mCol = mSelectionEnd = cols - 1;
     mLeftCol = std::clamp(mLeftCol, mFixedCols, std::max(mFixedCols, cols - 1));
     Touch();
@@ -97,6 +116,7 @@ int Grid::AddItem(std::string_view cells) {
     row.cells = FitCells(cells, Cols());
     row.height = mDefaultRowHeight;
     mRows.push_back(std::move(row));
+    if (IsSummed(Rows() - 1, mSummedColumn)) mSum.Add(CellIn(mRows.back().cells, mSummedColumn));
     Touch();
     return Rows() - 1;
 }
@@ -113,6 +133,7 @@ void Grid::EraseRow(int row) {
     RowAt(row);
     const bool current = row == mRow && row >= mFixedRows;
     if (current && mEditing) CloseEdit();
+    if (IsSummed(row, mSummedColumn)) mSum.Take(CellIn(RowAt(row).cells, mSummedColumn));
     mRows.erase(mRows.begin() + row);
     if (row < mRow || mRow >= Rows()) mRow = std::max(0, mRow - 1);
     if (mRow < mFixedRows) mRow = 0;
@@ -127,6 +148,7 @@ void Grid::SetRowSource(int count, RowSource cells) {
     if (mEditing) CancelEdit();
     const auto kept = std::min(mRows.size(), static_cast<std::size_t>(mFixedRows));
     mRows.resize(kept);
+    SumColumn(mSummedColumn);
     mSource = std::move(cells);
     mSourceRows = mSource ? std::max(0, count) : 0;
     mSourceRow.height = mDefaultRowHeight;
@@ -146,15 +168,16 @@ std::string_view Grid::CellsAt(int row) const {
 std::string Grid::Text(int row, int col) const {
     const std::string_view cells = CellsAt(row);
     ColumnAt(col);
-    const auto [begin, end] = FindCell(cells, col);
-    return std::string(cells.substr(begin, end - begin));
+    return std::string(CellIn(cells, col));
 }
 
 void Grid::SetText(int row, int col, std::string_view text) {
     std::string& cells = RowAt(row).cells;
     ColumnAt(col);
     const auto [begin, end] = FindCell(cells, col);
+    if (IsSummed(row, col)) mSum.Take(std::string_view(cells).substr(begin, end - begin));
     cells.replace(begin, end - begin, CellText(text));
+    if (IsSummed(row, col)) mSum.Add(CellIn(cells, col));
     Touch();
 }
 

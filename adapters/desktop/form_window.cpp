@@ -62,7 +62,7 @@ FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
                    [this] { mStage.ShowHelp(); }, [this] { return EnterToolbar(); },
                    [this] { return OpenDropDown(); }, [this] { CatchUp(); }}),
       mSurface(new Surface(*this, form)),
-      mNotice(new NoticeStrip(*this)) {
+      mLine(new LowerLine(*this)) {
     SetEscapeId(wxID_NONE);
     SetFont(UiFont());
     mKeys.Attach(*this);
@@ -172,6 +172,7 @@ void FormWindow::Sync() {
     SyncFrame();
     mSurface->Sync();
     for (const auto& view : mViews) view->Sync();
+    SyncLine();
     if (mFocused != mForm.ActiveControl()) FocusActive();
 }
 
@@ -197,12 +198,11 @@ void FormWindow::SyncFrame() {
         }
         if (!icons.IsEmpty()) SetIcons(icons);
     }
-    mNotice->SetNotice(Text(mForm.Notice()));
 
     const auto client = [this](int width, int height) {
         return wxSize(
             ToPixels(*this, width - controls::Form::kFrameWidth),
-            ToPixels(*this, height - controls::Form::kFrameHeight) + FromDIP(NoticeStrip::kHeight));
+            ToPixels(*this, height - controls::Form::kFrameHeight) + FromDIP(LowerLine::kHeight));
     };
     const wxSize least(mForm.MinWidth(), mForm.MinHeight());
     if (least != mLeastSize) {
@@ -222,6 +222,14 @@ void FormWindow::SyncFrame() {
     }
 }
 
+// What the current cell shows in part stands there as a whole.
+void FormWindow::SyncLine() {
+    std::string hint = mForm.Hint();
+    View* view = ActiveView();
+    if (hint.empty() && view != nullptr) hint = view->CutText();
+    mLine->Show(Text(mForm.Notice()), Text(hint), Text(mForm.Figures()));
+}
+
 void FormWindow::OnClose(wxCloseEvent& event) {
     if (mForm.IsLoaded()) mForm.Unload(controls::UnloadMode::CloseBox);
     if (mForm.IsLoaded() && event.CanVeto()) event.Veto();
@@ -229,10 +237,10 @@ void FormWindow::OnClose(wxCloseEvent& event) {
 
 void FormWindow::OnSize() {
     const wxSize client = GetClientSize();
-    const int notice = FromDIP(NoticeStrip::kHeight);
-    const int inner = std::max(0, client.y - notice);
+    const int line = FromDIP(LowerLine::kHeight);
+    const int inner = std::max(0, client.y - line);
     mSurface->SetSize(0, 0, client.x, inner);
-    mNotice->SetSize(0, inner, client.x, notice);
+    mLine->SetSize(0, inner, client.x, line);
     if (!IsShown()) return;
     const int width = ToTwips(*this, client.x) + controls::Form::kFrameWidth;
     const int height = ToTwips(*this, inner) + controls::Form::kFrameHeight;

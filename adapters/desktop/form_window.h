@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "adapters/desktop/form_keys.h"
+#include "adapters/desktop/lower_line.h"
 #include "adapters/desktop/surface.h"
 #include "adapters/desktop/view.h"
 #include "adapters/desktop/view_host.h"
@@ -50,6 +51,7 @@ private:
     bool OpenDropDown();
     void ScheduleSync();
     void SyncFrame();
+    void SyncLine();
     void OnClose(wxCloseEvent& event);
     void OnSize();
 
@@ -57,7 +59,7 @@ private:
     controls::Form& mForm;
     FormKeys mKeys;
     Surface* mSurface;
-    NoticeStrip* mNotice;
+    LowerLine* mLine;
     std::vector<std::unique_ptr<View>> mViews;
     const controls::Control* mFocused = nullptr;
     wxSize mFormSize;  // the form's outer size, place and least size last seen, in twips

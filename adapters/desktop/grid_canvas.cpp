@@ -114,16 +114,20 @@ void GridCanvas::OnMotion(wxMouseEvent& event) {
     FollowWithTip(metrics.CellAt(event.GetPosition()));
 }
 
-void GridCanvas::FollowWithTip(GridMetrics::Cell cell) {
-    wxString tip;
-    if (cell.row >= 0 && cell.col >= 0) {
-        wxClientDC dc(this);
-        dc.SetFont(UiFont());
-        const wxRect room = Metrics().TextRoom(cell.row, cell.col);
-        if (!FitCellText(dc, mGrid, cell.row, cell.col, room.width).whole) {
-            tip = Text(mGrid.Text(cell.row, cell.col));
-        }
+std::string GridCanvas::CutText(GridMetrics::Cell cell) {
+    if (cell.row < 0 || cell.col < 0 || cell.row >= mGrid.Rows() || cell.col >= mGrid.Cols()) {
+        return {};
     }
+    wxClientDC dc(this);
+    dc.SetFont(UiFont());
+    const wxRect room = Metrics().TextRoom(cell.row, cell.col);
+    const bool cut =
+        !room.IsEmpty() && !FitCellText(dc, mGrid, cell.row, cell.col, room.width).whole;
+    return cut ? mGrid.Text(cell.row, cell.col) : std::string();
+}
+
+void GridCanvas::FollowWithTip(GridMetrics::Cell cell) {
+    const wxString tip = Text(CutText(cell));
     if (tip == mTip) return;
     mTip = tip;
     if (tip.empty()) {

@@ -19,6 +19,9 @@ public:
 
     GridMetrics Metrics() const { return GridMetrics(mGrid, *this); }
 
+    // The whole text of a cell that shows it in part; empty otherwise.
+    std::string CutText(GridMetrics::Cell cell);
+
 private:
     void OnPaint();
     void OnLeftDown(wxMouseEvent& event);

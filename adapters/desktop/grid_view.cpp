@@ -129,6 +129,11 @@ void GridView::TypeCharacter(char32_t character) {
     mEditor->Type(character);
 }
 
+std::string GridView::CutText() {
+    if (mGrid.IsEditing() || mGrid.Row() < mGrid.FixedRows()) return {};
+    return mCanvas->CutText({mGrid.Row(), mGrid.Col()});
+}
+
 bool GridView::OpenDropDown() {
     const int row = mGrid.Row();
     if (row < mGrid.FixedRows()) return false;

@@ -27,6 +27,7 @@ public:
     bool TakeKey(const KeyStroke& stroke) override;
     bool TakeCharacter(char32_t character) override;
     void TypeCharacter(char32_t character) override;
+    std::string CutText() override;
 
     // Opens what the current cell offers: its list, its reference list, or the button that lies
     // over it. False when it offers nothing.

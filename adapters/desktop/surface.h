@@ -25,18 +25,4 @@ private:
     std::uint64_t mDrawn = 0;
 };
 
-// NoticeStrip: the form's notice line, at the window's lower edge below the surface.
-class NoticeStrip : public wxWindow {
-public:
-    static constexpr int kHeight = 22;  // pixels at 100 % scaling
-
-    explicit NoticeStrip(wxWindow& parent);
-    void SetNotice(const wxString& notice);
-
-private:
-    void Paint();
-
-    wxString mNotice;
-};
-
 }  // namespace kelvane::desktop

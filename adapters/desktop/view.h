@@ -5,6 +5,7 @@
 #include <wx/window.h>
 
 #include <cstdint>
+#include <string>
 
 #include "adapters/desktop/key_stroke.h"
 #include "adapters/desktop/look.h"
@@ -39,6 +40,9 @@ public:
     virtual bool TakeKey(const KeyStroke& /*stroke*/) { return false; }
     // The same for a character; false leaves it to the native field.
     virtual bool TakeCharacter(char32_t /*character*/) { return false; }
+    // The whole text of the place where the keyboard is, where it is shown in part; empty
+    // otherwise.
+    virtual std::string CutText() { return {}; }
     // Types a character that no keyboard sent.
     virtual void TypeCharacter(char32_t /*character*/) {}
 

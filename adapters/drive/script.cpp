@@ -37,7 +37,7 @@ constexpr std::array kSyntaxes{
     Syntax{"resize", Verb::Resize, 2, 2, false, "resize C TWIPS"},
     Syntax{"close", Verb::Close, 0, 0, false, "close"},
     Syntax{"skip", Verb::Skip, 1, 1, false, "skip sql"},
-    Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|page|sql"},
+    Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|line|page|sql"},
 };
 
 constexpr std::string_view kBlanks = " \t";

@@ -161,6 +161,8 @@ void Print(const Arguments& arguments, Form& form, const CommandSurroundings& ar
         PrintToolbar(form, around.transcript);
     } else if (arguments[0] == "page") {
         PrintPage(form, around.transcript);
+    } else if (arguments[0] == "line") {
+        PrintLine(form, around.transcript);
     } else if (arguments[0] == "window") {
         PrintWindow(form, around.transcript);
     } else {

@@ -132,6 +132,11 @@ void PrintPage(const Form& form, Transcript& transcript) {
     endLine();
 }
 
+void PrintLine(const Form& form, Transcript& transcript) {
+    transcript.Line("hint \"" + form.Hint() + "\"");
+    transcript.Line("figures \"" + form.Figures() + "\"");
+}
+
 void PrintWindow(const Form& form, Transcript& transcript) {
     transcript.Line("window " + form.Name());
     transcript.Line("caption \"" + form.Caption() + "\"");

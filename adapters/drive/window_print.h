@@ -19,6 +19,9 @@ void PrintToolbar(const controls::Form& form, Transcript& transcript);
 // cell being edited.
 void PrintWindow(const controls::Form& form, Transcript& transcript);
 
+// What the lower line says besides the notice.
+void PrintLine(const controls::Form& form, Transcript& transcript);
+
 // What stands on the page that the window's page view shows: one line for the texts that stand side
 // by side, joined by "|". Throws ScriptError when the window shows no page.
 void PrintPage(const controls::Form& form, Transcript& transcript);

@@ -21,6 +21,7 @@
 #include "platform/database.h"
 #include "platform/printing.h"
 #include "platform/statement_text.h"
+#include "ui/common/figures.h"
 #include "ui/common/picked_cells.h"
 #include "ui/common/print_setup.h"
 #include "ui/common/printed_grid.h"
@@ -94,6 +95,7 @@ public:
     void ExportDetails();
 
 protected:
+    std::string Figures() const override { return FiguresOf(Grid1); }
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Resize() override;

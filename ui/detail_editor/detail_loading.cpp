@@ -173,6 +173,7 @@ void frmQCEdit::LoadDetailGrid() {
                          {InputKind::Number, kNumberLength, data::gNumPointPrice, true});
     Grid1.SetColumnInput(QuantityColumn(),
                          {InputKind::Number, kNumberLength, data::gNumPointQty, true});
+    Grid1.SumColumn(AmountColumn());
     for (int row = 1; row <= Grid1.Rows(); ++row) ShadeRow(row);
     Grid1.SetFixedCols(0);
     if (Grid1.Rows() > 1) Grid1.SetFixedRows(1);

@@ -159,6 +159,7 @@ void LayOutEntryGrid(Grid& grid) {
         grid.SetColumnReference(column.col, column.reference);
         grid.SetColumnList(column.col, column.list);
     }
+    grid.SumColumn(kAmountColumn);
     grid.SetText(0, kItemNameColumn, itemNameCaption);
     const int keywords = data::gItemKeyCount;
     if (keywords > 0) grid.SetColumnWidth(kKey1Column, kKeywordWidth);

@@ -120,6 +120,10 @@ public:
     // Whether the operator may change a cell's text by hand (cell_guards.cpp).
     bool GridPeriodItem_TextMayChange(int row, int col) const;
 
+    // What the lower line says (entry_hints.cpp).
+    std::string Hint() const override;
+    std::string Figures() const override;
+
     // Commands (commands.cpp).
     void Toolbar1_ButtonClick(controls::ToolbarButton& button) override;
     void cmdRef_Click();

@@ -1,0 +1,28 @@
+// LowerLine: the line at a form's lower edge, below the surface: at its left the form's notice or,
+// while there is none, its hint; at its right the form's figures.
+#pragma once
+
+#include <wx/dc.h>
+#include <wx/window.h>
+
+namespace kelvane::desktop {
+
+class LowerLine : public wxWindow {
+public:
+    static constexpr int kHeight = 22;  // pixels at 100 % scaling
+
+    explicit LowerLine(wxWindow& parent);
+    void Show(const wxString& notice, const wxString& hint, const wxString& figures);
+    using wxWindow::Show;
+
+private:
+    void Paint();
+    // Where the left text may begin and must end.
+    void PaintLeft(wxDC& dc, int end);
+
+    wxString mNotice;
+    wxString mHint;
+    wxString mFigures;
+};
+
+}  // namespace kelvane::desktop

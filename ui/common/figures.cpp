@@ -1,0 +1,29 @@
+#include "ui/common/figures.h"
+
+#include "data/number_format.h"
+
+namespace kelvane::ui {
+
+namespace {
+
+std::string SumText(const controls::ColumnSum& sum) {
+    const auto total = sum.Total();
+    if (!total) return "合计超出范围";
+    std::string text =
+        "合计 " + data::NumFormatText(platform::Value(*total), data::kMoneyKind, true);
+    if (sum.Unread() > 0) text += "（" + std::to_string(sum.Unread()) + " 行不是金额）";
+    return text;
+}
+
+}  // namespace
+
+std::string FiguresOf(const controls::Grid& grid) {
+    const int rows = grid.Rows() - grid.FixedRows();
+    std::string place = "共 " + std::to_string(rows) + " 行";
+    if (grid.Row() >= grid.FixedRows()) {
+        place = "第 " + std::to_string(grid.Row() - grid.FixedRows() + 1) + " 行，" + place;
+    }
+    return place + "   " + SumText(grid.Sum());
+}
+
+}  // namespace kelvane::ui

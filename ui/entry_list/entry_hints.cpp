@@ -1,0 +1,21 @@
+// What the lower line of the list says of the current place.
+#include "ui/common/figures.h"
+#include "ui/entry_list/entry_list.h"
+
+namespace kelvane::ui {
+
+// Where keys are silent by rule it says what to press.
+std::string frmPeriodItem::Hint() const {
+    const int row = GridPeriodItem.Row();
+    if (row < GridPeriodItem.FixedRows() || GridPeriodItem.ReadOnly()) return {};
+    const int col = GridPeriodItem.Col();
+    if (GridPeriodItem_TextMayChange(row, col)) return {};
+    return col == kItemColumn ? "项目从参照中选择：按 F2 或空格键。"
+                              : "金额由明细合计：按 Ctrl+Enter 打开明细。";
+}
+
+std::string frmPeriodItem::Figures() const {
+    return FiguresOf(GridPeriodItem);
+}
+
+}  // namespace kelvane::ui

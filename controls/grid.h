@@ -171,6 +171,11 @@ public:
     int SelectionEnd() const { return mSelectionEnd; }
     void SetSelectionEnd(int col) { Assign(mSelectionEnd, col); }
 
+    // The row that a question is about stands out as long as it is asked; 0: none. Its number moves
+    // with the row, and is 0 when the row is removed.
+    int MarkedRow() const { return mMarkedRow; }
+    void MarkRow(int row) { Assign(mMarkedRow, row); }
+
     // What the scroll bars at the grid's lower and right edge take of its size, in twips. Their
     // room is kept whether or not there is anything to scroll.
     static constexpr int kScrollBar = 255;
@@ -321,6 +326,7 @@ private:
     int mRow = 0;
     int mCol = 0;
     int mSelectionEnd = 0;
+    int mMarkedRow = 0;
     int mTopRow = 1;
     int mLeftCol = 1;
     bool mEditing = false;

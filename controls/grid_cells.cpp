@@ -135,6 +135,8 @@ void Grid::EraseRow(int row) {
     if (current && mEditing) CloseEdit();
     if (IsSummed(row, mSummedColumn)) mSum.Take(CellIn(RowAt(row).cells, mSummedColumn));
     mRows.erase(mRows.begin() + row);
+    if (row == mMarkedRow) mMarkedRow = 0;
+    if (row < mMarkedRow) --mMarkedRow;
     if (row < mRow || mRow >= Rows()) mRow = std::max(0, mRow - 1);
     if (mRow < mFixedRows) mRow = 0;
     if (mTopRow >= Rows()) mTopRow = std::max(mFixedRows, Rows() - 1);

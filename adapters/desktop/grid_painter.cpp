@@ -13,6 +13,9 @@ using controls::Alignment;
 using controls::Grid;
 
 constexpr int kDotSize = 2;
+// How much of their colour the rows that stand out have.
+constexpr int kCurrentPercent = 15;
+constexpr int kMarkedPercent = 45;
 
 class Painter {
 public:
@@ -52,6 +55,10 @@ private:
         const controls::Color color = mGrid.CellColor(row.index, column.index);
         if (IsSelected(row.index, column.index)) {
             Fill(cell, look::kSelected);
+        } else if (row.index >= mGrid.FixedRows() && row.index == mGrid.MarkedRow()) {
+            Fill(cell, Mixed(ToColour(color), look::kMarkedRow, kMarkedPercent));
+        } else if (row.index >= mGrid.FixedRows() && row.index == mGrid.Row()) {
+            Fill(cell, Mixed(ToColour(color), look::kCurrentRow, kCurrentPercent));
         } else if (fixed || color != mGrid.BackColor()) {
             Fill(cell, ToColour(color));
         }

@@ -40,6 +40,14 @@ wxColour ToColour(controls::Color color) {
     return wxColour(static_cast<unsigned long>(color));
 }
 
+wxColour Mixed(const wxColour& colour, const wxColour& other, int percent) {
+    const auto mix = [percent](int own, int added) {
+        return static_cast<unsigned char>((own * (100 - percent) + added * percent) / 100);
+    };
+    return {mix(colour.Red(), other.Red()), mix(colour.Green(), other.Green()),
+            mix(colour.Blue(), other.Blue())};
+}
+
 int ToPixels(const wxWindow& window, int twips) {
     return static_cast<int>(std::lround(twips * PixelsPerTwip(window)));
 }

@@ -21,6 +21,8 @@ wxString Text(const std::string& utf8);
 std::string Utf8(const wxString& text);
 
 wxColour ToColour(controls::Color color);
+// `colour` with `percent` of `other` in it.
+wxColour Mixed(const wxColour& colour, const wxColour& other, int percent);
 
 // `twips` in the pixels of `window`, and back. Edges are converted, not sizes, so that neighbours
 // meet without a gap.
@@ -40,6 +42,9 @@ inline const wxColour kGridLine{205, 200, 199};
 inline const wxColour kFixedLine{190, 180, 179};
 inline const wxColour kCurrent{28, 98, 170};
 inline const wxColour kSelected{205, 226, 247};
+// The current row and a row that a question is about: mixed with the colours of their cells.
+inline const wxColour kCurrentRow{150, 195, 240};
+inline const wxColour kMarkedRow{255, 150, 130};
 inline const wxColour kEdge{176, 180, 186};
 inline const wxColour kHover{218, 233, 248};
 inline const wxColour kPressed{186, 212, 238};

@@ -4,8 +4,16 @@
 
 namespace kelvane::ui {
 
-// Where keys are silent by rule it says what to press.
+// The entry of a row that a question is about, and where keys are silent by rule what to press.
 std::string frmPeriodItem::Hint() const {
+    if (const int marked = GridPeriodItem.MarkedRow(); marked > 0) {
+        std::string entry = "将删除：";
+        for (const int col : {kDateColumn, kCenterColumn, kItemColumn, kItemNameColumn,
+                              kElementColumn, kDigestColumn, kAmountColumn}) {
+            entry += (col == kDateColumn ? "" : " ") + CellText(marked, col);
+        }
+        return entry;
+    }
     const int row = GridPeriodItem.Row();
     if (row < GridPeriodItem.FixedRows() || GridPeriodItem.ReadOnly()) return {};
     const int col = GridPeriodItem.Col();

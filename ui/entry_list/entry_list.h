@@ -165,7 +165,7 @@ private:
     void WireGrid();
     void ResetToDesign();
     void AllowEntry(bool allowed);
-    static bool AskDelete();
+    bool AskDelete(int row);
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
 
     entries::EntryTexts TextsOf(int row) const;

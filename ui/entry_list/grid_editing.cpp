@@ -244,7 +244,7 @@ void frmPeriodItem::GridPeriodItem_ViewChange() {
 // A row that was never saved can be given up; a saved one is deleted by its command alone.
 void frmPeriodItem::GridPeriodItem_AbandonRow(int row) {
     if (GridPeriodItem.RowData(row) != 0) return;
-    if (!AskDelete()) return;
+    if (!AskDelete(row)) return;
     mWaiting.Forget();
     GridPeriodItem.RemoveItem(row);
     mFailureNotice.GivenUp(Work::Save);

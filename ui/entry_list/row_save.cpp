@@ -5,6 +5,7 @@
 #include "data/messages.h"
 #include "ui/common/entry_number.h"
 #include "ui/common/findings.h"
+#include "ui/common/marked_row_scope.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -65,7 +66,8 @@ bool frmPeriodItem::CheckRowDeletable(int row) {
     return !settled;
 }
 
-bool frmPeriodItem::AskDelete() {
+bool frmPeriodItem::AskDelete(int row) {
+    const MarkedRowScope marked(GridPeriodItem, row);
     return data::AskQuestion("是否删除当前行？", "删除确认", platform::MessageIcon::None,
                              platform::MessageAnswer::No);
 }
@@ -74,7 +76,7 @@ void frmPeriodItem::DeleteRow() {
     try {
         const int row = GridPeriodItem.Row();
         SelectRow(row);
-        if (!AskDelete()) return;
+        if (!AskDelete(row)) return;
 
         mStore.Delete(GridPeriodItem.RowData(row));
 

@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "adapters/reference/column_fit.h"
 #include "platform/blanks.h"
 
 namespace kelvane::reference {
@@ -100,15 +101,17 @@ void ReferenceWindow::Form_Load() {
     GridReference.SetCols(mRows.Columns());
     GridReference.SetLeftCol(0);
     GridReference.SetReadOnly(true);
+    constexpr int kBeside = controls::Grid::kScrollBar + 2 * kMargin + kFrameWidth;
+    const std::vector<int> widths =
+        FitColumns(mRows, mLayout.titles, mLayout.widths, mWindows.ScreenWidth() - kBeside);
     for (int column = 0; column < mRows.Columns(); ++column) {
-        GridReference.SetColumnWidth(column, mLayout.widths[static_cast<std::size_t>(column)]);
+        GridReference.SetColumnWidth(column, widths[static_cast<std::size_t>(column)]);
         GridReference.SetFixedRowAlignment(column, Alignment::Center);
         if (mRows.IsNumeric(column)) GridReference.SetColumnAlignment(column, Alignment::Right);
     }
     ShowTitles();
 
-    const int columns = std::accumulate(mLayout.widths.begin(), mLayout.widths.end(), 0);
-    const int wanted = columns + controls::Grid::kScrollBar + 2 * kMargin + kFrameWidth;
+    const int wanted = std::accumulate(widths.begin(), widths.end(), kBeside);
     const int width = std::min(std::max(wanted, kNarrowest), mWindows.ScreenWidth());
     const int height = std::min(kUsualHeight, mWindows.ScreenHeight());
     SetMinSize(kNarrowest, kLowest);

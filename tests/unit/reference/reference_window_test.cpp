@@ -116,6 +116,16 @@ TEST(ReferenceWindow, TakesTheWidthsItIsGiven) {
     EXPECT_EQ(list.grid.ColumnAlignment(2), controls::Alignment::Right);
 }
 
+TEST(ReferenceWindow, AColumnIsWideEnoughForItsTexts) {
+    Rows rows = Centers();
+    rows.push_back(TextRow({"D05", "滨江花园二期住宅楼工程地下车库防水分包", "1"}));
+    OpenList list(std::move(rows), {1000, 1000, 1000});
+    EXPECT_EQ(list.grid.ColumnWidth(0), 1000);
+    EXPECT_GE(list.grid.ColumnWidth(1), 19 * 200);
+    EXPECT_GE(list.grid.ViewWidth(),
+              list.grid.ColumnWidth(0) + list.grid.ColumnWidth(1) + list.grid.ColumnWidth(2));
+}
+
 TEST(ReferenceWindow, StaysOnTheScreenHoweverWideItsColumnsAre) {
     const support::RecordingWindows screen;
     OpenList list(Centers(), {20000, 20000, 20000});

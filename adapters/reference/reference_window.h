@@ -30,7 +30,7 @@ struct ListLayout {
     std::vector<std::string> titles;
     std::vector<int> widths;
     // The list opens on the first row with this text.
-    std::string present;
+    std::string present = {};
 };
 
 class ReferenceWindow : public controls::Form, public controls::PickWindow {

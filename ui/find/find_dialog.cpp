@@ -83,8 +83,6 @@ void frmFind::Form_Load() {
     const int keywords = data::gItemKeyCount;
     const bool first = keywords == 1 || keywords == 2;
     Label2.SetCaption(first ? data::gItemKeyField1 : "关键字一");
-    Label3.SetVisible(keywords != 1);
-    ComKey2.SetVisible(keywords != 1);
     Label3.SetCaption(keywords == 2 ? data::gItemKeyField2 : "关键字二");
     ComdRef.SetPicture(kPictureReference);
     ComdRef.SetEnabled(static_cast<bool>(data::gServices->createReferenceList));

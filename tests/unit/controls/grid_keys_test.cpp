@@ -236,8 +236,8 @@ TEST_F(GridTest, KeysWithAltAreNotTheGrids) {
 
 TEST_F(GridTest, AnInputMethodsDigitsAndSignsAreTakenInTheirPlainForms) {
     At(1, 4);
-    for (const char32_t character : U"－１，２３４。５０") {
-        if (character != 0) EXPECT_TRUE(grid.KeyPress(character));
+    for (const char32_t character : std::u32string_view(U"－１，２３４。５０")) {
+        EXPECT_TRUE(grid.KeyPress(character));
     }
     EXPECT_EQ(grid.EditText(), "-1,234.50");
     grid.CancelEdit();

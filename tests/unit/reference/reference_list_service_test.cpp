@@ -156,14 +156,14 @@ TEST_F(ReferenceListServiceTest, TitlesAndWidthsThatDoNotFitTheQuery) {
     const std::vector<
         std::tuple<std::string, std::string, std::vector<std::string>, std::vector<int>>>
         cases{{"项目编码,", "2500,3000", {"项目编码", ""}, {2500, 3000}},
-              {"a,b,c", "100,200,300", {"a", "b"}, {100, 200}},
+              {"a,b,c", "1100,1200,300", {"a", "b"}, {1100, 1200}},
               {"a", "2500,3000", {"a"}, {2500}},
               {"", "", {""}, {2000}},
               {"a,b", "", {"a", "b"}, {2000, 2000}},
-              {"a,b", "50,x", {"a", "b"}, {50, 2000}},
+              {"a,b", "1150,x", {"a", "b"}, {1150, 2000}},
               {"a,b", "-5,70", {"a", "b"}, {2000, 2000}},
               {"a,b", "99999999999,7", {"a", "b"}, {2000, 2000}},
-              {"a,b", "999999,7", {"a", "b"}, {20000, 7}}};
+              {"a,b", "999999,1107", {"a", "b"}, {20000, 1107}}};
     for (const auto& [titles, widths, shownTitles, shownWidths] : cases) {
         Next(std::nullopt);
         EXPECT_EQ(service.ListByStatement(login, statement, titles, widths, {}), nullptr);

@@ -88,7 +88,25 @@ bool Form::Unload(UnloadMode mode) {
     return !cancel;
 }
 
+bool Form::Run(const WindowAction& action) {
+    bool possible = false;
+    RunEvent("Action", [&] {
+        possible = action.IsPossible();
+        if (possible) action.run();
+    });
+    return possible;
+}
+
 bool Form::OfferKeyDown(platform::Key& key, int shift) {
+    for (const WindowAction& action : mActions) {
+        const platform::KeyStroke& stroke = action.stroke;
+        if (stroke.key == platform::Key::None || stroke.key != key || stroke.shift != shift) {
+            continue;
+        }
+        if (!Run(action)) continue;
+        key = platform::Key::None;
+        return true;
+    }
     RunEvent("Form_KeyDown", [&] { Form_KeyDown(key, shift); });
     return key == platform::Key::None;
 }

@@ -5,18 +5,21 @@
 // Form_QueryUnload, runs Form_Unload and marks the form unloaded; the view then takes it down and
 // its modal call returns. An unloaded form can be loaded again; its public members survive.
 //
-// Keys: KeyDown, KeyPress and KeyUp reach the form's handler first. What the handler sets to
-// Key::None or to 0 is consumed; the rest goes to the active control.
+// Keys: a key that stands for an action that is possible runs it. Otherwise KeyDown, KeyPress and
+// KeyUp reach the form's handler first. What the handler sets to Key::None or to 0 is consumed; the
+// rest goes to the active control.
 //
 // An exception that leaves a handler is reported to Trapped() and goes no further.
 #pragma once
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/control.h"
 #include "controls/pick_window.h"
+#include "controls/window_action.h"
 #include "platform/keys.h"
 #include "platform/windows.h"
 
@@ -79,6 +82,13 @@ public:
     Control* ActiveControl() const { return mActive; }
     void SetFocus(Control& control);
 
+    // What the operator can do here beside the controls, in the order in which the context menu and
+    // the page of keys show it.
+    const std::vector<WindowAction>& Actions() const { return mActions; }
+    void AddAction(WindowAction action) { mActions.push_back(std::move(action)); }
+    // Runs `action` when it is possible, as one of this form's events.
+    bool Run(const WindowAction& action);
+
     bool IsLoaded() const { return mLoaded; }
 
     // For the view and for the window's own code. A loaded form has an active control, the first
@@ -94,7 +104,8 @@ public:
     bool KeyPress(char32_t character);
     bool KeyUp(platform::Key key, int shift);
     // The first half of KeyDown and KeyPress, for a view whose own field does the typing: only the
-    // form's handler sees the key and may change it; true when it consumed the key.
+    // actions and the form's handler see the key, which the handler may change; true when one of
+    // them used it.
     bool OfferKeyDown(platform::Key& key, int shift);
     bool OfferKeyPress(char32_t& character);
 
@@ -140,6 +151,7 @@ private:
     bool mLoaded = false;
     bool mUnloading = false;
     std::vector<Control*> mControls;
+    std::vector<WindowAction> mActions;
     Control* mActive = nullptr;
     std::uint64_t mRevision = 1;
 };

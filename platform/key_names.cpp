@@ -15,28 +15,29 @@ struct KeyName {
     Key key;
 };
 
-// In capitals; a key with two names has both in a row.
+// A key with two names has both in a row, the one that is shown first.
 constexpr std::array kKeyNames{
-    KeyName{"BACKSPACE", Key::Backspace},
+    KeyName{"Backspace", Key::Backspace},
     KeyName{"BS", Key::Backspace},
-    KeyName{"TAB", Key::Tab},
-    KeyName{"ENTER", Key::Enter},
-    KeyName{"ESCAPE", Key::Escape},
-    KeyName{"ESC", Key::Escape},
-    KeyName{"SPACE", Key::Space},
-    KeyName{"PAGEUP", Key::PageUp},
-    KeyName{"PGUP", Key::PageUp},
-    KeyName{"PAGEDOWN", Key::PageDown},
-    KeyName{"PGDN", Key::PageDown},
-    KeyName{"END", Key::End},
-    KeyName{"HOME", Key::Home},
-    KeyName{"LEFT", Key::Left},
-    KeyName{"UP", Key::Up},
-    KeyName{"RIGHT", Key::Right},
-    KeyName{"DOWN", Key::Down},
-    KeyName{"INSERT", Key::Insert},
-    KeyName{"DELETE", Key::Delete},
-    KeyName{"DEL", Key::Delete},
+    KeyName{"Tab", Key::Tab},
+    KeyName{"Enter", Key::Enter},
+    KeyName{"Esc", Key::Escape},
+    KeyName{"Escape", Key::Escape},
+    KeyName{"Space", Key::Space},
+    KeyName{"PageUp", Key::PageUp},
+    KeyName{"PgUp", Key::PageUp},
+    KeyName{"PageDown", Key::PageDown},
+    KeyName{"PgDn", Key::PageDown},
+    KeyName{"End", Key::End},
+    KeyName{"Home", Key::Home},
+    KeyName{"Left", Key::Left},
+    KeyName{"Up", Key::Up},
+    KeyName{"Right", Key::Right},
+    KeyName{"Down", Key::Down},
+    KeyName{"Insert", Key::Insert},
+    KeyName{"Delete", Key::Delete},
+    KeyName{"Del", Key::Delete},
+    KeyName{"Menu", Key::Menu},
     KeyName{"F1", Key::F1},
     KeyName{"F2", Key::F2},
     KeyName{"F3", Key::F3},
@@ -57,9 +58,9 @@ struct ShiftName {
 };
 
 constexpr std::array kShiftNames{
-    ShiftName{"SHIFT+", kShift},
-    ShiftName{"CTRL+", kCtrl},
-    ShiftName{"ALT+", kAlt},
+    ShiftName{"Ctrl+", kCtrl},
+    ShiftName{"Alt+", kAlt},
+    ShiftName{"Shift+", kShift},
 };
 
 bool IsTyped(const Utf8Character& character) {
@@ -87,13 +88,12 @@ std::vector<KeyStroke> StrokesOf(std::string_view text) {
 }
 
 std::optional<KeyStroke> FindKey(std::string_view name) {
-    const std::string upper = UpperAscii(name);
-    std::string_view rest = upper;
+    std::string_view rest = name;
     int shift = 0;
     for (bool found = true; found;) {
         found = false;
         for (const ShiftName& each : kShiftNames) {
-            if (!rest.starts_with(each.prefix)) continue;
+            if (!EqualIgnoringCase(rest.substr(0, each.prefix.size()), each.prefix)) continue;
             rest.remove_prefix(each.prefix.size());
             shift |= each.bit;
             found = true;
@@ -101,16 +101,31 @@ std::optional<KeyStroke> FindKey(std::string_view name) {
     }
     const bool types = (shift & (kCtrl | kAlt)) == 0;
     for (const KeyName& each : kKeyNames) {
-        if (each.name == rest) {
+        if (EqualIgnoringCase(each.name, rest)) {
             return KeyStroke{each.key, shift, types && each.key == Key::Space ? U' ' : U'\0'};
         }
     }
     // A single character: its key, typing it as it stands in the name.
-    std::string_view character = name.substr(name.size() - rest.size());
-    if (character.empty()) return std::nullopt;
-    const Utf8Character typed = TakeCharacter(character);
-    if (!IsTyped(typed) || !character.empty()) return std::nullopt;
+    if (rest.empty()) return std::nullopt;
+    const Utf8Character typed = TakeCharacter(rest);
+    if (!IsTyped(typed) || !rest.empty()) return std::nullopt;
     return KeyStroke{KeyOfCharacter(typed.value), shift, types ? typed.value : U'\0'};
+}
+
+std::string NameOfKey(const KeyStroke& stroke) {
+    std::string name;
+    for (const ShiftName& each : kShiftNames) {
+        if ((stroke.shift & each.bit) != 0) name += each.prefix;
+    }
+    for (const KeyName& each : kKeyNames) {
+        if (each.key == stroke.key) return name + std::string(each.name);
+    }
+    for (char32_t character = U'!'; character < U'`'; ++character) {
+        if (stroke.key != Key::Other && KeyOfCharacter(character) == stroke.key) {
+            return name + static_cast<char>(character);
+        }
+    }
+    return {};
 }
 
 std::vector<KeyStroke> ParseSentKeys(std::string_view keys) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +20,10 @@ std::vector<KeyStroke> StrokesOf(std::string_view text);
 // "Del", "PageDown" or "PgDn", "a", "7"; with Ctrl or Alt it types nothing. Nothing for an unknown
 // name.
 std::optional<KeyStroke> FindKey(std::string_view name);
+
+// The name of a stroke as menus show it: "Ctrl+Shift+G", "Esc", "Ctrl++"; empty for Key::None and
+// for keys without a name.
+std::string NameOfKey(const KeyStroke& stroke);
 
 // The strokes of a text for Windows::SendKeys: characters for themselves, keys' names in braces. An
 // unknown name between braces sends nothing.

@@ -26,6 +26,7 @@ enum class Key : int {
     I = 73,
     P = 80,
     Z = 90,
+    Menu = 93,
     F1 = 112,
     F2 = 113,
     F3 = 114,
@@ -38,6 +39,9 @@ enum class Key : int {
     F10 = 121,
     F11 = 122,
     F12 = 123,
+    Plus = 187,
+    Minus = 189,
+    Quote = 222,
     Other = 229,  // a key without a number of its own: punctuation, an input method's
 };
 
@@ -58,6 +62,9 @@ constexpr Key KeyOfCharacter(char32_t character) {
     if (character >= U'0' && character <= U'9') return static_cast<Key>(character);
     if (character >= U'A' && character <= U'Z') return static_cast<Key>(character);
     if (character >= U'a' && character <= U'z') return static_cast<Key>(character - U'a' + U'A');
+    if (character == U'+' || character == U'=') return Key::Plus;
+    if (character == U'-' || character == U'_') return Key::Minus;
+    if (character == U'\'') return Key::Quote;
     return Key::Other;
 }
 

@@ -18,6 +18,7 @@ namespace {
 using platform::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 // Notes its events, and does what it is told in them.
 class EventForm : public Form {
@@ -206,6 +207,38 @@ TEST(FormKeys, AFormWithoutAnActiveControlUsesNoKey) {
     form.Load();
     EXPECT_FALSE(form.KeyDown(Key::A, 0));
     EXPECT_FALSE(form.KeyPress(U'A'));
+}
+
+TEST(Form, AKeyRunsTheActionThatIsPossibleBeforeTheFormSeesIt) {
+    EventForm form;
+    std::string ran;
+    bool possible = true;
+    form.AddAction({.stroke = {Key::Z, platform::kCtrl},
+                    .caption = "first",
+                    .possible = [&] { return possible; },
+                    .run = [&] { ran += "1"; }});
+    form.AddAction({.stroke = {Key::Z, platform::kCtrl | platform::kShift},
+                    .caption = "other",
+                    .run = [&] { ran += "2"; }});
+    EXPECT_TRUE(form.KeyDown(Key::Z, platform::kCtrl));
+    EXPECT_EQ(ran, "1");
+    EXPECT_THAT(form.events, IsEmpty());
+    possible = false;
+    EXPECT_FALSE(form.KeyDown(Key::Z, platform::kCtrl));
+    EXPECT_EQ(ran, "1");
+    EXPECT_THAT(form.events, Not(IsEmpty()));
+    EXPECT_TRUE(form.KeyDown(Key::Z, platform::kCtrl | platform::kShift));
+    EXPECT_EQ(ran, "12");
+    EXPECT_EQ(form.Actions().size(), 2U);
+}
+
+TEST(Form, AnActionThatThrowsIsTrapped) {
+    EventForm form;
+    form.AddAction({.stroke = {Key::Z, platform::kCtrl}, .caption = "fails", .run = [] {
+                        throw std::runtime_error("broken");
+                    }});
+    EXPECT_TRUE(form.KeyDown(Key::Z, platform::kCtrl));
+    EXPECT_THAT(form.events, ElementsAre("trapped Action: broken"));
 }
 
 // Notes which control it was handed, and as what.

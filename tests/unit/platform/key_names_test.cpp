@@ -35,11 +35,22 @@ TEST(KeyNames, BothNamesOfAKeyStandForIt) {
     ExpectStroke(FindKey("Backspace"), Key::Backspace, 0, 0);
 }
 
+TEST(KeyNames, ANameIsShownAsItIsFound) {
+    for (const char* name : {"Ctrl+C", "Ctrl+Shift+G", "Esc", "F12", "PageDown", "Ctrl+Home",
+                             "Menu", "Ctrl++", "Ctrl+-", "Ctrl+'", "Ctrl+0", "Alt+Down", "Space"}) {
+        const auto stroke = FindKey(name);
+        ASSERT_TRUE(stroke) << name;
+        EXPECT_EQ(NameOfKey(*stroke), name);
+    }
+    EXPECT_EQ(NameOfKey({}), "");
+    EXPECT_EQ(NameOfKey({.key = Key::Other}), "");
+}
+
 TEST(KeyNames, ShiftStatesStandBeforeTheKey) {
     ExpectStroke(FindKey("Ctrl+P"), Key::P, kCtrl, 0);
     ExpectStroke(FindKey("Ctrl+Shift+P"), Key::P, kCtrl | kShift, 0);
     ExpectStroke(FindKey("shift+ctrl+alt+f4"), Key::F4, kCtrl | kShift | kAlt, 0);
-    ExpectStroke(FindKey("Ctrl++"), Key::Other, kCtrl, 0);
+    ExpectStroke(FindKey("Ctrl++"), Key::Plus, kCtrl, 0);
 }
 
 TEST(KeyNames, WhatIsHeldDecidesWhetherTheKeyTypes) {
@@ -62,7 +73,7 @@ TEST(KeyNames, ATextIsTypedCharacterByCharacter) {
     ExpectStroke(strokes[1], static_cast<Key>('B'), kShift, U'B');
     ExpectStroke(strokes[2], Key::Space, 0, U' ');
     ExpectStroke(strokes[3], static_cast<Key>('1'), 0, U'1');
-    ExpectStroke(strokes[4], Key::Other, 0, U'-');
+    ExpectStroke(strokes[4], Key::Minus, 0, U'-');
     ExpectStroke(strokes[5], Key::Other, 0, U'€');
     ExpectStroke(strokes[6], Key::Other, 0, U'项');
     ExpectStroke(strokes[7], Key::Other, 0, U'\U00020000');

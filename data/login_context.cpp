@@ -3,6 +3,7 @@
 #include "data/setting_date.h"
 #include "data/sql_text.h"
 #include "data/text_conversion.h"
+#include "platform/aside.h"
 
 namespace kelvane::data {
 
@@ -134,7 +135,7 @@ void ReportTrapped(std::string_view place) noexcept {
 
 void ReportTrapped(std::string_view place, std::string_view detail) noexcept {
     if (gServices && gServices->diagnostics) gServices->diagnostics->Trapped(place, detail);
-    if (gTrapListener) gTrapListener(place);
+    if (gTrapListener && !platform::Aside::IsActive()) gTrapListener(place);
 }
 
 }  // namespace kelvane::data

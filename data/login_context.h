@@ -81,7 +81,7 @@ void LoadItemKeyFields();
 void LoadPmStartDate();
 
 // Reports the exception being handled as trapped in `place`, to the diagnostics service and to
-// gTrapListener. For use in a catch block.
+// gTrapListener, unless platform::Aside is active. For use in a catch block.
 void ReportTrapped(std::string_view place) noexcept;
 // The same for an error whose text is known.
 void ReportTrapped(std::string_view place, std::string_view detail) noexcept;

@@ -52,17 +52,22 @@ std::optional<Finding> LineRules::CheckComplete(const LineTexts& line) {
     return std::nullopt;
 }
 
-std::optional<Finding> LineRules::CheckBudget(const LineTexts& line) const {
+std::optional<LineBudget> LineRules::BudgetFor(const std::string& code) const {
     const std::string elementCode = mMasterData.ElementCode(mEntry.elementName);
-    Budget budget;
+    const Budget budget = mMasterData.BudgetOf(mEntry.itemCode, elementCode, code);
+    if (budget.quantity == 0 || !budget.controlled) return std::nullopt;
+    return LineBudget{budget, mMasterData.LinesOfOthers(mEntry, elementCode, code)};
+}
+
+std::optional<Finding> LineRules::CheckBudget(const LineTexts& line) const {
+    std::optional<LineBudget> controlling;
     try {
-        budget = mMasterData.BudgetOf(mEntry.itemCode, elementCode, line.code);
+        controlling = BudgetFor(line.code);
     } catch (const BudgetUnreadable& failure) {
         return Found(Rule::BudgetFailed, failure.what());
     }
-    if (budget.quantity == 0 || !budget.controlled) return std::nullopt;
-
-    const RecordedLines others = mMasterData.LinesOfOthers(mEntry, elementCode, line.code);
+    if (!controlling) return std::nullopt;
+    const auto& [budget, others] = *controlling;
     if (budget.money < others.amount + MoneyOfDisplay(line.amount)) {
         return Found(Rule::LineBudgetAmount);
     }

@@ -13,6 +13,12 @@
 
 namespace kelvane::entries {
 
+// What controls the lines of one code.
+struct LineBudget {
+    Budget budget;
+    RecordedLines others;  // of all entries but the lines' own
+};
+
 class LineRules {
 public:
     // Lines of `kind` that belong to `entry`. Asks `masterData`, whose errors every check passes
@@ -31,6 +37,8 @@ public:
                                          const std::string& ownCode) const;
     // Whether the line has all it needs. Throws as MoneyOfDisplay() does.
     static std::optional<Finding> CheckComplete(const LineTexts& line);
+    // The budget of the lines of `code`; none when nothing controls them. Throws BudgetUnreadable.
+    std::optional<LineBudget> BudgetFor(const std::string& code) const;
     // Whether the line keeps within its budget, the lines of all other entries included.
     std::optional<Finding> CheckBudget(const LineTexts& line) const;
 

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/aside.h"
 #include "platform/connection_wrapper.h"
 #include "platform/host.h"
 
@@ -18,6 +19,7 @@ class StatementLog {
 public:
     // `path`: "gConn" or "gEnv".
     void Add(std::string_view path, const std::string& statement) {
+        if (platform::Aside::IsActive()) return;
         mLines.push_back(std::string(path) + " " + statement);
     }
 

@@ -27,6 +27,7 @@
 #include "ui/common/printed_grid.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
+#include "ui/detail_editor/line_budgets.h"
 
 namespace kelvane::ui {
 
@@ -95,7 +96,7 @@ public:
     void ExportDetails();
 
 protected:
-    std::string Figures() const override { return FiguresOf(Grid1); }
+    std::string Figures() const override;
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Resize() override;
@@ -110,7 +111,7 @@ private:
     static std::span<const Command> Commands();
     void AddButtons();
 
-    entries::LineRules Rules();
+    entries::LineRules Rules() const;
     // Shows what was found, if anything was; true when nothing was.
     static bool Accepts(const std::optional<entries::Finding>& finding);
     bool Fill(entries::LineField by, const std::string& sought, int row);
@@ -139,7 +140,9 @@ private:
     // The entry whose lines are shown.
     entries::BudgetedEntry mEntry;
     std::string mCenterCode;
-    entries::AccountMasterData mMasterData;
+    // Asked for the lower line as well, while nothing of the window changes.
+    mutable entries::AccountMasterData mMasterData;
+    mutable LineBudgets mLineBudgets;
     // Who hears of trapped errors when this window does not.
     std::function<void(std::string_view place)> mOuterTrapListener;
     // Whether the notice line speaks of an export that failed.

@@ -106,6 +106,7 @@ DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {
 
 void frmQCEdit::Form_Load() {
     SetNotice("");
+    mLineBudgets.Forget();
     mExportFailed = false;
     mOuterTrapListener =
         std::exchange(data::gTrapListener, [this](std::string_view place) { TellFailure(place); });

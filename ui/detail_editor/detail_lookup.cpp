@@ -14,7 +14,7 @@ using entries::LineField;
 using entries::LineItem;
 using entries::LineRules;
 
-LineRules frmQCEdit::Rules() {
+LineRules frmQCEdit::Rules() const {
     return {mMasterData,
             bEquipment ? entries::DetailKind::Equipment : entries::DetailKind::Inventory, mEntry};
 }

@@ -137,6 +137,15 @@ void frmQCEdit::Grid1_RowValidate(GridAnswer& answer, int row, int& col) {
     SetNotice("");
 }
 
+// The current line's part stands first: it changes with every cell.
+std::string frmQCEdit::Figures() const {
+    const std::string figures = FiguresOf(Grid1);
+    const int row = Grid1.Row();
+    if (row < 1) return figures;
+    const std::string left = mLineBudgets.LeftFor(Rules(), TextsOf(row));
+    return left.empty() ? figures : left + "   " + figures;
+}
+
 bool frmQCEdit::CheckDetailBudget(int row) {
     return Accepts(Rules().CheckBudget(TextsOf(row)));
 }

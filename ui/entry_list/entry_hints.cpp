@@ -15,11 +15,15 @@ std::string frmPeriodItem::Hint() const {
         return entry;
     }
     const int row = GridPeriodItem.Row();
-    if (row < GridPeriodItem.FixedRows() || GridPeriodItem.ReadOnly()) return {};
+    if (row < GridPeriodItem.FixedRows()) return {};
     const int col = GridPeriodItem.Col();
-    if (GridPeriodItem_TextMayChange(row, col)) return {};
-    return col == kItemColumn ? "项目从参照中选择：按 F2 或空格键。"
-                              : "金额由明细合计：按 Ctrl+Enter 打开明细。";
+    std::string name;
+    if (col == kCenterColumn) name = mCenterNames.NameOf(CellText(row, col));
+    if (col == kItemColumn) name = CellText(row, kItemNameColumn);
+    if (GridPeriodItem.ReadOnly() || GridPeriodItem_TextMayChange(row, col)) return name;
+    if (!name.empty()) name += "    ";
+    return name + (col == kItemColumn ? "项目从参照中选择：按 F2 或空格键。"
+                                      : "金额由明细合计：按 Ctrl+Enter 打开明细。");
 }
 
 std::string frmPeriodItem::Figures() const {

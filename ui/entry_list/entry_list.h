@@ -25,6 +25,7 @@
 #include "ui/common/printed_grid.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
+#include "ui/entry_list/center_names.h"
 #include "ui/entry_list/element_details.h"
 #include "ui/entry_list/failure_notice.h"
 
@@ -193,6 +194,8 @@ private:
 
     FailureNotice mFailureNotice;
     ElementDetails mElementDetails;
+    // Filled while the lower line is asked for.
+    mutable CenterNames mCenterNames;
     entries::AccountMasterData mMasterData;
     entries::EntryRules mRules{mMasterData};
     entries::EntryStore mStore;

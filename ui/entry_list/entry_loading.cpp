@@ -55,6 +55,7 @@ void frmPeriodItem::ResetToDesign() {
 void frmPeriodItem::LoadEntryGrid() {
     try {
         mElementDetails = {};
+        mCenterNames.Forget();
         LayOutEntryGrid(GridPeriodItem);
         entries::EntryStore::ReSum(gEnv->DataAccess());
         FillEntryGrid(GridPeriodItem, mElementDetails);

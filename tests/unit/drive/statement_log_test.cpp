@@ -107,5 +107,18 @@ TEST(StatementLog, EverythingElseGoesStraightToTheConnection) {
     EXPECT_THAT(log.Take(), IsEmpty());
 }
 
+TEST(StatementLog, WhatIsReadAsideIsLeftOut) {
+    StatementLog log;
+    const auto inner = std::make_shared<RememberingConnection>();
+    RecordingConnection connection(inner, log);
+    {
+        const platform::Aside aside;
+        connection.OpenRecordSet(StatementText("select 1"));
+    }
+    connection.OpenRecordSet(StatementText("select 2"));
+    EXPECT_THAT(log.Take(), ElementsAre("gConn select 2"));
+    EXPECT_EQ(inner->calls.size(), 2U);
+}
+
 }  // namespace
 }  // namespace kelvane::drive

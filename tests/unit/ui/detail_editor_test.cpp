@@ -372,6 +372,28 @@ TEST_F(DetailEditorTest, WhatOtherEntriesTookBackLeavesMoreOfTheBudget) {
     });
 }
 
+TEST_F(DetailEditorTest, ABudgetThatCannotBeReadIsNotOnTheLowerLineAndNobodyIsTold) {
+    Run("insert into pm_BudgetVer values (1, 1)");
+    Run("insert into pm_budgetsub values (1, 'P02', 'E02', 'M01', 1, 500, 40)");
+    InEditor([this](frmQCEdit& editor) {
+        const auto figures = [](const controls::Form& form) { return form.Figures(); };
+        editor.Grid1.MoveTo(1, 0);
+        log.failing = "pm_budgetsub";
+        EXPECT_EQ(figures(editor), "第 1 行，共 2 行   合计 350.00");
+        EXPECT_EQ(editor.Notice(), "");
+        log.failing.clear();
+        // What could not be read is not asked for again with every key.
+        log.statements.clear();
+        EXPECT_EQ(figures(editor), "第 1 行，共 2 行   合计 350.00");
+        EXPECT_THAT(log.Lines(), IsEmpty());
+    });
+    InEditor([](frmQCEdit& editor) {
+        editor.Grid1.MoveTo(1, 0);
+        const controls::Form& form = editor;
+        EXPECT_EQ(form.Figures(), "预算余额 300.00，数量 20.00   第 1 行，共 2 行   合计 350.00");
+    });
+}
+
 TEST_F(DetailEditorTest, KeptLinesComeBeforeTheAccounts) {
     Form().mWaiting.texts = {"M03\t砂\t中砂\t\t20.00\t1.00\t20.00"};
     log.statements.clear();

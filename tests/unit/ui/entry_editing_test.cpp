@@ -470,5 +470,26 @@ TEST_F(EntryEditingTest, ACheckThatFailsIsRefusedWithoutAMessage) {
     EXPECT_THAT(log.Lines(), ElementsAre("gConn: select * from PM_DutyCenter"));
 }
 
+TEST_F(EntryEditingTest, TheLowerLineNamesTheCentreAndReadsTheNamesOnce) {
+    const controls::Form& form = Open();
+    Go(1, kCenterColumn);
+    EXPECT_EQ(form.Hint(), "工程一部");
+    EXPECT_THAT(log.Lines(),
+                testing::Contains("gEnv: select cCenterCode,cCenterName from PM_DutyCenter"));
+    log.statements.clear();
+    Type("D02");
+    log.statements.clear();
+    EXPECT_EQ(form.Hint(), "工程二部");
+    EXPECT_THAT(log.Lines(), testing::IsEmpty());
+}
+
+TEST_F(EntryEditingTest, NamesThatCannotBeReadAreToldToNobody) {
+    const controls::Form& form = Open();
+    log.failing = "cCenterName";
+    Go(1, kCenterColumn);
+    EXPECT_EQ(form.Hint(), "");
+    EXPECT_EQ(form.Notice(), "");
+}
+
 }  // namespace
 }  // namespace kelvane::ui

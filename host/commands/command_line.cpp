@@ -4,66 +4,37 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
-#include <sstream>
+#include <limits>
 
 #include "host/account/item_class.h"
+#include "host/commands/account_argument.h"
+#include "host/commands/argument_values.h"
 #include "host/commands/commands.h"
+#include "host/commands/help_text.h"
+#include "host/commands/usage.h"
 #include "host/surroundings/password.h"
+#include "host/surroundings/translation.h"
 #include "platform/connection_string.h"
 
 namespace kelvane::host {
 
 namespace {
 
+constexpr const char* kProgram = "kelvane";
 constexpr int kWrongUsage = 2;
-constexpr int kMaxTimeout = 3600;
+constexpr int kMaxYear = 9999;
 constexpr std::int64_t kMaxEntries = 10000000;
 
-// The account that a command is for, as its arguments name it.
-struct AccountArgument {
-    std::string file;
-    std::string database;
-    ServerTimeouts timeouts;
-
-    AccountPlace Place() const {
-        return database.empty() ? AccountPlace::File(file)
-                                : AccountPlace::Database(database, timeouts, PasswordFor(database));
-    }
-};
-
-void AddAccount(CLI::App& command, AccountArgument& account) {
-    auto* place = command.add_option_group("Account");
-    place->add_option("ACCOUNT", account.file, "The account's file")
-        ->check(
-            [](const std::string& text) {
-                return platform::HoldsPassword(text)
-                           ? std::string("a database is given with --database")
-                           : std::string();
-            },
-            "", "");
-    auto* database = place->add_option(
-        "--database", account.database,
-        "Instead of a file, the database on a server: an ODBC connection string. A "
-        "password that it lacks is KELVANE_DATABASE_PASSWORD or asked for");
-    place->require_option(1);
-    const auto addTimeout = [&](const char* name, int& seconds, const char* waitedFor) {
-        command.add_option(name, seconds, std::string("Seconds to wait for ") + waitedFor)
-            ->needs(database)
-            ->check(CLI::Range(1, kMaxTimeout))
-            ->capture_default_str();
-    };
-    addTimeout("--connect-timeout", account.timeouts.connect, "the server of --database");
-    addTimeout("--query-timeout", account.timeouts.query, "the answer to a statement");
-    addTimeout("--lock-timeout", account.timeouts.lock, "what another operator holds");
-}
-
-CLI::Validator DateValidator() {
-    return {[](const std::string& text) {
-                platform::DateTime date;
-                return platform::DateTime::Parse(text, date) ? std::string()
-                                                             : text + " is no date (yyyy.mm.dd)";
-            },
-            "DATE"};
+// Who logs in where, as far as a command lets the operator say it.
+void AddLogin(CLI::App& command, LoginRequest& login) {
+    command
+        .add_option("--user", login.user,
+                    Translated("Operator; the account's usual one if not given"))
+        ->type_name("NAME");
+    command
+        .add_option("--year", login.year, Translated("Account year; the usual one if not given"))
+        ->transform(NumberBetween(1, kMaxYear))
+        ->type_name("YEAR");
 }
 
 void AddInit(CLI::App& program, int& status) {
@@ -73,47 +44,46 @@ void AddInit(CLI::App& program, int& status) {
     };
     auto arguments = std::make_shared<Arguments>();
     NewAccount& content = arguments->content;
-    auto* init = program.add_subcommand("init", "Create an account");
+    auto* init = program.add_subcommand("init", Translated("Create an account"));
     AddAccount(*init, arguments->account);
-    init->add_flag("--sample", content.sample, "With a sample construction company");
-    init->add_option("--keywords", content.keyFields,
-                     "Keyword fields of the project item class: 0, 1 or 2")
-        ->check(CLI::Range(0, kMaxKeyFields))
+    auto* sample = init->add_flag("--sample", content.sample,
+                                  Translated("With a sample construction company"));
+    init->add_option("--entries", content.entries,
+                     Translated("Opening entries of the sample company"))
+        ->needs(sample)
+        ->transform(NumberBetween(0, kMaxEntries))
+        ->type_name("NUMBER")
         ->capture_default_str();
-    auto* entries =
-        init->add_option("--entries", content.entries, "Opening entries of the sample company")
-            ->check(CLI::Range(std::int64_t{0}, kMaxEntries))
-            ->capture_default_str();
-    auto* seed =
-        init->add_option("--seed", content.seed, "What the sample company's figures grow from")
-            ->check(CLI::NonNegativeNumber)
-            ->capture_default_str();
-    init->add_flag("--force", content.replaceExisting, "Replace an existing account");
-    init->callback([arguments, entries, seed, &status] {
-        NewAccount& wanted = arguments->content;
-        wanted.sample = wanted.sample || entries->count() != 0;
-        if (seed->count() != 0 && !wanted.sample) {
-            throw CLI::RequiresError("--seed", "--sample or --entries");
-        }
-        status = RunInit(arguments->account.Place(), wanted);
-    });
+    init->add_option("--seed", content.seed,
+                     Translated("What the sample company's figures grow from"))
+        ->needs(sample)
+        ->transform(NumberBetween(0, std::numeric_limits<std::int64_t>::max()))
+        ->type_name("NUMBER")
+        ->capture_default_str();
+    init->add_option("--keywords", content.keyFields,
+                     Translated("Keyword fields of the project item class: 0, 1 or 2"))
+        ->transform(NumberBetween(0, kMaxKeyFields))
+        ->type_name("NUMBER")
+        ->capture_default_str();
+    init->add_flag("--force", content.replaceExisting, Translated("Replace an existing account"));
+    init->callback(
+        [arguments, &status] { status = RunInit(arguments->account.Place(), arguments->content); });
 }
 
 void AddOpen(CLI::App& program, int& status) {
     auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<OpenArguments>();
-    auto* open = program.add_subcommand("open", "Log in and show the entry list");
+    auto* open = program.add_subcommand("open", Translated("Log in and show the entry list"));
     AddAccount(*open, *account);
-    open->add_option("--user", arguments->login.user,
-                     "Operator; the account's usual one if not given");
-    open->add_option("--year", arguments->login.year, "Account year; the usual one if not given");
+    AddLogin(*open, arguments->login);
     open->add_option_function<std::string>(
             "--date",
             [arguments](const std::string& text) {
                 platform::DateTime::Parse(text, arguments->today.emplace());
             },
-            "What counts as today, yyyy.mm.dd; the clock's date if not given")
-        ->check(DateValidator());
+            Translated("What counts as today, yyyy.mm.dd; the clock's date if not given"))
+        ->check(DateText())
+        ->type_name("DATE");
     open->callback([account, arguments, &status] {
         arguments->account = account->Place();
         status = RunOpen(*arguments);
@@ -124,13 +94,15 @@ void AddDrive(CLI::App& program, int& status) {
     auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<DriveArguments>();
     auto* drive = program.add_subcommand(
-        "drive", "Act as the script on standard input says; write what happens to standard output");
+        "drive", Translated("Act as the script on standard input says; write what happens to "
+                            "standard output"));
     AddAccount(*drive, *account);
-    auto* window = drive->add_flag("--window", arguments->window, "On real windows");
+    auto* window = drive->add_flag("--window", arguments->window, Translated("On real windows"));
     drive
         ->add_option("--screenshot", arguments->screenshot,
-                     "At the script's end, save what the window shows to this PNG file")
-        ->needs(window);
+                     Translated("At the script's end, save what the window shows to this PNG file"))
+        ->needs(window)
+        ->type_name("FILE");
     drive->callback([account, arguments, &status] {
         arguments->account = account->Place();
         status = RunDrive(*arguments);
@@ -140,29 +112,46 @@ void AddDrive(CLI::App& program, int& status) {
 void AddExport(CLI::App& program, int& status) {
     auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<ExportArguments>();
-    auto* command = program.add_subcommand("export", "Write the entry list to a file");
+    auto* command = program.add_subcommand("export", Translated("Write the entry list to a file"));
     AddAccount(*command, *account);
     command
-        ->add_option("--to", arguments->file,
-                     "The file; its extension says what it becomes: .xlsx, .csv, .pdf or .xml. An "
-                     "existing one is replaced")
+        ->add_option(
+            "--to", arguments->file,
+            Translated("The file; its extension says what it becomes: .xlsx, .csv, .pdf or "
+                       ".xml. An existing one is replaced"))
+        ->type_name("FILE")
         ->required();
-    command->add_option("--details", arguments->details,
-                        "Instead of the list, the detail lines of the entry with this identity");
-    command->add_option("--user", arguments->login.user,
-                        "Operator; the account's usual one if not given");
+    command
+        ->add_option("--details", arguments->details,
+                     Translated("Instead of the list, the detail lines of the entry with this "
+                                "identity"))
+        ->transform(NumberBetween(1, std::numeric_limits<int>::max()))
+        ->type_name("NUMBER");
+    AddLogin(*command, arguments->login);
     command->callback([account, arguments, &status] {
         arguments->account = account->Place();
         status = RunExport(*arguments);
     });
 }
 
+int Refuse(const WrongUsage& wrong) {
+    const bool isProgram = wrong.command->get_parent() == nullptr;
+    const std::string name = isProgram ? kProgram : kProgram + (' ' + wrong.command->get_name());
+    std::cerr << platform::WithoutPasswords("kelvane: " + wrong.reason) << '\n'
+              << Told("\"%1\" tells more.", {name + " --help"}) << '\n';
+    return kWrongUsage;
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
     TakePasswordVariable();
-    CLI::App program("Opening balances of projects", "kelvane");
-    program.set_version_flag("--version", "kelvane " KELVANE_VERSION);
+    FollowSystemLanguage();
+    CLI::App program(Translated("Opening balances of projects"), kProgram);
+    program.formatter(std::make_shared<HelpText>());
+    program.set_help_flag("-h,--help", Translated("Tell this and end"));
+    program.set_version_flag("--version", "kelvane " KELVANE_VERSION,
+                             Translated("Tell the version and end"));
     program.require_subcommand(1);
     int status = 0;
     AddInit(program, status);
@@ -171,14 +160,15 @@ int RunCommandLine(int argc, char** argv) {
     AddExport(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);
+        const WrongUsage wrong = WrongNames(program, arguments);
+        if (!wrong.reason.empty()) return Refuse(wrong);
         std::ranges::reverse(arguments);  // as parse() takes them
         program.parse(arguments);
         return status;
+    } catch (const CLI::Success& asked) {
+        return program.exit(asked);
     } catch (const CLI::ParseError& stopped) {
-        std::ostringstream said;
-        const int code = program.exit(stopped, std::cout, said);
-        std::cerr << platform::WithoutPasswords(said.str());
-        return code == 0 ? 0 : kWrongUsage;
+        return Refuse(WrongUsageOf(program, stopped));
     } catch (const std::exception& failed) {
         return Fail(failed.what());
     }

@@ -20,7 +20,7 @@ def help_of(program, *command):
 def program_options(program):
     """Command -> its options; "" holds the program's own."""
     text = help_of(program)
-    commands = re.findall(r"^  (\w+) {2,}", text.partition("Subcommands:")[2], re.MULTILINE)
+    commands = re.findall(r"^  (\w+) {2,}", text.partition("Commands:")[2], re.MULTILINE)
     assert commands, text
     options = {"": set(OPTION.findall("\n".join(re.findall(r"^  +(-.*?)(?:  |$)", text,
                                                            re.MULTILINE))))}

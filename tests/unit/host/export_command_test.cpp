@@ -77,6 +77,11 @@ TEST_F(ExportCommandTest, WritesAnEntrysDetailLines) {
     EXPECT_EQ(std::to_string(LinesOf(Content("lines.csv")) - 1), lines);
 }
 
+TEST_F(ExportCommandTest, LogsInToTheYearThatIsNamed) {
+    EXPECT_EQ(Export("list.csv", "--year 2005").output, kWritten);
+    ExpectRefused(Export("list.csv", "--year 1999"), "kelvane: 帐套中没有 1999 年度的会计期间\n");
+}
+
 TEST_F(ExportCommandTest, ReplacesAnExistingFile) {
     WriteText(PathOf("list.csv"), "old");
     EXPECT_EQ(Export("list.csv").status, 0);

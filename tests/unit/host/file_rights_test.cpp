@@ -188,7 +188,7 @@ TEST_F(FileRightsTest, AnExportedFileIsItsOwnersAlone) {
 }
 
 TEST_F(FileRightsTest, WhateverTheProgramExportsIsItsOwnersAlone) {
-    ASSERT_EQ(RunProgram("init --entries 2 " + ShellQuoted(mAccount.string())).status, 0);
+    ASSERT_EQ(RunProgram("init --sample --entries 2 " + ShellQuoted(mAccount.string())).status, 0);
     for (const char* name : {"list.csv", "list.xlsx", "list.pdf", "list.xml"}) {
         const auto result = RunProgram("export " + ShellQuoted(mAccount.string()) + " --to " +
                                            ShellQuoted((mFolder / name).string()),

@@ -1,0 +1,56 @@
+#include "host/commands/account_argument.h"
+
+#include "host/commands/argument_values.h"
+#include "host/surroundings/password.h"
+#include "host/surroundings/translation.h"
+#include "platform/connection_string.h"
+
+namespace kelvane::host {
+
+namespace {
+
+constexpr int kMaxTimeout = 3600;
+
+std::string RefusalOfFile(const std::string& text) {
+    if (!platform::HoldsPassword(text)) return {};
+    return Translated("a database is given with --database");
+}
+
+}  // namespace
+
+AccountPlace AccountArgument::Place() const {
+    return database.empty() ? AccountPlace::File(file)
+                            : AccountPlace::Database(database, timeouts, PasswordFor(database));
+}
+
+void AddAccount(CLI::App& command, AccountArgument& account) {
+    constexpr const char* kGroup = ToTranslate("Account");
+    auto* place = command.add_option_group(kGroup);
+    place->set_help_flag();
+    place->add_option("ACCOUNT", account.file, Translated("The account's file"))
+        ->check(RefusalOfFile, "", "");
+    auto* database =
+        place
+            ->add_option("--database", account.database,
+                         Translated("Instead of a file, the database on a server: an ODBC "
+                                    "connection string. A password that it lacks is "
+                                    "KELVANE_DATABASE_PASSWORD or asked for"))
+            ->type_name("CONNECTION");
+    place->require_option(1);
+    const auto addTimeout = [&](const char* name, int& seconds, const char* description) {
+        command.add_option(name, seconds, Translated(description))
+            ->needs(database)
+            ->transform(NumberBetween(1, kMaxTimeout))
+            ->type_name("SECONDS")
+            ->group(kGroup)
+            ->capture_default_str();
+    };
+    addTimeout("--connect-timeout", account.timeouts.connect,
+               ToTranslate("How long to wait for the server of --database"));
+    addTimeout("--query-timeout", account.timeouts.query,
+               ToTranslate("How long to wait for its answer to a statement"));
+    addTimeout("--lock-timeout", account.timeouts.lock,
+               ToTranslate("How long to wait there for what another operator holds"));
+}
+
+}  // namespace kelvane::host

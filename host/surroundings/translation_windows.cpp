@@ -1,0 +1,13 @@
+// The Windows build has no catalogues: the program speaks English there.
+
+#include "host/surroundings/translation.h"
+
+namespace kelvane::host {
+
+void FollowSystemLanguage() {}
+
+const char* Translated(const char* text) {
+    return text;
+}
+
+}  // namespace kelvane::host

@@ -81,18 +81,6 @@ private:
     HeaderBytes mBytes;
 };
 
-bool IsWriteProtected(const std::string& path) {
-    constexpr fs::perms kWriters =
-        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    std::error_code failure;
-    const fs::perms perms = fs::status(platform::PathOf(path), failure).permissions();
-    if (failure || (perms & kWriters) == fs::perms::none) return true;
-    sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
-    int allowed = 0;
-    return layer->xAccess(layer, path.c_str(), SQLITE_ACCESS_READWRITE, &allowed) != SQLITE_OK ||
-           allowed == 0;
-}
-
 constexpr const char* kNoAccount = "不是账套文件";
 
 }  // namespace
@@ -118,7 +106,18 @@ void RequireAccountFile(const std::string& path) {
     if (!HasLog(path) && fs::file_size(place, failure) < header.LeastSize()) {
         throw AccountError(path, "已损坏：文件不完整");
     }
-    if (IsWriteProtected(path)) throw AccountError(path, "是只读的，不能写入");
+}
+
+bool IsWriteProtected(const std::string& path) {
+    constexpr fs::perms kWriters =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code failure;
+    const fs::perms perms = fs::status(platform::PathOf(path), failure).permissions();
+    if (failure || (perms & kWriters) == fs::perms::none) return true;
+    sqlite3_vfs* layer = sqlite3_vfs_find(nullptr);
+    int allowed = 0;
+    return layer->xAccess(layer, path.c_str(), SQLITE_ACCESS_READWRITE, &allowed) != SQLITE_OK ||
+           allowed == 0;
 }
 
 }  // namespace kelvane::sqlite

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "adapters/database/refusals.h"
+#include "adapters/sqlite/account_copy.h"
 #include "adapters/sqlite/account_file.h"
 #include "adapters/sqlite/companions.h"
 #include "adapters/sqlite/connection_string.h"
@@ -10,7 +11,6 @@
 #include "adapters/sqlite/file_row_writer.h"
 #include "adapters/sqlite/session.h"
 #include "adapters/sqlite/stored_definition.h"
-#include "adapters/sqlite/trial_copy.h"
 
 namespace kelvane::sqlite {
 
@@ -36,6 +36,7 @@ public:
         const ConnectionTarget target = ParseConnectionString(mConnectionString);
         const std::string path = RealPath(target.path);
         RequireAccountFile(path);
+        if (IsWriteProtected(path)) throw AccountError(path, "是只读的，不能写入");
         if (HasUnfinishedChanges(path)) TryOnCopy(path, target.timeout);
         auto session = std::make_shared<Session>(path, target.timeout);
         Prepare(*session);
@@ -120,7 +121,7 @@ private:
 
     // Throws what opening the account would, without changing it.
     void TryOnCopy(const std::string& path, int timeout) {
-        const TrialCopy copy(path);
+        const AccountCopy copy(path);
         try {
             Session session(copy.Path(), timeout);
             Prepare(session);

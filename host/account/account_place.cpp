@@ -43,6 +43,18 @@ AccountPlace AccountPlace::Database(const std::string& connectionString,
     return place;
 }
 
+AccountPlace AccountPlace::ForReading() const {
+    AccountPlace place = *this;
+    if (mOnServer) return place;
+    place.mCopy = sqlite::CopyOfProtected(mName);
+    if (place.mCopy) place.mConnectionString = ConnectionStringOf(place.mCopy->Path());
+    return place;
+}
+
+std::string AccountPlace::AboutAccount(const std::string& text) const {
+    return mCopy ? mCopy->AboutAccount(text) : text;
+}
+
 std::shared_ptr<platform::Connection> AccountPlace::NewConnection() const {
     if (!mOnServer) return host::NewConnection();
     return std::make_shared<odbc::OdbcConnection>(ServerSettings(mTimeouts, mPassword));

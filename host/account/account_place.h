@@ -5,6 +5,7 @@
 #include <string>
 
 #include "adapters/database/secret.h"
+#include "adapters/sqlite/account_copy.h"
 #include "platform/database.h"
 
 namespace kelvane::host {
@@ -25,12 +26,20 @@ public:
                                  const ServerTimeouts& timeouts = {},
                                  database::SharedSecret password = {});
 
+    // The same for who only wants to know what is in it: of a file that cannot be written, or whose
+    // folder cannot, a copy that goes with the last of these places, under the file's name. Throws
+    // platform::DatabaseError.
+    AccountPlace ForReading() const;
+
     bool IsOnServer() const { return mOnServer; }
     // The file's path; of a server, what ServerNameOf() says. Fit to be shown.
     const std::string& Name() const { return mName; }
     // May have been given with a password in it: for the account's own connections alone, never for
     // anything that is shown or written.
     const std::string& ConnectionString() const { return mConnectionString; }
+
+    // An error's text with this account's name in it, whatever file is read in its place.
+    std::string AboutAccount(const std::string& text) const;
 
     // A connection that is not open yet. One to a file refuses a file without the account's tables.
     std::shared_ptr<platform::Connection> NewConnection() const;
@@ -45,6 +54,7 @@ private:
     std::string mConnectionString;
     ServerTimeouts mTimeouts;
     database::SharedSecret mPassword;
+    std::shared_ptr<const sqlite::AccountCopy> mCopy;
 };
 
 // The same for an account file alone.

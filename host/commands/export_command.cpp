@@ -43,9 +43,14 @@ int RunExport(const ExportArguments& arguments) {
             },
         .failed = [&](const std::string& reason) { failure = reason; },
     });
-    Session session(arguments.account, windows, nullptr, &surroundings);
-    session.LogIn(arguments.login, {});
-    session.Show();
+    const AccountPlace account = arguments.account.ForReading();
+    try {
+        Session session(account, windows, nullptr, &surroundings);
+        session.LogIn(arguments.login, {});
+        session.Show();
+    } catch (const std::exception& failed) {
+        return Fail(account.AboutAccount(failed.what()));
+    }
     if (!failure.empty()) return Fail(failure);
     if (!surroundings.Reason().empty()) return Fail(surroundings.Reason());
     return surroundings.IsWritten() ? 0 : 1;

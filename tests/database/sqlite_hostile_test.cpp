@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "adapters/sqlite/account_copy.h"
 #include "adapters/sqlite/connection.h"
 #include "adapters/sqlite/hardening.h"
 #include "adapters/sqlite/session.h"
@@ -303,6 +304,18 @@ TEST_F(SqliteHostile, UnfinishedChangesAreUndoneInAnAccountThatIsOpened) {
     const StatementText look("select code from Coded where code = '4711'");
     EXPECT_EQ(ConnectToSqlite(copy, 0)->OpenRecordSet(look)->RecordCount(), 0);
     EXPECT_FALSE(fs::exists(copy + "-journal"));
+}
+
+TEST_F(SqliteHostile, UnfinishedChangesAreNotReadInAnAccountThatCannotBeWritten) {
+    const std::string copy = DieWriting("");
+    const std::string journal = Content(copy + "-journal");
+    const std::string account = Content(copy);
+    fs::permissions(copy, fs::perms::owner_read);
+    const auto read = sqlite::CopyOfProtected(copy);
+    const StatementText look("select code from Coded where code = '4711'");
+    EXPECT_EQ(ConnectToSqlite(read->Path(), 0)->OpenRecordSet(look)->RecordCount(), 0);
+    EXPECT_EQ(Content(copy + "-journal"), journal);
+    EXPECT_EQ(Content(copy), account);
 }
 
 }  // namespace

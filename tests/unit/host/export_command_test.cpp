@@ -49,6 +49,10 @@ protected:
     fs::path mPlace = mFolder / "files";
 };
 
+// An administrator may write everywhere, so the program runs as somebody else.
+const std::string kAsSomebody =
+    geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
+
 std::size_t LinesOf(const std::string& text) {
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
 }
@@ -105,19 +109,40 @@ TEST_F(ExportCommandTest, RefusesAPlaceWithoutAFolder) {
                   kNotWritten + ("kelvane: " + PathOf("folder.csv")) + ": it is a folder\n");
 }
 
-// An administrator may write everywhere, so the program runs as somebody else.
 TEST_F(ExportCommandTest, RefusesAFileThatMayNotBeWritten) {
     WriteText(PathOf("list.csv"), "old");
     fs::permissions(PathOf("list.csv"), fs::perms::owner_read | fs::perms::others_read);
     for (const fs::path& open : {mFolder.Path(), mPlace, mAccount}) {
         fs::permissions(open, fs::perms::all);
     }
-    const std::string somebody =
-        geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
-    ExpectRefused(Export("list.csv", {}, somebody),
+    ExpectRefused(Export("list.csv", {}, kAsSomebody),
                   kNotWritten + ("kelvane: " + PathOf("list.csv")) + ": Permission denied\n");
     EXPECT_EQ(Content("list.csv"), "old");
     EXPECT_EQ(FileCount(), 1U);
+}
+
+TEST_F(ExportCommandTest, ReadsAnAccountThatCannotBeWritten) {
+    const fs::path archive = mFolder / "archive";
+    fs::create_directory(archive);
+    fs::rename(mAccount, archive / "a.kelvane");
+    mAccount = archive / "a.kelvane";
+    const std::string content = ReadText(mAccount);
+    fs::permissions(mFolder.Path(), fs::perms::all);
+    fs::permissions(mPlace, fs::perms::all);
+    constexpr fs::perms kRead = fs::perms::owner_read | fs::perms::others_read;
+    fs::permissions(mAccount, kRead);
+    fs::permissions(archive, kRead | fs::perms::owner_exec | fs::perms::others_exec);
+    const auto before = fs::last_write_time(archive);
+    const auto list = Export("list.csv", {}, kAsSomebody);
+    EXPECT_EQ(list.errors, "");
+    EXPECT_EQ(list.output, kWritten);
+    EXPECT_EQ(LinesOf(Content("list.csv")), 26U);
+    const auto lines = Export("lines.csv", "--details 12", kAsSomebody);
+    EXPECT_EQ(lines.errors, "");
+    EXPECT_EQ(lines.output, kWritten);
+    EXPECT_EQ(fs::last_write_time(archive), before);
+    EXPECT_EQ(ReadText(mAccount), content);
+    fs::permissions(archive, fs::perms::owner_all);
 }
 
 TEST_F(ExportCommandTest, RefusesAnEntryWithoutLinesAndOneThatIsNotThere) {

@@ -1,5 +1,6 @@
 #include "host/commands/help_text.h"
 
+#include "host/surroundings/columns.h"
 #include "host/surroundings/translation.h"
 #include "platform/utf8.h"
 
@@ -10,17 +11,6 @@ namespace {
 constexpr std::size_t kIndent = 2;
 constexpr std::size_t kTextColumn = 30;
 constexpr std::size_t kColumns = 80;
-
-bool IsWide(char32_t character) {
-    constexpr char32_t kFirstWide = 0x1100;
-    return character >= kFirstWide;
-}
-
-std::size_t WidthOf(std::string_view text) {
-    std::size_t width = 0;
-    while (!text.empty()) width += IsWide(platform::TakeCharacter(text).value) ? 2U : 1U;
-    return width;
-}
 
 // Such a character stands behind the one before it.
 bool ClosesText(char32_t character) {
@@ -73,7 +63,7 @@ std::string Usage(const CLI::App& command, const std::string& name) {
     const std::string label = Translated("Usage: ");
     std::string usage;
     for (const std::string& end : ends) {
-        usage += usage.empty() ? label : std::string(WidthOf(label), ' ');
+        usage += usage.empty() ? label : std::string(ColumnsOf(label), ' ');
         usage += begins + ' ' + end + '\n';
     }
     return usage;

@@ -19,8 +19,8 @@ namespace {
 
 #ifdef _WIN32
 
-bool IsTerminal() {
-    return _isatty(_fileno(stdin)) != 0;
+bool IsTerminal(FILE* stream) {
+    return _isatty(_fileno(stream)) != 0;
 }
 
 // While it lives, the terminal does not show what is typed.
@@ -44,8 +44,8 @@ private:
 
 #else
 
-bool IsTerminal() {
-    return isatty(STDIN_FILENO) != 0;
+bool IsTerminal(FILE* stream) {
+    return isatty(fileno(stream)) != 0;
 }
 
 // While it lives, the terminal does not show what is typed.
@@ -84,8 +84,12 @@ bool ReadLine(std::string& line) {
 
 }  // namespace
 
+bool ErrorsAreSeen() {
+    return IsTerminal(stderr);
+}
+
 database::SharedSecret AskPassword(const std::string& prompt) {
-    if (!IsTerminal()) return {};
+    if (!IsTerminal(stdin)) return {};
     const Unseen unseen;
     std::cerr << prompt << std::flush;
     std::string line;

@@ -7,6 +7,9 @@
 
 namespace kelvane::host {
 
+// Whether somebody sees what is written to standard error while it is.
+bool ErrorsAreSeen();
+
 // Shows `prompt` and reads a line that the terminal does not show. Null when standard input is no
 // terminal, or when the line is ended by the end of input.
 database::SharedSecret AskPassword(const std::string& prompt);

@@ -32,6 +32,9 @@ public:
     virtual void Accept(ControlVisitor& visitor) = 0;
 
     const std::string& Name() const { return mName; }
+    // What it is called to an operator who cannot see it, where no text in the window says so.
+    const std::string& SpokenName() const { return mSpokenName; }
+    void SetSpokenName(const std::string& name) { Assign(mSpokenName, name); }
     Form& Owner() { return mForm; }
 
     // Place in the form, in twips.
@@ -74,6 +77,7 @@ protected:
 private:
     Form& mForm;
     std::string mName;
+    std::string mSpokenName;
     int mLeft = 0;
     int mTop = 0;
     int mWidth = 0;

@@ -5,6 +5,7 @@
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/key_stroke.h"
 #include "adapters/desktop/look.h"
+#include "adapters/desktop/spoken_window.h"
 
 namespace kelvane::desktop {
 
@@ -96,6 +97,7 @@ void CellEditor::Sync(const wxRect& field) {
     const int height = std::max(field.height, mField->GetBestSize().y);
     mField->SetSize(field.x, field.y + (field.height - height) / 2, field.width, height);
     ShowGridText();
+    CallField(*mField, SpokenOf(mGrid, mGrid.Row(), mGrid.Col()).name);
     if (!opened) return;
     mExpected.clear();
     mOffered = false;

@@ -66,6 +66,7 @@ void EditBoxView::TypeCharacter(char32_t character) {
 }
 
 void EditBoxView::Update() {
+    CallField(*mField, LabelOf(mBox));
     const wxString text = Text(mBox.Text());
     if (mField->GetValue() == text) return;
     mField->ChangeValue(text);
@@ -94,6 +95,7 @@ void ComboBoxView::TypeCharacter(char32_t character) {
 }
 
 void ComboBoxView::Update() {
+    CallField(*mField->GetTextCtrl(), LabelOf(mBox));
     mUpdating = true;
     const auto& items = mBox.Items();
     bool same = items.size() == mField->GetCount();
@@ -111,7 +113,11 @@ void ComboBoxView::Update() {
 }
 
 ButtonView::ButtonView(wxWindow& parent, controls::Button& button, ViewHost& host)
-    : View(button), mButton(button), mHost(host), mWindow(new ButtonWindow(parent)) {
+    : View(button),
+      mButton(button),
+      mHost(host),
+      mWindow(new ButtonWindow(parent)),
+      mSpoken(*mWindow, *this) {
     host.Keys().Attach(*mWindow);
     FollowFocus(*mWindow, button, host);
     mWindow->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
@@ -154,6 +160,7 @@ wxRect ButtonView::Place() {
 void ButtonView::Update() {
     mWindow->Raise();
     mWindow->Refresh();
+    mSpoken.Follow();
 }
 
 bool ButtonView::TakeKey(const KeyStroke& stroke) {

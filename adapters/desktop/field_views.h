@@ -4,6 +4,7 @@
 #include <wx/odcombo.h>
 #include <wx/textctrl.h>
 
+#include "adapters/desktop/spoken_window.h"
 #include "adapters/desktop/view.h"
 #include "adapters/desktop/view_host.h"
 #include "controls/button.h"
@@ -44,7 +45,7 @@ private:
 };
 
 // A button with a picture can be smaller than a native one may be, so it draws itself.
-class ButtonView : public View {
+class ButtonView : public View, public SpokenSource {
 public:
     ButtonView(wxWindow& parent, controls::Button& button, ViewHost& host);
     wxWindow& Window() override { return *mWindow; }
@@ -56,11 +57,14 @@ protected:
     void Update() override;
 
 private:
+    controls::Spoken Whole() override { return SpokenOf(mButton); }
+    void Press(int /*part*/) override { mButton.Press(); }
     void Paint();
 
     controls::Button& mButton;
     ViewHost& mHost;
     wxWindow* mWindow;
+    SpokenWindow mSpoken;
     bool mHot = false;
     bool mPressed = false;
 };

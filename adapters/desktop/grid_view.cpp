@@ -51,7 +51,9 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
       mVertical(new wxScrollBar(mPane, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSB_VERTICAL)),
       mHorizontal(new wxScrollBar(mPane, wxID_ANY)),
       mCanvas(new GridCanvas(*mPane, grid, host, [this] { OpenDropDown(); })),
-      mEditor(std::make_unique<CellEditor>(*mCanvas, grid, host)) {
+      mEditor(std::make_unique<CellEditor>(*mCanvas, grid, host)),
+      mWords(std::make_unique<SpokenGrid>(*mCanvas, grid)),
+      mSpoken(std::make_unique<SpokenWindow>(*mCanvas, *mWords)) {
     mPane->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { LayOut(); });
     mPane->SetBackgroundColour(look::kWindow);
     // The canvas alone takes the keyboard; its keys scroll by moving the current cell.
@@ -99,6 +101,7 @@ void GridView::Update() {
     mCanvas->Refresh(false);
     // At once, not with the next frame: who holds a key down sees every page.
     mCanvas->Update();
+    mSpoken->Follow();
 }
 
 void GridView::OnScroll(wxScrollEvent& event) {

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "adapters/desktop/cell_editor.h"
+#include "adapters/desktop/spoken_grid.h"
 #include "adapters/desktop/view.h"
 #include "adapters/desktop/view_host.h"
 #include "controls/grid.h"
@@ -48,6 +49,8 @@ private:
     wxScrollBar* mHorizontal;
     GridCanvas* mCanvas;
     std::unique_ptr<CellEditor> mEditor;
+    std::unique_ptr<SpokenGrid> mWords;
+    std::unique_ptr<SpokenWindow> mSpoken;
 };
 
 }  // namespace kelvane::desktop

@@ -22,16 +22,26 @@ LowerLine::LowerLine(wxWindow& parent) {
     Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     SetCanFocus(false);
     SetFont(UiFont(9));
+    mSpoken = std::make_unique<SpokenWindow>(*this, *this);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
 }
 
 void LowerLine::Show(const wxString& notice, const wxString& hint, const wxString& figures) {
     if (notice == mNotice && hint == mHint && figures == mFigures) return;
+    const bool said = notice != mNotice && !notice.empty();
     mNotice = notice;
     mHint = hint;
     mFigures = figures;
     SetToolTip(notice.empty() ? hint : notice);
     Refresh(false);
+    mSpoken->Follow();
+    if (said) mSpoken->Announce(Utf8(notice));
+}
+
+controls::Spoken LowerLine::Whole() {
+    return {.role = controls::SpokenRole::Status,
+            .name = Utf8(mNotice.empty() ? mHint : mNotice),
+            .text = Utf8(mFigures)};
 }
 
 void LowerLine::Paint() {

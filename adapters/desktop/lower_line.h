@@ -5,9 +5,11 @@
 #include <wx/dc.h>
 #include <wx/window.h>
 
+#include "adapters/desktop/spoken_window.h"
+
 namespace kelvane::desktop {
 
-class LowerLine : public wxWindow {
+class LowerLine : public wxWindow, public SpokenSource {
 public:
     static constexpr int kHeight = 22;  // pixels at 100 % scaling
 
@@ -16,6 +18,7 @@ public:
     using wxWindow::Show;
 
 private:
+    controls::Spoken Whole() override;
     void Paint();
     // Where the left text may begin and must end.
     void PaintLeft(wxDC& dc, int end);
@@ -23,6 +26,7 @@ private:
     wxString mNotice;
     wxString mHint;
     wxString mFigures;
+    std::unique_ptr<SpokenWindow> mSpoken;
 };
 
 }  // namespace kelvane::desktop

@@ -11,6 +11,7 @@
 
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/pictures.h"
+#include "adapters/desktop/spoken_window.h"
 
 namespace kelvane::desktop {
 
@@ -81,6 +82,7 @@ MessageDialog::MessageDialog(wxWindow* parent, const platform::Message& message)
     whole->Add(CreateBody(), wxSizerFlags(1).Expand());
     whole->Add(CreateButtons(), wxSizerFlags().Right().Border(wxALL, FromDIP(kMargin) / 2));
     SetSizerAndFit(whole);
+    CallMessage(*this, message.text);
     CentreOnParent();
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Press(mDismissed); });
     Bind(wxEVT_CHAR_HOOK, &MessageDialog::OnKey, this);

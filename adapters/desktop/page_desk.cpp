@@ -32,6 +32,7 @@ PageDesk::PageDesk(wxWindow& parent, controls::PageView& pages, ViewHost& host)
     mDesk->Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                   wxWANTS_CHARS | wxBORDER_NONE | wxHSCROLL | wxVSCROLL);
     mDesk->SetScrollRate(mDesk->FromDIP(kScrollStep), mDesk->FromDIP(kScrollStep));
+    mSpoken = std::make_unique<SpokenWindow>(*mDesk, *this);
     host.Keys().Attach(*mDesk);
     mDesk->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
     mDesk->Bind(wxEVT_MOUSEWHEEL, &PageDesk::OnWheel, this);
@@ -101,6 +102,7 @@ void PageDesk::Update() {
                (client.y / 2.0 - before.y) / before.height);
     }
     mDesk->Refresh(false);
+    mSpoken->Follow();
 }
 
 void PageDesk::LookAt(double x, double y) {

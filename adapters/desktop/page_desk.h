@@ -8,15 +8,17 @@
 #include <wx/bitmap.h>
 #include <wx/scrolwin.h>
 
+#include <memory>
 #include <optional>
 
+#include "adapters/desktop/spoken_window.h"
 #include "adapters/desktop/view.h"
 #include "adapters/desktop/view_host.h"
 #include "controls/page_view.h"
 
 namespace kelvane::desktop {
 
-class PageDesk : public View {
+class PageDesk : public View, public SpokenSource {
 public:
     PageDesk(wxWindow& parent, controls::PageView& pages, ViewHost& host);
 
@@ -28,6 +30,7 @@ protected:
     void Update() override;
 
 private:
+    controls::Spoken Whole() override { return SpokenOf(mPages); }
     // The sheet in the pixels of the desk's visible part.
     wxRect Sheet() const;
     wxSize SheetSize() const;
@@ -49,6 +52,7 @@ private:
     int mShownPage = 0;
     bool mTurnedBack = false;
     int mWheelRest = 0;
+    std::unique_ptr<SpokenWindow> mSpoken;
 };
 
 }  // namespace kelvane::desktop

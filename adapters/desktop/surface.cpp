@@ -16,11 +16,25 @@ constexpr int kTitlePoints = 15;
 Surface::Surface(wxWindow& parent, const controls::Form& form) : mForm(form) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE);
+    for (const controls::Control* control : form.Controls()) {
+        const auto* label = dynamic_cast<const controls::Label*>(control);
+        if (label != nullptr) mLabels.push_back(label);
+    }
+    mSpoken = std::make_unique<SpokenWindow>(*this, *this);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         Refresh(false);
         event.Skip();
     });
+}
+
+controls::Spoken Surface::Part(int part) {
+    return SpokenOf(*mLabels[static_cast<std::size_t>(part)]);
+}
+
+wxRect Surface::PlaceOf(int part) {
+    const controls::Label& label = *mLabels[static_cast<std::size_t>(part)];
+    return label.Visible() ? ToPixels(*this, label) : wxRect();
 }
 
 void Surface::Sync() {
@@ -47,9 +61,8 @@ void Surface::Paint() {
         dc.SetBrush(wxBrush(ToColour(picture->BackColor())));
         dc.DrawRectangle(ToPixels(*this, *picture));
     }
-    for (const controls::Control* control : mForm.Controls()) {
-        const auto* label = dynamic_cast<const controls::Label*>(control);
-        if (label != nullptr && label->Visible()) PaintLabel(dc, *label);
+    for (const controls::Label* label : mLabels) {
+        if (label->Visible()) PaintLabel(dc, *label);
     }
 }
 

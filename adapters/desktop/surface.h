@@ -6,23 +6,34 @@
 #include <wx/panel.h>
 #include <wx/window.h>
 
+#include <memory>
+#include <vector>
+
+#include "adapters/desktop/spoken_window.h"
 #include "controls/form.h"
 #include "controls/label.h"
 
 namespace kelvane::desktop {
 
-class Surface : public wxPanel {
+class Surface : public wxPanel, public SpokenSource {
 public:
     Surface(wxWindow& parent, const controls::Form& form);
     // Repaints when a strip or a label has changed.
     void Sync();
 
 private:
+    controls::Spoken Whole() override { return {}; }
+    // The labels.
+    int PartCount() override { return static_cast<int>(mLabels.size()); }
+    controls::Spoken Part(int part) override;
+    wxRect PlaceOf(int part) override;
     void Paint();
     void PaintLabel(wxDC& dc, const controls::Label& label) const;
 
     const controls::Form& mForm;
+    std::vector<const controls::Label*> mLabels;
     std::uint64_t mDrawn = 0;
+    std::unique_ptr<SpokenWindow> mSpoken;
 };
 
 }  // namespace kelvane::desktop

@@ -63,7 +63,8 @@ ToolbarView::ToolbarView(wxWindow& parent, controls::Control& control, ViewHost&
       mHost(host),
       mSource(std::move(source)),
       mSuite(suite),
-      mWindow(new ToolbarWindow(parent)) {
+      mWindow(new ToolbarWindow(parent)),
+      mSpoken(*mWindow, *this) {
     mWindow->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
     mWindow->Bind(wxEVT_MOTION,
                   [this](wxMouseEvent& event) { SetHot(ItemAt(event.GetPosition())); });
@@ -96,6 +97,16 @@ void ToolbarView::Update() {
     mPlaces.clear();
     if (mHot >= static_cast<int>(mItems.size()) || (mHot >= 0 && !CanClick(mHot))) mHot = -1;
     mWindow->Refresh(false);
+    mSpoken.Follow();
+}
+
+controls::Spoken ToolbarView::Part(int part) {
+    return SpokenOf(mItems[static_cast<std::size_t>(part)]);
+}
+
+wxRect ToolbarView::PlaceOf(int part) {
+    return mItems[static_cast<std::size_t>(part)].visible ? Places()[static_cast<std::size_t>(part)]
+                                                          : wxRect();
 }
 
 const std::vector<wxRect>& ToolbarView::Places() {
@@ -193,6 +204,7 @@ void ToolbarView::SetHot(int index) {
     if (index == mHot) return;
     mHot = index;
     mWindow->Refresh(false);
+    mSpoken.Follow();
 }
 
 void ToolbarView::Click(int index) {

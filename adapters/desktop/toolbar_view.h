@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/desktop/spoken_window.h"
 #include "adapters/desktop/view.h"
 #include "adapters/desktop/view_host.h"
 #include "controls/toolbar.h"
@@ -15,7 +16,7 @@
 
 namespace kelvane::desktop {
 
-class ToolbarView : public View {
+class ToolbarView : public View, public SpokenSource {
 public:
     ToolbarView(wxWindow& parent, controls::Toolbar& toolbar, ViewHost& host);
     ToolbarView(wxWindow& parent, controls::ToolbarStyleControl& control, ViewHost& host);
@@ -36,6 +37,12 @@ private:
 
     ToolbarView(wxWindow& parent, controls::Control& control, ViewHost& host, Source source,
                 bool suite);
+    controls::Spoken Whole() override { return {.role = controls::SpokenRole::Toolbar}; }
+    int PartCount() override { return static_cast<int>(mItems.size()); }
+    controls::Spoken Part(int part) override;
+    wxRect PlaceOf(int part) override;
+    int CurrentPart() override { return mHot; }
+    void Press(int part) override { Click(part); }
     // Where the buttons lie; found out once for each state of the items.
     const std::vector<wxRect>& Places();
     void Paint();
@@ -55,6 +62,7 @@ private:
     bool mCaptionBelow = false;
     int mHot = -1;
     bool mPressed = false;
+    SpokenWindow mSpoken;
 };
 
 }  // namespace kelvane::desktop

@@ -59,6 +59,7 @@ PRODUCTS = {
     "sqlucode.h": ["adapters/odbc"],
     "wx/": ["adapters/desktop"],
     "CLI/": ["host"],
+    "gtk/": ["adapters/desktop"],
     "cairo": ["adapters/desktop", "adapters/output"],
     "pango/": ["adapters/output"],
     "libxml/": ["adapters/output"],

@@ -109,6 +109,7 @@ frmPeriodItem::frmPeriodItem()
     Picture1.SetHeight(kTitleHeight);
     CapLable.SetCaption(std::string(kTitle));
     CapLable.SetTitle(true);
+    cmdRef.SetSpokenName("参照");
     CapLable.SetWidth(2400);
     CapLable.SetHeight(360);
     cmdRef.SetVisible(false);

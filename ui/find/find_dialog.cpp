@@ -59,6 +59,7 @@ frmFind::frmFind()
     Place(CmdOK, 2640, 2055, 1170, 420);
     Place(CmdCancel, 3960, 2055, 1170, 420);
     Label1.SetCaption("项目编号");
+    ComdRef.SetSpokenName("参照");
     CmdOK.SetCaption("确定");
     CmdOK.SetDefault(true);
     CmdCancel.SetCaption("取消");

@@ -6,9 +6,6 @@
 
 namespace kelvane::desktop {
 
-using controls::Spoken;
-using controls::SpokenRole;
-
 namespace {
 
 // The widget's own name for the object that stands for it.
@@ -42,10 +39,6 @@ void Attach(GtkWidget* widget, AtkObject* object) {
 // A window's content may be drawn on another widget than the window is known by.
 GtkWidget* WidgetOf(wxWindow& window) {
     return window.m_wxwindow != nullptr ? window.m_wxwindow : window.m_widget;
-}
-
-std::string AllWords(const Spoken& words) {
-    return NameAndText(words) + '\n' + StateAndPlace(words) + (words.enabled ? "" : "\n-");
 }
 
 void TellFocus(AtkObject* object, bool focused) {

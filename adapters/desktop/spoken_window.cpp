@@ -11,4 +11,8 @@ int SpokenSource::PartAt(wxPoint point) {
     return kWhole;
 }
 
+std::string AllWords(const controls::Spoken& spoken) {
+    return NameAndText(spoken) + '\n' + StateAndPlace(spoken) + (spoken.enabled ? "" : "\n-");
+}
+
 }  // namespace kelvane::desktop

@@ -64,6 +64,9 @@ private:
     std::unique_ptr<SpokenReader> mReader;
 };
 
+// Everything that is said of something, to see whether it has changed.
+std::string AllWords(const controls::Spoken& spoken);
+
 // What readers call a native field.
 void CallField(wxWindow& field, const std::string& name);
 // What readers say when a message's window opens.

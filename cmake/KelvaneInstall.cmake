@@ -89,7 +89,7 @@ kelvane_pkg_config(kelvane-output "Preview, printing and files" "output"
 if(TARGET kelvane_desktop)
     get_target_property(linked Kelvane::wx INTERFACE_LINK_LIBRARIES)
     kelvane_pkg_config(kelvane-desktop "Real windows" "desktop"
-        "kelvane = ${PROJECT_VERSION};cairo" "${linked}")
+        "kelvane = ${PROJECT_VERSION};cairo;gtk+-3.0" "${linked}")
 endif()
 
 install(TARGETS kelvane RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)

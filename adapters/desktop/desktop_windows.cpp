@@ -5,6 +5,7 @@
 #include <wx/dcscreen.h>
 #include <wx/display.h>
 
+#include <cmath>
 #include <stdexcept>
 #include <utility>
 
@@ -17,13 +18,8 @@ namespace kelvane::desktop {
 
 namespace {
 
-constexpr int kProbe = 960;
-
-// Twips that one pixel measures. Where the toolkit's pixels already stand for 1/96 inch, they do so
-// at every scaling.
-int TwipsPerPixel() {
-    const int pixels = wxWindow::FromDIP(kProbe, nullptr);
-    return (kProbe * kTwipsPerPixel + pixels / 2) / pixels;
+int TwipsOf(int pixels) {
+    return static_cast<int>(std::lround(pixels * kTwipsPerPixel / TextScale(nullptr)));
 }
 
 wxSize ScreenSize() {
@@ -62,19 +58,19 @@ void DesktopWindows::SetHelpFile(std::string_view path) {
 }
 
 int DesktopWindows::TwipsPerPixelX() const {
-    return TwipsPerPixel();
+    return TwipsOf(1);
 }
 
 int DesktopWindows::TwipsPerPixelY() const {
-    return TwipsPerPixel();
+    return TwipsOf(1);
 }
 
 int DesktopWindows::ScreenWidth() const {
-    return ScreenSize().x * TwipsPerPixel();
+    return TwipsOf(ScreenSize().x);
 }
 
 int DesktopWindows::ScreenHeight() const {
-    return ScreenSize().y * TwipsPerPixel();
+    return TwipsOf(ScreenSize().y);
 }
 
 platform::PrintSurroundings& DesktopWindows::Printing() {

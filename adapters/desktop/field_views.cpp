@@ -183,7 +183,7 @@ void ButtonView::Paint() {
                         : mHot     ? look::kHover
                                    : wxColour(250, 250, 250)));
     dc.DrawRoundedRectangle(area, 2);
-    const int icon = std::min({kMaxIconSize, area.width - 2, area.height - 2});
+    const int icon = std::min({Scaled(*mWindow, kMaxIconSize), area.width - 2, area.height - 2});
     const wxBitmap bitmap =
         icon > 0 ? PictureFor(*mWindow, mButton.Picture(), icon, enabled) : wxBitmap();
     if (bitmap.IsOk()) {

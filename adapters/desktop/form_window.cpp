@@ -200,9 +200,9 @@ void FormWindow::SyncFrame() {
     }
 
     const auto client = [this](int width, int height) {
-        return wxSize(
-            ToPixels(*this, width - controls::Form::kFrameWidth),
-            ToPixels(*this, height - controls::Form::kFrameHeight) + FromDIP(LowerLine::kHeight));
+        return wxSize(ToPixels(*this, width - controls::Form::kFrameWidth),
+                      ToPixels(*this, height - controls::Form::kFrameHeight) +
+                          Scaled(*this, LowerLine::kHeight));
     };
     const wxSize least(mForm.MinWidth(), mForm.MinHeight());
     if (least != mLeastSize) {
@@ -237,7 +237,7 @@ void FormWindow::OnClose(wxCloseEvent& event) {
 
 void FormWindow::OnSize() {
     const wxSize client = GetClientSize();
-    const int line = FromDIP(LowerLine::kHeight);
+    const int line = Scaled(*this, LowerLine::kHeight);
     const int inner = std::max(0, client.y - line);
     mSurface->SetSize(0, 0, client.x, inner);
     mLine->SetSize(0, inner, client.x, line);

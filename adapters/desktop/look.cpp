@@ -6,15 +6,14 @@
 #include <array>
 #include <cmath>
 
+#include "adapters/desktop/system.h"
+
 namespace kelvane::desktop {
 
 namespace {
 
-// Long enough that rounding to whole pixels does not show.
-constexpr int kProbe = 9600;
-
 double PixelsPerTwip(const wxWindow& window) {
-    return static_cast<double>(window.FromDIP(kProbe)) / kProbe / kTwipsPerPixel;
+    return TextScale(&window) / kTwipsPerPixel;
 }
 
 wxString FindFace() {
@@ -61,6 +60,10 @@ wxRect ToPixels(const wxWindow& window, const controls::Control& control) {
     const wxPoint to(ToPixels(window, control.Left() + control.Width()),
                      ToPixels(window, control.Top() + control.Height()));
     return {from.x, from.y, to.x - from.x, to.y - from.y};
+}
+
+int Scaled(const wxWindow& window, int pixels) {
+    return ToPixels(window, pixels * kTwipsPerPixel);
 }
 
 wxFont UiFont(int points, bool bold) {

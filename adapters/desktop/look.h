@@ -24,11 +24,14 @@ wxColour ToColour(controls::Color color);
 // `colour` with `percent` of `other` in it.
 wxColour Mixed(const wxColour& colour, const wxColour& other, int percent);
 
-// `twips` in the pixels of `window`, and back. Edges are converted, not sizes, so that neighbours
-// meet without a gap.
+// `twips` in the pixels of `window`, and back, at the size that the system gives texts: what holds
+// a text grows along with it. Edges are converted, not sizes, so that neighbours meet without a
+// gap.
 int ToPixels(const wxWindow& window, int twips);
 int ToTwips(const wxWindow& window, int pixels);
 wxRect ToPixels(const wxWindow& window, const controls::Control& control);
+// `pixels` at 100 % scaling in the pixels of `window`.
+int Scaled(const wxWindow& window, int pixels);
 
 // A font that shows Chinese in its simplified forms, in `points`.
 wxFont UiFont(int points = 10, bool bold = false);

@@ -52,7 +52,7 @@ void LowerLine::Paint() {
     dc.SetPen(wxPen(look::kEdge));
     dc.DrawLine(0, 0, size.x, 0);
     dc.SetFont(GetFont());
-    const int margin = FromDIP(kMargin);
+    const int margin = Scaled(*this, kMargin);
     // Figures shown in part would be others: what is too long at the left gives way to them.
     const int width = mFigures.empty() ? 0 : dc.GetTextExtent(mFigures).x + margin;
     const int end = std::max(0, size.x - width - margin);
@@ -64,11 +64,11 @@ void LowerLine::Paint() {
 
 void LowerLine::PaintLeft(wxDC& dc, int end) {
     const wxSize size = GetClientSize();
-    const int margin = FromDIP(kMargin);
+    const int margin = Scaled(*this, kMargin);
     int left = margin;
     if (!mNotice.empty()) {
-        const wxBitmap icon = PictureFor(*this, kPictureExclamation, kIcon);
-        const int side = FromDIP(kIcon);
+        const int side = Scaled(*this, kIcon);
+        const wxBitmap icon = PictureFor(*this, kPictureExclamation, side);
         dc.DrawBitmap(icon, margin, (size.y - side) / 2 + 1, true);
         left += side + margin;
     }

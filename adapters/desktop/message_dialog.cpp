@@ -80,7 +80,7 @@ MessageDialog::MessageDialog(wxWindow* parent, const platform::Message& message)
     SetEscapeId(wxID_NONE);
     auto* whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(CreateBody(), wxSizerFlags(1).Expand());
-    whole->Add(CreateButtons(), wxSizerFlags().Right().Border(wxALL, FromDIP(kMargin) / 2));
+    whole->Add(CreateButtons(), wxSizerFlags().Right().Border(wxALL, Scaled(*this, kMargin) / 2));
     SetSizerAndFit(whole);
     CallMessage(*this, message.text);
     CentreOnParent();
@@ -96,16 +96,16 @@ wxWindow* MessageDialog::CreateBody() {
         event.Skip();
     });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    const wxBitmapBundle picture = FindPicture(PictureOf(mMessage.icon), kIconSize);
+    const wxBitmap picture = PictureFor(*this, PictureOf(mMessage.icon), Scaled(*this, kIconSize));
     if (picture.IsOk()) {
         row->Add(new wxStaticBitmap(body, wxID_ANY, picture),
-                 wxSizerFlags().CenterVertical().Border(wxLEFT, FromDIP(kMargin)));
+                 wxSizerFlags().CenterVertical().Border(wxLEFT, Scaled(*this, kMargin)));
     }
     auto* text = new wxStaticText(body, wxID_ANY, wxString());
     text->SetForegroundColour(look::kText);
     text->SetFont(UiFont());
-    text->SetLabelText(Wrap(*text, Text(mMessage.text), FromDIP(kTextWidth)));
-    row->Add(text, wxSizerFlags(1).CenterVertical().Border(wxALL, FromDIP(kMargin)));
+    text->SetLabelText(Wrap(*text, Text(mMessage.text), Scaled(*this, kTextWidth)));
+    row->Add(text, wxSizerFlags(1).CenterVertical().Border(wxALL, Scaled(*this, kMargin)));
     body->SetSizer(row);
     return body;
 }
@@ -115,10 +115,10 @@ wxSizer* MessageDialog::CreateButtons() {
     wxButton* first = nullptr;
     for (const Choice& choice : ChoicesOf(mMessage.buttons)) {
         auto* button = new wxButton(this, wxID_ANY, wxString::FromUTF8(choice.caption),
-                                    wxDefaultPosition, wxSize(FromDIP(kButtonWidth), -1));
+                                    wxDefaultPosition, wxSize(Scaled(*this, kButtonWidth), -1));
         button->Bind(wxEVT_BUTTON,
                      [this, answer = choice.answer](wxCommandEvent&) { Press(answer); });
-        row->Add(button, wxSizerFlags().Border(wxLEFT, FromDIP(kMargin) / 2));
+        row->Add(button, wxSizerFlags().Border(wxLEFT, Scaled(*this, kMargin) / 2));
         if (first == nullptr || choice.answer == mMessage.preselected) first = button;
     }
     // The button that Enter presses is known by its bold caption: the toolkit frames it only after

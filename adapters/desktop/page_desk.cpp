@@ -31,7 +31,8 @@ PageDesk::PageDesk(wxWindow& parent, controls::PageView& pages, ViewHost& host)
     mDesk->SetBackgroundStyle(wxBG_STYLE_PAINT);
     mDesk->Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                   wxWANTS_CHARS | wxBORDER_NONE | wxHSCROLL | wxVSCROLL);
-    mDesk->SetScrollRate(mDesk->FromDIP(kScrollStep), mDesk->FromDIP(kScrollStep));
+    const int step = Scaled(*mDesk, kScrollStep);
+    mDesk->SetScrollRate(step, step);
     mSpoken = std::make_unique<SpokenWindow>(*mDesk, *this);
     host.Keys().Attach(*mDesk);
     mDesk->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
@@ -109,7 +110,7 @@ void PageDesk::LookAt(double x, double y) {
     const wxSize client = mDesk->GetClientSize();
     const wxRect sheet = Sheet();
     const auto units = [this](double pixels) {
-        return std::max(0, static_cast<int>(std::lround(pixels / mDesk->FromDIP(kScrollStep))));
+        return std::max(0, static_cast<int>(std::lround(pixels / Scaled(*mDesk, kScrollStep))));
     };
     const wxPoint corner = mDesk->CalcUnscrolledPosition(sheet.GetTopLeft());
     mDesk->Scroll(units(corner.x + x * sheet.width - client.x / 2.0),

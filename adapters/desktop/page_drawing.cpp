@@ -21,8 +21,6 @@ namespace {
 // millimetre that pages are measured in.
 constexpr double kUnitsPerTenth = 10;
 constexpr double kUnitsPerInch = 254 * kUnitsPerTenth;
-// What the toolkit takes for an inch when it makes letters of a size in points.
-constexpr double kDotsPerInch = 96;
 
 class PageDrawing {
 public:
@@ -84,7 +82,7 @@ private:
     const wxGraphicsFont& FontOf(const platform::PageText& text) {
         wxGraphicsFont& font = mFonts[{text.size, text.bold}];
         if (font.IsNull()) {
-            const double points = text.size / 10.0 * kUnitsPerInch / kDotsPerInch;
+            const double points = text.size / 10.0 * kUnitsPerInch / DotsPerInch();
             wxFontInfo info(points);
             info.FaceName(PageFace());
             if (text.bold) info.Bold();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <string>
 #include <tuple>
@@ -179,7 +180,10 @@ wxBitmapBundle FindPicture(int number, int size) {
 wxBitmap PictureFor(const wxWindow& window, int number, int size, bool enabled) {
     const wxBitmapBundle bundle = FindPicture(number, size);
     if (!bundle.IsOk()) return {};
-    const wxBitmap bitmap = bundle.GetBitmapFor(&window);
+    const double dots = window.GetContentScaleFactor();
+    const int side = static_cast<int>(std::lround(size * dots));
+    wxBitmap bitmap = bundle.GetBitmap(wxSize(side, side));
+    bitmap.SetScaleFactor(dots);
     return enabled ? bitmap : bitmap.ConvertToDisabled();
 }
 

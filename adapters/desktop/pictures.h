@@ -16,8 +16,8 @@ inline constexpr int kPictureQuestion = 3;
 // there is no such picture.
 wxBitmapBundle FindPicture(int number, int size);
 
-// The same for drawing in `window`, greyed when `enabled` is false; an invalid bitmap when there is
-// no such picture.
+// The same for drawing in `window`, `size` of its pixels wide and high, greyed when `enabled` is
+// false; an invalid bitmap when there is no such picture.
 wxBitmap PictureFor(const wxWindow& window, int number, int size, bool enabled = true);
 
 }  // namespace kelvane::desktop

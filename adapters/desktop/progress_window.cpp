@@ -25,14 +25,14 @@ ProgressWindow::ProgressWindow(wxWindow* parent, const std::string& title)
     : mWindow(parent, wxID_ANY, Text(title), wxDefaultPosition, wxDefaultSize,
               wxCAPTION | wxCLOSE_BOX | wxSYSTEM_MENU),
       mGauge(new wxGauge(&mWindow, wxID_ANY, kSteps, wxDefaultPosition,
-                         mWindow.FromDIP(wxSize(kGaugeWidth, kGaugeHeight)))),
+                         wxSize(Scaled(mWindow, kGaugeWidth), Scaled(mWindow, kGaugeHeight)))),
       mOthers(&mWindow) {
     mWindow.SetFont(UiFont());
     auto* text = new wxStaticText(&mWindow, wxID_ANY, Text(title + "…"));
     auto* cancel = new wxButton(&mWindow, wxID_CANCEL, wxString::FromUTF8("取消"),
-                                wxDefaultPosition, mWindow.FromDIP(wxSize(kButtonWidth, -1)));
+                                wxDefaultPosition, wxSize(Scaled(mWindow, kButtonWidth), -1));
     auto* whole = new wxBoxSizer(wxVERTICAL);
-    const int margin = mWindow.FromDIP(kMargin);
+    const int margin = Scaled(mWindow, kMargin);
     whole->Add(text, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, margin));
     whole->Add(mGauge, wxSizerFlags().Expand().Border(wxALL, margin));
     whole->Add(cancel, wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, margin));

@@ -5,6 +5,7 @@
 #include <wx/bitmap.h>
 #include <wx/dc.h>
 #include <wx/graphics.h>
+#include <wx/window.h>
 
 #include <string>
 
@@ -17,6 +18,13 @@ void BelongToModule();
 // Called before the toolkit starts: its own dialogs speak the language of the windows, whatever the
 // session's is, where the system lets a program choose.
 void SpeakChinese();
+
+// How large texts are in `window` beside those at 100 % scaling, in the toolkit's pixels; null
+// means the first screen.
+double TextScale(const wxWindow* window);
+
+// What a drawing takes for an inch when it makes letters of a size in points.
+double DotsPerInch();
 
 // The face of the pages' letters, as a font of the toolkit wants it.
 wxString PageFace();

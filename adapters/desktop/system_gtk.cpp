@@ -1,6 +1,7 @@
 // GTK, which draws with cairo.
 
 #include <cairo.h>
+#include <gtk/gtk.h>
 #include <wx/image.h>
 #include <wx/utils.h>
 #include <wx/wfstream.h>
@@ -28,6 +29,23 @@ void SpeakChinese() {
             std::setlocale(category, "C.UTF-8");
         }
     }
+}
+
+namespace {
+
+constexpr double kPlainDotsPerInch = 96;
+
+}  // namespace
+
+// Letters on paper grow with those on the screen.
+double DotsPerInch() {
+    const double dots = gdk_screen_get_resolution(gdk_screen_get_default());
+    return dots > 0 ? dots : kPlainDotsPerInch;
+}
+
+// The toolkit's pixels follow whole scalings alone, its texts every size that the system asks for.
+double TextScale(const wxWindow* /*window*/) {
+    return DotsPerInch() / kPlainDotsPerInch;
 }
 
 // The system itself takes the first font of the list that is there.

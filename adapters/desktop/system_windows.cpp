@@ -49,6 +49,17 @@ void BelongToModule() {
 // The system's dialogs speak its own language.
 void SpeakChinese() {}
 
+// The drawing library's own resolution, whatever the screen's.
+double DotsPerInch() {
+    return 96;
+}
+
+// Texts and all other pixels grow alike.
+double TextScale(const wxWindow* window) {
+    constexpr int kProbe = 9600;  // long enough that rounding to whole pixels does not show
+    return static_cast<double>(wxWindow::FromDIP(kProbe, window)) / kProbe;
+}
+
 wxString PageFace() {
     wxStringTokenizer faces(wxString::FromUTF8(platform::kPageFonts), ",");
     while (faces.HasMoreTokens()) {

@@ -113,19 +113,19 @@ const std::vector<wxRect>& ToolbarView::Places() {
     if (mPlaces.size() == mItems.size()) return mPlaces;
     mPlaces.clear();
     const int height = mWindow->GetClientSize().y;
-    const int icon = mWindow->FromDIP(kIconSize);
-    const int padding = mWindow->FromDIP(kPadding);
-    mCaptionBelow = height >= icon + mWindow->GetCharHeight() + mWindow->FromDIP(kGap);
-    int x = mWindow->FromDIP(kEdgeMargin);
+    const int icon = Scaled(*mWindow, kIconSize);
+    const int padding = Scaled(*mWindow, kPadding);
+    mCaptionBelow = height >= icon + mWindow->GetCharHeight() + Scaled(*mWindow, kGap);
+    int x = Scaled(*mWindow, kEdgeMargin);
     for (const Item& item : mItems) {
         int width = 0;
         if (item.visible && item.separator) {
-            width = mWindow->FromDIP(kSeparatorWidth);
+            width = Scaled(*mWindow, kSeparatorWidth);
         } else if (item.visible) {
             const int caption = mWindow->GetTextExtent(Text(item.caption)).x;
             width =
-                mCaptionBelow ? std::max(caption, icon) : caption + icon + mWindow->FromDIP(kGap);
-            width = std::max(width + 2 * padding, mWindow->FromDIP(kMinButtonWidth));
+                mCaptionBelow ? std::max(caption, icon) : caption + icon + Scaled(*mWindow, kGap);
+            width = std::max(width + 2 * padding, Scaled(*mWindow, kMinButtonWidth));
         }
         mPlaces.emplace_back(x, 2, width, height - 5);
         x += width;
@@ -164,11 +164,12 @@ void ToolbarView::PaintItem(wxDC& dc, std::size_t index) {
         dc.SetBrush(wxBrush(mPressed ? look::kPressed : look::kHover));
         dc.DrawRoundedRectangle(place.Deflate(1, 0), mSuite ? 4 : 2);
     }
-    const wxBitmap icon = PictureFor(*mWindow, item.picture, kIconSize, item.enabled);
+    const int side = Scaled(*mWindow, kIconSize);
+    const wxBitmap icon = PictureFor(*mWindow, item.picture, side, item.enabled);
     const wxString caption = Text(item.caption);
     const wxSize extent = dc.GetTextExtent(caption);
-    const wxSize iconSize(mWindow->FromDIP(kIconSize), mWindow->FromDIP(kIconSize));
-    const int gap = mCaptionBelow ? 1 : mWindow->FromDIP(kGap);
+    const wxSize iconSize(side, side);
+    const int gap = mCaptionBelow ? 1 : Scaled(*mWindow, kGap);
     wxPoint iconAt;
     wxPoint captionAt;
     if (mCaptionBelow) {

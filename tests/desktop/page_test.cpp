@@ -1,11 +1,9 @@
 // Pages on the screen: turned, zoomed and scrolled by real keys and a real mouse, and looked at.
 #include <gtest/gtest.h>
-#include <wx/image.h>
-#include <wx/wfstream.h>
 
 #include "tests/desktop/person.h"
+#include "tests/desktop/photo.h"
 #include "tests/desktop/sample_pages.h"
-#include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::test {
 
@@ -21,46 +19,6 @@ int Scale() {
     const char* scale = std::getenv("GDK_SCALE");
     return scale == nullptr ? 1 : std::atoi(scale);
 }
-
-// What the window shows, with its size in its own dots.
-class Photo {
-public:
-    // Call it on the windows' thread.
-    Photo() {
-        const host_test::TemporaryFolder folder;
-        const std::string path = (folder / "page.png").string();
-        EXPECT_TRUE(Windows().SaveScreenshot(path));
-        wxFileInputStream file(wxString::FromUTF8(path));
-        EXPECT_TRUE(wxPNGHandler().LoadFile(&mImage, file));
-    }
-
-    int Count(std::uint32_t color) const {
-        int count = 0;
-        for (int y = 0; y < mImage.GetHeight(); ++y) {
-            for (int x = 0; x < mImage.GetWidth(); ++x) count += Color(x, y) == color ? 1 : 0;
-        }
-        return count;
-    }
-
-    // The rectangle around everything of this colour.
-    wxRect Around(std::uint32_t color) const {
-        wxRect around;
-        for (int y = 0; y < mImage.GetHeight(); ++y) {
-            for (int x = 0; x < mImage.GetWidth(); ++x) {
-                if (Color(x, y) == color) around.Union(wxRect(x, y, 1, 1));
-            }
-        }
-        return around;
-    }
-
-private:
-    std::uint32_t Color(int x, int y) const {
-        return mImage.GetRed(x, y) | static_cast<std::uint32_t>(mImage.GetGreen(x, y)) << 8U |
-               static_cast<std::uint32_t>(mImage.GetBlue(x, y)) << 16U;
-    }
-
-    wxImage mImage;
-};
 
 // Dots of the screen in tenths of a millimetre of paper, at `zoom` per cent.
 int Dots(int tenths, int zoom) {

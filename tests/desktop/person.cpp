@@ -6,6 +6,7 @@
 
 #include <array>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <future>
@@ -47,11 +48,21 @@ int Scale() {
     return scale == nullptr ? 1 : std::atoi(scale);
 }
 
+// Pixels at 100 % scaling in the toolkit's pixels.
+int Scaled(int pixels) {
+    return static_cast<int>(std::lround(pixels * TextScale()));
+}
+
 std::string Point(int x, int y) {
     return std::to_string(x * Scale()) + " " + std::to_string(y * Scale());
 }
 
 }  // namespace
+
+double TextScale() {
+    const char* scale = std::getenv("TEXT_SCALE");
+    return scale == nullptr ? 1 : std::strtod(scale, nullptr);
+}
 
 std::string OutputOf(const std::string& command) {
     return Run(command).output;
@@ -112,7 +123,7 @@ void Person::Release(const std::string& key) {
 
 void Person::MoveTo(const std::string& window, int x, int y) {
     const Place place = Find(window);
-    Input("mousemove " + Point(place.x + x, place.y + y));
+    Input("mousemove " + Point(place.x + Scaled(x), place.y + Scaled(y)));
 }
 
 void Person::Click(const std::string& window, int x, int y, int times) {
@@ -127,9 +138,10 @@ void Person::ClickWith(int button, const std::string& window, int x, int y) {
 
 void Person::Drag(const std::string& window, int x, int y, int toX, int toY) {
     const Place place = Find(window);
-    Input("mousemove " + Point(place.x + x, place.y + y) + " mousedown 1 mousemove " +
-          Point(place.x + (x + toX) / 2, place.y + (y + toY) / 2) + " mousemove " +
-          Point(place.x + toX, place.y + toY) + " mouseup 1");
+    Input("mousemove " + Point(place.x + Scaled(x), place.y + Scaled(y)) +
+          " mousedown 1 mousemove " +
+          Point(place.x + Scaled((x + toX) / 2), place.y + Scaled((y + toY) / 2)) + " mousemove " +
+          Point(place.x + Scaled(toX), place.y + Scaled(toY)) + " mouseup 1");
 }
 
 void Person::Wheel(const std::string& window, int x, int y, int steps) {
@@ -139,7 +151,8 @@ void Person::Wheel(const std::string& window, int x, int y, int steps) {
 }
 
 void Person::Resize(int width, int height) {
-    Input("search --onlyvisible --class kelvane windowsize " + Point(width, height));
+    Input("search --onlyvisible --class kelvane windowsize " +
+          Point(Scaled(width), Scaled(height)));
 }
 
 bool Person::Look(const std::function<bool()>& look) {

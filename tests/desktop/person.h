@@ -17,6 +17,9 @@ namespace kelvane::test {
 desktop::DesktopWindows& Windows();
 void SetWindows(desktop::DesktopWindows* windows);
 
+// How large the system's texts are beside those at 100 %, as the tests' surroundings say.
+double TextScale();
+
 // What a shell command writes.
 std::string OutputOf(const std::string& command);
 

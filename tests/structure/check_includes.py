@@ -61,6 +61,7 @@ PRODUCTS = {
     "CLI/": ["host"],
     "gtk/": ["adapters/desktop"],
     "cairo": ["adapters/desktop", "adapters/output"],
+    "gtk/": ["adapters/desktop"],
     "pango/": ["adapters/output"],
     "libxml/": ["adapters/output"],
     "minizip/": ["adapters/output"],

@@ -101,6 +101,10 @@ void GridView::Update() {
     mCanvas->Refresh(false);
     // At once, not with the next frame: who holds a key down sees every page.
     mCanvas->Update();
+    // That painted the bars along, before the toolkit had moved their thumbs: once more, with the
+    // next frame.
+    mVertical->Refresh();
+    mHorizontal->Refresh();
     mSpoken->Follow();
 }
 

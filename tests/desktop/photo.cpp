@@ -20,8 +20,19 @@ Photo::Photo() {
     const host_test::TemporaryFolder folder;
     const std::string path = (folder / "window.png").string();
     EXPECT_TRUE(Windows().SaveScreenshot(path));
+    *this = Photo(path);
+}
+
+Photo::Photo(const std::string& path) {
     wxFileInputStream file(wxString::FromUTF8(path));
     EXPECT_TRUE(wxPNGHandler().LoadFile(&mImage, file));
+}
+
+Photo Photo::OfScreen() {
+    const host_test::TemporaryFolder folder;
+    const std::string path = (folder / "screen.png").string();
+    OutputOf("import -window root '" + path + "'");
+    return Photo(path);
 }
 
 std::uint32_t Photo::Color(int x, int y) const {

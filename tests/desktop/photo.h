@@ -1,18 +1,21 @@
-// Photo: what the topmost window shows, to look at its colours.
+// Photo: what the topmost window or the screen shows, to look at its colours.
 #pragma once
 
 #include <wx/gdicmn.h>
 #include <wx/image.h>
 
 #include <cstdint>
+#include <string>
 
 namespace kelvane::test {
 
 // Places are in the screen's own dots; colours are 0xBBGGRR.
 class Photo {
 public:
-    // Call it on the windows' thread.
+    // Call it on the windows' thread: it lets the window paint itself before.
     Photo();
+    // What the whole screen shows at this moment.
+    static Photo OfScreen();
 
     int Width() const { return mImage.GetWidth(); }
     int Height() const { return mImage.GetHeight(); }
@@ -28,6 +31,8 @@ public:
     int Differences(const Photo& other, const wxRect& area) const;
 
 private:
+    explicit Photo(const std::string& path);
+
     wxImage mImage;
 };
 

@@ -14,6 +14,11 @@ using platform::Key;
 namespace {
 
 constexpr int kWidth = 5400;
+constexpr int kHeight = 3150;
+constexpr int kFrameRoom = 1740;
+constexpr int kButtonTop = 2055;
+// What a line of the dialog takes.
+constexpr int kLine = 495;
 constexpr int kLabelLeft = 240;
 constexpr int kFieldLeft = 1560;
 constexpr int kFieldWidth = 3060;
@@ -47,8 +52,8 @@ frmFind::frmFind()
       CmdCancel(*this, "CmdCancel") {
     SetCaption("定位");
     SetResizable(false);
-    SetSize(kWidth, 3150);
-    Place(FrameBack, 120, 120, 5040, 1740);
+    SetSize(kWidth, kHeight);
+    Place(FrameBack, 120, 120, 5040, kFrameRoom);
     Place(Label1, kLabelLeft, 330, 1260, 270);
     Place(TxtCode, kFieldLeft, 285, kFieldWidth, kFieldHeight);
     Place(ComdRef, kFieldLeft + kFieldWidth + 45, 285, 345, kFieldHeight);
@@ -56,8 +61,8 @@ frmFind::frmFind()
     Place(ComKey1, kFieldLeft, 780, kFieldWidth, kFieldHeight);
     Place(Label3, kLabelLeft, 1320, 1260, 270);
     Place(ComKey2, kFieldLeft, 1275, kFieldWidth, kFieldHeight);
-    Place(CmdOK, 2640, 2055, 1170, 420);
-    Place(CmdCancel, 3960, 2055, 1170, 420);
+    Place(CmdOK, 2640, kButtonTop, 1170, 420);
+    Place(CmdCancel, 3960, kButtonTop, 1170, 420);
     Label1.SetCaption("项目编号");
     ComdRef.SetSpokenName("参照");
     CmdOK.SetCaption("确定");
@@ -85,9 +90,21 @@ void frmFind::Form_Load() {
     const bool first = keywords == 1 || keywords == 2;
     Label2.SetCaption(first ? data::gItemKeyField1 : "关键字一");
     Label3.SetCaption(keywords == 2 ? data::gItemKeyField2 : "关键字二");
+    OfferSecondKeyword(keywords != 1);
     ComdRef.SetPicture(kPictureReference);
     ComdRef.SetEnabled(static_cast<bool>(data::gServices->createReferenceList));
     data::gServices->windows->SetHelpFile(HelpFilePath());
+}
+
+// A class with one keyword has nothing to look for in the second: the lines below it move up.
+void frmFind::OfferSecondKeyword(bool offered) {
+    const int saved = offered ? 0 : kLine;
+    Label3.SetVisible(offered);
+    ComKey2.SetVisible(offered);
+    FrameBack.SetHeight(kFrameRoom - saved);
+    CmdOK.SetTop(kButtonTop - saved);
+    CmdCancel.SetTop(kButtonTop - saved);
+    SetSize(kWidth, kHeight - saved);
 }
 
 void frmFind::Form_Resize() {

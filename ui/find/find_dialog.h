@@ -52,6 +52,7 @@ protected:
     void Trapped(std::string_view place, std::string_view detail) noexcept override;
 
 private:
+    void OfferSecondKeyword(bool offered);
     void FillKeywordLists();
     // Refills the lists and selects in `kept` what was selected in it before.
     void RefreshKeeping(controls::ComboBox& kept);

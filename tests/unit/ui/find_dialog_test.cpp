@@ -29,7 +29,7 @@ TEST_F(FindDialogTest, OpensEmptyWithTheKeywordsNames) {
     EXPECT_EQ(dialog.ComdRef.Picture(), 108);
     EXPECT_EQ(dialog.Label2.Caption(), "标段");
     EXPECT_TRUE(dialog.ComKey1.Enabled());
-    EXPECT_TRUE(dialog.ComKey2.Enabled());
+    EXPECT_FALSE(dialog.ComKey2.Visible());
     EXPECT_EQ(windows.helpFile, "host\\help\\项目管理.chm");
     EXPECT_EQ(dialog.ActiveControl(), &dialog.TxtCode);
     EXPECT_EQ(dialog.Left(), (1920 * 15 - dialog.Width()) / 2);
@@ -145,7 +145,7 @@ TEST_F(FindDialogTest, AnUnknownCodeIsEmptiedWithTheLists) {
 }
 
 TEST_F(FindDialogTest, ListsWithoutAKeywordFieldTestTheCodeAndStayEmpty) {
-    for (const std::int16_t count : std::vector<std::int16_t>{0, 1, 3}) {
+    for (const std::int16_t count : std::vector<std::int16_t>{0, 3}) {
         data::gItemKeyCount = count;
         dialog.Unload();
         dialog.Load();
@@ -159,6 +159,28 @@ TEST_F(FindDialogTest, ListsWithoutAKeywordFieldTestTheCodeAndStayEmpty) {
         EXPECT_EQ(dialog.TxtCode.Text(), "") << count;
         windows.messages.clear();
     }
+}
+
+TEST_F(FindDialogTest, OnlyAClassWithOneKeywordHidesTheSecond) {
+    const int height = dialog.Height();
+    EXPECT_FALSE(dialog.Label3.Visible());
+    EXPECT_FALSE(dialog.ComKey2.Visible());
+    for (const std::int16_t count : std::vector<std::int16_t>{0, 2, 3}) {
+        data::gItemKeyCount = count;
+        dialog.Unload();
+        dialog.Load();
+        EXPECT_TRUE(dialog.Label3.Visible()) << count;
+        EXPECT_TRUE(dialog.ComKey2.Visible()) << count;
+        EXPECT_GT(dialog.CmdOK.Top(), dialog.ComKey2.Top() + dialog.ComKey2.Height()) << count;
+        EXPECT_GT(dialog.Height(), height) << count;
+    }
+    data::gItemKeyCount = 1;
+    dialog.Unload();
+    dialog.Load();
+    EXPECT_FALSE(dialog.ComKey2.Visible());
+    EXPECT_EQ(dialog.Height(), height);
+    EXPECT_GT(dialog.CmdOK.Top(), dialog.ComKey1.Top() + dialog.ComKey1.Height());
+    EXPECT_LE(dialog.CmdOK.Top() + dialog.CmdOK.Height(), dialog.ScaleHeight());
 }
 
 TEST_F(FindDialogTest, WithoutACodeTheListsStay) {

@@ -88,6 +88,8 @@ public:
     void AddAction(WindowAction action) { mActions.push_back(std::move(action)); }
     // Runs `action` when it is possible, as one of this form's events.
     bool Run(const WindowAction& action);
+    // The keys of the window's own rules that neither its toolbar nor its actions name.
+    virtual std::vector<KeyLine> OwnKeys() const { return {}; }
 
     bool IsLoaded() const { return mLoaded; }
 

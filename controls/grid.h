@@ -13,14 +13,15 @@
 //   abandoning an edit    The text from before comes back, EditModeChange(false).
 //   reference button      EditModeChange(true) unless open, CellReference. A value that differs is
 //                         then accepted or refused like an edit, without CellChanged; the same
-//                         value closes the cell again.
+//                         value closes the cell again. EnterReference does the same with a value
+//                         that the window's code has already.
 //   drop-down list        ComboDropDown. A chosen item is an edit of the cell.
 //   moving in a row       (ending an edit,) EnterCell.
 //   leaving a row         (ending an edit,) RowValidate, whether or not the row was changed;
 //                         refused, the current cell stays in the row, in the column handed back;
 //                         accepted, EnterCell. A row that nothing could be typed into (read-only
 //                         grid, every cell locked) is left without RowValidate.
-//   scrolling             ViewChange.
+//   scrolling             ViewChange; so do a dragged or fitted column and zooming.
 //   abandoning a row      AbandonRow (Escape with no cell open).
 //   removing a row        When it was the current one: DetailReset, ViewChange, and EnterCell once
 //                         another row is current in its place. SetRows raises no EnterCell.
@@ -35,6 +36,9 @@
 // begins a new one; F2 in an open cell presses its reference button. Delete empties the cell.
 //
 // Moving the current cell by code (SetRow, SetCol) raises ViewChange alone.
+//
+// All measures of rows, columns and cells are twips before zooming, as they are told to the grid;
+// Zoomed() says how long they are in the window.
 #pragma once
 
 #include <functional>
@@ -123,6 +127,8 @@ public:
     // Columns and rows: measures in twips.
     int ColumnWidth(int col) const { return ColumnAt(col).width; }
     void SetColumnWidth(int col, int twips);
+    // Whether the operator has given the column another width than the window's code.
+    bool IsColumnResized(int col) const { return ColumnAt(col).originalWidth >= 0; }
     Alignment ColumnAlignment(int col) const { return ColumnAt(col).alignment; }
     void SetColumnAlignment(int col, Alignment alignment);
     void SetColumnInput(int col, const ColumnInput& input) { ColumnAt(col).input = input; }
@@ -179,8 +185,17 @@ public:
     // What the scroll bars at the grid's lower and right edge take of its size, in twips. Their
     // room is kept whether or not there is anything to scroll.
     static constexpr int kScrollBar = 255;
-    int ViewWidth() const { return Width() > kScrollBar ? Width() - kScrollBar : 0; }
-    int ViewHeight() const { return Height() > kScrollBar ? Height() - kScrollBar : 0; }
+    int ViewWidth() const { return RoomIn(Width()); }
+    int ViewHeight() const { return RoomIn(Height()); }
+
+    // How large the grid's rows, columns and texts are shown, in percent.
+    static constexpr int kLeastZoom = 50;
+    static constexpr int kGreatestZoom = 200;
+    static constexpr int kZoomStep = 10;
+    int Zoom() const { return mZoom; }
+    // Takes the nearest size that can be shown and keeps the current cell in sight.
+    void SetZoom(int percent);
+    int Zoomed(int twips) const { return twips * mZoom / 100; }
 
     // The part of the grid that its height and width show.
     int TopRow() const { return mTopRow; }
@@ -193,7 +208,7 @@ public:
     bool IsRowShown(int row) const;
     void SetWidth(int twips) override;
     void SetHeight(int twips) override;
-    // A cell's place in the grid, in twips from the grid's left upper corner.
+    // A cell's place in the grid, in twips before zooming from the grid's left upper corner.
     int CellLeft(int col) const;
     int CellTop(int row) const;
 
@@ -220,15 +235,29 @@ public:
     void CancelEdit();
     bool PressReference();
     bool CanPressReference() const;
+    // Edits in one go, both true when the text was accepted; what is refused stays open.
+    // EnterReference puts a text in that the operator did not write himself, as the reference
+    // button does: TextMayChange is not asked.
+    bool EnterText(std::string_view text);
+    bool EnterReference(std::string_view text);
+    // The nearest row above the current one that is shown; 0 when there is none.
+    int RowAbove() const;
+    // Enters the text of the cell above. Possible while no cell is open, in a cell that can be
+    // edited.
+    bool CanRepeatAbove() const { return !mEditing && CanEdit(mRow, mCol) && RowAbove() > 0; }
+    void RepeatAbove() { EnterText(Text(RowAbove(), mCol)); }
     // Raises ComboDropDown and returns the list's items; empty when the column has no list.
     std::vector<std::string> OpenList();
-    bool ChooseListItem(std::string_view text);
+    bool ChooseListItem(std::string_view text) { return EnterText(text); }
     // True when `character` fits the input kind of the current column.
     bool TakesCharacter(char32_t character) const;
     // True unless TextMayChange forbids the operator to change the current cell's text.
     bool MayChangeText();
-    // The operator drags a column's edge.
+    // The operator drags a column's edge, lets the column fit its texts as far as they can be seen,
+    // and gives all columns back the widths that the window's code gave them.
     void ResizeColumn(int col, int twips);
+    void FitColumn(int col);
+    void RestoreColumnWidths();
 
     bool KeyDown(platform::Key key, int shift) override;
     bool KeyPress(char32_t character) override;
@@ -251,12 +280,17 @@ public:
     // Mouse: a click on a column's header, and a double click on a cell (which otherwise opens it).
     std::function<void(int col)> HeaderClick;
     std::function<void(int row, int col)> CellDoubleClick;
+    // The twips, before zooming, that a cell needs to show a text whole. Set by the view; estimated
+    // when it is not.
+    std::function<int(const std::string& text)> MeasureText;
     // A change that the operator made to a text does not fit, or TextMayChange forbids it.
     std::function<void()> Beep;
 
 private:
     struct Column {
         int width = 960;
+        // The width by code of a column that the operator has resized; -1 for any other.
+        int originalWidth = -1;
         Alignment alignment = Alignment::Left;
         Alignment fixedAlignment = Alignment::Left;
         ColumnInput input;
@@ -285,6 +319,11 @@ private:
     void CloseEdit();
     bool AllowsChange();
     bool OpenToChange();
+    bool TakeReference(std::string_view text);
+    int RoomIn(int extent) const {
+        return extent > kScrollBar ? (extent - kScrollBar) * 100 / mZoom : 0;
+    }
+    int CellWidth(int row, int col) const;
     void EraseRow(int row);
     bool IsSummed(int row, int col) const {
         return col >= 0 && col == mSummedColumn && row >= mFixedRows;
@@ -327,6 +366,7 @@ private:
     int mCol = 0;
     int mSelectionEnd = 0;
     int mMarkedRow = 0;
+    int mZoom = 100;
     int mTopRow = 1;
     int mLeftCol = 1;
     bool mEditing = false;

@@ -239,6 +239,7 @@ void Grid::SetFixedRowAlignment(int col, Alignment alignment) {
 
 void Grid::SetColumnWidth(int col, int twips) {
     Assign(ColumnAt(col).width, std::max(0, twips));
+    ColumnAt(col).originalWidth = -1;
 }
 
 void Grid::SetColumnAlignment(int col, Alignment alignment) {

@@ -213,11 +213,19 @@ bool Grid::PressReference() {
         if (opened) CloseEdit();
         return true;
     }
-    mEditText = FitText(value);
+    TakeReference(value);
+    return true;
+}
+
+bool Grid::TakeReference(std::string_view text) {
+    mEditText = FitText(text);
     mEditTouched = true;
     mEditFromReference = true;
-    FinishEdit();
-    return true;
+    return FinishEdit() == GridAnswer::Accept;
+}
+
+bool Grid::EnterReference(std::string_view text) {
+    return (mEditing || OpenEdit()) && TakeReference(text);
 }
 
 std::vector<std::string> Grid::OpenList() {
@@ -228,7 +236,7 @@ std::vector<std::string> Grid::OpenList() {
     return list.Items();
 }
 
-bool Grid::ChooseListItem(std::string_view text) {
+bool Grid::EnterText(std::string_view text) {
     if (!OpenToChange()) return false;
     ReplaceEditText(text);
     return FinishEdit() == GridAnswer::Accept;

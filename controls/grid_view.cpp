@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "controls/grid.h"
+#include "controls/text_width.h"
 
 namespace kelvane::controls {
 
@@ -69,8 +70,55 @@ int Grid::CellTop(int row) const {
 
 void Grid::ResizeColumn(int col, int twips) {
     if (mEditing && FinishEdit() == GridAnswer::Refuse) return;
+    const int before = IsColumnResized(col) ? ColumnAt(col).originalWidth : ColumnWidth(col);
     SetColumnWidth(col, twips);
+    ColumnAt(col).originalWidth = before;
     if (ViewChange) Raise("ViewChange", ViewChange);
+}
+
+// What the cell needs when it is the current one, which shows its button.
+int Grid::CellWidth(int row, int col) const {
+    constexpr int kButton = 300;
+    const std::string text = Text(row, col);
+    const int width = MeasureText ? MeasureText(text) : EstimateTextWidth(text);
+    const bool hasButton = CanEdit(row, col) && (HasReference(col) || HasList(col));
+    return hasButton ? width + kButton : width;
+}
+
+// Looks at the titles and the rows in sight, however many there are.
+void Grid::FitColumn(int col) {
+    constexpr int kNarrowest = 300;
+    int wanted = kNarrowest;
+    const int end = std::min(Rows(), mTopRow + std::max(1, VisibleRows()) + 1);
+    for (int row = 0; row < end; ++row) {
+        if (row == mFixedRows) row = std::max(row, mTopRow);
+        if (row < end && RowHeight(row) > 0) wanted = std::max(wanted, CellWidth(row, col));
+    }
+    ResizeColumn(col, ViewWidth() > kNarrowest ? std::min(wanted, ViewWidth()) : wanted);
+}
+
+void Grid::RestoreColumnWidths() {
+    if (mEditing && FinishEdit() == GridAnswer::Refuse) return;
+    for (int col = 0; col < Cols(); ++col) {
+        if (IsColumnResized(col)) SetColumnWidth(col, ColumnAt(col).originalWidth);
+    }
+    if (ViewChange) Raise("ViewChange", ViewChange);
+}
+
+void Grid::SetZoom(int percent) {
+    const int zoom = std::clamp(percent, kLeastZoom, kGreatestZoom);
+    if (zoom == mZoom) return;
+    mZoom = zoom;
+    Touch();
+    ShowCurrent();
+    if (ViewChange) Raise("ViewChange", ViewChange);
+}
+
+int Grid::RowAbove() const {
+    for (int row = mRow - 1; row >= mFixedRows; --row) {
+        if (RowHeight(row) > 0) return row;
+    }
+    return 0;
 }
 
 void Grid::ShowCurrent() {

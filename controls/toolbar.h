@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "platform/keys.h"
 
 namespace kelvane::controls {
 
@@ -23,6 +24,9 @@ public:
     // Key of an image of the toolbar's list; empty when there is none.
     const std::string& Image() const { return mImage; }
     void SetImage(const std::string& imageKey);
+    // The key that does the same as a click, for the operator to read; none with Key::None.
+    const platform::KeyStroke& Stroke() const { return mStroke; }
+    void SetStroke(const platform::KeyStroke& stroke) { mStroke = stroke; }
 
 private:
     friend class Toolbar;
@@ -30,6 +34,7 @@ private:
     std::string mKey;
     std::string mCaption;
     std::string mImage;
+    platform::KeyStroke mStroke;
     bool mSeparator = false;
     bool mEnabled = true;
     bool mVisible = true;

@@ -21,7 +21,7 @@ void ToolbarStyleControl::Refresh() {
                 [&](const auto& candidate) { return candidate.key == button.Image(); });
             mItems.push_back({button.Key(), button.Caption(),
                               image == images.end() ? 0 : image->picture, button.IsSeparator(),
-                              button.Enabled(), button.Visible()});
+                              button.Enabled(), button.Visible(), button.Stroke()});
         }
     }
     Touch();

@@ -21,6 +21,7 @@ public:
         bool separator = false;
         bool enabled = true;
         bool visible = true;
+        platform::KeyStroke stroke = {};
     };
 
     // 1 when the control hosts a toolbar's buttons, 0 before.

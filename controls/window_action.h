@@ -9,6 +9,12 @@
 
 namespace kelvane::controls {
 
+// A line of the page of keys: keys by their names, and what they do.
+struct KeyLine {
+    std::string keys;
+    std::string does;
+};
+
 struct WindowAction {
     // The key that runs it; none with Key::None. Its character does not matter.
     platform::KeyStroke stroke = {};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapters/desktop/cell_text.h"
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/key_stroke.h"
 #include "adapters/desktop/look.h"
@@ -55,7 +56,6 @@ wxTextCtrl* CellEditor::CreateField(long alignment) {
     auto* field = new wxTextCtrl(
         &mCanvas, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
         wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB | wxWANTS_CHARS | alignment);
-    field->SetFont(UiFont());
     field->SetMargins(kTextMargin, -1);
     field->Hide();
     mHost.Keys().Attach(*field);
@@ -93,6 +93,7 @@ void CellEditor::Sync(const wxRect& field) {
     }
     mField = wanted;
     if (mField == nullptr) return;
+    if (const wxFont font = GridFont(mGrid); mField->GetFont() != font) mField->SetFont(font);
 
     const int height = std::max(field.height, mField->GetBestSize().y);
     mField->SetSize(field.x, field.y + (field.height - height) / 2, field.width, height);

@@ -28,6 +28,12 @@ wxString Hashes(wxDC& dc, int room) {
 
 }  // namespace
 
+wxFont GridFont(const Grid& grid) {
+    constexpr float kWhole = 100;
+    return grid.Zoom() == 100 ? UiFont()
+                              : UiFont().Scaled(static_cast<float>(grid.Zoom()) / kWhole);
+}
+
 CellText FitCellText(wxDC& dc, const Grid& grid, int row, int col, int room) {
     const std::string utf8 = grid.Text(row, col);
     CellText fit{.text = Text(utf8)};

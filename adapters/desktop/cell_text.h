@@ -3,11 +3,15 @@
 #pragma once
 
 #include <wx/dc.h>
+#include <wx/font.h>
 #include <wx/string.h>
 
 #include "controls/grid.h"
 
 namespace kelvane::desktop {
+
+// The font of a grid's texts, at the size at which the grid is shown.
+wxFont GridFont(const controls::Grid& grid);
 
 struct CellText {
     wxString text;

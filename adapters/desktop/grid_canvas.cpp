@@ -47,6 +47,14 @@ GridCanvas::GridCanvas(wxWindow& parent, controls::Grid& grid, ViewHost& host,
     });
 }
 
+// In the usual size, with the margins and the line at the cell's right edge.
+int GridCanvas::NeededTwips(const std::string& text) {
+    constexpr int kBesideText = 10;
+    wxClientDC dc(this);
+    dc.SetFont(UiFont());
+    return ToTwips(*this, dc.GetTextExtent(Text(text)).x + kBesideText);
+}
+
 void GridCanvas::OnPaint() {
     wxAutoBufferedPaintDC dc(this);
     PaintGrid(dc, *this, mGrid, Metrics(), mHost.Form().ActiveControl() == &mGrid);
@@ -61,6 +69,7 @@ void GridCanvas::OnLeftDown(wxMouseEvent& event) {
         return;
     }
     mResizedColumn = metrics.ColumnEdgeAt(point);
+    mPressedAt = event.GetX();
     if (mResizedColumn >= 0) {
         CaptureMouse();
         return;
@@ -79,14 +88,19 @@ void GridCanvas::OnLeftDown(wxMouseEvent& event) {
     mHost.FocusActive();
 }
 
+// An edge that was only clicked on stays where it is.
 void GridCanvas::OnLeftUp(wxMouseEvent& event) {
-    if (mResizedColumn >= 0) ResizeTo(event.GetX());
+    if (mResizedColumn >= 0 && event.GetX() != mPressedAt) ResizeTo(event.GetX());
     mResizedColumn = -1;
     if (HasCapture()) ReleaseMouse();
 }
 
 void GridCanvas::OnDoubleClick(wxMouseEvent& event) {
     const GridMetrics metrics = Metrics();
+    if (const int edge = metrics.ColumnEdgeAt(event.GetPosition()); edge >= 0) {
+        mGrid.FitColumn(edge);
+        return;
+    }
     const GridMetrics::Cell cell = metrics.CellAt(event.GetPosition());
     const bool takesRows = static_cast<bool>(mGrid.CellDoubleClick);
     const bool current = cell.row >= mGrid.FixedRows() && cell.row == mGrid.Row() &&
@@ -119,7 +133,7 @@ std::string GridCanvas::CutText(GridMetrics::Cell cell) {
         return {};
     }
     wxClientDC dc(this);
-    dc.SetFont(UiFont());
+    dc.SetFont(GridFont(mGrid));
     const wxRect room = Metrics().TextRoom(cell.row, cell.col);
     const bool cut =
         !room.IsEmpty() && !FitCellText(dc, mGrid, cell.row, cell.col, room.width).whole;
@@ -144,8 +158,8 @@ void GridCanvas::ResizeTo(int pixel) {
         return column.index == mResizedColumn;
     });
     if (band == columns.end()) return;
-    mGrid.ResizeColumn(mResizedColumn,
-                       std::max(kMinColumnTwips, ToTwips(*this, pixel - band->from)));
+    const int twips = ToTwips(*this, pixel - band->from) * 100 / mGrid.Zoom();
+    mGrid.ResizeColumn(mResizedColumn, std::max(kMinColumnTwips, twips));
 }
 
 void GridCanvas::OnWheel(wxMouseEvent& event) {
@@ -154,6 +168,10 @@ void GridCanvas::OnWheel(wxMouseEvent& event) {
     const int steps = mWheelRest / delta;
     mWheelRest -= steps * delta;
     if (steps == 0) return;
+    if (event.ControlDown()) {
+        mGrid.SetZoom(mGrid.Zoom() + steps * controls::Grid::kZoomStep);
+        return;
+    }
     if (event.GetWheelAxis() == wxMOUSE_WHEEL_HORIZONTAL || event.ShiftDown()) {
         mGrid.SetLeftCol(mGrid.LeftCol() - steps);
         return;

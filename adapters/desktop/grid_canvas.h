@@ -21,6 +21,8 @@ public:
 
     // The whole text of a cell that shows it in part; empty otherwise.
     std::string CutText(GridMetrics::Cell cell);
+    // The twips that a cell needs for `text`, before zooming.
+    int NeededTwips(const std::string& text);
 
 private:
     void OnPaint();
@@ -37,6 +39,7 @@ private:
     ViewHost& mHost;
     std::function<void()> mPressButton;
     int mResizedColumn = -1;
+    int mPressedAt = 0;  // where the mouse button went down
     int mWheelRest = 0;
     wxString mTip;
 };

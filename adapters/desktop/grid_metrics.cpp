@@ -28,16 +28,16 @@ int BandAt(const std::vector<GridMetrics::Band>& bands, int position) {
 }
 
 // The bands of the fixed items and of those from `first` on, as far as `room` twips reach.
-template <typename SizeOf>
-std::vector<GridMetrics::Band> LayOut(const wxWindow& window, int count, int fixed, int first,
-                                      int room, SizeOf sizeOf) {
+template <typename SizeOf, typename Pixels>
+std::vector<GridMetrics::Band> LayOut(int count, int fixed, int first, int room, SizeOf sizeOf,
+                                      Pixels pixels) {
     std::vector<GridMetrics::Band> bands;
     int position = 0;
     for (int index = 0; index < count && position < room; ++index) {
         if (index >= fixed && index < first) index = first;
         const int size = sizeOf(index);
         if (size > 0) {
-            bands.push_back({index, ToPixels(window, position), ToPixels(window, position + size)});
+            bands.push_back({index, pixels(position), pixels(position + size)});
         }
         position += size;
     }
@@ -57,11 +57,16 @@ int FirstOfLastPage(int count, int fixed, int room, SizeOf sizeOf) {
 }  // namespace
 
 GridMetrics::GridMetrics(const controls::Grid& grid, const wxWindow& window)
-    : mGrid(grid), mButtonWidth(ToPixels(window, kButtonTwips)), mWindow(window.GetClientSize()) {
-    mRows = LayOut(window, grid.Rows(), grid.FixedRows(), grid.TopRow(), grid.ViewHeight(),
-                   [&](int row) { return grid.RowHeight(row); });
-    mColumns = LayOut(window, grid.Cols(), grid.FixedCols(), grid.LeftCol(), grid.ViewWidth(),
-                      [&](int col) { return grid.ColumnWidth(col); });
+    : mGrid(grid),
+      mButtonWidth(ToPixels(window, grid.Zoomed(kButtonTwips))),
+      mWindow(window.GetClientSize()) {
+    const auto pixels = [&](int twips) { return ToPixels(window, grid.Zoomed(twips)); };
+    mRows = LayOut(
+        grid.Rows(), grid.FixedRows(), grid.TopRow(), grid.ViewHeight(),
+        [&](int row) { return grid.RowHeight(row); }, pixels);
+    mColumns = LayOut(
+        grid.Cols(), grid.FixedCols(), grid.LeftCol(), grid.ViewWidth(),
+        [&](int col) { return grid.ColumnWidth(col); }, pixels);
 }
 
 wxRect GridMetrics::CellRect(int row, int col) const {

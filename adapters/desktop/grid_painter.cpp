@@ -29,7 +29,7 @@ public:
     void Paint() {
         const wxSize size = mWindow.GetClientSize();
         Fill(wxRect(size), ToColour(mGrid.BackColor()));
-        mDc.SetFont(UiFont());
+        mDc.SetFont(GridFont(mGrid));
         mTextHeight = mDc.GetCharHeight();
         for (const auto& row : mMetrics.Rows()) {
             for (const auto& column : mMetrics.Columns()) PaintCell(row, column);

@@ -54,6 +54,7 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
       mEditor(std::make_unique<CellEditor>(*mCanvas, grid, host)),
       mWords(std::make_unique<SpokenGrid>(*mCanvas, grid)),
       mSpoken(std::make_unique<SpokenWindow>(*mCanvas, *mWords)) {
+    mGrid.MeasureText = [this](const std::string& text) { return mCanvas->NeededTwips(text); };
     mPane->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { LayOut(); });
     mPane->SetBackgroundColour(look::kWindow);
     // The canvas alone takes the keyboard; its keys scroll by moving the current cell.
@@ -67,6 +68,10 @@ GridView::GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host)
         mVertical->Bind(type, &GridView::OnScroll, this);
         mHorizontal->Bind(type, &GridView::OnScroll, this);
     }
+}
+
+GridView::~GridView() {
+    mGrid.MeasureText = nullptr;
 }
 
 wxWindow& GridView::Canvas() {

@@ -20,6 +20,7 @@ class GridCanvas;
 class GridView : public View {
 public:
     GridView(wxWindow& parent, controls::Grid& grid, ViewHost& host);
+    ~GridView() override;
 
     wxWindow& Window() override { return *mPane; }
     wxWindow* FocusWindow() override;

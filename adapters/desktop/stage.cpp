@@ -10,6 +10,7 @@
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/message_dialog.h"
 #include "controls/grid.h"
+#include "controls/key_page.h"
 #include "controls/pick_window.h"
 #include "platform/key_names.h"
 #include "platform/native_path.h"
@@ -113,7 +114,6 @@ void Stage::ShowForm(controls::Form& form) {
             window.Sync();
             window.ShowModal();
         }
-        mPassingNotice.End();
         mLevels.pop_back();
     }
     if (mLevels.empty()) mStrokes.clear();
@@ -174,16 +174,15 @@ void Stage::Beep() {
 }
 
 void Stage::ShowHelp() {
-    if (mOperator != nullptr) {
-        if (!mHelpFile.empty()) mOperator->HelpShown(mHelpFile);
-        return;
-    }
     // The windows' code writes a backslash between folders on every system.
-    const std::string path = platform::NativePath(mHelpFile);
-    if (wxFileExists(Text(path)) && wxLaunchDefaultApplication(Text(path))) return;
-    if (!mLevels.empty() && mLevels.back().form != nullptr) {
-        mPassingNotice.Say(mLevels.back().form->Form(), "没有找到帮助文件：" + path);
+    const wxString path = Text(platform::NativePath(mHelpFile));
+    if (wxFileExists(path)) {
+        if (mOperator != nullptr) return mOperator->HelpShown(mHelpFile);
+        if (wxLaunchDefaultApplication(path)) return;
     }
+    if (mLevels.empty() || mLevels.back().form == nullptr) return;
+    controls::KeyPage page(mLevels.back().form->Form());
+    ShowForm(page);
 }
 
 void Stage::Wake(int milliseconds) {

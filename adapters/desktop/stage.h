@@ -11,7 +11,6 @@
 #include <utility>
 
 #include "adapters/desktop/key_stroke.h"
-#include "adapters/desktop/passing_notice.h"
 #include "adapters/drive/operator.h"
 #include "controls/form.h"
 #include "platform/windows.h"
@@ -47,8 +46,7 @@ public:
     void SendKeys(std::string_view keys);
     void Beep();
     void SetHelpFile(std::string_view path) { mHelpFile = path; }
-    // Opens the help file, or says in the topmost window's notice line, until the operator's next
-    // step, that there is none.
+    // Opens the help file or, where there is none, the topmost window's page of keys.
     void ShowHelp();
 
     bool IsTopmost(const FormWindow& window) const;
@@ -82,7 +80,6 @@ private:
     std::deque<KeyStroke> mStrokes;
     int mSystemDialogs = 0;
     std::string mHelpFile;
-    PassingNotice mPassingNotice;
     drive::Operator* mOperator = nullptr;
     bool mOperatorLeft = false;
     std::exception_ptr mFailure;

@@ -1,11 +1,13 @@
 #include "adapters/desktop/toolbar_view.h"
 
 #include <wx/dcbuffer.h>
+#include <wx/tooltip.h>
 
 #include <algorithm>
 #include <utility>
 
 #include "adapters/desktop/pictures.h"
+#include "platform/key_names.h"
 
 namespace kelvane::desktop {
 
@@ -29,9 +31,16 @@ std::vector<Item> ItemsOf(const controls::Toolbar& toolbar) {
             return candidate.key == button.Image();
         });
         items.push_back({button.Key(), button.Caption(), image == images.end() ? 0 : image->picture,
-                         button.IsSeparator(), button.Enabled(), button.Visible()});
+                         button.IsSeparator(), button.Enabled(), button.Visible(),
+                         button.Stroke()});
     }
     return items;
+}
+
+// The caption with the key that does the same; nothing for a button without one.
+wxString TipOf(const Item& item) {
+    const std::string key = platform::NameOfKey(item.stroke);
+    return key.empty() ? wxString() : Text(item.caption + " (" + key + ")");
 }
 
 class ToolbarWindow : public wxWindow {
@@ -204,6 +213,12 @@ bool ToolbarView::CanClick(int index) const {
 void ToolbarView::SetHot(int index) {
     if (index == mHot) return;
     mHot = index;
+    const wxString tip = index < 0 ? wxString() : TipOf(mItems[static_cast<std::size_t>(index)]);
+    if (tip.empty()) {
+        mWindow->UnsetToolTip();
+    } else {
+        mWindow->SetToolTip(tip);
+    }
     mWindow->Refresh(false);
     mSpoken.Follow();
 }

@@ -1,13 +1,16 @@
 #include "adapters/headless/headless_windows.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
 
 #include "adapters/drive/key_flow.h"
 #include "adapters/headless/form_watch.h"
+#include "controls/key_page.h"
 #include "controls/pick_window.h"
 #include "platform/key_names.h"
+#include "platform/native_path.h"
 
 namespace kelvane::headless {
 
@@ -52,9 +55,20 @@ void HeadlessWindows::DeliverKeys(Form& form) {
         const platform::KeyStroke stroke = mSentKeys.front();
         mSentKeys.pop_front();
         const bool used = drive::PressKey(form, stroke);
-        if (used || stroke.key != platform::Key::F1 || mHelpFile.empty()) continue;
-        mOperator.HelpShown(mHelpFile);
+        if (!used && stroke.key == platform::Key::F1 && form.IsLoaded()) ShowHelp(form);
     }
+}
+
+// As on a screen: the help file or, where there is none, the window's page of keys.
+void HeadlessWindows::ShowHelp(const Form& form) {
+    std::error_code unknown;
+    const auto path = platform::PathOf(platform::NativePath(mHelpFile));
+    if (std::filesystem::is_regular_file(path, unknown)) {
+        mOperator.HelpShown(mHelpFile);
+        return;
+    }
+    controls::KeyPage page(form);
+    ShowModal(page);
 }
 
 platform::MessageAnswer HeadlessWindows::ShowMessage(const platform::Message& message) {

@@ -37,6 +37,7 @@ private:
 
     void RunModal(controls::Form& form);
     void DeliverKeys(controls::Form& form);
+    void ShowHelp(const controls::Form& form);
 
     drive::Operator& mOperator;
     std::string mHelpFile;

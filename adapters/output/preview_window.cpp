@@ -35,29 +35,54 @@ struct PreviewWindow::Command {
     const char* caption;  // null for a separator
     int picture;
     void (*run)(PreviewWindow&);
+    // What the operator can press instead.
+    platform::KeyStroke stroke = {};
 };
 
 std::span<const PreviewWindow::Command> PreviewWindow::Commands() {
     static constexpr std::array kCommands{
-        Command{"Print", "打印", kPicturePrint, [](PreviewWindow& form) { form.mActions.print(); }},
+        Command{"Print",
+                "打印",
+                kPicturePrint,
+                [](PreviewWindow& form) { form.mActions.print(); },
+                {Key::P, platform::kCtrl}},
         Command{"Setup", "设置", kPicturePageSetup, [](PreviewWindow& form) { form.SetUp(); }},
         Command{"SaveSettings", "保存设置", kPictureSave,
                 [](PreviewWindow& form) { form.mActions.saveSettings(); }},
         Command{"", nullptr, 0, nullptr},
-        Command{"ZoomIn", "放大", kPictureZoomIn, [](PreviewWindow& form) { form.Pages.ZoomIn(); }},
-        Command{"ZoomOut", "缩小", kPictureZoomOut,
-                [](PreviewWindow& form) { form.Pages.ZoomOut(); }},
+        Command{"ZoomIn",
+                "放大",
+                kPictureZoomIn,
+                [](PreviewWindow& form) { form.Pages.ZoomIn(); },
+                {Key::Plus}},
+        Command{"ZoomOut",
+                "缩小",
+                kPictureZoomOut,
+                [](PreviewWindow& form) { form.Pages.ZoomOut(); },
+                {Key::Minus}},
         Command{"WholePage", "整页", kPictureWholePage,
                 [](PreviewWindow& form) { form.Pages.SetZoom(PageView::kWholePage); }},
         Command{"", nullptr, 0, nullptr},
-        Command{"First", "首页", kPictureFirstPage,
-                [](PreviewWindow& form) { form.Pages.SetPage(1); }},
-        Command{"Previous", "上一页", kPicturePreviousPage,
-                [](PreviewWindow& form) { form.Pages.SetPage(form.Pages.Page() - 1); }},
-        Command{"Next", "下一页", kPictureNextPage,
-                [](PreviewWindow& form) { form.Pages.SetPage(form.Pages.Page() + 1); }},
-        Command{"Last", "末页", kPictureLastPage,
-                [](PreviewWindow& form) { form.Pages.SetPage(form.Pages.PageCount()); }},
+        Command{"First",
+                "首页",
+                kPictureFirstPage,
+                [](PreviewWindow& form) { form.Pages.SetPage(1); },
+                {Key::Home, platform::kCtrl}},
+        Command{"Previous",
+                "上一页",
+                kPicturePreviousPage,
+                [](PreviewWindow& form) { form.Pages.SetPage(form.Pages.Page() - 1); },
+                {Key::PageUp}},
+        Command{"Next",
+                "下一页",
+                kPictureNextPage,
+                [](PreviewWindow& form) { form.Pages.SetPage(form.Pages.Page() + 1); },
+                {Key::PageDown}},
+        Command{"Last",
+                "末页",
+                kPictureLastPage,
+                [](PreviewWindow& form) { form.Pages.SetPage(form.Pages.PageCount()); },
+                {Key::End, platform::kCtrl}},
         Command{"", nullptr, 0, nullptr},
         Command{"Quit", "关闭", kPictureQuit, [](PreviewWindow& form) { form.Unload(); }},
     };
@@ -84,6 +109,7 @@ PreviewWindow::PreviewWindow(platform::Windows& windows, PrintJob& job, PreviewA
         Toolbar1.AddButton(key, command.caption);
         Toolbar1.AddImage(key, command.picture);
         Toolbar1.Button(key)->SetImage(key);
+        Toolbar1.Button(key)->SetStroke(command.stroke);
     }
     Toolbar1.SetHeight(kToolbarHeight);
     Toolbar1.Button("SaveSettings")->SetVisible(static_cast<bool>(mActions.saveSettings));

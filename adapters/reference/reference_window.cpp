@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "adapters/reference/column_fit.h"
+#include "controls/grid_actions.h"
 #include "platform/blanks.h"
 
 namespace kelvane::reference {
@@ -79,6 +80,7 @@ ReferenceWindow::ReferenceWindow(platform::Windows& windows, PickRows rows, List
     cmdCancel.SetCancel(true);
     GridReference.SetTakesFocus(false);
     WireControls();
+    controls::AddGridActions(*this, GridReference);
 }
 
 void ReferenceWindow::WireControls() {
@@ -210,6 +212,12 @@ void ReferenceWindow::Choose(std::optional<std::size_t> row) {
     mChosen.reset();
     if (row && *row < mFinder.Shown().size()) mChosen = mFinder.Shown()[*row];
     Unload();
+}
+
+std::vector<controls::KeyLine> ReferenceWindow::OwnKeys() const {
+    return {{"Up、Down、PageUp、PageDown", "在列表中移动"},
+            {"Ctrl+Home、Ctrl+End", "到第一行、最后一行"},
+            {"Ctrl+1 … Ctrl+9", "按该列排序，再按一次反向"}};
 }
 
 void ReferenceWindow::Form_KeyDown(Key& key, int shift) {

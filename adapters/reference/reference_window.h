@@ -47,6 +47,8 @@ public:
     // The chosen row's number in the query's order, from 0; nothing until one was chosen.
     std::optional<std::size_t> Chosen() const { return mChosen; }
 
+    std::vector<controls::KeyLine> OwnKeys() const override;
+
     controls::PickWindow* AsPickWindow() override { return this; }
     std::vector<std::string> Titles() const override { return mLayout.titles; }
     std::vector<std::vector<std::string>> ShownRows() const override;

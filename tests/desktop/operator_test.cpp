@@ -7,6 +7,7 @@
 
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_forms.h"
+#include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::test {
 
@@ -120,7 +121,10 @@ TEST_F(DesktopOperator, AnswersMessageBoxes) {
 
 TEST_F(DesktopOperator, NotesRefusalsBeepsAndHelp) {
     ListForm form;
-    Windows().SetHelpFile("/nowhere\\help\\项目管理.chm");
+    const host_test::TemporaryFolder folder;
+    host_test::WriteText(folder / "项目管理.chm", "help");
+    const std::string help = folder.Path().string() + "\\项目管理.chm";
+    Windows().SetHelpFile(help);
     Do([&](controls::Form&) {
         form.grid.MoveTo(1, 4);
         form.grid.BeginEdit();
@@ -129,8 +133,8 @@ TEST_F(DesktopOperator, NotesRefusalsBeepsAndHelp) {
     });
     Do([](controls::Form&) {});
     Windows().ShowModal(form);
-    EXPECT_EQ(mOperator.notes, (Notes{"open frmList", "refused 1 4", "beep",
-                                      "help /nowhere\\help\\项目管理.chm", "close frmList"}));
+    EXPECT_EQ(mOperator.notes,
+              (Notes{"open frmList", "refused 1 4", "beep", "help " + help, "close frmList"}));
 }
 
 TEST_F(DesktopOperator, SentKeysGoToTheWindowThatOneOfThemOpens) {

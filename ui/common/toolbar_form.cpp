@@ -77,6 +77,13 @@ void ApplyToolbarStyle(ToolbarForm& form) {
     }
 }
 
+void NameToolbarKeys(ToolbarForm& form) {
+    for (const ToolbarKey& each : kToolbarKeys) {
+        ToolbarButton* button = form.Toolbar1.Button(each.button);
+        if (button != nullptr) button->SetStroke(StrokeOf(each.stroke));
+    }
+}
+
 void SetToolbarButtons(ToolbarForm& form, Key& key, int shift) {
     const bool ctrl = (shift & platform::kCtrl) != 0;
     const auto mapped =

@@ -52,6 +52,9 @@ std::int16_t ReadToolbarStyle();
 // Arranges the form's toolbars by gToolbarStyle. Errors are trapped.
 void ApplyToolbarStyle(ToolbarForm& form);
 
+// Gives each button of the form's toolbar the keystroke that SetToolbarButtons takes for it.
+void NameToolbarKeys(ToolbarForm& form);
+
 // Clicks the toolbar button that `key` with `shift` stands for, when it is enabled and visible, and
 // sets the key to Key::None then. Errors of the click are trapped.
 void SetToolbarButtons(ToolbarForm& form, platform::Key& key, int shift);

@@ -26,6 +26,10 @@ struct ToolbarEntry {
     ToolbarStroke stroke = {};
 };
 
+inline platform::KeyStroke StrokeOf(const ToolbarStroke& stroke) {
+    return {stroke.key, stroke.needsCtrl ? platform::kCtrl : 0};
+}
+
 // Adds the buttons and separators of `commands`, each of which has an `entry`, to `toolbar`.
 template <typename Commands>
 void AddToolbarButtons(controls::Toolbar& toolbar, const Commands& commands) {
@@ -35,6 +39,7 @@ void AddToolbarButtons(controls::Toolbar& toolbar, const Commands& commands) {
             toolbar.AddSeparator();
         } else {
             toolbar.AddButton(std::string(entry.key), std::string(entry.caption));
+            toolbar.Button(entry.key)->SetStroke(StrokeOf(entry.stroke));
         }
     }
 }

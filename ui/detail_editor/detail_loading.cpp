@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/grid_actions.h"
 #include "data/login_context.h"
 #include "data/number_format.h"
 #include "entries/failure_reason.h"
@@ -11,6 +12,7 @@ namespace kelvane::ui {
 
 using controls::Alignment;
 using controls::InputKind;
+using platform::Key;
 using platform::RecordSet;
 using platform::StatementText;
 
@@ -69,6 +71,7 @@ frmQCEdit::frmQCEdit()
     SetSize(9900, 6600);
     SetMinSize(7200, 4200);
     AddButtons();
+    NameToolbarKeys(*this);
     Toolbar1.SetHeight(kToolbarHeight);
     CTBCtrl1.SetHeight(kToolbarHeight);
     Picture1.SetHeight(kStripHeight);
@@ -84,6 +87,12 @@ frmQCEdit::frmQCEdit()
     };
     Grid1.EditModeChange = [this](bool editing) { Grid1_EditModeChange(editing); };
     Grid1.Beep = [] { data::gServices->windows->Beep(); };
+    AddAction({.stroke = {Key::Quote, platform::kCtrl},
+               .caption = "重复上一行",
+               .inMenu = true,
+               .possible = [this] { return Grid1.CanRepeatAbove(); },
+               .run = [this] { Grid1.RepeatAbove(); }});
+    controls::AddGridActions(*this, Grid1);
 }
 
 DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "controls/grid_actions.h"
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "ui/common/opening_budget.h"
@@ -114,8 +115,12 @@ frmPeriodItem::frmPeriodItem()
     CapLable.SetHeight(360);
     cmdRef.SetVisible(false);
     cmdRef.Click = [this] { cmdRef_Click(); };
+    // Not in the table of commands: the windows open the help at the key, not at its release.
+    Toolbar1.Button("Help")->SetStroke({Key::F1});
     GridPeriodItem.SetOpensWithF2(false);
     WireGrid();
+    AddCopyActions();
+    controls::AddGridActions(*this, GridPeriodItem);
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };
     data::gTrapListener = [this](std::string_view place) { mFailureNotice.Failed(place); };
 }
@@ -166,6 +171,10 @@ void frmPeriodItem::Form_KeyUp(Key& key, int shift) {
     const std::string_view button = command->entry.key;
     if (command->strokeNeedsEnabled && !Toolbar1.Button(button)->Enabled()) return;
     ClickButton(button);
+}
+
+std::vector<controls::KeyLine> frmPeriodItem::OwnKeys() const {
+    return {{"Ctrl+Enter", "查看锁定的期初值的明细"}};
 }
 
 void frmPeriodItem::Form_KeyDown(Key& key, int shift) {

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/button.h"
 #include "controls/grid.h"
@@ -133,6 +134,14 @@ public:
     // True when a row is one that the search looks for (entry_search.cpp).
     bool MatchesSearch(int row) const;
 
+    std::vector<controls::KeyLine> OwnKeys() const override;
+
+    // Entering again what is there already (entry_copying.cpp): the cell above, and a whole entry
+    // in a new row. Each cell is entered as the operator would; what is refused shows its message.
+    // A new row keeps none of what was refused, and no amount that is made of detail lines.
+    void RepeatCellAbove();
+    void CopyEntry();
+
     // Printing (printing.cpp).
     void CaptureGridLayout();
     // Modes of the print set-up: print or preview, and export.
@@ -167,6 +176,9 @@ private:
     void ResetToDesign();
     void AllowEntry(bool allowed);
     bool AskDelete(int row);
+    void AddCopyActions();
+    bool EnterItemOf(int source);
+    void CopyCell(int source, int col);
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
 
     entries::EntryTexts TextsOf(int row) const;

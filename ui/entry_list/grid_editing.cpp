@@ -223,11 +223,12 @@ void frmPeriodItem::GridPeriodItem_EnterCell() {
 // Over the right end of the current cell, in front of the grid.
 void frmPeriodItem::PlaceDetailButton() {
     const controls::Grid& grid = GridPeriodItem;
-    const int cellWidth = grid.ColumnWidth(grid.Col());
-    cmdRef.SetLeft(grid.CellLeft(grid.Col()) + cellWidth - kDetailButtonWidth - 1);
-    cmdRef.SetTop(grid.Top() + grid.CellTop(grid.Row()) + 1);
-    cmdRef.SetWidth(cellWidth < kDetailButtonWidth ? cellWidth : kDetailButtonWidth);
-    cmdRef.SetHeight(std::max(0, grid.RowHeight(grid.Row()) - 1));
+    const int cellWidth = grid.Zoomed(grid.ColumnWidth(grid.Col()));
+    const int buttonWidth = grid.Zoomed(kDetailButtonWidth);
+    cmdRef.SetLeft(grid.Zoomed(grid.CellLeft(grid.Col())) + cellWidth - buttonWidth - 1);
+    cmdRef.SetTop(grid.Top() + grid.Zoomed(grid.CellTop(grid.Row())) + 1);
+    cmdRef.SetWidth(cellWidth < buttonWidth ? cellWidth : buttonWidth);
+    cmdRef.SetHeight(std::max(0, grid.Zoomed(grid.RowHeight(grid.Row())) - 1));
     cmdRef.SetVisible(true);
 }
 

@@ -121,6 +121,10 @@ void frmFind::Form_KeyUp(Key& key, int shift) {
     if (key == Key::F4 && shift == platform::kCtrl) CmdCancel_Click();
 }
 
+std::vector<controls::KeyLine> frmFind::OwnKeys() const {
+    return {{"F2", "打开项目参照"}, {"Ctrl+F4", CmdCancel.Caption()}};
+}
+
 void frmFind::ComdRef_Click() {
     data::gRefByCenter = false;
     std::string code = TxtCode.Text();

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/button.h"
 #include "controls/combo_box.h"
@@ -32,6 +33,8 @@ public:
 
     // Shows the dialog and returns what is to be found; nothing when it was not left by OK.
     std::optional<FindAnswer> Ask();
+
+    std::vector<controls::KeyLine> OwnKeys() const override;
 
     void ComdRef_Click();
     void ComKey1_DropDown();

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/headless/sample_window.h"
+#include "tests/unit/host/temporary_folder.h"
 
 namespace kelvane::headless {
 namespace {
@@ -96,10 +97,19 @@ TEST(ScriptRun, SentKeysFollowTheCommandThatCausedThem) {
 }
 
 TEST(ScriptRun, TheHelpKeyShowsTheHelpFile) {
-    EXPECT_EQ(RunIn("key F1\n"), "> key F1\n");
+    const host_test::TemporaryFolder folder;
+    host_test::WriteText(folder / "项目管理.chm", "help");
     Session session("show\nkey F1\n");
-    session.windows.SetHelpFile("C:\\Kx\\help\\项目管理.chm");
+    session.windows.SetHelpFile(folder.Path().string() + "\\项目管理.chm");
     EXPECT_NE(session.Run().find("> key F1\nhelp 项目管理.chm\n"), std::string::npos);
+}
+
+TEST(ScriptRun, WithoutAHelpFileTheHelpKeyShowsThePageOfKeys) {
+    const std::string shown = "> key F1\nopen frmKeys\n> key F1\n> key Enter\nclose frmKeys\n";
+    EXPECT_EQ(RunIn("key F1\nkey F1\nkey Enter\n"), shown);
+    Session session("show\nkey F1\nkey F1\nkey Enter\n");
+    session.windows.SetHelpFile("C:\\nowhere\\项目管理.chm");
+    EXPECT_NE(session.Run().find(shown), std::string::npos);
 }
 
 TEST(ScriptRun, AReferenceButtonRunsTheDialogInsideTheCommand) {

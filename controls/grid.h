@@ -23,6 +23,8 @@
 //                         grid, every cell locked) is left without RowValidate.
 //   scrolling             ViewChange; so do a dragged or fitted column and zooming.
 //   abandoning a row      AbandonRow (Escape with no cell open).
+//   a view                Sorting and filtering end an open edit; the current row stays current
+//                         wherever it comes to stand, and ViewChange is raised.
 //   removing a row        When it was the current one: DetailReset, ViewChange, and EnterCell once
 //                         another row is current in its place. SetRows raises no EnterCell.
 //
@@ -182,6 +184,34 @@ public:
     int MarkedRow() const { return mMarkedRow; }
     void MarkRow(int row) { Assign(mMarkedRow, row); }
 
+    // The cell that a search shows; row 0: none. A view or a removed row takes the mark away.
+    int FoundRow() const { return mFoundRow; }
+    int FoundCol() const { return mFoundCol; }
+    void MarkFound(int row, int col);
+
+    // Views (grid_order.cpp): the rows in another order, some of them put aside. Each row keeps its
+    // stored place, and everything of it goes with it; only its number is another. A new row comes
+    // last, in its place as on the screen. Each returns false, and changes nothing, when the open
+    // cell refuses to be left or the rows are not kept here. A row that is changed and not saved is
+    // the caller's concern: only one that is current stays in sight. SetRows and SetCols end every
+    // view.
+    //
+    // Sorts by a column: numbers and dates by what they are, texts by their characters, blank ones
+    // last; equal ones stay in their stored order.
+    bool SortRows(int col, bool descending);
+    // Puts the rows aside that `keeps` does not want; `col` is the column that is filtered by. A
+    // current row that goes leaves no row current.
+    bool FilterRows(int col, const std::function<bool(int row)>& keeps);
+    // Brings the rows back that were put aside; ends the sorting.
+    bool UnfilterRows();
+    bool UnsortRows();
+    // The column that the rows are sorted by; -1: they stand in their stored order.
+    int SortColumn() const { return mSortColumn; }
+    bool SortsDescending() const { return mSortDescending; }
+    bool IsFiltered() const { return !mFilteredColumns.empty(); }
+    bool IsFilteredBy(int col) const;
+    int RowsAside() const { return static_cast<int>(mAside.size()); }
+
     // What the scroll bars at the grid's lower and right edge take of its size, in twips. Their
     // room is kept whether or not there is anything to scroll.
     static constexpr int kScrollBar = 255;
@@ -202,8 +232,9 @@ public:
     void SetTopRow(int row);
     int LeftCol() const { return mLeftCol; }
     void SetLeftCol(int col);
-    // Scrolls so far that the current cell can be seen.
-    void ShowCurrent();
+    // Scrolls so far that the cell, or the current one, can be seen.
+    void ShowCell(int row, int col);
+    void ShowCurrent() { ShowCell(mRow, mCol); }
     int VisibleRows() const;
     bool IsRowShown(int row) const;
     void SetWidth(int twips) override;
@@ -303,6 +334,7 @@ private:
         int data = 0;
         int height = 0;
         int colors = 0;  // index into mColorSets
+        int place = 0;   // among the stored rows; greater ones come later
     };
     using ColorSet = std::vector<Color>;
 
@@ -329,6 +361,11 @@ private:
         return col >= 0 && col == mSummedColumn && row >= mFixedRows;
     }
     void SetCurrent(int row, int col);
+    bool MayRearrange();
+    void Rearrange(const std::function<void()>& change);
+    void SortShown();
+    void BringBack();
+    void EndViews();
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);
     std::string PlainInput(std::string_view text) const;
@@ -337,6 +374,12 @@ private:
 
     std::vector<Column> mColumns;
     std::vector<GridRow> mRows;
+    int mNextPlace = 0;
+    // The view: the rows put aside, in any order, the columns filtered by, and the one sorted by.
+    std::vector<GridRow> mAside;
+    std::vector<int> mFilteredColumns;
+    int mSortColumn = -1;
+    bool mSortDescending = false;
     // What all rows of a source have in common, how many there are, and their texts.
     GridRow mSourceRow;
     int mSourceRows = 0;
@@ -367,6 +410,8 @@ private:
     int mSelectionEnd = 0;
     int mMarkedRow = 0;
     int mZoom = 100;
+    int mFoundRow = 0;
+    int mFoundCol = 0;
     int mTopRow = 1;
     int mLeftCol = 1;
     bool mEditing = false;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "controls/grid.h"
+#include "controls/joined_cells.h"
 #include "platform/grid_text.h"
 
 namespace kelvane::controls {
@@ -16,23 +17,6 @@ constexpr Color kOwnColor = 0xFFFFFFFFU;
 
 // The characters that stand for the alignments, in their order.
 constexpr std::string_view kMarks = "<^>";
-
-// The range [begin, end) of cell `col` in a row's joined texts; cells past the last are empty.
-std::pair<std::size_t, std::size_t> FindCell(std::string_view cells, int col) {
-    std::size_t begin = 0;
-    for (int passed = 0; passed < col; ++passed) {
-        const std::size_t tab = cells.find('\t', begin);
-        if (tab == std::string_view::npos) return {cells.size(), cells.size()};
-        begin = tab + 1;
-    }
-    const std::size_t tab = cells.find('\t', begin);
-    return {begin, tab == std::string_view::npos ? cells.size() : tab};
-}
-
-std::string_view CellIn(std::string_view cells, int col) {
-    const auto [begin, end] = FindCell(cells, col);
-    return cells.substr(begin, end - begin);
-}
 
 // A cell's text: the tab is the separator of cells, so one inside a text becomes a blank.
 std::string CellText(std::string_view text) {
@@ -62,7 +46,9 @@ Grid::Grid(Form& form, std::string name) : Control(form, std::move(name)) {
 
 void Grid::SetRows(int rows) {
     if (rows < 0) throw std::out_of_range(Name() + ": a grid cannot have fewer than 0 rows");
+    EndViews();
     while (Rows() > rows) EraseRow(Rows() - 1);
+    if (mRows.empty()) mNextPlace = 0;
     while (Rows() < rows) AddItem("");
 }
 
@@ -81,6 +67,7 @@ void Grid::SumColumn(int col) {
 
 void Grid::SetCols(int cols) {
     if (cols < 1) throw std::out_of_range(Name() + ": a grid needs a column");
+    EndViews();
     mColumns.resize(static_cast<std::size_t>(cols));
     for (GridRow& row : mRows) row.cells = FitCells(row.cells, cols);
     SumColumn(mSummedColumn < cols ? mSummedColumn : -1);
@@ -115,6 +102,7 @@ int Grid::AddItem(std::string_view cells) {
     GridRow row;
     row.cells = FitCells(cells, Cols());
     row.height = mDefaultRowHeight;
+    row.place = mNextPlace++;
     mRows.push_back(std::move(row));
     if (IsSummed(Rows() - 1, mSummedColumn)) mSum.Add(CellIn(mRows.back().cells, mSummedColumn));
     Touch();
@@ -135,6 +123,7 @@ void Grid::EraseRow(int row) {
     if (current && mEditing) CloseEdit();
     if (IsSummed(row, mSummedColumn)) mSum.Take(CellIn(RowAt(row).cells, mSummedColumn));
     mRows.erase(mRows.begin() + row);
+    mFoundRow = 0;
     if (row == mMarkedRow) mMarkedRow = 0;
     if (row < mMarkedRow) --mMarkedRow;
     if (row < mRow || mRow >= Rows()) mRow = std::max(0, mRow - 1);
@@ -148,6 +137,7 @@ void Grid::EraseRow(int row) {
 
 void Grid::SetRowSource(int count, RowSource cells) {
     if (mEditing) CancelEdit();
+    EndViews();
     const auto kept = std::min(mRows.size(), static_cast<std::size_t>(mFixedRows));
     mRows.resize(kept);
     SumColumn(mSummedColumn);

@@ -121,26 +121,26 @@ int Grid::RowAbove() const {
     return 0;
 }
 
-void Grid::ShowCurrent() {
-    if (mRow >= mFixedRows) {
-        if (mRow < mTopRow) {
-            SetTopRow(mRow);
-        } else if (ViewHeight() > 0 && !IsRowShown(mRow)) {
+void Grid::ShowCell(int row, int col) {
+    if (row >= mFixedRows) {
+        if (row < mTopRow) {
+            SetTopRow(row);
+        } else if (ViewHeight() > 0 && !IsRowShown(row)) {
             int room = ViewHeight();
-            for (int row = 0; row < mFixedRows; ++row) room -= RowHeight(row);
-            int top = mRow;
+            for (int fixed = 0; fixed < mFixedRows; ++fixed) room -= RowHeight(fixed);
+            int top = row;
             room -= RowHeight(top);
             while (top > mFixedRows && room - RowHeight(top - 1) >= 0) room -= RowHeight(--top);
             SetTopRow(top);
         }
     }
-    if (mCol >= mFixedCols) {
-        if (mCol < mLeftCol) {
-            SetLeftCol(mCol);
+    if (col >= mFixedCols) {
+        if (col < mLeftCol) {
+            SetLeftCol(col);
         } else if (ViewWidth() > 0) {
             int left = mLeftCol;
-            int right = CellLeft(mCol) + ColumnWidth(mCol);
-            while (left < mCol && right > ViewWidth()) right -= ColumnWidth(left++);
+            int right = CellLeft(col) + ColumnWidth(col);
+            while (left < col && right > ViewWidth()) right -= ColumnWidth(left++);
             SetLeftCol(left);
         }
     }

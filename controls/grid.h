@@ -22,7 +22,8 @@
 //                         accepted, EnterCell. A row that nothing could be typed into (read-only
 //                         grid, every cell locked) is left without RowValidate.
 //   scrolling             ViewChange; so do a dragged or fitted column and zooming.
-//   abandoning a row      AbandonRow (Escape with no cell open).
+//   abandoning a row      EndView in a row that was not changed; AbandonRow, unless EndView did
+//                         something or no row is current (Escape with no cell open).
 //   a view                Sorting and filtering end an open edit; the current row stays current
 //                         wherever it comes to stand, and ViewChange is raised.
 //   removing a row        When it was the current one: DetailReset, ViewChange, and EnterCell once
@@ -307,6 +308,8 @@ public:
     std::function<void()> EditCheck;
     std::function<void()> DetailReset;
     std::function<void()> ViewChange;
+    // Ends what shows the rows otherwise than they are stored; true when there was such a thing.
+    std::function<bool()> EndView;
     std::function<void(int row)> AbandonRow;
     // Mouse: a click on a column's header, and a double click on a cell (which otherwise opens it).
     std::function<void(int col)> HeaderClick;

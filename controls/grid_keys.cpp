@@ -94,6 +94,11 @@ bool Grid::NavigationKey(Key key, int shift) {
         CancelEdit();
         return true;
     }
+    if (EndView && !mRowTouched) {
+        bool ended = false;
+        Raise("EndView", [&] { ended = EndView(); });
+        if (ended) return true;
+    }
     if (mRow < mFixedRows || !AbandonRow) return false;
     Raise("AbandonRow", [this] { AbandonRow(mRow); });
     return true;

@@ -35,6 +35,7 @@ constexpr std::array kSyntaxes{
     Syntax{"press", Verb::Press, 1, 1, false, "press NAME"},
     Syntax{"set", Verb::Set, 1, 1, true, "set NAME TEXT"},
     Syntax{"resize", Verb::Resize, 2, 2, false, "resize C TWIPS"},
+    Syntax{"title", Verb::Title, 1, 1, false, "title C"},
     Syntax{"close", Verb::Close, 0, 0, false, "close"},
     Syntax{"skip", Verb::Skip, 1, 1, false, "skip sql"},
     Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|line|page|sql"},

@@ -33,6 +33,7 @@ enum class Verb {
     Press,
     Set,
     Resize,
+    Title,
     Close,
     Skip,
     Print,

@@ -149,6 +149,13 @@ void Resize(const Arguments& arguments, Form& form, const CommandSurroundings& /
     grid.ResizeColumn(col, ParseNumber(arguments[1]));
 }
 
+void ClickTitle(const Arguments& arguments, Form& form, const CommandSurroundings& /*around*/) {
+    const Grid& grid = NeedGrid(form);
+    const int col = ParseNumber(arguments[0]);
+    if (col >= grid.Cols()) throw ScriptError("no column " + arguments[0]);
+    if (grid.HeaderClick) form.RunEvent("HeaderClick", [&] { grid.HeaderClick(col); });
+}
+
 void CloseWindow(const Arguments& /*arguments*/, Form& form,
                  const CommandSurroundings& /*around*/) {
     form.Unload(controls::UnloadMode::CloseBox);
@@ -186,6 +193,7 @@ constexpr std::array kWindowCommands{
     WindowCommand{Verb::Press, PressButton},
     WindowCommand{Verb::Set, SetField},
     WindowCommand{Verb::Resize, Resize},
+    WindowCommand{Verb::Title, ClickTitle},
     WindowCommand{Verb::Close, CloseWindow},
     WindowCommand{Verb::Print, Print},
 };

@@ -1,16 +1,18 @@
 #include "ui/common/figures.h"
 
 #include "data/number_format.h"
+#include "ui/common/list_views.h"
 
 namespace kelvane::ui {
 
 namespace {
 
-std::string SumText(const controls::ColumnSum& sum) {
+std::string SumText(const controls::ColumnSum& sum, bool filtered) {
     const auto total = sum.Total();
-    if (!total) return "合计超出范围";
+    const std::string name = filtered ? "所示合计" : "合计";
+    if (!total) return name + "超出范围";
     std::string text =
-        "合计 " + data::NumFormatText(platform::Value(*total), data::kMoneyKind, true);
+        name + " " + data::NumFormatText(platform::Value(*total), data::kMoneyKind, true);
     if (sum.Unread() > 0) text += "（" + std::to_string(sum.Unread()) + " 行不是金额）";
     return text;
 }
@@ -19,11 +21,12 @@ std::string SumText(const controls::ColumnSum& sum) {
 
 std::string FiguresOf(const controls::Grid& grid) {
     const int rows = grid.Rows() - grid.FixedRows();
-    std::string place = "共 " + std::to_string(rows) + " 行";
+    std::string place =
+        grid.IsFiltered() ? "筛选 " + ShownRows(grid) : "共 " + std::to_string(rows) + " 行";
     if (grid.Row() >= grid.FixedRows()) {
         place = "第 " + std::to_string(grid.Row() - grid.FixedRows() + 1) + " 行，" + place;
     }
-    return place + "   " + SumText(grid.Sum());
+    return place + "   " + SumText(grid.Sum(), grid.IsFiltered());
 }
 
 }  // namespace kelvane::ui

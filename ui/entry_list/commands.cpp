@@ -119,6 +119,8 @@ frmPeriodItem::frmPeriodItem()
     Toolbar1.Button("Help")->SetStroke({Key::F1});
     GridPeriodItem.SetOpensWithF2(false);
     WireGrid();
+    AddFindActions();
+    AddViewActions();
     AddCopyActions();
     controls::AddGridActions(*this, GridPeriodItem);
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };

@@ -4,7 +4,29 @@
 
 namespace kelvane::ui {
 
-// The entry of a row that a question is about, and where keys are silent by rule what to press.
+namespace {
+
+// The parts that say something, side by side.
+std::string Joined(std::initializer_list<std::string> parts) {
+    std::string text;
+    for (const std::string& part : parts) {
+        if (!part.empty() && !text.empty()) text += "    ";
+        text += part;
+    }
+    return text;
+}
+
+}  // namespace
+
+// Where keys are silent by rule.
+std::string frmPeriodItem::WhatToPress(int row, int col) const {
+    if (GridPeriodItem.ReadOnly() || GridPeriodItem_TextMayChange(row, col)) return {};
+    return col == kItemColumn ? "项目从参照中选择：按 F2 或空格键。"
+                              : "金额由明细合计：按 Ctrl+Enter 打开明细。";
+}
+
+// The entry of a row that a question is about; else what the current code is called, what to
+// press, and the view.
 std::string frmPeriodItem::Hint() const {
     if (const int marked = GridPeriodItem.MarkedRow(); marked > 0) {
         std::string entry = "将删除：";
@@ -15,15 +37,13 @@ std::string frmPeriodItem::Hint() const {
         return entry;
     }
     const int row = GridPeriodItem.Row();
-    if (row < GridPeriodItem.FixedRows()) return {};
+    if (!mSearchNote.empty()) return mSearchNote;
+    if (row < GridPeriodItem.FixedRows()) return mViews.Text();
     const int col = GridPeriodItem.Col();
     std::string name;
     if (col == kCenterColumn) name = mCenterNames.NameOf(CellText(row, col));
     if (col == kItemColumn) name = CellText(row, kItemNameColumn);
-    if (GridPeriodItem.ReadOnly() || GridPeriodItem_TextMayChange(row, col)) return name;
-    if (!name.empty()) name += "    ";
-    return name + (col == kItemColumn ? "项目从参照中选择：按 F2 或空格键。"
-                                      : "金额由明细合计：按 Ctrl+Enter 打开明细。");
+    return Joined({name, WhatToPress(row, col), mViews.Text()});
 }
 
 std::string frmPeriodItem::Figures() const {

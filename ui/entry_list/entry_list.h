@@ -22,6 +22,7 @@
 #include "entries/entry_store.h"
 #include "platform/printing.h"
 #include "platform/statement_text.h"
+#include "ui/common/list_views.h"
 #include "ui/common/picked_cells.h"
 #include "ui/common/printed_grid.h"
 #include "ui/common/toolbar_form.h"
@@ -124,6 +125,7 @@ public:
 
     // What the lower line says (entry_hints.cpp).
     std::string Hint() const override;
+    std::string WhatToPress(int row, int col) const;
     std::string Figures() const override;
 
     // Commands (commands.cpp).
@@ -133,6 +135,17 @@ public:
 
     // True when a row is one that the search looks for (entry_search.cpp).
     bool MatchesSearch(int row) const;
+    // The next row, or with -1 the one before, that FindEntry() was last asked for, round the end
+    // of the list; FindEntry() itself when it was never asked.
+    void FindNext(int step);
+
+    // Sorting and filtering (list_actions.cpp): the list's own titles, and what the context menu
+    // and the keys do.
+    void GridPeriodItem_HeaderClick(int col);
+    void FilterByCurrentCell();
+    // Escape in a row that was not changed: true when there was a view to end. A row that was never
+    // saved is given up first.
+    bool EndView();
 
     std::vector<controls::KeyLine> OwnKeys() const override;
 
@@ -173,6 +186,16 @@ private:
     void ShowButtonImages();
 
     void WireGrid();
+    void AddFindActions();
+    void AddViewActions();
+    // A row below the current one, or with -1 above it, that the search looks for; 0: none. `note`
+    // receives that the list's end was passed.
+    int FindMatch(int step, std::string& note) const;
+    // Brings the rows back that a filter put aside; true when there were some.
+    bool ClearFilter();
+    // Goes to a row that was found and selects its cells; false when the current row may not be
+    // left.
+    bool GoToFound(int row, int firstCol, int lastCol);
     void ResetToDesign();
     void AllowEntry(bool allowed);
     bool AskDelete(int row);
@@ -213,6 +236,9 @@ private:
     entries::EntryStore mStore;
     // The item chosen while its cell is open.
     PickedCells mPickedItem;
+    ListViews mViews{GridPeriodItem};
+    // What is to be said of a search until the operator goes on.
+    std::string mSearchNote;
     // True while keystrokes that this window sent itself are on their way.
     bool mSendingOpenKeys = false;
 };

@@ -41,6 +41,8 @@ void frmPeriodItem::ResetToDesign() {
     GridPeriodItem.SetCols(kEntryColumnCount);
     GridPeriodItem.SetRows(1);
     GridPeriodItem.SetRowTouched(false);
+    mViews.Forget();
+    mSearchNote.clear();
     HideDetailButton();
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
     // Until it is known whether entries may be made: the opening can fail before that.

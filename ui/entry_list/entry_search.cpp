@@ -6,6 +6,14 @@
 
 namespace kelvane::ui {
 
+namespace {
+
+void TellNothingFound() {
+    data::ShowInformation("没有找到符合条件的数据");
+}
+
+}  // namespace
+
 // An empty item cell matches any code; an empty sought keyword matches any cell.
 bool frmPeriodItem::MatchesSearch(int row) const {
     const std::string item = data::Trim(CellText(row, kItemColumn));
@@ -29,24 +37,72 @@ void frmPeriodItem::FindEntry() {
     if (!bClickOk || !ExecCom) return;
 
     controls::Grid& grid = GridPeriodItem;
-    int found = 0;
-    for (int row = 1; row < grid.Rows() && found == 0; ++row) {
-        if (grid.RowHeight(row) > 0 && MatchesSearch(row)) found = row;
-    }
+    const auto first = [&] {
+        int row = grid.FixedRows();
+        while (row < grid.Rows() && (grid.RowHeight(row) == 0 || !MatchesSearch(row))) ++row;
+        return row < grid.Rows() ? row : 0;
+    };
+    int found = first();
+    // An entry that is only filtered out is there.
+    if (found == 0 && ClearFilter()) found = first();
     if (found == 0) {
-        data::ShowInformation("没有找到符合条件的数据");
+        TellNothingFound();
         return;
     }
+    GoToFound(found, kDateColumn, kAmountColumn);
+}
+
+void frmPeriodItem::FindNext(int step) {
+    if (FindItemCode.empty()) return FindEntry();
+    std::string note;
+    int found = FindMatch(step, note);
+    if ((found == 0 || found == GridPeriodItem.Row()) && ClearFilter()) {
+        found = FindMatch(step, note);
+    }
+    if (found == 0) {
+        TellNothingFound();
+        return;
+    }
+    if (GoToFound(found, kDateColumn, kAmountColumn)) mSearchNote = note;
+}
+
+int frmPeriodItem::FindMatch(int step, std::string& note) const {
+    const controls::Grid& grid = GridPeriodItem;
+    const int first = grid.FixedRows();
+    const int count = grid.Rows() - first;
+    // Where no row is current the search begins at the end it comes from.
+    note.clear();
+    const int start = grid.Row() >= first ? grid.Row() - first : step > 0 ? -1 : count;
+    for (int passed = 1; passed <= count; ++passed) {
+        const int place = start + step * passed;
+        const int row = first + (place + 2 * count) % count;
+        if (grid.RowHeight(row) == 0 || !MatchesSearch(row)) continue;
+        if (row == grid.Row()) {
+            note = "只有这一行符合条件。";
+        } else if (place < 0 || place >= count) {
+            note = step > 0 ? "已到末尾，从头继续查找。" : "已到开头，从末尾继续查找。";
+        }
+        return row;
+    }
+    return 0;
+}
+
+bool frmPeriodItem::ClearFilter() {
+    return GridPeriodItem.IsFiltered() && mViews.Unfilter();
+}
+
+bool frmPeriodItem::GoToFound(int row, int firstCol, int lastCol) {
+    controls::Grid& grid = GridPeriodItem;
     // Moving away would lose sight of a row that was changed and not yet saved, or of a cell that
     // may not be left.
-    const bool unsaved = grid.IsEditing() || grid.RowTouched();
-    if (found != grid.Row() && unsaved && !grid.LeaveRow()) return;
-    if (grid.FinishEdit() == controls::GridAnswer::Refuse) return;
-    grid.SetRow(found);
-    if (!grid.IsRowShown(found)) grid.SetTopRow(found);
-    grid.SetCol(kDateColumn);
-    grid.SetSelectionEnd(kAmountColumn);
+    if (row != grid.Row() && !LeaveUnsaved(grid)) return false;
+    if (grid.FinishEdit() == controls::GridAnswer::Refuse) return false;
+    grid.SetRow(row);
+    if (!grid.IsRowShown(row)) grid.SetTopRow(row);
+    grid.SetCol(firstCol);
+    grid.SetSelectionEnd(lastCol);
     grid.SetFocus();
+    return true;
 }
 
 }  // namespace kelvane::ui

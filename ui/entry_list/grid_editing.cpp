@@ -52,6 +52,8 @@ void frmPeriodItem::WireGrid() {
     grid.DetailReset = [this] { GridPeriodItem_DetailReset(); };
     grid.ViewChange = [this] { GridPeriodItem_ViewChange(); };
     grid.AbandonRow = [this](int row) { GridPeriodItem_AbandonRow(row); };
+    grid.EndView = [this] { return EndView(); };
+    grid.HeaderClick = [this](int col) { GridPeriodItem_HeaderClick(col); };
     grid.Beep = [] { data::gServices->windows->Beep(); };
 }
 
@@ -208,6 +210,7 @@ void frmPeriodItem::GridPeriodItem_EditCheck() {
 }
 
 void frmPeriodItem::GridPeriodItem_EnterCell() {
+    mSearchNote.clear();
     HideDetailButton();
     const int row = GridPeriodItem.Row();
     if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
@@ -239,6 +242,7 @@ void frmPeriodItem::HideDetailButton() {
 }
 
 void frmPeriodItem::GridPeriodItem_ViewChange() {
+    mSearchNote.clear();
     if (cmdRef.Visible()) HideDetailButton();
 }
 

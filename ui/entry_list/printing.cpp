@@ -24,7 +24,7 @@ void frmPeriodItem::CaptureGridLayout() {
 }
 
 void frmPeriodItem::PreparePrint(int /*mode*/, bool& ok) {
-    ok = mPrinted.SetUp(std::string(kTitle), HeaderItems(), {});
+    ok = mPrinted.SetUp(TitleOfShown(kTitle, GridPeriodItem), HeaderItems(), {});
 }
 
 void frmPeriodItem::PreviewList() {

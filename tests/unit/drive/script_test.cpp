@@ -40,6 +40,7 @@ TEST(Script, EveryCommandIsKnownByItsName) {
         {"click Add", Verb::Click},
         {"press cmdRef", Verb::Press},
         {"set TxtCode p", Verb::Set},
+        {"title 1", Verb::Title},
         {"close", Verb::Close},
         {"skip sql", Verb::Skip},
         {"print grid", Verb::Print},

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kFrame = 2;  // pixels of the frame around the current cell
 constexpr int kButtonTwips = 300;
+constexpr int kMarkTwips = 210;  // one of a title
 constexpr int kTextMargin = 4;
 constexpr int kEdgeReach = 4;  // pixels to both sides of a column's edge
 
@@ -59,6 +60,7 @@ int FirstOfLastPage(int count, int fixed, int room, SizeOf sizeOf) {
 GridMetrics::GridMetrics(const controls::Grid& grid, const wxWindow& window)
     : mGrid(grid),
       mButtonWidth(ToPixels(window, grid.Zoomed(kButtonTwips))),
+      mMarkWidth(ToPixels(window, grid.Zoomed(kMarkTwips))),
       mWindow(window.GetClientSize()) {
     const auto pixels = [&](int twips) { return ToPixels(window, grid.Zoomed(twips)); };
     mRows = LayOut(
@@ -116,9 +118,19 @@ wxRect GridMetrics::TextRoom(int row, int col) const {
         const wxRect button = CurrentButton();
         if (!button.IsEmpty()) room.width -= button.width;
     }
+    room.width -= TitleMarks(row, col).width;
     room.width = std::min(room.GetRight() - 1, mWindow.x - 1) - room.x + 1;
     room.Deflate(kTextMargin, 0);
     return room.width > 0 ? room : wxRect();
+}
+
+wxRect GridMetrics::TitleMarks(int row, int col) const {
+    if (row >= mGrid.FixedRows()) return {};
+    const int marks = (col == mGrid.SortColumn() ? 1 : 0) + (mGrid.IsFilteredBy(col) ? 1 : 0);
+    const wxRect cell = CellRect(row, col);
+    if (marks == 0 || cell.IsEmpty()) return {};
+    const int width = std::min(marks * mMarkWidth, cell.width - 1);
+    return {cell.GetRight() - width, cell.y, width, cell.height};
 }
 
 int GridMetrics::LastTopRow(const controls::Grid& grid) {

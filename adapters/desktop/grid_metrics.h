@@ -41,8 +41,12 @@ public:
     // The part of the current cell that its text is edited in.
     wxRect CurrentField() const;
     // The part of a shown cell that its text has to itself: what can be seen of the cell, without
-    // its button and the margins. Empty when there is none.
+    // its button, its marks and the margins. Empty when there is none.
     wxRect TextRoom(int row, int col) const;
+
+    // The right end of a title where it stands that the rows are sorted or filtered by its column;
+    // empty for any other cell.
+    wxRect TitleMarks(int row, int col) const;
 
     // The greatest useful top row and left column: from there the last ones fill the grid.
     static int LastTopRow(const controls::Grid& grid);
@@ -51,6 +55,7 @@ public:
 private:
     const controls::Grid& mGrid;
     int mButtonWidth = 0;
+    int mMarkWidth = 0;
     wxSize mWindow;
     std::vector<Band> mRows;
     std::vector<Band> mColumns;

@@ -4,6 +4,7 @@
 
 #include "adapters/desktop/cell_text.h"
 #include "adapters/desktop/look.h"
+#include "adapters/desktop/title_marks.h"
 
 namespace kelvane::desktop {
 
@@ -53,7 +54,10 @@ private:
         const wxRect cell(column.from, row.from, column.to - column.from, row.to - row.from);
         const bool fixed = row.index < mGrid.FixedRows() || column.index < mGrid.FixedCols();
         const controls::Color color = mGrid.CellColor(row.index, column.index);
-        if (IsSelected(row.index, column.index)) {
+        if (row.index >= mGrid.FixedRows() && row.index == mGrid.FoundRow() &&
+            column.index == mGrid.FoundCol()) {
+            Fill(cell, look::kFound);
+        } else if (IsSelected(row.index, column.index)) {
             Fill(cell, look::kSelected);
         } else if (row.index >= mGrid.FixedRows() && row.index == mGrid.MarkedRow()) {
             Fill(cell, Mixed(ToColour(color), look::kMarkedRow, kMarkedPercent));
@@ -66,6 +70,8 @@ private:
         mDc.DrawLine(cell.GetRight(), cell.y, cell.GetRight(), cell.y + cell.height);
         mDc.DrawLine(cell.x, cell.GetBottom(), cell.x + cell.width, cell.GetBottom());
         PaintText(row.index, column.index);
+        const wxRect marks = mMetrics.TitleMarks(row.index, column.index);
+        if (!marks.IsEmpty()) PaintTitleMarks(mDc, mGrid, column.index, marks);
     }
 
     void PaintText(int row, int col) {

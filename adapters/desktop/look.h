@@ -48,6 +48,8 @@ inline const wxColour kSelected{205, 226, 247};
 // The current row and a row that a question is about: mixed with the colours of their cells.
 inline const wxColour kCurrentRow{150, 195, 240};
 inline const wxColour kMarkedRow{255, 150, 130};
+// The cell that a search shows.
+inline const wxColour kFound{255, 226, 110};
 inline const wxColour kEdge{176, 180, 186};
 inline const wxColour kHover{218, 233, 248};
 inline const wxColour kPressed{186, 212, 238};

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "adapters/reference/reference_list_service.h"
-#include "adapters/reference/search_key.h"
 #include "bench/accounts.h"
 #include "bench/entry_windows.h"
 #include "bench/floor.h"
 #include "bench/samples.h"
 #include "host/account/account_host.h"
 #include "host/account/account_place.h"
+#include "platform/search_key.h"
 
 namespace kelvane::bench {
 
@@ -141,7 +141,7 @@ std::vector<std::string> SearchKeys() {
     ShowItems([&](ReferenceWindow& list) {
         for (const auto& row : list.ShownRows()) {
             auto& key = keys.emplace_back();
-            for (const std::string& cell : row) reference::AppendSearchKey(key, cell);
+            for (const std::string& cell : row) platform::AppendSearchKey(key, cell);
         }
     });
     return keys;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "adapters/reference/search_key.h"
+#include "platform/search_key.h"
 
 namespace kelvane::reference {
 
@@ -53,7 +53,7 @@ void RowFinder::MakeKeys() {
     mKeyEnds.reserve(mRows.Count());
     for (std::size_t row = 0; row < mRows.Count(); ++row) {
         for (int column = 0; column < mRows.Columns(); ++column) {
-            AppendSearchKey(mKeys, mRows.Cell(row, column));
+            platform::AppendSearchKey(mKeys, mRows.Cell(row, column));
         }
         mKeyEnds.push_back(mKeys.size());
     }
@@ -77,7 +77,7 @@ std::vector<bool> RowFinder::FindInAll() const {
 }
 
 void RowFinder::Narrow(std::string_view typed) {
-    const std::string folded = FoldText(typed);
+    const std::string folded = platform::FoldText(typed);
     const std::string needle(WithoutOuterBlanks(folded));
     if (needle == mNeedle) return;
     const bool extended = !mNeedle.empty() && needle.find(mNeedle) != std::string::npos;
@@ -107,7 +107,8 @@ void RowFinder::SortBy(int column, bool descending) {
         Sort(mOrder, keys, descending, IsSmaller);
     } else {
         std::vector<std::string> keys;
-        for (const std::size_t row : mOrder) keys.push_back(SortKey(mRows.Cell(row, column)));
+        for (const std::size_t row : mOrder)
+            keys.push_back(platform::SortKey(mRows.Cell(row, column)));
         Sort(mOrder, keys, descending, std::less<>());
     }
     std::vector<bool> shown(mRows.Count());

@@ -3,11 +3,11 @@
 
 #include <string_view>
 
-namespace kelvane::reference {
+namespace kelvane::platform {
 
 // The initials that `character` is read with, in small letters: the customary reading's first, then
 // those of its other readings ("cz" for one that is read two ways). Empty for what is no Chinese
 // character and for one whose reading is not known.
 std::string_view PinyinInitials(char32_t character);
 
-}  // namespace kelvane::reference
+}  // namespace kelvane::platform

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace kelvane::reference {
+namespace kelvane::platform {
 
 // Ends every part of a search key; no folded text contains it.
 inline constexpr char kKeyEnd = '\x1f';
@@ -13,6 +13,8 @@ inline constexpr char kKeyEnd = '\x1f';
 // `text` as it is compared: small letters, the wide forms of an input method as plain ones, control
 // characters as blanks. Bytes that are no UTF-8 stay as they are.
 std::string FoldText(std::string_view text);
+// The same at the end of `out`.
+void AppendFolded(std::string& out, std::string_view text);
 
 // The text that orders a cell among others: Chinese characters by their initials first.
 std::string SortKey(std::string_view cell);
@@ -22,4 +24,4 @@ std::string SortKey(std::string_view cell);
 // each part followed by kKeyEnd.
 void AppendSearchKey(std::string& key, std::string_view cell);
 
-}  // namespace kelvane::reference
+}  // namespace kelvane::platform

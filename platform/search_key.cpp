@@ -1,13 +1,13 @@
-#include "adapters/reference/search_key.h"
+#include "platform/search_key.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "adapters/reference/pinyin.h"
 #include "platform/full_width.h"
+#include "platform/pinyin.h"
 #include "platform/utf8.h"
 
-namespace kelvane::reference {
+namespace kelvane::platform {
 
 namespace {
 
@@ -25,24 +25,6 @@ char FoldAscii(char character) {
 
 bool IsLetterOrDigit(char folded) {
     return (folded >= 'a' && folded <= 'z') || (folded >= '0' && folded <= '9');
-}
-
-void AppendFolded(std::string& out, std::string_view text) {
-    while (!text.empty()) {
-        if (IsAscii(text.front())) {
-            out += FoldAscii(text.front());
-            text.remove_prefix(1);
-            continue;
-        }
-        const platform::Utf8Character next = platform::FirstCharacter(text);
-        const char32_t plain = platform::PlainForm(next.value);
-        if (plain != next.value) {
-            out += FoldAscii(static_cast<char>(plain));
-        } else {
-            out += text.substr(0, next.length);
-        }
-        text.remove_prefix(next.length);
-    }
 }
 
 // Every spelling once more for each further initial, as long as there are not too many.
@@ -69,7 +51,7 @@ std::vector<std::string> Spellings(std::string_view folded) {
             folded.remove_prefix(1);
             continue;
         }
-        const platform::Utf8Character next = platform::FirstCharacter(folded);
+        const Utf8Character next = FirstCharacter(folded);
         const std::string_view initials = PinyinInitials(next.value);
         if (!initials.empty()) {
             AppendInitials(spellings, initials);
@@ -82,6 +64,28 @@ std::vector<std::string> Spellings(std::string_view folded) {
 }
 
 }  // namespace
+
+// Only two leading bytes begin characters that have a plain form; all others stay as they are.
+void AppendFolded(std::string& out, std::string_view text) {
+    constexpr char kLeadOfBlank = '\xE3';
+    constexpr char kLeadOfForms = '\xEF';
+    while (!text.empty()) {
+        const char lead = text.front();
+        if (lead != kLeadOfBlank && lead != kLeadOfForms) {
+            out += IsAscii(lead) ? FoldAscii(lead) : lead;
+            text.remove_prefix(1);
+            continue;
+        }
+        const Utf8Character next = FirstCharacter(text);
+        const char32_t plain = PlainForm(next.value);
+        if (plain != next.value) {
+            out += FoldAscii(static_cast<char>(plain));
+        } else {
+            out += text.substr(0, next.length);
+        }
+        text.remove_prefix(next.length);
+    }
+}
 
 std::string FoldText(std::string_view text) {
     std::string folded;
@@ -110,4 +114,4 @@ void AppendSearchKey(std::string& key, std::string_view cell) {
     key += kKeyEnd;
 }
 
-}  // namespace kelvane::reference
+}  // namespace kelvane::platform

@@ -1,8 +1,8 @@
-#include "adapters/reference/pinyin.h"
+#include "platform/pinyin.h"
 
 #include <gtest/gtest.h>
 
-namespace kelvane::reference {
+namespace kelvane::platform {
 namespace {
 
 TEST(Pinyin, CharactersOfEverydayNames) {
@@ -50,4 +50,4 @@ TEST(Pinyin, WhatIsNoChineseCharacterHasNone) {
 }
 
 }  // namespace
-}  // namespace kelvane::reference
+}  // namespace kelvane::platform

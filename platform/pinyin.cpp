@@ -1,9 +1,9 @@
-#include "adapters/reference/pinyin.h"
+#include "platform/pinyin.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace kelvane::reference {
+namespace kelvane::platform {
 
 namespace {
 
@@ -12,7 +12,7 @@ struct SeveralInitials {
     std::string_view initials;
 };
 
-#include "adapters/reference/pinyin_initials.inc"
+#include "platform/pinyin_initials.inc"
 
 // The letter of `character` in a block; null when it lies outside.
 const char* LetterIn(std::string_view block, char32_t first, char32_t character) {
@@ -38,4 +38,4 @@ std::string_view PinyinInitials(char32_t character) {
     return *letter == '.' ? std::string_view() : Listed(character);
 }
 
-}  // namespace kelvane::reference
+}  // namespace kelvane::platform

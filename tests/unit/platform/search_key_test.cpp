@@ -1,11 +1,11 @@
-#include "adapters/reference/search_key.h"
+#include "platform/search_key.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-namespace kelvane::reference {
+namespace kelvane::platform {
 namespace {
 
 // The parts of a cell's key, one after the other.
@@ -76,4 +76,4 @@ TEST(SearchKey, OrdersChineseTextsByTheirInitials) {
 }
 
 }  // namespace
-}  // namespace kelvane::reference
+}  // namespace kelvane::platform

@@ -67,9 +67,7 @@ FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
     SetFont(UiFont());
     mKeys.Attach(*this);
     mKeys.Attach(*mSurface);
-    for (controls::Control* control : mForm.Controls()) {
-        if (auto view = CreateView(*control)) mViews.push_back(std::move(view));
-    }
+    CreateViews();
     Bind(wxEVT_CLOSE_WINDOW, &FormWindow::OnClose, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent&) { OnSize(); });
     mSurface->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
@@ -91,6 +89,14 @@ std::unique_ptr<View> FormWindow::CreateView(controls::Control& control) {
     ViewMaker maker(*mSurface, *this);
     control.Accept(maker);
     return std::move(maker.made);
+}
+
+// Controls can join a form that is shown.
+void FormWindow::CreateViews() {
+    const auto& controls = mForm.Controls();
+    for (; mKnownControls < controls.size(); ++mKnownControls) {
+        if (auto view = CreateView(*controls[mKnownControls])) mViews.push_back(std::move(view));
+    }
 }
 
 View* FormWindow::FindView(const controls::Control* control) const {
@@ -169,6 +175,7 @@ void FormWindow::Sync() {
     // A field that opens or takes the keyboard now would bring this window in front of the one
     // above.
     if (mStage.IsCovered(*this)) return;
+    CreateViews();
     SyncFrame();
     mSurface->Sync();
     for (const auto& view : mViews) view->Sync();

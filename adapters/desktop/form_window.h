@@ -45,6 +45,7 @@ public:
 
 private:
     std::unique_ptr<View> CreateView(controls::Control& control);
+    void CreateViews();
     View* FindView(const controls::Control* control) const;
     View* ActiveView() const { return FindView(mForm.ActiveControl()); }
     bool EnterToolbar();
@@ -61,6 +62,8 @@ private:
     Surface* mSurface;
     LowerLine* mLine;
     std::vector<std::unique_ptr<View>> mViews;
+    // How many of the form's controls have been asked for a view.
+    std::size_t mKnownControls = 0;
     const controls::Control* mFocused = nullptr;
     wxSize mFormSize;  // the form's outer size, place and least size last seen, in twips
     wxSize mTooSmall;

@@ -147,6 +147,9 @@ void PrintWindow(const Form& form, Transcript& transcript) {
     if (grid == nullptr) return;
     transcript.Line("cell " + Place(grid->Row(), grid->Col()) + " to " +
                     std::to_string(grid->SelectionEnd()));
+    if (grid->FoundRow() > 0) {
+        transcript.Line("found " + Place(grid->FoundRow(), grid->FoundCol()));
+    }
     transcript.Line(grid->IsEditing() ? "edit \"" + grid->EditText() + "\"" : "edit none");
 }
 

@@ -181,6 +181,10 @@ std::vector<controls::KeyLine> frmPeriodItem::OwnKeys() const {
 
 void frmPeriodItem::Form_KeyDown(Key& key, int shift) {
     const controls::Grid& grid = GridPeriodItem;
+    if (mSearchStrip && mSearchStrip->TakeKey(key, shift)) {
+        key = Key::None;
+        return;
+    }
     if (key == Key::F1 || ActiveControl() != &grid || grid.Row() < 1) return;
     const int row = grid.Row();
     const int col = grid.Col();
@@ -223,6 +227,7 @@ void frmPeriodItem::Form_KeyDown(Key& key, int shift) {
 
 void frmPeriodItem::Form_KeyPress(char32_t& character) {
     try {
+        if (mSearchStrip && mSearchStrip->HasKeyboard()) return;
         const int row = GridPeriodItem.Row();
         if (GridPeriodItem.Col() != kAmountColumn || row < 1) return;
         if (CellText(row, kElementColumn).empty()) {
@@ -258,6 +263,7 @@ void frmPeriodItem::Form_Resize() {
         CapLable.SetTop(Picture1.Top() + (Picture1.Height() - CapLable.Height()) / 2);
         GridPeriodItem.SetTop(Picture1.Top() + Picture1.Height() - pixel);
         Picture1.SetWidth(ScaleWidth());
+        PlaceSearchStrip();
         HideDetailButton();
     } catch (...) {
         data::ReportTrapped("Form_Resize");

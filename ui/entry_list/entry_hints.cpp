@@ -37,6 +37,7 @@ std::string frmPeriodItem::Hint() const {
         return entry;
     }
     const int row = GridPeriodItem.Row();
+    if (mSearchStrip && mSearchStrip->IsOpen()) return mSearchStrip->Note();
     if (!mSearchNote.empty()) return mSearchNote;
     if (row < GridPeriodItem.FixedRows()) return mViews.Text();
     const int col = GridPeriodItem.Col();

@@ -25,6 +25,7 @@
 #include "ui/common/list_views.h"
 #include "ui/common/picked_cells.h"
 #include "ui/common/printed_grid.h"
+#include "ui/common/search_strip.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
 #include "ui/entry_list/center_names.h"
@@ -139,12 +140,15 @@ public:
     // of the list; FindEntry() itself when it was never asked.
     void FindNext(int step);
 
+    // The search while it is typed, over the title strip (Ctrl+F).
+    void SearchTyping();
+
     // Sorting and filtering (list_actions.cpp): the list's own titles, and what the context menu
     // and the keys do.
     void GridPeriodItem_HeaderClick(int col);
     void FilterByCurrentCell();
-    // Escape in a row that was not changed: true when there was a view to end. A row that was never
-    // saved is given up first.
+    // Escape in a row that was not changed: true when there was a search or a view to end. A row
+    // that was never saved is given up first.
     bool EndView();
 
     std::vector<controls::KeyLine> OwnKeys() const override;
@@ -196,6 +200,9 @@ private:
     // Goes to a row that was found and selects its cells; false when the current row may not be
     // left.
     bool GoToFound(int row, int firstCol, int lastCol);
+    bool GoToHit(int row, int col);
+    void PlaceSearchStrip();
+    void CloseSearchStrip();
     void ResetToDesign();
     void AllowEntry(bool allowed);
     bool AskDelete(int row);
@@ -237,6 +244,8 @@ private:
     // The item chosen while its cell is open.
     PickedCells mPickedItem;
     ListViews mViews{GridPeriodItem};
+    // Made when it is wanted for the first time.
+    std::unique_ptr<SearchStrip> mSearchStrip;
     // What is to be said of a search until the operator goes on.
     std::string mSearchNote;
     // True while keystrokes that this window sent itself are on their way.

@@ -41,6 +41,7 @@ void frmPeriodItem::ResetToDesign() {
     GridPeriodItem.SetCols(kEntryColumnCount);
     GridPeriodItem.SetRows(1);
     GridPeriodItem.SetRowTouched(false);
+    CloseSearchStrip();
     mViews.Forget();
     mSearchNote.clear();
     HideDetailButton();

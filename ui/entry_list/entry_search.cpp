@@ -1,4 +1,4 @@
-// The search for an entry through the find dialog.
+// The search for an entry: through the find dialog, on and back from there, and while it is typed.
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/text_conversion.h"
@@ -53,6 +53,7 @@ void frmPeriodItem::FindEntry() {
 }
 
 void frmPeriodItem::FindNext(int step) {
+    if (mSearchStrip && mSearchStrip->IsOpen()) return mSearchStrip->GoOn(step);
     if (FindItemCode.empty()) return FindEntry();
     std::string note;
     int found = FindMatch(step, note);
@@ -87,8 +88,37 @@ int frmPeriodItem::FindMatch(int step, std::string& note) const {
     return 0;
 }
 
+void frmPeriodItem::SearchTyping() {
+    if (!mSearchStrip) {
+        mSearchStrip = std::make_unique<SearchStrip>(
+            *this, GridPeriodItem, [this](int row, int col) { return GoToHit(row, col); });
+        PlaceSearchStrip();
+    }
+    mSearchStrip->Open();
+}
+
+void frmPeriodItem::PlaceSearchStrip() {
+    if (mSearchStrip) mSearchStrip->Place(Picture1.Top(), Picture1.Height());
+}
+
+void frmPeriodItem::CloseSearchStrip() {
+    if (mSearchStrip) mSearchStrip->Close();
+}
+
 bool frmPeriodItem::ClearFilter() {
     return GridPeriodItem.IsFiltered() && mViews.Unfilter();
+}
+
+bool frmPeriodItem::GoToHit(int row, int col) {
+    controls::Grid& grid = GridPeriodItem;
+    if (row != grid.Row() && !LeaveUnsaved(grid)) return false;
+    if (grid.FinishEdit() == controls::GridAnswer::Refuse) return false;
+    grid.SetRow(row);
+    grid.SetCol(col);
+    grid.ShowCurrent();
+    // A grey amount gets its button; an element that is missing is not asked for by a search.
+    if (!CellText(row, kElementColumn).empty()) GridPeriodItem_EnterCell();
+    return true;
 }
 
 bool frmPeriodItem::GoToFound(int row, int firstCol, int lastCol) {

@@ -18,11 +18,21 @@ void frmPeriodItem::FilterByCurrentCell() {
 bool frmPeriodItem::EndView() {
     const int row = GridPeriodItem.Row();
     const bool isNew = row >= GridPeriodItem.FixedRows() && GridPeriodItem.RowData(row) == 0;
+    if (mSearchStrip && mSearchStrip->IsOpen()) {
+        mSearchStrip->Close();
+        return true;
+    }
     return !isNew && mViews.End();
 }
 
 void frmPeriodItem::AddFindActions() {
     const auto notEditing = [this] { return !GridPeriodItem.IsEditing(); };
+    AddAction({.stroke = {KeyOfCharacter(U'F'), kCtrl},
+               .caption = "查找",
+               .inMenu = true,
+               .startsGroup = true,
+               .possible = notEditing,
+               .run = [this] { SearchTyping(); }});
     AddAction({.stroke = {KeyOfCharacter(U'G'), kCtrl},
                .caption = "定位下一个",
                .inMenu = true,

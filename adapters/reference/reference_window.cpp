@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "adapters/reference/column_fit.h"
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 #include "platform/blanks.h"
 
 namespace kelvane::reference {
@@ -80,7 +80,7 @@ ReferenceWindow::ReferenceWindow(platform::Windows& windows, PickRows rows, List
     cmdCancel.SetCancel(true);
     GridReference.SetTakesFocus(false);
     WireControls();
-    controls::AddGridActions(*this, GridReference);
+    controls::AddSizeActions(*this, GridReference);
 }
 
 void ReferenceWindow::WireControls() {

@@ -1,7 +1,7 @@
 // Column widths and the size at which the grid is shown, by real keys and a real mouse.
 #include <gtest/gtest.h>
 
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 #include "tests/desktop/list_places.h"
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_forms.h"
@@ -16,7 +16,7 @@ constexpr int kHeaderY = kGridTop + 10;
 
 class SizedList : public ListForm {
 public:
-    explicit SizedList(int rows = 40) : ListForm(rows) { controls::AddGridActions(*this, grid); }
+    explicit SizedList(int rows = 40) : ListForm(rows) { controls::AddSizeActions(*this, grid); }
 };
 
 }  // namespace

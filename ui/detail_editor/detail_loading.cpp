@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 #include "data/login_context.h"
 #include "data/number_format.h"
 #include "entries/failure_reason.h"
@@ -92,7 +92,7 @@ frmQCEdit::frmQCEdit()
                .inMenu = true,
                .possible = [this] { return Grid1.CanRepeatAbove(); },
                .run = [this] { Grid1.RepeatAbove(); }});
-    controls::AddGridActions(*this, Grid1);
+    controls::AddSizeActions(*this, Grid1);
 }
 
 DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {

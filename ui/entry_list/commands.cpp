@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <array>
 
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "ui/common/opening_budget.h"
@@ -122,7 +122,7 @@ frmPeriodItem::frmPeriodItem()
     AddFindActions();
     AddViewActions();
     AddCopyActions();
-    controls::AddGridActions(*this, GridPeriodItem);
+    controls::AddSizeActions(*this, GridPeriodItem);
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };
     data::gTrapListener = [this](std::string_view place) { mFailureNotice.Failed(place); };
 }

@@ -1,5 +1,5 @@
 // The size at which a grid is shown, and columns that the operator makes wider or narrower.
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 #include "controls/text_width.h"
 #include "tests/unit/controls/grid_fixture.h"
 
@@ -117,7 +117,7 @@ TEST_F(GridSizeTest, WidthsWaitUntilARefusedCellIsRight) {
 }
 
 TEST_F(GridSizeTest, KeysZoom) {
-    AddGridActions(form, grid);
+    AddSizeActions(form, grid);
     Press(Key::Plus, kCtrl);
     EXPECT_EQ(grid.Zoom(), 110);
     Press(Key::Plus, kCtrl | kShift);
@@ -131,7 +131,7 @@ TEST_F(GridSizeTest, KeysZoom) {
 }
 
 TEST_F(GridSizeTest, TheMenuFitsTheCurrentColumnAndGivesWidthsBack) {
-    AddGridActions(form, grid);
+    AddSizeActions(form, grid);
     const WindowAction& fit = form.Actions()[0];
     const WindowAction& back = form.Actions()[1];
     EXPECT_EQ(fit.caption, "适合内容的列宽");

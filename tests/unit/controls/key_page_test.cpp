@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 #include "controls/key_lines.h"
 #include "controls/toolbar.h"
 #include "platform/key_names.h"

@@ -1,4 +1,4 @@
-#include "controls/grid_actions.h"
+#include "controls/grid_size_actions.h"
 
 #include <string>
 
@@ -19,7 +19,7 @@ bool AnyResized(const Grid& grid) {
 
 }  // namespace
 
-void AddGridActions(Form& form, Grid& grid) {
+void AddSizeActions(Form& form, Grid& grid) {
     form.AddAction({.caption = "适合内容的列宽",
                     .inMenu = true,
                     .startsGroup = true,

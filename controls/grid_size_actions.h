@@ -8,6 +8,6 @@
 namespace kelvane::controls {
 
 // Adds the actions for `grid`, which is one of `form`'s controls.
-void AddGridActions(Form& form, Grid& grid);
+void AddSizeActions(Form& form, Grid& grid);
 
 }  // namespace kelvane::controls

@@ -88,6 +88,22 @@ bool Form::Unload(UnloadMode mode) {
     return !cancel;
 }
 
+bool Form::CanRun(const WindowAction& action) {
+    bool possible = false;
+    RunEvent("Action", [&] { possible = action.IsPossible(); });
+    return possible;
+}
+
+std::vector<const WindowAction*> Form::MenuActions() const {
+    std::vector<const WindowAction*> menu;
+    for (const WindowAction& action : mActions) {
+        if (!action.inMenu) continue;
+        if (action.startsGroup && !menu.empty()) menu.push_back(nullptr);
+        menu.push_back(&action);
+    }
+    return menu;
+}
+
 bool Form::Run(const WindowAction& action) {
     bool possible = false;
     RunEvent("Action", [&] {
@@ -100,7 +116,8 @@ bool Form::Run(const WindowAction& action) {
 bool Form::OfferKeyDown(platform::Key& key, int shift) {
     for (const WindowAction& action : mActions) {
         const platform::KeyStroke& stroke = action.stroke;
-        if (stroke.key == platform::Key::None || stroke.key != key || stroke.shift != shift) {
+        if (!action.takesKey || stroke.key == platform::Key::None || stroke.key != key ||
+            stroke.shift != shift) {
             continue;
         }
         if (!Run(action)) continue;

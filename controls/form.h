@@ -86,6 +86,10 @@ public:
     // the page of keys show it.
     const std::vector<WindowAction>& Actions() const { return mActions; }
     void AddAction(WindowAction action) { mActions.push_back(std::move(action)); }
+    // Those of the context menu, in its order; null stands for a line between two groups.
+    std::vector<const WindowAction*> MenuActions() const;
+    // Whether `action` is possible now; asked as one of this form's events.
+    bool CanRun(const WindowAction& action);
     // Runs `action` when it is possible, as one of this form's events.
     bool Run(const WindowAction& action);
     // The keys of the window's own rules that neither its toolbar nor its actions name.

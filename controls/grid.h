@@ -40,6 +40,10 @@
 //
 // Moving the current cell by code (SetRow, SetCol) raises ViewChange alone.
 //
+// Selecting (SelectTo, SelectRowsTo, SelectAll, ExtendSelection) raises nothing but ViewChange when
+// it scrolls: no row is left. Moving, opening a cell and removing a row end the selection; so does
+// Escape, which then does nothing else.
+//
 // All measures of rows, columns and cells are twips before zooming, as they are told to the grid;
 // Zoomed() says how long they are in the window.
 #pragma once
@@ -53,6 +57,7 @@
 #include "controls/column_sum.h"
 #include "controls/control.h"
 #include "controls/form.h"
+#include "controls/grid_selection.h"
 
 namespace kelvane::controls {
 
@@ -176,9 +181,27 @@ public:
     void SetRow(int row);
     void SetCol(int col);
     // Column to which the selection extends from the current cell; the current column when only
-    // that cell is selected.
+    // that cell is selected. Setting it ends a selection over rows.
     int SelectionEnd() const { return mSelectionEnd; }
-    void SetSelectionEnd(int col) { Assign(mSelectionEnd, col); }
+    void SetSelectionEnd(int col);
+
+    // What the operator has selected (grid_selection.cpp): the current cell at least; empty when no
+    // row is current. SelectTo extends it from the current cell to another one, SelectRowsTo over
+    // whole rows; a row or column outside means the nearest one that is not. While a cell is open
+    // or no row is current nothing can be selected, and nothing happens.
+    GridRange Selected() const;
+    bool CanSelect() const;
+    void SelectTo(int row, int col);
+    void SelectRowsTo(int row);
+    void SelectAll();
+    void EndSelection();
+    // Moves the corner of the selection as `key` moves the current cell, and shows it: arrows, Page
+    // Up/Down, Home, End (with Ctrl in `shift`: first and last row). False for another key.
+    bool ExtendSelection(platform::Key key, int shift);
+    // How many rows a selection over rows has, hidden ones aside, and what the summed column's
+    // cells in them come to; 0 rows without such a selection.
+    int SelectedRows() const { return mSelection.rows; }
+    const ColumnSum& SelectedSum() const { return mSelection.sum; }
 
     // The row that a question is about stands out as long as it is asked; 0: none. Its number moves
     // with the row, and is 0 when the row is removed.
@@ -363,12 +386,19 @@ private:
     bool IsSummed(int row, int col) const {
         return col >= 0 && col == mSummedColumn && row >= mFixedRows;
     }
+    void CountCell(ColumnSum& sum, int row, bool comes) const;
+    void CountChangedCell(int row, bool comes);
     void SetCurrent(int row, int col);
     bool MayRearrange();
     void Rearrange(const std::function<void()>& change);
     void SortShown();
     void BringBack();
     void EndViews();
+    void BeginSelection(int row, int col);
+    void MoveCorner(int row, int col);
+    void CountSelected(int from, int to, bool come);
+    int RowBeside(int row, int rows) const;
+    int ColBeside(int col, int step) const;
     bool MoveBy(int rows, int step);
     bool MoveToNextCell(int step);
     std::string PlainInput(std::string_view text) const;
@@ -411,6 +441,7 @@ private:
     int mRow = 0;
     int mCol = 0;
     int mSelectionEnd = 0;
+    GridSelection mSelection;
     int mMarkedRow = 0;
     int mZoom = 100;
     int mFoundRow = 0;

@@ -58,6 +58,7 @@ void Grid::SetFixedRows(int rows) {
 }
 
 void Grid::SumColumn(int col) {
+    EndSelection();
     mSummedColumn = col;
     mSum = {};
     for (int row = mFixedRows; row < static_cast<int>(mRows.size()) && IsSummed(row, col); ++row) {
@@ -70,6 +71,7 @@ void Grid::SetCols(int cols) {
     EndViews();
     mColumns.resize(static_cast<std::size_t>(cols));
     for (GridRow& row : mRows) row.cells = FitCells(row.cells, cols);
+    EndSelection();
     SumColumn(mSummedColumn < cols ? mSummedColumn : -1);
     if (mCol >= cols) mCol = mSelectionEnd = cols - 1;
     mLeftCol = std::clamp(mLeftCol, mFixedCols, std::max(mFixedCols, cols - 1));
@@ -77,6 +79,7 @@ void Grid::SetCols(int cols) {
 }
 
 void Grid::SetFixedCols(int cols) {
+    EndSelection();
     mFixedCols = cols;
     mLeftCol = cols;
     if (mCol < cols) mCol = mSelectionEnd = cols;
@@ -122,6 +125,7 @@ void Grid::EraseRow(int row) {
     const bool current = row == mRow && row >= mFixedRows;
     if (current && mEditing) CloseEdit();
     if (IsSummed(row, mSummedColumn)) mSum.Take(CellIn(RowAt(row).cells, mSummedColumn));
+    EndSelection();
     mRows.erase(mRows.begin() + row);
     mFoundRow = 0;
     if (row == mMarkedRow) mMarkedRow = 0;
@@ -144,6 +148,7 @@ void Grid::SetRowSource(int count, RowSource cells) {
     mSource = std::move(cells);
     mSourceRows = mSource ? std::max(0, count) : 0;
     mSourceRow.height = mDefaultRowHeight;
+    EndSelection();
     mRow = 0;
     mTopRow = mFixedRows;
     mRowTouched = false;
@@ -167,10 +172,26 @@ void Grid::SetText(int row, int col, std::string_view text) {
     std::string& cells = RowAt(row).cells;
     ColumnAt(col);
     const auto [begin, end] = FindCell(cells, col);
-    if (IsSummed(row, col)) mSum.Take(std::string_view(cells).substr(begin, end - begin));
+    if (IsSummed(row, col)) CountChangedCell(row, false);
     cells.replace(begin, end - begin, CellText(text));
-    if (IsSummed(row, col)) mSum.Add(CellIn(cells, col));
+    if (IsSummed(row, col)) CountChangedCell(row, true);
     Touch();
+}
+
+void Grid::CountCell(ColumnSum& sum, int row, bool comes) const {
+    const std::string_view cell = CellIn(CellsAt(row), mSummedColumn);
+    if (comes) {
+        sum.Add(cell);
+    } else {
+        sum.Take(cell);
+    }
+}
+
+void Grid::CountChangedCell(int row, bool comes) {
+    CountCell(mSum, row, comes);
+    if (mSelection.Range().HasRow(row) && RowHeight(row) > 0) {
+        CountCell(mSelection.sum, row, comes);
+    }
 }
 
 void Grid::SetRowData(int row, int data) {
@@ -237,6 +258,7 @@ void Grid::SetColumnAlignment(int col, Alignment alignment) {
 }
 
 void Grid::SetRowHeight(int row, int twips) {
+    EndSelection();
     Assign(RowAt(row).height, std::max(0, twips));
 }
 

@@ -28,12 +28,13 @@ void Grid::SetRow(int row) {
 
 void Grid::SetCol(int col) {
     ColumnAt(col);
-    if (col != mCol || mSelectionEnd != col) SetCurrent(mRow, col);
+    if (col != mCol || mSelectionEnd != col || mSelection.IsActive()) SetCurrent(mRow, col);
 }
 
 void Grid::SetCurrent(int row, int col) {
     if (mEditing && FinishEdit() == GridAnswer::Refuse) return;
     if (row != mRow) mRowTouched = false;
+    mSelection.End();
     mRow = row;
     mCol = col;
     mSelectionEnd = col;
@@ -41,10 +42,16 @@ void Grid::SetCurrent(int row, int col) {
     if (ViewChange) Raise("ViewChange", ViewChange);
 }
 
+void Grid::SetSelectionEnd(int col) {
+    EndSelection();
+    Assign(mSelectionEnd, col);
+}
+
 bool Grid::MoveTo(int row, int col) {
     if (row < mFixedRows || row >= Rows()) return false;
     col = std::clamp(col, mFixedCols, Cols() - 1);
     if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
+    EndSelection();
     if (row == mRow && col == mCol) return true;
     if (row != mRow) {
         if (!LeaveRow()) return false;
@@ -94,6 +101,7 @@ bool Grid::OpenEdit() {
         if (Owner().Refused) Owner().Refused(*this, mRow, mCol);
         return false;
     }
+    EndSelection();
     ShowCurrent();
     mEditing = true;
     mEditTouched = false;

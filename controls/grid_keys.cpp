@@ -44,20 +44,25 @@ bool Grid::TakesCharacter(char32_t character) const {
     return character == U'.' || character == U',' || character == U'-' || character == U' ';
 }
 
-// Moves `rows` down, or `step` cells to the side, skipping what is not shown. Where no row is
-// current the first one becomes it.
-bool Grid::MoveBy(int rows, int step) {
-    int row = std::max(mRow, mFixedRows);
-    if (rows != 0) {
-        row = std::clamp(mRow + rows, mFixedRows, std::max(mFixedRows, Rows() - 1));
-        const int direction = rows > 0 ? 1 : -1;
-        while (row > mFixedRows && row < Rows() - 1 && RowHeight(row) == 0) row += direction;
-        if (row < Rows() && RowHeight(row) == 0) row = mRow;
-    }
-    int col = mCol + step;
+// The row `rows` below `from`, and the column `step` to the side, of those that are shown; `from`
+// itself when there is none.
+int Grid::RowBeside(int from, int rows) const {
+    int row = std::clamp(from + rows, mFixedRows, std::max(mFixedRows, Rows() - 1));
+    const int direction = rows > 0 ? 1 : -1;
+    while (row > mFixedRows && row < Rows() - 1 && RowHeight(row) == 0) row += direction;
+    return row < Rows() && RowHeight(row) == 0 ? from : row;
+}
+
+int Grid::ColBeside(int from, int step) const {
+    int col = from + step;
     while (step != 0 && col > mFixedCols && col < Cols() - 1 && ColumnWidth(col) == 0) col += step;
-    if (col < mFixedCols || col >= Cols() || ColumnWidth(col) == 0) col = mCol;
-    return MoveTo(row, col);
+    return col < mFixedCols || col >= Cols() || ColumnWidth(col) == 0 ? from : col;
+}
+
+// Moves `rows` down, or `step` cells to the side. Where no row is current the first one becomes it.
+bool Grid::MoveBy(int rows, int step) {
+    const int row = rows == 0 ? std::max(mRow, mFixedRows) : RowBeside(mRow, rows);
+    return MoveTo(row, ColBeside(mCol, step));
 }
 
 // To the next cell that can be typed into, over the row's end.
@@ -92,6 +97,10 @@ bool Grid::NavigationKey(Key key, int shift) {
     if (key != Key::Escape) return false;
     if (mEditing) {
         CancelEdit();
+        return true;
+    }
+    if (mSelection.IsActive()) {
+        EndSelection();
         return true;
     }
     if (EndView && !mRowTouched) {

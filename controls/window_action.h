@@ -18,6 +18,8 @@ struct KeyLine {
 struct WindowAction {
     // The key that runs it; none with Key::None. Its character does not matter.
     platform::KeyStroke stroke = {};
+    // False: the window's own key rules handle the key, which is only shown here.
+    bool takesKey = true;
     // What the context menu and the page of keys call it.
     std::string caption = {};
     bool inMenu = false;

@@ -50,6 +50,11 @@ public:
 
     virtual void Beep() = 0;
 
+    // The clipboard's text, UTF-8; empty when it has none. Windows without a clipboard keep
+    // nothing.
+    virtual void SetClipboardText(std::string_view /*text*/) {}
+    virtual std::string ClipboardText() const { return {}; }
+
     // The file that the help key F1 opens.
     virtual void SetHelpFile(std::string_view path) = 0;
 

@@ -36,9 +36,10 @@ constexpr std::array kSyntaxes{
     Syntax{"set", Verb::Set, 1, 1, true, "set NAME TEXT"},
     Syntax{"resize", Verb::Resize, 2, 2, false, "resize C TWIPS"},
     Syntax{"title", Verb::Title, 1, 1, false, "title C"},
+    Syntax{"menu", Verb::Menu, 0, 1, false, "menu [CAPTION]"},
     Syntax{"close", Verb::Close, 0, 0, false, "close"},
     Syntax{"skip", Verb::Skip, 1, 1, false, "skip sql"},
-    Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|line|page|sql"},
+    Syntax{"print", Verb::Print, 1, 1, false, "print grid|toolbar|window|line|page|clipboard|sql"},
 };
 
 constexpr std::string_view kBlanks = " \t";

@@ -34,6 +34,7 @@ enum class Verb {
     Set,
     Resize,
     Title,
+    Menu,
     Close,
     Skip,
     Print,

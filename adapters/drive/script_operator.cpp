@@ -90,9 +90,9 @@ void ScriptOperator::Execute(const Command& command, controls::Form* topmost) {
     try {
         if (RunAnywhere(command)) return;
         if (topmost != nullptr) {
-            RunInWindow(
-                command, *topmost,
-                {mTranscript, [this](std::size_t rows) { return Choose(rows); }, mHost.sendKeys});
+            RunInWindow(command, *topmost,
+                        {mTranscript, [this](std::size_t rows) { return Choose(rows); },
+                         mHost.sendKeys, mHost.clipboard});
         } else {
             RunHost(command);
         }

@@ -24,6 +24,8 @@ struct ScriptHost {
     std::function<void(std::string_view keys)> sendKeys;
     // The statements for "print sql"; null when none are noted.
     StatementLog* statements = nullptr;
+    // The text on these windows' clipboard (their ClipboardText).
+    std::function<std::string()> clipboard = {};
 };
 
 class ScriptOperator : public Operator {

@@ -156,6 +156,19 @@ void ClickTitle(const Arguments& arguments, Form& form, const CommandSurrounding
     if (grid.HeaderClick) form.RunEvent("HeaderClick", [&] { grid.HeaderClick(col); });
 }
 
+void UseMenu(const Arguments& arguments, Form& form, const CommandSurroundings& around) {
+    if (arguments.empty()) {
+        PrintMenu(form, around.transcript);
+        return;
+    }
+    for (const controls::WindowAction* action : form.MenuActions()) {
+        if (action == nullptr || action->caption != arguments[0]) continue;
+        form.Run(*action);
+        return;
+    }
+    throw ScriptError("the menu has no \"" + arguments[0] + "\"");
+}
+
 void CloseWindow(const Arguments& /*arguments*/, Form& form,
                  const CommandSurroundings& /*around*/) {
     form.Unload(controls::UnloadMode::CloseBox);
@@ -168,6 +181,8 @@ void Print(const Arguments& arguments, Form& form, const CommandSurroundings& ar
         PrintToolbar(form, around.transcript);
     } else if (arguments[0] == "page") {
         PrintPage(form, around.transcript);
+    } else if (arguments[0] == "clipboard") {
+        PrintText(around.clipboard(), around.transcript);
     } else if (arguments[0] == "line") {
         PrintLine(form, around.transcript);
     } else if (arguments[0] == "window") {
@@ -194,6 +209,7 @@ constexpr std::array kWindowCommands{
     WindowCommand{Verb::Set, SetField},
     WindowCommand{Verb::Resize, Resize},
     WindowCommand{Verb::Title, ClickTitle},
+    WindowCommand{Verb::Menu, UseMenu},
     WindowCommand{Verb::Close, CloseWindow},
     WindowCommand{Verb::Print, Print},
 };

@@ -19,6 +19,8 @@ struct CommandSurroundings {
     std::function<std::optional<std::size_t>(std::size_t rows)> choose;
     // Sends keys to the topmost window after the present command.
     std::function<void(std::string_view keys)> sendKeys;
+    // The text on the clipboard of the windows.
+    std::function<std::string()> clipboard;
 };
 
 // Does `command` to `form`, as the operator would. Throws ScriptError when it cannot be done there:

@@ -11,6 +11,7 @@
 #include "controls/label.h"
 #include "controls/page_view.h"
 #include "controls/picture.h"
+#include "platform/key_names.h"
 
 namespace kelvane::drive {
 
@@ -132,6 +133,34 @@ void PrintPage(const Form& form, Transcript& transcript) {
     endLine();
 }
 
+void PrintMenu(Form& form, Transcript& transcript) {
+    for (const controls::WindowAction* action : form.MenuActions()) {
+        if (action == nullptr) {
+            transcript.Line("-");
+            continue;
+        }
+        const std::string key = platform::NameOfKey(action->stroke);
+        transcript.Line((form.CanRun(*action) ? "" : "#") + action->caption + "|" + key);
+    }
+}
+
+void PrintText(std::string_view text, Transcript& transcript) {
+    for (bool more = true; more;) {
+        const std::size_t end = text.find('\n');
+        std::string line;
+        for (const char character : text.substr(0, end)) {
+            if (character == '\t') {
+                line += "\\t";
+            } else {
+                line += character;
+            }
+        }
+        transcript.Line(line);
+        more = end != std::string_view::npos;
+        if (more) text.remove_prefix(end + 1);
+    }
+}
+
 void PrintLine(const Form& form, Transcript& transcript) {
     transcript.Line("hint \"" + form.Hint() + "\"");
     transcript.Line("figures \"" + form.Figures() + "\"");
@@ -149,6 +178,11 @@ void PrintWindow(const Form& form, Transcript& transcript) {
                     std::to_string(grid->SelectionEnd()));
     if (grid->FoundRow() > 0) {
         transcript.Line("found " + Place(grid->FoundRow(), grid->FoundCol()));
+    }
+    if (grid->SelectedRows() > 0) {
+        const controls::GridRange range = grid->Selected();
+        transcript.Line("selected " + Place(range.top, range.left) + " to " +
+                        Place(range.bottom, range.right));
     }
     transcript.Line(grid->IsEditing() ? "edit \"" + grid->EditText() + "\"" : "edit none");
 }

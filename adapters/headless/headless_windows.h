@@ -25,6 +25,9 @@ public:
     void SendKeys(std::string_view keys) override;
     void Beep() override { mOperator.Beeped(); }
     void SetHelpFile(std::string_view path) override { mHelpFile = path; }
+    // A clipboard of these windows alone.
+    void SetClipboardText(std::string_view text) override { mClipboard = text; }
+    std::string ClipboardText() const override { return mClipboard; }
 
     // A screen of 1280 by 1024 pixels with 15 twips each.
     int TwipsPerPixelX() const override { return kTwipsPerPixel; }
@@ -41,6 +44,7 @@ private:
 
     drive::Operator& mOperator;
     std::string mHelpFile;
+    std::string mClipboard;
     std::vector<controls::Form*> mOpen;
     std::deque<platform::KeyStroke> mSentKeys;
 };

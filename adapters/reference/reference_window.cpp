@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "adapters/reference/column_fit.h"
+#include "controls/grid_actions.h"
 #include "controls/grid_size_actions.h"
 #include "platform/blanks.h"
 
@@ -80,6 +81,8 @@ ReferenceWindow::ReferenceWindow(platform::Windows& windows, PickRows rows, List
     cmdCancel.SetCancel(true);
     GridReference.SetTakesFocus(false);
     WireControls();
+    controls::AddGridActions(*this, GridReference,
+                             [this]() -> platform::Windows& { return mWindows; });
     controls::AddSizeActions(*this, GridReference);
 }
 

@@ -45,7 +45,8 @@ void RunDriven(drive::StatementLog* statements, const WindowsWork& work) {
         script.SetHost({.init = {},
                         .show = {},
                         .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
-                        .statements = statements});
+                        .statements = statements,
+                        .clipboard = [&windows] { return windows.ClipboardText(); }});
         work(windows, *printing);
         return 0;
     };

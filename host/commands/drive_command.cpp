@@ -26,6 +26,7 @@ int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::
         .show = [&session] { session.Show(); },
         .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
         .statements = &statements,
+        .clipboard = [&windows] { return windows.ClipboardText(); },
     });
     return script.Run();
 }

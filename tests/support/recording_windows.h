@@ -19,6 +19,7 @@ public:
     std::vector<std::string> sentKeys;
     int beeps = 0;
     std::string helpFile;
+    std::string clipboard;
 
     void ShowModal(platform::Window&) override {}
 
@@ -34,6 +35,8 @@ public:
     void SendKeys(std::string_view keys) override { sentKeys.emplace_back(keys); }
     void Beep() override { ++beeps; }
     void SetHelpFile(std::string_view path) override { helpFile = path; }
+    void SetClipboardText(std::string_view text) override { clipboard = text; }
+    std::string ClipboardText() const override { return clipboard; }
     int TwipsPerPixelX() const override { return 15; }
     int TwipsPerPixelY() const override { return 15; }
     int ScreenWidth() const override { return 1920 * 15; }

@@ -26,7 +26,12 @@ std::string FiguresOf(const controls::Grid& grid) {
     if (grid.Row() >= grid.FixedRows()) {
         place = "第 " + std::to_string(grid.Row() - grid.FixedRows() + 1) + " 行，" + place;
     }
-    return place + "   " + SumText(grid.Sum(), grid.IsFiltered());
+    std::string figures = place + "   " + SumText(grid.Sum(), grid.IsFiltered());
+    if (grid.SelectedRows() > 1) {
+        figures += "   选定 " + std::to_string(grid.SelectedRows()) + " 行，" +
+                   SumText(grid.SelectedSum(), false);
+    }
+    return figures;
 }
 
 }  // namespace kelvane::ui

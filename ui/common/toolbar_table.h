@@ -7,6 +7,7 @@
 
 #include "controls/toolbar.h"
 #include "platform/keys.h"
+#include "ui/common/toolbar_form.h"
 
 namespace kelvane::ui {
 
@@ -24,11 +25,17 @@ struct ToolbarEntry {
     std::string_view image;
     int picture = 0;
     ToolbarStroke stroke = {};
+    // Whether the context menu offers it too.
+    bool inMenu = true;
 };
 
 inline platform::KeyStroke StrokeOf(const ToolbarStroke& stroke) {
     return {stroke.key, stroke.needsCtrl ? platform::kCtrl : 0};
 }
+
+// Makes an action of the form's button `entry`: a click on it, possible while the button can be
+// clicked. The action names the button's key, which stays with the window's key rules.
+void AddToolbarAction(ToolbarForm& form, const ToolbarEntry& entry, bool startsGroup);
 
 // Adds the buttons and separators of `commands`, each of which has an `entry`, to `toolbar`.
 template <typename Commands>
@@ -55,6 +62,17 @@ void ShowToolbarImages(controls::Toolbar& toolbar, const Commands& commands) {
     for (const auto& command : commands) {
         const ToolbarEntry& entry = command.entry;
         if (!entry.key.empty()) toolbar.Button(entry.key)->SetImage(std::string(entry.image));
+    }
+}
+
+// Makes actions of the buttons of `commands`, those of the toolbar between two separators a group.
+template <typename Commands>
+void AddToolbarActions(ToolbarForm& form, const Commands& commands) {
+    bool startsGroup = true;
+    for (const auto& command : commands) {
+        const ToolbarEntry& entry = command.entry;
+        if (!entry.key.empty()) AddToolbarAction(form, entry, startsGroup);
+        startsGroup = entry.key.empty();
     }
 }
 

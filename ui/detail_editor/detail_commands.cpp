@@ -6,6 +6,7 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/number_format.h"
+#include "ui/common/grid_actions.h"
 #include "ui/common/opening_budget.h"
 #include "ui/common/print_setup.h"
 #include "ui/common/questions.h"
@@ -28,6 +29,7 @@ struct frmQCEdit::Command {
 };
 
 std::span<const frmQCEdit::Command> frmQCEdit::Commands() {
+    static constexpr bool kNotInMenu = false;
     static constexpr std::array kCommands{
         Command{.entry = {"Print", "打印", "Print", kPicturePrint},
                 .prints = true,
@@ -49,13 +51,16 @@ std::span<const frmQCEdit::Command> frmQCEdit::Commands() {
         Command{.entry = {"Save", "保存", "Save", kPictureSave},
                 .changesLines = true,
                 .run = &frmQCEdit::SaveDetails},
-        Command{.entry = {"Quit", "退出", "Quit", kPictureQuit}, .run = &frmQCEdit::QuitEditor},
+        Command{.entry = {"Quit", "退出", "Quit", kPictureQuit, {}, kNotInMenu},
+                .run = &frmQCEdit::QuitEditor},
     };
     return kCommands;
 }
 
 void frmQCEdit::AddButtons() {
     AddToolbarButtons(Toolbar1, Commands());
+    AddGridActions(*this, Grid1);
+    AddToolbarActions(*this, Commands());
 }
 
 void frmQCEdit::SetupToolbar() {

@@ -5,6 +5,7 @@
 #include "controls/grid_size_actions.h"
 #include "data/login_context.h"
 #include "data/messages.h"
+#include "ui/common/grid_actions.h"
 #include "ui/common/opening_budget.h"
 #include "ui/common/print_setup.h"
 #include "ui/common/questions.h"
@@ -48,6 +49,7 @@ struct frmPeriodItem::Command {
 
 std::span<const frmPeriodItem::Command> frmPeriodItem::Commands() {
     static constexpr bool kWithCtrl = true;
+    static constexpr bool kNotInMenu = false;
     static constexpr std::array kCommands{
         Command{.entry = {"Print", "打印", "Print", kPicturePrint, {Key::P, kWithCtrl}},
                 .ignoredWhileEditing = true,
@@ -80,9 +82,9 @@ std::span<const frmPeriodItem::Command> frmPeriodItem::Commands() {
         Command{.entry = {"Find", "定位", "Find", kPictureFind, {Key::F3}},
                 .run = [](frmPeriodItem& form) { form.FindEntry(); }},
         Command{},
-        Command{.entry = {"Help", "帮助", "Help", kPictureHelp},
+        Command{.entry = {"Help", "帮助", "Help", kPictureHelp, {}, kNotInMenu},
                 .run = [](frmPeriodItem&) { data::gServices->windows->SendKeys("{f1}"); }},
-        Command{.entry = {"Exit", "退出", "Quit", kPictureQuit, {Key::F4, kWithCtrl}},
+        Command{.entry = {"Exit", "退出", "Quit", kPictureQuit, {Key::F4, kWithCtrl}, kNotInMenu},
                 .ignoredWhileEditing = true,
                 .run = [](frmPeriodItem& form) { form.Unload(); }},
     };
@@ -119,10 +121,12 @@ frmPeriodItem::frmPeriodItem()
     Toolbar1.Button("Help")->SetStroke({Key::F1});
     GridPeriodItem.SetOpensWithF2(false);
     WireGrid();
+    AddGridActions(*this, GridPeriodItem);
+    AddCopyActions();
     AddFindActions();
     AddViewActions();
-    AddCopyActions();
     controls::AddSizeActions(*this, GridPeriodItem);
+    AddToolbarActions(*this, Commands());
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };
     data::gTrapListener = [this](std::string_view place) { mFailureNotice.Failed(place); };
 }

@@ -109,6 +109,7 @@ public:
     bool OnInit() override {
         wxLog::EnableLogging(true);
         SetExitOnFrameDelete(false);
+        KeepLight();
         return true;
     }
 

@@ -19,6 +19,10 @@ void BelongToModule();
 // session's is, where the system lets a program choose.
 void SpeakChinese();
 
+// Called when the toolkit has started: its own fields and dialogs are light, as the windows are,
+// however dark the session's are.
+void KeepLight();
+
 // How large texts are in `window` beside those at 100 % scaling, in the toolkit's pixels; null
 // means the first screen.
 double TextScale(const wxWindow* window);

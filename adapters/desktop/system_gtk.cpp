@@ -35,7 +35,31 @@ namespace {
 
 constexpr double kPlainDotsPerInch = 96;
 
+// Whether fields have light letters: their background may be a picture.
+bool IsDark() {
+    GtkWidget* field = gtk_entry_new();
+    g_object_ref_sink(field);
+    GdkRGBA letters;
+    gtk_style_context_get_color(gtk_widget_get_style_context(field), GTK_STATE_FLAG_NORMAL,
+                                &letters);
+    g_object_unref(field);
+    return letters.red + letters.green + letters.blue > 1.5;
+}
+
 }  // namespace
+
+// What the program itself sets also stays when the session changes from day to night.
+void KeepLight() {
+    GtkSettings* settings = gtk_settings_get_default();
+    g_object_set(settings, "gtk-application-prefer-dark-theme", FALSE, nullptr);
+    gchar* theme = nullptr;
+    g_object_get(settings, "gtk-theme-name", &theme, nullptr);
+    const bool dark = IsDark();
+    // The variable goes before all settings.
+    if (dark) wxUnsetEnv("GTK_THEME");
+    g_object_set(settings, "gtk-theme-name", dark ? "Adwaita" : theme, nullptr);
+    g_free(theme);
+}
 
 // Letters on paper grow with those on the screen.
 double DotsPerInch() {

@@ -49,6 +49,9 @@ void BelongToModule() {
 // The system's dialogs speak its own language.
 void SpeakChinese() {}
 
+// The toolkit's fields and dialogs are light whatever the session's are.
+void KeepLight() {}
+
 // The drawing library's own resolution, whatever the screen's.
 double DotsPerInch() {
     return 96;

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "adapters/desktop/grid_canvas.h"
+#include "tests/desktop/find_windows.h"
 #include "tests/desktop/list_places.h"
 #include "tests/desktop/person.h"
 #include "tests/desktop/photo.h"
@@ -18,22 +19,6 @@ namespace {
 
 int Scaled(double pixels) {
     return static_cast<int>(std::lround(pixels * TextScale()));
-}
-
-// Every window of this class below `parent`; call it on the windows' thread.
-template <typename Window>
-void Collect(const wxWindowList& windows, std::vector<Window*>& found) {
-    for (wxWindow* window : windows) {
-        if (auto* one = dynamic_cast<Window*>(window)) found.push_back(one);
-        Collect(window->GetChildren(), found);
-    }
-}
-
-template <typename Window>
-std::vector<Window*> FindAll() {
-    std::vector<Window*> found;
-    Collect(wxTopLevelWindows, found);
-    return found;
 }
 
 }  // namespace
@@ -67,13 +52,9 @@ TEST(DesktopScale, RowsAndColumnsHoldTheirTexts) {
                 }
             }
             const Photo photo;
-            const double dots = canvas->GetContentScaleFactor();
             wxRect cell = canvas->Metrics().CellRect(3, 4);
-            cell.Offset(canvas->GetScreenPosition() -
-                        FindAll<wxTopLevelWindow>().at(0)->GetScreenPosition());
-            const wxRect inside(static_cast<int>(cell.x * dots), static_cast<int>(cell.y * dots),
-                                static_cast<int>((cell.width - 1) * dots),
-                                static_cast<int>((cell.height - 1) * dots));
+            cell.SetSize(cell.GetSize() - wxSize(1, 1));  // without its lines
+            const wxRect inside = DotsOf(*canvas, cell);
             const wxRect letters = photo.AroundDark(inside);
             EXPECT_GT(letters.height, inside.height / 2);
             EXPECT_GT(letters.GetTop(), inside.GetTop());

@@ -1,6 +1,6 @@
 #include "controls/spoken.h"
 
-#include <array>
+#include <algorithm>
 #include <string_view>
 
 namespace kelvane::controls {
@@ -55,9 +55,18 @@ Spoken SpokenOf(const Grid& grid, int row, int col) {
         return cell;
     }
     cell.role = col < grid.FixedCols() ? SpokenRole::RowTitle : SpokenRole::Cell;
-    if (grid.FixedRows() > 0) cell.name = grid.Text(0, col);
     cell.row = row - grid.FixedRows() + 1;
-    cell.column = col - grid.FixedCols() + 1;
+    if (!grid.TakesFocus()) {
+        cell.text = grid.RowText(row);
+        std::replace(cell.text.begin(), cell.text.end(), '\t', ' ');
+        return cell;
+    }
+    if (grid.FixedRows() > 0) cell.name = grid.Text(0, col);
+    int shownColumns = 0;
+    for (int before = grid.FixedCols(); before <= col; ++before) {
+        if (grid.ColumnWidth(before) > 0) ++shownColumns;
+    }
+    if (shownColumns > 0) cell.column = shownColumns;
     cell.locked = col < grid.FixedCols() || grid.ReadOnly() || grid.IsLocked(row, col);
     cell.hasList = !cell.locked && (grid.HasReference(col) || grid.HasList(col));
     return cell;
@@ -91,7 +100,7 @@ std::string StateAndPlace(const Spoken& spoken) {
     if (spoken.row < 0) return {};
     std::string words = spoken.locked ? "锁定，" : "";
     words += "第 " + std::to_string(spoken.row) + " 行";
-    if (spoken.role == SpokenRole::Cell) words += "，第 " + std::to_string(spoken.column) + " 列";
+    if (spoken.column > 0) words += "，第 " + std::to_string(spoken.column) + " 列";
     return words;
 }
 

@@ -31,7 +31,8 @@ struct Spoken {
     SpokenRole role = SpokenRole::Panel;
     std::string name = {};  // what it is called: a caption, a field's label, a cell's column
     std::string text = {};  // what it says: a cell's whole text, however little of it is shown
-    int row = -1;           // a cell's place among the cells that are not fixed, from 1
+    // A cell's place among the cells that are shown and not fixed, from 1; -1 where it has none.
+    int row = -1;
     int column = -1;
     bool shown = true;
     bool enabled = true;
@@ -44,6 +45,7 @@ Spoken SpokenOf(const Button& button);
 Spoken SpokenOf(const Label& label);
 // Called by its form's caption.
 Spoken SpokenOf(Grid& grid);
+// A grid that takes no focus is a list to choose a row from: each of its cells says the whole row.
 // Throws std::out_of_range for a cell outside the grid.
 Spoken SpokenOf(const Grid& grid, int row, int col);
 Spoken SpokenOf(const PageView& pages);

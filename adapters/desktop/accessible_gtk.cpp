@@ -48,7 +48,7 @@ void TellFocus(AtkObject* object, bool focused) {
 }  // namespace
 
 SpokenReader::SpokenReader(wxWindow& window, SpokenSource& source)
-    : mWindow(window), mSource(source) {
+    : mWindow(window), mSource(source), mWholeWords(AllWords(source.Whole())) {
     GtkWidget* widget = WidgetOf(window);
     const GType type = DrawnTypeFor(source.Whole().role);
     mWhole = ATK_OBJECT(g_object_new(type, "widget", widget, nullptr));

@@ -198,7 +198,10 @@ wxAccStatus DrawnWindow::GetState(int id, long* state) {
 class SpokenReader : public wxEvtHandler {
 public:
     SpokenReader(wxWindow& window, SpokenSource& source)
-        : mWindow(window), mSource(source), mWords(new DrawnWindow(window, source)) {
+        : mWindow(window),
+          mSource(source),
+          mWords(new DrawnWindow(window, source)),
+          mWholeWords(AllWords(source.Whole())) {
         window.SetAccessible(mWords);
         window.Bind(wxEVT_SET_FOCUS, &SpokenReader::OnFocus, this);
     }

@@ -1,5 +1,8 @@
-// SpokenGrid: a grid on the screen in words.
+// SpokenGrid: a grid on the screen in words. Its parts are the cells of the columns that have a
+// width, row by row.
 #pragma once
+
+#include <vector>
 
 #include "adapters/desktop/grid_canvas.h"
 #include "adapters/desktop/spoken_window.h"
@@ -12,7 +15,7 @@ public:
     SpokenGrid(GridCanvas& canvas, controls::Grid& grid) : mCanvas(canvas), mGrid(grid) {}
 
     controls::Spoken Whole() override { return SpokenOf(mGrid); }
-    int PartCount() override { return mGrid.Rows() * mGrid.Cols(); }
+    int PartCount() override;
     controls::Spoken Part(int part) override;
     wxRect PlaceOf(int part) override;
     int PartAt(wxPoint point) override;
@@ -22,6 +25,11 @@ public:
     Shape TableShape() override;
 
 private:
+    // The numbers of the columns that have a width.
+    std::vector<int> Columns() const;
+    GridMetrics::Cell CellOf(int part) const;
+    int PartOf(GridMetrics::Cell cell) const;
+
     GridCanvas& mCanvas;
     controls::Grid& mGrid;
 };

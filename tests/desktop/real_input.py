@@ -57,7 +57,9 @@ class Window:
         return [int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")]
 
 
-class RealInput(unittest.TestCase):
+class Person(unittest.TestCase):
+    """Somebody in front of the program's windows, with an account of his own."""
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory(prefix="kelvane-desktop-")
         self.addCleanup(folder.cleanup)
@@ -134,6 +136,8 @@ class RealInput(unittest.TestCase):
         self.answer("Return")
         self.assertEqual(self.process.wait(PATIENCE_SECONDS), 0)
 
+
+class RealInput(Person):
     def test_an_entry_is_added_by_keyboard_and_found_again(self):
         self.open()
         self.keys("ctrl+i", "ctrl+End")

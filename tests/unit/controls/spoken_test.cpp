@@ -47,15 +47,23 @@ TEST_F(SpokenGridTest, TitlesAreNoCells) {
     EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 0)), "锁定，第 2 行");
 }
 
-TEST_F(SpokenGridTest, AColumnWithoutWidthIsNotShown) {
+TEST_F(SpokenGridTest, AColumnWithoutWidthIsNotShownAndDoesNotCount) {
     EXPECT_TRUE(SpokenOf(grid, 2, 3).shown);
     grid.SetColumnWidth(3, 0);
     EXPECT_FALSE(SpokenOf(grid, 2, 3).shown);
+    EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 4)), "第 2 行，第 3 列");
 }
 
 TEST_F(SpokenGridTest, ACellThatIsNotThereIsRefused) {
     EXPECT_THROW(SpokenOf(grid, 9, 1), std::out_of_range);
     EXPECT_THROW(SpokenOf(grid, 1, 9), std::out_of_range);
+}
+
+TEST_F(SpokenGridTest, AListToChooseFromSaysWholeRows) {
+    grid.SetTakesFocus(false);
+    grid.SetReadOnly(true);
+    EXPECT_EQ(NameAndText(SpokenOf(grid, 2, 3)), " 2a 2b 2c 2d");
+    EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 3)), "第 2 行");
 }
 
 TEST_F(SpokenGridTest, TheGridIsCalledAsItsWindow) {

@@ -19,6 +19,7 @@ enum class SpokenRole {
     Cell,
     ColumnTitle,
     Label,
+    Notice,
     Page,
     RowTitle,
     Separator,

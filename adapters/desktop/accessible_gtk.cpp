@@ -63,6 +63,7 @@ SpokenReader::~SpokenReader() {
         reinterpret_cast<PartObject*>(object)->reader = nullptr;
     }
     g_clear_object(&mCurrent);
+    g_clear_object(&mAnnounced);
 }
 
 AtkObject* SpokenReader::RefPart(int part) {
@@ -129,10 +130,11 @@ void SpokenReader::Follow() {
     }
 }
 
-void SpokenReader::Announce(const std::string& text) {
-    // Older versions of the library have no such signal.
-    if (g_signal_lookup("announcement", ATK_TYPE_OBJECT) == 0) return;
-    g_signal_emit_by_name(mWhole, "announcement", text.c_str());
+// The object stays until the next one, for readers ask it only afterwards.
+void SpokenReader::Announce(int part) {
+    g_clear_object(&mAnnounced);
+    mAnnounced = RefPart(part);
+    if (mAnnounced != nullptr) atk_object_notify_state_change(mAnnounced, ATK_STATE_SHOWING, TRUE);
 }
 
 SpokenWindow::SpokenWindow(wxWindow& window, SpokenSource& source)
@@ -144,8 +146,8 @@ void SpokenWindow::Follow() {
     mReader->Follow();
 }
 
-void SpokenWindow::Announce(const std::string& text) {
-    mReader->Announce(text);
+void SpokenWindow::Announce(int part) {
+    mReader->Announce(part);
 }
 
 void CallField(wxWindow& field, const std::string& name) {

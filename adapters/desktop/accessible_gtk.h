@@ -33,7 +33,7 @@ public:
     bool HasKeyboard();
     void PressLater(int part);
     void Follow();
-    void Announce(const std::string& text);
+    void Announce(int part);
 
 private:
     void OnFocus(wxFocusEvent& event);
@@ -44,6 +44,7 @@ private:
     AtkObject* mWhole = nullptr;
     std::unordered_map<int, AtkObject*> mParts;  // those that somebody holds
     AtkObject* mCurrent = nullptr;
+    AtkObject* mAnnounced = nullptr;
     int mCurrentPart = SpokenSource::kWhole;
     std::string mCurrentWords;
     std::string mWholeWords;

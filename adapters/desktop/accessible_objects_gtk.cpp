@@ -21,6 +21,8 @@ AtkRole RoleOf(SpokenRole role) {
             return ATK_ROLE_COLUMN_HEADER;
         case SpokenRole::Label:
             return ATK_ROLE_LABEL;
+        case SpokenRole::Notice:
+            return ATK_ROLE_NOTIFICATION;
         case SpokenRole::Page:
             return ATK_ROLE_DOCUMENT_FRAME;
         case SpokenRole::Panel:

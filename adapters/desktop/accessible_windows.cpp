@@ -25,6 +25,8 @@ wxAccRole RoleOf(SpokenRole role) {
             return wxROLE_SYSTEM_COLUMNHEADER;
         case SpokenRole::Label:
             return wxROLE_SYSTEM_STATICTEXT;
+        case SpokenRole::Notice:
+            return wxROLE_SYSTEM_ALERT;
         case SpokenRole::Page:
             return wxROLE_SYSTEM_DOCUMENT;
         case SpokenRole::Panel:
@@ -223,8 +225,7 @@ public:
         }
     }
 
-    // The whole's name is what there is to say.
-    void Announce() { Tell(wxACC_EVENT_SYSTEM_ALERT, SpokenSource::kWhole); }
+    void Announce(int part) { Tell(wxACC_EVENT_SYSTEM_ALERT, part); }
 
 private:
     // Only after the system has said that the window itself has the keyboard.
@@ -258,8 +259,8 @@ void SpokenWindow::Follow() {
     mReader->Follow();
 }
 
-void SpokenWindow::Announce(const std::string& /*text*/) {
-    mReader->Announce();
+void SpokenWindow::Announce(int part) {
+    mReader->Announce(part);
 }
 
 void CallField(wxWindow& field, const std::string& name) {

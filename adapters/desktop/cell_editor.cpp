@@ -97,14 +97,15 @@ void CellEditor::Sync(const wxRect& field) {
 
     const int height = std::max(field.height, mField->GetBestSize().y);
     mField->SetSize(field.x, field.y + (field.height - height) / 2, field.width, height);
-    ShowGridText();
     CallField(*mField, SpokenOf(mGrid, mGrid.Row(), mGrid.Col()).name);
-    if (!opened) return;
+    if (!opened) return ShowGridText();
     mExpected.clear();
     mOffered = false;
     mField->Show();
     mField->Raise();
+    // Before its text is set: screen readers take a caret that moves for the news, not the field.
     if (mHost.Form().ActiveControl() == &mGrid) mField->SetFocus();
+    ShowGridText();
     mField->SetInsertionPointEnd();
 }
 

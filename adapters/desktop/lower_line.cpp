@@ -35,13 +35,17 @@ void LowerLine::Show(const wxString& notice, const wxString& hint, const wxStrin
     SetToolTip(notice.empty() ? hint : notice);
     Refresh(false);
     mSpoken->Follow();
-    if (said) mSpoken->Announce(Utf8(notice));
+    if (said) mSpoken->Announce(0);
 }
 
 controls::Spoken LowerLine::Whole() {
     return {.role = controls::SpokenRole::Status,
-            .name = Utf8(mNotice.empty() ? mHint : mNotice),
+            .name = mNotice.empty() ? Utf8(mHint) : std::string(),
             .text = Utf8(mFigures)};
+}
+
+controls::Spoken LowerLine::Part(int /*part*/) {
+    return {.role = controls::SpokenRole::Notice, .name = Utf8(mNotice)};
 }
 
 void LowerLine::Paint() {

@@ -19,6 +19,10 @@ public:
 
 private:
     controls::Spoken Whole() override;
+    // The notice, when there is one.
+    int PartCount() override { return mNotice.empty() ? 0 : 1; }
+    controls::Spoken Part(int part) override;
+    wxRect PlaceOf(int /*part*/) override { return GetClientRect(); }
     void Paint();
     // Where the left text may begin and must end.
     void PaintLeft(wxDC& dc, int end);

@@ -57,8 +57,8 @@ public:
     // To be called when anything may have changed: tells a reader when another part is the current
     // one, or when the current one or the whole says something else than before.
     void Follow();
-    // Says `text` at once, wherever the keyboard is.
-    void Announce(const std::string& text);
+    // Has a part read at once, wherever the keyboard is.
+    void Announce(int part);
 
 private:
     std::unique_ptr<SpokenReader> mReader;

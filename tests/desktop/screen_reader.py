@@ -21,7 +21,8 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 EVENTS = ("object:active-descendant-changed", "object:state-changed:focused",
-          "object:property-change:accessible-name", "object:announcement", "window:activate")
+          "object:state-changed:showing", "object:property-change:accessible-name",
+          "window:activate")
 
 
 class Said:
@@ -36,7 +37,6 @@ class Said:
         self.description = about.get_description()
         self.states = about.get_state_set()
         self.title = self.title_of(about)
-        self.text = event.any_data if isinstance(event.any_data, str) else ""
 
     @staticmethod
     def title_of(about):
@@ -46,7 +46,7 @@ class Said:
 
     def __str__(self):
         return (f"{self.event} {self.gained}: {self.role} '{self.name}' under '{self.title}',"
-                f" '{self.description}' {self.text}")
+                f" '{self.description}'")
 
 
 class ScreenReader(real_input.Person):
@@ -114,7 +114,8 @@ class ScreenReader(real_input.Person):
 
     def announced(self, text):
         self.told(f"announcement '{text}'", lambda said: (
-            said.event.startswith("object:announcement") and said.text == text))
+            said.event == "object:state-changed:showing" and said.gained == 1 and
+            said.role == "notification" and said.name == text))
 
     def window(self, title):
         """The window that a reader finds under its title."""

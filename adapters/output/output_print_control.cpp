@@ -102,7 +102,7 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
                                 std::string_view formatText) {
     const FileFormat* format = FindFormat(path, mEnvironment.formats);
     if (format == nullptr) {
-        throw FileFailure(path + ": the name must end in " +
+        throw FileFailure(path + ": the name must end in one of these: " +
                           WrittenExtensions(mEnvironment.formats));
     }
     if (format->write == nullptr) return TellUnwritten(path, *format);
@@ -128,8 +128,8 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
 
 // Counts as cancelled: the caller would only say once more, and less clearly, that it failed.
 int OutputPrintControl::TellUnwritten(const std::string& path, const FileFormat& format) {
-    mEnvironment.surroundings.Failed(path + ": on this system the name must end in " +
-                                     WrittenExtensions(mEnvironment.formats));
+    mEnvironment.surroundings.Failed(
+        path + ": the name must end in one of these: " + WrittenExtensions(mEnvironment.formats));
     mEnvironment.windows.ShowMessage({.text = "本系统不能直接输出 " + std::string(format.name) +
                                               "，请用“打印”选择系统的 PDF 打印机。",
                                       .caption = "输出到文件",

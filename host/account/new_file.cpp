@@ -4,6 +4,7 @@
 #include <string>
 
 #include "adapters/sqlite/companions.h"
+#include "host/surroundings/translation.h"
 
 namespace kelvane::host {
 
@@ -48,26 +49,27 @@ NewFile::~NewFile() {
 }
 
 void NewFile::CheckPlace() const {
-    if (mPath.empty()) throw FileRefused("the file's name is empty");
+    if (mPath.empty()) throw FileRefused(Translated("the file's name is empty"));
     std::error_code error;
     const fs::path folder = mPath.has_parent_path() ? mPath.parent_path() : fs::path(".");
     if (!fs::is_directory(folder, error)) {
-        throw FileRefused(mPath.string() + ": there is no folder " + folder.string());
+        throw FileRefused(Told("%1: there is no folder %2", {mPath.string(), folder.string()}));
     }
     const fs::file_status status = fs::status(mPath, error);
-    if (fs::is_directory(status)) throw FileRefused(mPath.string() + " is a folder");
+    if (fs::is_directory(status)) throw FileRefused(Told("%1 is a folder", {mPath.string()}));
     if (fs::exists(status)) {
-        if (!fs::is_regular_file(status)) throw FileRefused(mPath.string() + " is no plain file");
+        if (!fs::is_regular_file(status))
+            throw FileRefused(Told("%1 is no plain file", {mPath.string()}));
         if (mExisting == Existing::Keep) {
-            throw FileRefused(mPath.string() + " exists already; --force replaces it");
+            throw FileRefused(Told("%1 exists already; --force replaces it", {mPath.string()}));
         }
     } else if (status.type() != fs::file_type::not_found) {
         throw FileRefused(mPath.string() + ": " + error.message());
     }
     for (const auto& companion : CompanionFiles(mPath)) {
         if (!fs::exists(companion, error)) continue;
-        throw FileRefused(mPath.string() + " is in use, or was not closed properly: there is " +
-                          companion.string());
+        throw FileRefused(Told("%1 is in use, or was not closed properly: there is %2",
+                               {mPath.string(), companion.string()}));
     }
 }
 

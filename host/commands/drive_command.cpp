@@ -8,6 +8,7 @@
 #include "host/commands/commands.h"
 #include "host/surroundings/ending_script.h"
 #include "host/surroundings/screen.h"
+#include "host/surroundings/translation.h"
 
 namespace kelvane::host {
 
@@ -39,14 +40,15 @@ int DriveOnScreen(const DriveArguments& arguments) {
             script.SetAtEnd([&] { photographed = screen.saveScreenshot(arguments.screenshot); });
         }
         const int status = Drive(arguments.account, script, screen.windows);
-        return photographed ? status : Fail("no screenshot in " + arguments.screenshot);
+        return photographed ? status : Fail(Told("no screenshot in %1", {arguments.screenshot}));
     });
 }
 
 }  // namespace
 
 int RunDrive(const DriveArguments& arguments) {
-    if (arguments.window) return HasScreen() ? DriveOnScreen(arguments) : Fail(kNoScreen);
+    if (arguments.window)
+        return HasScreen() ? DriveOnScreen(arguments) : Fail(Translated(kNoScreen));
     drive::ScriptOperator script(std::cin, std::cout);
     headless::HeadlessWindows windows(script);
     return Drive(arguments.account, script, windows);

@@ -1,5 +1,7 @@
 #include "host/commands/export_windows.h"
 
+#include "host/surroundings/translation.h"
+
 namespace kelvane::host {
 
 namespace {
@@ -48,9 +50,9 @@ void ExportWindows::Export(ui::frmPeriodItem& list) {
 
 void ExportWindows::OpenDetails(ui::frmPeriodItem& list, int entry) {
     controls::Grid& grid = list.GridPeriodItem;
-    const std::string name = "entry " + std::to_string(entry);
+    const std::string identity = std::to_string(entry);
     const int row = RowOf(grid, entry);
-    if (row == 0) return mTask.failed("there is no " + name);
+    if (row == 0) return mTask.failed(Told("there is no entry %1", {identity}));
     grid.MoveTo(row, ui::kAmountColumn);
     // Lines that can only be looked at have a button of their own.
     if (list.cmdRef.Visible()) {
@@ -58,7 +60,7 @@ void ExportWindows::OpenDetails(ui::frmPeriodItem& list, int entry) {
     } else {
         grid.PressReference();
     }
-    if (!mOpenedDetails) mTask.failed(name + " has no detail lines");
+    if (!mOpenedDetails) mTask.failed(Told("entry %1 has no detail lines", {identity}));
 }
 
 }  // namespace kelvane::host

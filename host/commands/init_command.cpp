@@ -4,6 +4,8 @@
 
 #include "host/commands/commands.h"
 #include "host/creation/server_account.h"
+#include "host/surroundings/adapter_reasons.h"
+#include "host/surroundings/translation.h"
 #include "platform/native_path.h"
 
 namespace kelvane::host {
@@ -18,17 +20,15 @@ int RunInit(const AccountPlace& account, const NewAccount& content) {
     } catch (const CreationError& error) {
         return Fail(error.what());
     }
-    std::cout << account.Name() << ": ";
-    if (content.sample) {
-        std::cout << "sample account with " << content.entries << " entries\n";
-    } else {
-        std::cout << "empty account\n";
-    }
+    std::cout << (content.sample ? Told("%1: sample account with %2 entries",
+                                        {account.Name(), std::to_string(content.entries)})
+                                 : Told("%1: empty account", {account.Name()}))
+              << '\n';
     return 0;
 }
 
 int Fail(const std::string& text) {
-    std::cerr << "kelvane: " << text << '\n';
+    std::cerr << "kelvane: " << TranslatedReason(text) << '\n';
     return 1;
 }
 

@@ -3,6 +3,7 @@
 #include "host/account/session.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/screen.h"
+#include "host/surroundings/translation.h"
 
 namespace kelvane::host {
 
@@ -29,9 +30,9 @@ int Open(const OpenArguments& arguments, const Screen& screen) {
 }  // namespace
 
 int RunOpen(const OpenArguments& arguments) {
-    if (!HasScreen()) return Fail(kNoScreen);
+    if (!HasScreen()) return Fail(Translated(kNoScreen));
     if (!DiagnosticsLog(LogPath()).IsWritable()) {
-        return Fail("the log " + LogPath().string() + " cannot be written");
+        return Fail(Told("the log %1 cannot be written", {LogPath().string()}));
     }
     return RunOnScreen(nullptr, [&](const Screen& screen) { return Open(arguments, screen); });
 }

@@ -7,6 +7,7 @@
 #include "host/account/host_tables.h"
 #include "host/creation/base_rows.h"
 #include "host/sample/sample_rows.h"
+#include "host/surroundings/translation.h"
 
 namespace kelvane::host {
 
@@ -44,8 +45,9 @@ void Create(Connection& connection, const NewAccount& account) {
     const auto tables = AccountTables(account.keyFields);
     const auto present = PresentTables(connection, tables);
     if (!present.empty() && !account.replaceExisting) {
-        throw CreationError("there is a table " + present.front() + " already; --force replaces " +
-                            "the account's tables");
+        throw CreationError(
+            Told("there is a table %1 already; --force replaces the account's tables",
+                 {present.front()}));
     }
     platform::Transaction transaction(connection);
     for (const auto& table : present) connection.Execute(tsql::DropStatement(table));

@@ -7,6 +7,7 @@
 #include "host/surroundings/environment.h"
 #include "host/surroundings/server_name.h"
 #include "host/surroundings/terminal.h"
+#include "host/surroundings/translation.h"
 #include "platform/connection_string.h"
 
 namespace kelvane::host {
@@ -47,7 +48,7 @@ database::SharedSecret PasswordFor(const std::string& connectionString) {
     auto taken = std::exchange(gTakenPassword, nullptr);
     if (!LacksPassword(connectionString)) return {};
     if (taken) return taken;
-    auto typed = AskPassword(ServerNameOf(connectionString) + " password: ");
+    auto typed = AskPassword(Told("%1 password: ", {ServerNameOf(connectionString)}));
     if (typed) KeepMemoryPrivate();
     return typed;
 }

@@ -5,12 +5,14 @@
 #include <string>
 
 #include "adapters/drive/operator.h"
+#include "host/surroundings/translation.h"
 #include "platform/print_surroundings.h"
 #include "platform/windows.h"
 
 namespace kelvane::host {
 
-inline constexpr const char* kNoScreen = "this build has no windows (KELVANE_BUILD_DESKTOP is off)";
+inline constexpr const char* kNoScreen =
+    ToTranslate("this build has no windows (KELVANE_BUILD_DESKTOP is off)");
 
 bool HasScreen();
 

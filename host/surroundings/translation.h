@@ -17,6 +17,10 @@ void FollowSystemLanguage();
 // A literal in that language; itself where no catalogue has it.
 const char* Translated(const char* text);
 
+// What the system's own library says in that language, such as the reason of a std::system_error;
+// itself where that has no catalogue for it.
+std::string TranslatedBySystem(const std::string& text);
+
 // A literal that is translated where it is used.
 constexpr const char* ToTranslate(const char* text) {
     return text;

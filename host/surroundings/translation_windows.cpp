@@ -10,4 +10,8 @@ const char* Translated(const char* text) {
     return text;
 }
 
+std::string TranslatedBySystem(const std::string& text) {
+    return text;
+}
+
 }  // namespace kelvane::host

@@ -33,14 +33,11 @@ const FileFormat* FindFormat(std::string_view path, std::span<const FileFormat> 
 }
 
 std::string WrittenExtensions(std::span<const FileFormat> formats) {
-    std::vector<std::string> extensions;
-    for (const FileFormat& format : formats) {
-        if (format.write != nullptr) extensions.push_back("." + std::string(format.extension));
-    }
     std::string text;
-    for (std::size_t at = 0; at < extensions.size(); ++at) {
-        if (at > 0) text += at + 1 < extensions.size() ? ", " : " or ";
-        text += extensions[at];
+    for (const FileFormat& format : formats) {
+        if (format.write == nullptr) continue;
+        if (!text.empty()) text += ", ";
+        text += "." + std::string(format.extension);
     }
     return text;
 }

@@ -57,7 +57,7 @@ const std::vector<FileFormat>& FileFormats();
 const FileFormat* FindFormat(std::string_view path,
                              std::span<const FileFormat> formats = FileFormats());
 
-// What a file's name may end in: ".xlsx, .csv or .xml".
+// What a file's name may end in: ".xlsx, .csv, .xml".
 std::string WrittenExtensions(std::span<const FileFormat> formats);
 
 }  // namespace kelvane::output

@@ -180,6 +180,9 @@ TEST_F(CommandLineTest, WithoutAScreenThereAreNoWindows) {
     const auto shown = RunProgram("open " + Account(), "", "DISPLAY= WAYLAND_DISPLAY=");
     EXPECT_EQ(shown.status, 1);
     EXPECT_EQ(shown.errors, "kelvane: " + reason + "\n");
+    const auto chinese = RunProgram("open " + Account(), "",
+                                    "LC_ALL=C.UTF-8 LANGUAGE=zh_CN DISPLAY= WAYLAND_DISPLAY=");
+    EXPECT_EQ(chinese.errors == "kelvane: 不能打开屏幕\n", host::HasScreen());
     const auto driven =
         RunProgram("drive --window " + Account(), "init\n", "DISPLAY= WAYLAND_DISPLAY=");
     EXPECT_EQ(driven.status, 1);

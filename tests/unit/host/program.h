@@ -23,13 +23,13 @@ inline std::string ShellQuoted(const std::string& text) {
 }
 
 // Runs the program with `arguments` (as a shell reads them) and `input` on standard input.
-// `environment`: assignments to stand before the program's name.
+// `environment`: assignments to stand before the program's name. It speaks English without any.
 inline ProgramResult RunProgram(const std::string& arguments, const std::string& input = {},
                                 const std::string& environment = {}) {
     const TemporaryFolder folder;
     WriteText(folder / "input", input);
-    const std::string command = environment + " " + ShellQuoted(KELVANE_PROGRAM) + " " + arguments +
-                                " < " + (folder / "input").string() + " > " +
+    const std::string command = "LANGUAGE=C " + environment + " " + ShellQuoted(KELVANE_PROGRAM) +
+                                " " + arguments + " < " + (folder / "input").string() + " > " +
                                 (folder / "output").string() + " 2> " +
                                 (folder / "errors").string();
     const int status = std::system(command.c_str());

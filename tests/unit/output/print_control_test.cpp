@@ -125,12 +125,12 @@ TEST_F(PrintControlTest, AFormatThatThisSystemDoesNotWriteIsNotOfferedAndSaidWhe
                             "文档，请用“打印”选择系统的 PDF 打印机。"));
     EXPECT_THAT(mSurroundings.failures,
                 ElementsAre((mFolder / "list.pdf").string() +
-                            ": on this system the name must end in .xlsx, .csv or .xml"));
+                            ": the name must end in one of these: .xlsx, .csv, .xml"));
     EXPECT_EQ(ReadText(mFolder / "list.pdf"), "old");
 
     EXPECT_EQ(WriteTo(control, "list.txt"), output::kRefused);
     EXPECT_EQ(mSurroundings.failures.back(),
-              (mFolder / "list.txt").string() + ": the name must end in .xlsx, .csv or .xml");
+              (mFolder / "list.txt").string() + ": the name must end in one of these: .xlsx, .csv, .xml");
 }
 
 TEST_F(PrintControlTest, TellsThatTheStyleFileWasNotUsedAndPrintsWithoutIt) {
@@ -190,7 +190,7 @@ TEST_F(PrintControlTest, FailsForAnUnknownExtension) {
         EXPECT_NE(result, 0) << name;
         EXPECT_NE(result, platform::kExportCancelled) << name;
         EXPECT_EQ(mSurroundings.failures.back(),
-                  *mSurroundings.file + ": the name must end in .xlsx, .csv, .pdf or .xml");
+                  *mSurroundings.file + ": the name must end in one of these: .xlsx, .csv, .pdf, .xml");
     }
     EXPECT_EQ(mFolder.FileCount(), 0U);
 }

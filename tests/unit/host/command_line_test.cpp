@@ -119,7 +119,8 @@ TEST_F(CommandLineTest, APasswordIsNeverShown) {
     for (const std::string& arguments :
          {"init --databse " + database, "init " + database, "drive --database " + database + " x",
           "init --database " + database, "drive --database=" + database,
-          "export --to x.pdf --database " + database}) {
+          "export --to x.pdf --database " + database, "init a --keywords " + database, database,
+          "init a " + database}) {
         const auto result = RunProgram(arguments, "init\n");
         EXPECT_NE(result.status, 0) << arguments;
         EXPECT_FALSE(Contains(result.output + result.errors, "geheim"))

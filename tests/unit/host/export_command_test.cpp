@@ -95,8 +95,9 @@ TEST_F(ExportCommandTest, ReplacesAnExistingFile) {
 
 TEST_F(ExportCommandTest, RefusesAnExtensionThatItDoesNotKnow) {
     for (const char* name : {"list.txt", "list"}) {
-        ExpectRefused(Export(name), kNotWritten + ("kelvane: " + PathOf(name)) +
-                                        ": the name must end in one of these: .xlsx, .csv, .pdf, .xml\n");
+        ExpectRefused(Export(name),
+                      kNotWritten + ("kelvane: " + PathOf(name)) +
+                          ": the name must end in one of these: .xlsx, .csv, .pdf, .xml\n");
     }
     EXPECT_EQ(FileCount(), 0U);
 }

@@ -129,8 +129,9 @@ TEST_F(PrintControlTest, AFormatThatThisSystemDoesNotWriteIsNotOfferedAndSaidWhe
     EXPECT_EQ(ReadText(mFolder / "list.pdf"), "old");
 
     EXPECT_EQ(WriteTo(control, "list.txt"), output::kRefused);
-    EXPECT_EQ(mSurroundings.failures.back(),
-              (mFolder / "list.txt").string() + ": the name must end in one of these: .xlsx, .csv, .xml");
+    EXPECT_EQ(
+        mSurroundings.failures.back(),
+        (mFolder / "list.txt").string() + ": the name must end in one of these: .xlsx, .csv, .xml");
 }
 
 TEST_F(PrintControlTest, TellsThatTheStyleFileWasNotUsedAndPrintsWithoutIt) {
@@ -189,8 +190,9 @@ TEST_F(PrintControlTest, FailsForAnUnknownExtension) {
         const int result = WriteTo(*mControl, name);
         EXPECT_NE(result, 0) << name;
         EXPECT_NE(result, platform::kExportCancelled) << name;
-        EXPECT_EQ(mSurroundings.failures.back(),
-                  *mSurroundings.file + ": the name must end in one of these: .xlsx, .csv, .pdf, .xml");
+        EXPECT_EQ(
+            mSurroundings.failures.back(),
+            *mSurroundings.file + ": the name must end in one of these: .xlsx, .csv, .pdf, .xml");
     }
     EXPECT_EQ(mFolder.FileCount(), 0U);
 }

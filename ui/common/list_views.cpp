@@ -1,5 +1,8 @@
 #include "ui/common/list_views.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "data/text_conversion.h"
 
 namespace kelvane::ui {
@@ -28,13 +31,27 @@ void ListViews::Unsort() {
 
 void ListViews::FilterBy(int col, const std::string& value) {
     if (!LeaveUnsaved(mGrid)) return;
-    const std::string wanted = data::Trim(value);
-    const bool done = mGrid.FilterRows(col, [&](int row) {
-        return mGrid.RowData(row) == 0 || data::Trim(mGrid.Text(row, col)) == wanted;
-    });
-    if (!done) return;
-    mFilters.push_back({col, wanted});
+    Lift(col);
+    const ValueFilter filter{col, data::Trim(value)};
+    if (!Apply(filter)) return;
+    mFilters.push_back(filter);
     MakeARowCurrent();
+}
+
+std::optional<std::string> ListViews::Lift(int col) {
+    const auto lifted = std::find_if(mFilters.begin(), mFilters.end(),
+                                     [col](const ValueFilter& each) { return each.col == col; });
+    if (lifted == mFilters.end() || !LeaveUnsaved(mGrid) || !mGrid.UnfilterRows()) return {};
+    std::string value = std::move(lifted->value);
+    mFilters.erase(lifted);
+    for (const ValueFilter& filter : mFilters) Apply(filter);
+    return value;
+}
+
+bool ListViews::Apply(const ValueFilter& filter) {
+    return mGrid.FilterRows(filter.col, [&](int row) {
+        return mGrid.RowData(row) == 0 || data::Trim(mGrid.Text(row, filter.col)) == filter.value;
+    });
 }
 
 bool ListViews::Unfilter() {

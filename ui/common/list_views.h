@@ -2,6 +2,7 @@
 // columns. The account knows nothing of them; each row stays the entry that it is.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,9 +26,11 @@ public:
     void NextOrder(int col);
     void Sort(int col, bool descending);
     void Unsort();
-    // Shows the rows with this text in a column, besides the filters there are, and rows that were
-    // never saved.
+    // Shows the rows with this text in a column, besides the filters of other columns, and rows
+    // that were never saved.
     void FilterBy(int col, const std::string& value);
+    // Ends the filter of one column; the value it was filtered by.
+    std::optional<std::string> Lift(int col);
     // True when no row is put aside any more.
     bool Unfilter();
     // Both together; true when there was a view.
@@ -43,6 +46,7 @@ private:
         int col = 0;
         std::string value;
     };
+    bool Apply(const ValueFilter& filter);
     // A row is current whenever there is one.
     void MakeARowCurrent();
 

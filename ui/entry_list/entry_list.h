@@ -147,6 +147,8 @@ public:
     // and the keys do.
     void GridPeriodItem_HeaderClick(int col);
     void FilterByCurrentCell();
+    // The same with a value that is chosen from the list of the column's.
+    void FilterByList();
     // Escape in a row that was not changed: true when there was a search or a view to end. A row
     // that was never saved is given up first.
     bool EndView();

@@ -1,4 +1,5 @@
 // What the operator does with the list as a whole: sorting it by a title, filtering it, finding on.
+#include "ui/entry_list/column_values.h"
 #include "ui/entry_list/entry_list.h"
 
 namespace kelvane::ui {
@@ -13,6 +14,15 @@ void frmPeriodItem::GridPeriodItem_HeaderClick(int col) {
 
 void frmPeriodItem::FilterByCurrentCell() {
     mViews.FilterBy(GridPeriodItem.Col(), CellText(GridPeriodItem.Row(), GridPeriodItem.Col()));
+}
+
+void frmPeriodItem::FilterByList() {
+    if (!LeaveUnsaved(GridPeriodItem)) return;
+    const int col = GridPeriodItem.Col();
+    const std::optional<std::string> before = mViews.Lift(col);
+    std::optional<std::string> value = frmColumnValues(GridPeriodItem, col).Ask();
+    if (!value) value = before;
+    if (value) mViews.FilterBy(col, *value);
 }
 
 bool frmPeriodItem::EndView() {
@@ -66,6 +76,11 @@ void frmPeriodItem::AddViewActions() {
                .startsGroup = true,
                .possible = onCell,
                .run = [this] { FilterByCurrentCell(); }});
+    AddAction({.stroke = {KeyOfCharacter(U'L'), kCtrl | kShift},
+               .caption = "按列中的值筛选…",
+               .inMenu = true,
+               .possible = [&grid] { return !grid.IsEditing() && grid.Rows() > grid.FixedRows(); },
+               .run = [this] { FilterByList(); }});
     AddAction({.caption = "取消筛选",
                .inMenu = true,
                .possible = [&grid] { return grid.IsFiltered(); },

@@ -317,6 +317,71 @@ class RealInput(Person):
         self.assertEqual(len(self.lines()), 2)
 
 
+    def entry(self, identity, field="cDigest"):
+        return self.rows(f"select {field} from PM_ItemQC where iEleVid = {identity}")
+
+    def test_a_list_sorted_by_a_click_is_changed_in_the_right_entry(self):
+        self.open()
+        title = 42 + 28 + 13
+        row = 42 + 28 + 27 + 10
+        amount = (1300 + 1200 + 1200 + 2500 + 1500 + 1500 + 1500) // 15 + 40
+        self.click(LIST, amount, title)  # ascending: the fourth entry, of 0.00, comes first
+        self.click(LIST, amount - 100, row)
+        self.type("first")
+        self.keys("Return")
+        self.click(LIST, amount, title)  # descending: it comes last, still the current one
+        self.wait("saved digest", lambda: self.entry(4) == [("first",)])
+        self.keys("ctrl+Home", "End", "Left")
+        self.type("largest")
+        self.keys("Return", "Down")
+        self.wait("saved digest", lambda: self.entry(1) == [("largest",)])
+        # The stored order again, in which the second entry's item is the second.
+        self.keys("Escape", "ctrl+Home", "Down", "End", "Left")
+        self.type("stored")
+        self.keys("Return", "Up")
+        self.wait("saved digest", lambda: self.entry(2) == [("stored",)])
+        self.close()
+
+    def test_a_search_is_typed_and_goes_to_its_hit(self):
+        self.open()
+        self.keys("ctrl+f")
+        self.type("shl")  # the initials of two items, of which the second one's entry is not settled
+        self.keys("Return", "Return", "Escape", "End", "Left")
+        self.type("found")
+        self.keys("Return", "Up")
+        self.wait("saved digest", lambda: self.entry(5) == [("found",)])
+        # What was only looked at is not gone to: the row is the one from before.
+        self.keys("ctrl+Home", "ctrl+f")
+        self.type("p03")
+        self.keys("Escape", "End", "Left")
+        self.type("kept")
+        self.keys("Return", "Down")
+        self.wait("saved digest", lambda: self.entry(1) == [("kept",)])
+        self.close()
+
+    def test_a_value_is_chosen_to_filter_by(self):
+        self.open()
+        self.keys("ctrl+Home", "Right", "ctrl+shift+l")
+        values = "筛选：责任中心"
+        self.see(values)
+        self.type("d02")
+        self.keys("Return")
+        self.gone(values)
+        self.see(LIST)
+        self.keys("ctrl+Home", "End", "Left")
+        self.type("alone")
+        self.keys("Return")
+        # The other rows come back, and the row is left for the one above it.
+        title = 42 + 28 + 13
+        self.click(LIST, 40, title)
+        self.wait("saved digest", lambda: self.entry(4) == [("alone",)])
+        self.keys("Escape", "Up", "End", "Left")
+        self.type("above")
+        self.keys("Return", "Up")
+        self.wait("saved digest", lambda: self.entry(2) == [("above",)])
+        self.close()
+
+
 def main():
     global program
     parser = argparse.ArgumentParser(description=__doc__)

@@ -6,10 +6,10 @@
 //   opening a cell        EditCheck, EditModeChange(true). A cell painted in the locked colour, a
 //                         fixed cell and a read-only grid refuse to open and raise nothing.
 //   ending an edit        The new text is stored in the cell, then CellValidate. Refused: the cell
-//                         stays open with that text. Accepted: the text that CellValidate left is
-//                         stored, CellChanged when the operator typed and the text differs,
-//                         EditModeChange(false). An edit in which nothing was typed ends with
-//                         EditModeChange(false) alone.
+//                         stays open with that text, all of it selected, and is marked. Accepted:
+//                         the text that CellValidate left is stored, CellChanged when the operator
+//                         typed and the text differs, EditModeChange(false). An edit in which
+//                         nothing was typed ends with EditModeChange(false) alone.
 //   abandoning an edit    The text from before comes back, EditModeChange(false).
 //   reference button      EditModeChange(true) unless open, CellReference. A value that differs is
 //                         then accepted or refused like an edit, without CellChanged; the same
@@ -235,6 +235,18 @@ public:
     bool IsFiltered() const { return !mFilteredColumns.empty(); }
     bool IsFilteredBy(int col) const;
     int RowsAside() const { return static_cast<int>(mAside.size()); }
+    // The cell that was refused last stands out until a text of its row is changed or another row
+    // becomes current. A refused text marks its cell by itself; which cell made a check refuse a
+    // whole row is the window's to say: a column, or kWholeRow.
+    struct Place {
+        int row = 0;  // 0: nothing was refused
+        int col = 0;
+        friend bool operator==(const Place&, const Place&) = default;
+    };
+    static constexpr int kWholeRow = -1;
+    const Place& RefusedCell() const { return mRefused; }
+    void MarkRefused(int row, int col) { Assign(mRefused, Place{row, col}); }
+    void ForgetRefused() { Assign(mRefused, Place{}); }
 
     // What the scroll bars at the grid's lower and right edge take of its size, in twips. Their
     // room is kept whether or not there is anything to scroll.
@@ -271,11 +283,15 @@ public:
     int EditState() const { return mEditing ? 1 : 0; }
     bool IsEditing() const { return mEditing; }
     const std::string& EditText() const { return mEditText; }
+    // How often the text of an open cell was refused. Each time all of it is selected.
+    int EditRefusals() const { return mEditRefusals; }
     // Whether F2 opens the current cell by itself; a window that opens cells its own way says no.
     void SetOpensWithF2(bool opens) { mOpensWithF2 = opens; }
     // True when the current row was changed by the operator since it became current or was saved.
     bool RowTouched() const { return mRowTouched; }
     void SetRowTouched(bool touched) { mRowTouched = touched; }
+    // False for a row that nothing can be typed into.
+    bool RowCanBeEdited(int row) const;
 
     // What the operator does. MoveTo returns false when leaving was refused and for a row that
     // cannot be the current one, a fixed row or one outside the grid: nothing is raised then and
@@ -372,7 +388,6 @@ private:
     int InternColors(ColorSet colors);
     int AddColorStep(int from, int col, Color color);
     bool CanEdit(int row, int col) const;
-    bool RowCanBeEdited(int row) const;
     bool OpenEdit();
     void CloseEdit();
     bool AllowsChange();
@@ -446,11 +461,14 @@ private:
     int mZoom = 100;
     int mFoundRow = 0;
     int mFoundCol = 0;
+    Place mRefused;
     int mTopRow = 1;
     int mLeftCol = 1;
     bool mEditing = false;
     bool mEditTouched = false;
     bool mEditFromReference = false;
+    bool mEditTextSelected = false;
+    int mEditRefusals = 0;
     bool mRowTouched = false;
     std::string mEditText;
     std::string mTextBefore;

@@ -130,6 +130,8 @@ void Grid::EraseRow(int row) {
     mFoundRow = 0;
     if (row == mMarkedRow) mMarkedRow = 0;
     if (row < mMarkedRow) --mMarkedRow;
+    if (row == mRefused.row) mRefused = {};
+    if (row < mRefused.row) --mRefused.row;
     if (row < mRow || mRow >= Rows()) mRow = std::max(0, mRow - 1);
     if (mRow < mFixedRows) mRow = 0;
     if (mTopRow >= Rows()) mTopRow = std::max(mFixedRows, Rows() - 1);
@@ -152,6 +154,7 @@ void Grid::SetRowSource(int count, RowSource cells) {
     mRow = 0;
     mTopRow = mFixedRows;
     mRowTouched = false;
+    mRefused = {};
     Touch();
     if (ViewChange) Raise("ViewChange", ViewChange);
 }

@@ -33,7 +33,10 @@ void Grid::SetCol(int col) {
 
 void Grid::SetCurrent(int row, int col) {
     if (mEditing && FinishEdit() == GridAnswer::Refuse) return;
-    if (row != mRow) mRowTouched = false;
+    if (row != mRow) {
+        mRowTouched = false;
+        mRefused = {};
+    }
     mSelection.End();
     mRow = row;
     mCol = col;
@@ -57,6 +60,7 @@ bool Grid::MoveTo(int row, int col) {
         if (!LeaveRow()) return false;
         row = std::min(row, Rows() - 1);
         mRowTouched = false;
+        mRefused = {};
     }
     mRow = row;
     mCol = col;
@@ -69,6 +73,7 @@ bool Grid::MoveTo(int row, int col) {
 
 bool Grid::LeaveRow() {
     if (mEditing && FinishEdit() == GridAnswer::Refuse) return false;
+    ForgetRefused();
     if (mRow < mFixedRows || !RowCanBeEdited(mRow) || !RowValidate) return true;
     GridAnswer answer = GridAnswer::Undecided;
     int col = mCol;
@@ -106,6 +111,7 @@ bool Grid::OpenEdit() {
     mEditing = true;
     mEditTouched = false;
     mEditFromReference = false;
+    mEditTextSelected = false;
     mTextBefore = Text(mRow, mCol);
     mEditText = mTextBefore;
     Touch();
@@ -116,6 +122,7 @@ bool Grid::OpenEdit() {
 void Grid::CloseEdit() {
     mEditing = false;
     mEditTouched = false;
+    mEditTextSelected = false;
     mEditText.clear();
     Touch();
     if (EditModeChange) Raise("EditModeChange", [this] { EditModeChange(false); });
@@ -162,6 +169,8 @@ void Grid::ReplaceEditText(std::string_view text) {
     mEditText = FitText(text);
     mEditTouched = true;
     mEditFromReference = false;
+    mEditTextSelected = false;
+    mRefused = {};
     Touch();
 }
 
@@ -175,6 +184,7 @@ GridAnswer Grid::FinishEdit() {
     const int col = mCol;
     std::string text = mEditText;
     SetText(row, col, text);
+    mRefused = {};
     GridAnswer answer = GridAnswer::Accept;
     if (CellValidate) {
         Raise("CellValidate", [&] {
@@ -187,6 +197,9 @@ GridAnswer Grid::FinishEdit() {
         });
     }
     if (answer == GridAnswer::Refuse) {
+        mEditTextSelected = true;
+        ++mEditRefusals;
+        MarkRefused(row, col);
         if (Owner().Refused) Owner().Refused(*this, row, col);
         return GridAnswer::Refuse;
     }
@@ -202,6 +215,7 @@ GridAnswer Grid::FinishEdit() {
 void Grid::CancelEdit() {
     if (!mEditing) return;
     if (Text(mRow, mCol) != mTextBefore) SetText(mRow, mCol, mTextBefore);
+    if (mRefused == Place{mRow, mCol}) mRefused = {};
     CloseEdit();
 }
 

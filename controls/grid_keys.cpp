@@ -144,7 +144,7 @@ bool Grid::KeyDown(Key key, int shift) {
     }
     if (mEditing) {
         if (key != Key::Backspace) return false;
-        std::string text = mEditText;
+        std::string text = mEditTextSelected ? "" : mEditText;
         platform::DropLastCharacter(text);
         ReplaceEditText(text);
         return true;
@@ -182,7 +182,7 @@ bool Grid::KeyPress(char32_t character) {
         if (Beep) Raise("Beep", Beep);
         return true;
     }
-    std::string text = mEditText;
+    std::string text = mEditTextSelected ? "" : mEditText;
     platform::AppendCharacter(text, character);
     if (!OpenToChange()) return true;
     ReplaceEditText(text);

@@ -3,6 +3,7 @@
 #include "data/date_text.h"
 #include "data/number_format.h"
 #include "data/text_conversion.h"
+#include "entries/budget_room.h"
 
 namespace kelvane::entries {
 
@@ -83,10 +84,11 @@ std::optional<Finding> EntryRules::CheckBudget(const BudgetedEntry& entry, Money
         return Found(Rule::BudgetFailed, failure.what());
     }
     if (!budget.controlled) return std::nullopt;
-    if (mMasterData.RecordedByOthers(entry, elementCode) + amount <= budget.money) {
-        return std::nullopt;
-    }
-    return Found(Rule::BudgetExceeded);
+    const Money recorded = mMasterData.RecordedByOthers(entry, elementCode);
+    if (recorded + amount <= budget.money) return std::nullopt;
+    Finding exceeded = Found(Rule::BudgetExceeded);
+    exceeded.figures = MoneyRoom(budget.money, recorded);
+    return exceeded;
 }
 
 std::optional<Finding> EntryRules::CheckDeletion(const EntryTexts& entry) const {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/text_conversion.h"
+#include "entries/budget_room.h"
 
 namespace kelvane::entries {
 
@@ -69,11 +70,15 @@ std::optional<Finding> LineRules::CheckBudget(const LineTexts& line) const {
     if (!controlling) return std::nullopt;
     const auto& [budget, others] = *controlling;
     if (budget.money < others.amount + MoneyOfDisplay(line.amount)) {
-        return Found(Rule::LineBudgetAmount);
+        Finding exceeded = Found(Rule::LineBudgetAmount);
+        exceeded.figures = MoneyRoom(budget.money, others.amount);
+        return exceeded;
     }
     const auto quantity = static_cast<float>(data::DoubleOfDisplay(line.quantity));
-    if (quantity + others.quantity > budget.quantity) return Found(Rule::LineBudgetQuantity);
-    return std::nullopt;
+    if (quantity + others.quantity <= budget.quantity) return std::nullopt;
+    Finding exceeded = Found(Rule::LineBudgetQuantity);
+    exceeded.figures = QuantityRoom(budget.quantity, others.quantity);
+    return exceeded;
 }
 
 Findings LineRules::CheckLine(const LineTexts& line, std::span<const std::string> others) const {

@@ -75,6 +75,8 @@ struct Finding {
     std::string text;
     std::string_view caption;
     platform::MessageIcon icon = platform::MessageIcon::Information;
+    // Of a budget that was exceeded: what it grants, what others have used of it and what is left.
+    std::string figures = {};
 };
 
 using Findings = std::vector<Finding>;

@@ -98,7 +98,11 @@ void CellEditor::Sync(const wxRect& field) {
     const int height = std::max(field.height, mField->GetBestSize().y);
     mField->SetSize(field.x, field.y + (field.height - height) / 2, field.width, height);
     CallField(*mField, SpokenOf(mGrid, mGrid.Row(), mGrid.Col()).name);
-    if (!opened) return ShowGridText();
+    if (!opened) {
+        ShowGridText();
+        return SelectRefused();
+    }
+    mRefusals = mGrid.EditRefusals();
     mExpected.clear();
     mOffered = false;
     mField->Show();
@@ -107,6 +111,13 @@ void CellEditor::Sync(const wxRect& field) {
     if (mHost.Form().ActiveControl() == &mGrid) mField->SetFocus();
     ShowGridText();
     mField->SetInsertionPointEnd();
+}
+
+// What is typed next replaces a refused text, unless the operator goes into it with the caret.
+void CellEditor::SelectRefused() {
+    if (mRefusals == mGrid.EditRefusals()) return;
+    mRefusals = mGrid.EditRefusals();
+    mField->SelectAll();
 }
 
 void CellEditor::ShowGridText() {

@@ -16,7 +16,8 @@ public:
     // The fields become children of `canvas`.
     CellEditor(wxWindow& canvas, controls::Grid& grid, ViewHost& host);
 
-    // Shows the open cell's text at `field`, or hides; an empty rectangle hides.
+    // Shows the open cell's text at `field`, all of it selected after a refusal, or hides; an empty
+    // rectangle hides.
     void Sync(const wxRect& field);
     bool HasFocus() const;
     bool IsShown() const { return mField != nullptr; }
@@ -32,6 +33,7 @@ private:
     void OnText();
     // Shows the grid's text if the field shows another one.
     void ShowGridText();
+    void SelectRefused();
     // What the form and the grid take of `inserted`, which came without a key: from the clipboard
     // or an input method.
     std::u32string Filter(const std::u32string& inserted);
@@ -42,6 +44,8 @@ private:
     wxTextCtrl* mLeft;
     wxTextCtrl* mRight;
     wxTextCtrl* mField = nullptr;  // the shown one of the two
+    // The refusals after which the whole text was selected.
+    int mRefusals = 0;
     std::u32string mExpected;
     // Whether the last key typed a character that the form and the grid may have refused.
     bool mOffered = false;

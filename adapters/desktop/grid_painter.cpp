@@ -17,6 +17,7 @@ constexpr int kDotSize = 2;
 // How much of their colour the rows that stand out have.
 constexpr int kCurrentPercent = 15;
 constexpr int kMarkedPercent = 45;
+constexpr int kRefusedPercent = 25;
 
 class Painter {
 public:
@@ -36,6 +37,7 @@ public:
             for (const auto& column : mMetrics.Columns()) PaintCell(row, column);
         }
         if (mGrid.Row() >= mGrid.FixedRows() && mGrid.Row() < mGrid.Rows()) PaintCurrent();
+        PaintRefused();
     }
 
 private:
@@ -50,6 +52,10 @@ private:
                col >= mFirstSelected && col <= mLastSelected;
     }
 
+    bool IsRefused(int row, int col) const {
+        return row >= mGrid.FixedRows() && mGrid.RefusedCell() == Grid::Place{row, col};
+    }
+
     void PaintCell(const GridMetrics::Band& row, const GridMetrics::Band& column) {
         const wxRect cell(column.from, row.from, column.to - column.from, row.to - row.from);
         const bool fixed = row.index < mGrid.FixedRows() || column.index < mGrid.FixedCols();
@@ -59,6 +65,8 @@ private:
             Fill(cell, look::kFound);
         } else if (IsSelected(row.index, column.index)) {
             Fill(cell, look::kSelected);
+        } else if (IsRefused(row.index, column.index)) {
+            Fill(cell, Mixed(ToColour(color), look::kRefused, kRefusedPercent));
         } else if (row.index >= mGrid.FixedRows() && row.index == mGrid.MarkedRow()) {
             Fill(cell, Mixed(ToColour(color), look::kMarkedRow, kMarkedPercent));
         } else if (row.index >= mGrid.FixedRows() && row.index == mGrid.Row()) {
@@ -92,12 +100,25 @@ private:
     }
 
     void PaintCurrent() {
-        wxRect cell = mMetrics.CellRect(mGrid.Row(), mGrid.Col());
+        const wxRect cell = mMetrics.CellRect(mGrid.Row(), mGrid.Col());
         if (cell.IsEmpty()) return;
         const wxRect button = mMetrics.CurrentButton();
         if (!button.IsEmpty()) PaintButton(button);
+        PaintFrame(cell, mFocused ? look::kCurrent : look::kFaintText);
+    }
+
+    void PaintRefused() {
+        const auto [row, col] = mGrid.RefusedCell();
+        if (row < mGrid.FixedRows() || row >= mGrid.Rows() || col < 0 || col >= mGrid.Cols()) {
+            return;
+        }
+        const wxRect cell = mMetrics.CellRect(row, col);
+        if (!cell.IsEmpty()) PaintFrame(cell, look::kRefusedEdge);
+    }
+
+    void PaintFrame(wxRect cell, const wxColour& colour) {
         mDc.SetBrush(*wxTRANSPARENT_BRUSH);
-        mDc.SetPen(wxPen(mFocused ? look::kCurrent : look::kFaintText));
+        mDc.SetPen(wxPen(colour));
         mDc.DrawRectangle(cell);
         cell.Deflate(1);
         mDc.DrawRectangle(cell);

@@ -50,6 +50,9 @@ inline const wxColour kCurrentRow{150, 195, 240};
 inline const wxColour kMarkedRow{255, 150, 130};
 // The cell that a search shows.
 inline const wxColour kFound{255, 226, 110};
+// A cell that was refused: in the colour of its cell, and round it.
+inline const wxColour kRefused{255, 120, 110};
+inline const wxColour kRefusedEdge{200, 40, 40};
 inline const wxColour kEdge{176, 180, 186};
 inline const wxColour kHover{218, 233, 248};
 inline const wxColour kPressed{186, 212, 238};

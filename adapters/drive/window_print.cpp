@@ -164,6 +164,11 @@ void PrintText(std::string_view text, Transcript& transcript) {
 void PrintLine(const Form& form, Transcript& transcript) {
     transcript.Line("hint \"" + form.Hint() + "\"");
     transcript.Line("figures \"" + form.Figures() + "\"");
+    const Grid* grid = FindGrid(form);
+    if (grid == nullptr || grid->RefusedCell() == Grid::Place{}) return;
+    const auto [row, col] = grid->RefusedCell();
+    transcript.Line(col == Grid::kWholeRow ? "refused " + std::to_string(row)
+                                           : "refused " + Place(row, col));
 }
 
 void PrintWindow(const Form& form, Transcript& transcript) {

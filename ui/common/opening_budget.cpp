@@ -8,11 +8,13 @@ namespace kelvane::ui {
 
 std::function<entries::BudgetedEntry()> gCurrentEntry;
 
-bool CheckOpeningBudget(platform::Money amount) {
+bool CheckOpeningBudget(platform::Money amount, std::string& refusal) {
     entries::AccountMasterData masterData;
     const auto refused = entries::EntryRules(masterData).CheckBudget(gCurrentEntry(), amount);
-    if (refused) ShowFinding(*refused);
-    return !refused;
+    if (!refused) return true;
+    ShowFinding(*refused);
+    refusal = RefusalText(*refused);
+    return false;
 }
 
 }  // namespace kelvane::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "entries/entry.h"
 #include "platform/money.h"
@@ -13,7 +14,12 @@ extern std::function<entries::BudgetedEntry()> gCurrentEntry;
 
 // Whether `amount` for the current entry keeps within the budget, the amounts of all other entries
 // of its item and element included. Tells the operator when it does not, or when the budget cannot
-// be read. Over gConn; passes the errors of its own reads on.
-bool CheckOpeningBudget(platform::Money amount);
+// be read, and puts what the lower line repeats of it into `refusal`. Over gConn; passes the errors
+// of its own reads on.
+bool CheckOpeningBudget(platform::Money amount, std::string& refusal);
+inline bool CheckOpeningBudget(platform::Money amount) {
+    std::string refusal;
+    return CheckOpeningBudget(amount, refusal);
+}
 
 }  // namespace kelvane::ui

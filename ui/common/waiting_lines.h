@@ -16,6 +16,9 @@ struct WaitingLines {
     std::vector<std::string> texts;
 
     void Forget() { *this = {}; }
+    friend bool operator==(const WaitingLines& left, const WaitingLines& right) {
+        return left.texts == right.texts && left.script.Text() == right.script.Text();
+    }
 };
 
 }  // namespace kelvane::ui

@@ -94,7 +94,16 @@ void frmQCEdit::DeleteDetailRow() {
     }
     const int row = Grid1.Row();
     if (row < 1) return;
-    if (data::AskQuestion("确实要删除当前行吗?")) Grid1.RemoveItem(row);
+    AskAndRemove(row, platform::MessageAnswer::Yes);
+}
+
+void frmQCEdit::AskAndRemove(int row, platform::MessageAnswer preselected) {
+    if (!data::AskQuestion("确实要删除当前行吗?", data::kModuleCaption,
+                           platform::MessageIcon::Question, preselected)) {
+        return;
+    }
+    Grid1.RemoveItem(row);
+    mHistory.Forget();
 }
 
 void frmQCEdit::TakeSnapshot() {
@@ -126,7 +135,10 @@ void frmQCEdit::SaveDetails() {
         texts.push_back(Grid1.RowText(row));
     }
     const Money total = entries::TotalOf(lines);
-    if (!CheckOpeningBudget(total)) return;
+    if (!CheckOpeningBudget(total, mRefusal)) {
+        if (Grid1.Row() > 0) Grid1.MarkRefused(Grid1.Row(), controls::Grid::kWholeRow);
+        return;
+    }
 
     mColTempValues = std::move(texts);
     RetValue = total.IsZero() ? "" : data::NumFormatText(Value(total), data::kMoneyKind, true);

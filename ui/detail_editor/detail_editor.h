@@ -25,6 +25,7 @@
 #include "ui/common/picked_cells.h"
 #include "ui/common/print_setup.h"
 #include "ui/common/printed_grid.h"
+#include "ui/common/row_history.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
 #include "ui/detail_editor/line_budgets.h"
@@ -79,6 +80,11 @@ public:
     void Grid1_RowValidate(controls::GridAnswer& answer, int row, int& col);
     void Grid1_EditModeChange(bool editing);
 
+    // Ways back (detail_ways_back.cpp). Grid1_AbandonRow takes all changes of a line back, lets it
+    // be left without checks when there are none, and gives up a line that had nothing in it.
+    void Grid1_AbandonRow(int row);
+    void UndoChange();
+
     // Commands (detail_commands.cpp).
     void SetupToolbar();
     void Toolbar1_ButtonClick(controls::ToolbarButton& button) override;
@@ -96,6 +102,7 @@ public:
     void ExportDetails();
 
 protected:
+    std::string Hint() const override;
     std::string Figures() const override;
     void Form_Load() override;
     void Form_Activate() override;
@@ -113,7 +120,7 @@ private:
 
     entries::LineRules Rules() const;
     // Shows what was found, if anything was; true when nothing was.
-    static bool Accepts(const std::optional<entries::Finding>& finding);
+    bool Accepts(const std::optional<entries::Finding>& finding);
     bool Fill(entries::LineField by, const std::string& sought, int row);
     entries::LineTexts TextsOf(int row) const;
     int GridColumnOf(int lineColumn) const;
@@ -128,6 +135,13 @@ private:
     void FillLine(int row, int kept, const entries::LineItem& item);
     std::string AmountText(const std::string& price, int row) const;
     bool ValidateItem(const std::string& text, int row, int col);
+
+    RowState StateOf(int row) const { return {.cells = Grid1.RowText(row)}; }
+    void OfferWaysBack();
+    bool HasLineChanges() const;
+    bool IsNewLine(int row) const;
+    void GiveUpLine(int row);
+    void AskAndRemove(int row, platform::MessageAnswer preselected);
 
     bool MayLoseChanges();
     void AllowChanges(bool allowed);
@@ -155,6 +169,10 @@ private:
     std::vector<std::string> mSnapshot;
     // The item picked from a list for an open cell.
     PickedCells mPickedItem;
+    // The changes of the current line, which goes by its row's number.
+    RowHistory mHistory;
+    // Why a cell or the line was refused, as long as the grid marks it.
+    std::string mRefusal;
 };
 
 // The one instance; created on first use.

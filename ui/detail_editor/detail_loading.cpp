@@ -86,7 +86,10 @@ frmQCEdit::frmQCEdit()
         Grid1_RowValidate(answer, row, col);
     };
     Grid1.EditModeChange = [this](bool editing) { Grid1_EditModeChange(editing); };
+    Grid1.EnterCell = [this] { mHistory.KeepOnly(Grid1.Row()); };
+    Grid1.AbandonRow = [this](int row) { Grid1_AbandonRow(row); };
     Grid1.Beep = [] { data::gServices->windows->Beep(); };
+    OfferWaysBack();
     AddAction({.stroke = {Key::Quote, platform::kCtrl},
                .caption = "重复上一行",
                .inMenu = true,
@@ -116,6 +119,8 @@ DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {
 void frmQCEdit::Form_Load() {
     SetNotice("");
     mLineBudgets.Forget();
+    mHistory.Forget();
+    mRefusal.clear();
     mExportFailed = false;
     mOuterTrapListener =
         std::exchange(data::gTrapListener, [this](std::string_view place) { TellFailure(place); });

@@ -20,8 +20,10 @@ LineRules frmQCEdit::Rules() const {
 }
 
 bool frmQCEdit::Accepts(const std::optional<entries::Finding>& finding) {
-    if (finding) ShowFinding(*finding);
-    return !finding;
+    if (!finding) return true;
+    ShowFinding(*finding);
+    mRefusal = RefusalText(*finding);
+    return false;
 }
 
 bool frmQCEdit::FillByCode(const std::string& code, int row) {

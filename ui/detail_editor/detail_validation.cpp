@@ -30,6 +30,7 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 
 void frmQCEdit::Grid1_CellValidate(std::string& text, GridAnswer& answer, int row, int col) {
     answer = GridAnswer::Accept;
+    mRefusal.clear();
     if (col == 0 || col == 1) {
         if (!ValidateItem(text, row, col)) answer = GridAnswer::Refuse;
     } else if (col == PriceColumn() || col == QuantityColumn()) {
@@ -98,7 +99,10 @@ void frmQCEdit::Grid1_CellReference(std::string& text, int row, int col) {
 }
 
 void frmQCEdit::Grid1_EditModeChange(bool editing) {
-    if (!editing) mPickedItem.EndEdit(Grid1);
+    const int row = Grid1.Row();
+    if (editing) return mHistory.BeginEdit(row, StateOf(row));
+    mPickedItem.EndEdit(Grid1);
+    mHistory.EndEdit(Grid1.Col(), StateOf(row));
 }
 
 entries::LineTexts frmQCEdit::TextsOf(int row) const {
@@ -126,13 +130,20 @@ int frmQCEdit::GridColumnOf(int lineColumn) const {
 }
 
 void frmQCEdit::Grid1_RowValidate(GridAnswer& answer, int row, int& col) {
+    if (mHistory.WayOutOf(row) == RowHistory::WayOut::Free) {
+        mHistory.Forget();
+        answer = GridAnswer::Accept;
+        return;
+    }
     answer = GridAnswer::Refuse;
     const auto missing = entries::LineRules::CheckComplete(TextsOf(row));
     if (!Accepts(missing)) {
         col = GridColumnOf(missing->column);
+        Grid1.MarkRefused(row, col);
         return;
     }
     if (!CheckDetailBudget(row)) return;
+    mHistory.Forget();
     answer = GridAnswer::Accept;
     SetNotice("");
 }
@@ -147,7 +158,11 @@ std::string frmQCEdit::Figures() const {
 }
 
 bool frmQCEdit::CheckDetailBudget(int row) {
-    return Accepts(Rules().CheckBudget(TextsOf(row)));
+    const auto beyond = Rules().CheckBudget(TextsOf(row));
+    if (Accepts(beyond)) return true;
+    const bool unreadable = beyond->rule == entries::Rule::BudgetFailed;
+    Grid1.MarkRefused(row, unreadable ? controls::Grid::kWholeRow : GridColumnOf(beyond->column));
+    return false;
 }
 
 }  // namespace kelvane::ui

@@ -123,6 +123,7 @@ frmPeriodItem::frmPeriodItem()
     WireGrid();
     AddGridActions(*this, GridPeriodItem);
     AddCopyActions();
+    OfferWaysBack();
     AddFindActions();
     AddViewActions();
     controls::AddSizeActions(*this, GridPeriodItem);

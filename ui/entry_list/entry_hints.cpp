@@ -25,8 +25,8 @@ std::string frmPeriodItem::WhatToPress(int row, int col) const {
                               : "金额由明细合计：按 Ctrl+Enter 打开明细。";
 }
 
-// The entry of a row that a question is about; else what the current code is called, what to
-// press, and the view.
+// The entry of a row that a question is about; what a search says; why the row was refused and how
+// to get out of it; else what the current code is called, what to press, and the view.
 std::string frmPeriodItem::Hint() const {
     if (const int marked = GridPeriodItem.MarkedRow(); marked > 0) {
         std::string entry = "将删除：";
@@ -40,6 +40,7 @@ std::string frmPeriodItem::Hint() const {
     if (mSearchStrip && mSearchStrip->IsOpen()) return mSearchStrip->Note();
     if (!mSearchNote.empty()) return mSearchNote;
     if (row < GridPeriodItem.FixedRows()) return mViews.Text();
+    if (std::string way = RowHint(row); !way.empty() && !GridPeriodItem.ReadOnly()) return way;
     const int col = GridPeriodItem.Col();
     std::string name;
     if (col == kCenterColumn) name = mCenterNames.NameOf(CellText(row, col));

@@ -25,6 +25,7 @@
 #include "ui/common/list_views.h"
 #include "ui/common/picked_cells.h"
 #include "ui/common/printed_grid.h"
+#include "ui/common/row_history.h"
 #include "ui/common/search_strip.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/window_requests.h"
@@ -124,6 +125,11 @@ public:
     // Whether the operator may change a cell's text by hand (cell_guards.cpp).
     bool GridPeriodItem_TextMayChange(int row, int col) const;
 
+    // Ways back (ways_back.cpp). GoBackToStored takes all changes of a stored row back, or lets it
+    // be left without checks when there are none; UndoChange takes the last one back.
+    void GoBackToStored(int row);
+    void UndoChange();
+
     // What the lower line says (entry_hints.cpp).
     std::string Hint() const override;
     std::string WhatToPress(int row, int col) const;
@@ -221,7 +227,21 @@ private:
     // Checks the element and makes it the row's, which loses its lines and its amount; false after
     // a message.
     bool ChangeElement(int row, const std::string& name);
+    // Checks all cells of the row and its budget; `col` becomes the column that is refused.
+    bool ChecksRow(int row, int& col);
+    // The row as a whole is refused: the operator has been told `reason`.
+    void RefuseRow(int row, std::string reason);
     void EmptyBehindCenter(int row);
+
+    // What history goes by, and the present state of a row to be gone back to.
+    int HistoryKey(int row) const {
+        return row < GridPeriodItem.Rows() ? GridPeriodItem.RowData(row) : 0;
+    }
+    RowState StateOf(int row) const;
+    void PutBack(int row, const RowState& state);
+    void OfferWaysBack();
+    bool HasChanges() const;
+    std::string RowHint(int row) const;
 
     // Writes the row; false after a message.
     bool WriteRow(int row, const platform::StatementText& detailSql);
@@ -250,6 +270,10 @@ private:
     std::unique_ptr<SearchStrip> mSearchStrip;
     // What is to be said of a search until the operator goes on.
     std::string mSearchNote;
+    // The changes of the current row.
+    RowHistory mHistory;
+    // Why a cell or the row was refused, as long as the grid marks it.
+    std::string mRefusal;
     // True while keystrokes that this window sent itself are on their way.
     bool mSendingOpenKeys = false;
 };

@@ -50,6 +50,8 @@ void frmPeriodItem::ResetToDesign() {
     AllowEntry(false);
     CTBCtrl1.Refresh();
     mWaiting.Forget();
+    mHistory.Forget();
+    mRefusal.clear();
     mStore.ForgetDoubts();
     mPickedItem.Forget();
     mSendingOpenKeys = false;

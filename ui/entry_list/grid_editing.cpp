@@ -157,19 +157,36 @@ void frmPeriodItem::GridPeriodItem_CellValidate(std::string& text, GridAnswer& a
 
 void frmPeriodItem::GridPeriodItem_RowValidate(GridAnswer& answer, int row, int& col) {
     if (mDetailOpen) return;
+    if (mHistory.WayOutOf(HistoryKey(row)) == RowHistory::WayOut::Free) {
+        mHistory.Forget();
+        answer = GridAnswer::Accept;
+        return;
+    }
     answer = GridAnswer::Refuse;
+    if (!ChecksRow(row, col) || !SaveRow(row, mDetailSql)) return;
+    mWaiting.Forget();
+    answer = GridAnswer::Accept;
+}
+
+bool frmPeriodItem::ChecksRow(int row, int& col) {
     for (int column = kDateColumn; column <= kAmountColumn; ++column) {
         std::string text = CellText(row, column);
         if (!ValidateCell(row, column, false, text)) {
+            GridPeriodItem.MarkRefused(row, column);
             col = column;
-            return;
+            return false;
         }
     }
     GridPeriodItem.SetRow(row);
-    if (!CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)))) return;
-    if (!SaveRow(row, mDetailSql)) return;
-    mWaiting.Forget();
-    answer = GridAnswer::Accept;
+    mRefusal.clear();
+    if (CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)), mRefusal)) return true;
+    GridPeriodItem.MarkRefused(row, kAmountColumn);
+    return false;
+}
+
+void frmPeriodItem::RefuseRow(int row, std::string reason) {
+    mRefusal = std::move(reason);
+    GridPeriodItem.MarkRefused(row, controls::Grid::kWholeRow);
 }
 
 void frmPeriodItem::GridPeriodItem_ComboDropDown(int row, int col, controls::GridDropList& list) {
@@ -191,9 +208,15 @@ void frmPeriodItem::GridPeriodItem_ComboDropDown(int row, int col, controls::Gri
 }
 
 void frmPeriodItem::GridPeriodItem_EditModeChange(bool editing) {
-    mEditText = editing ? CellText(GridPeriodItem.Row(), GridPeriodItem.Col()) : "";
+    const int row = GridPeriodItem.Row();
+    mEditText = editing ? CellText(row, GridPeriodItem.Col()) : "";
     mEditing = editing;
-    if (!editing) mPickedItem.EndEdit(GridPeriodItem);
+    if (editing) {
+        mHistory.BeginEdit(HistoryKey(row), StateOf(row));
+        return;
+    }
+    mPickedItem.EndEdit(GridPeriodItem);
+    mHistory.EndEdit(GridPeriodItem.Col(), StateOf(row));
 }
 
 void frmPeriodItem::GridPeriodItem_CellChanged(int /*row*/, int col) {
@@ -213,6 +236,7 @@ void frmPeriodItem::GridPeriodItem_EnterCell() {
     mSearchNote.clear();
     HideDetailButton();
     const int row = GridPeriodItem.Row();
+    mHistory.KeepOnly(HistoryKey(row));
     if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
     if (CellText(row, kElementColumn).empty()) {
         TellElementFirst();
@@ -244,13 +268,15 @@ void frmPeriodItem::HideDetailButton() {
 void frmPeriodItem::GridPeriodItem_ViewChange() {
     mSearchNote.clear();
     if (cmdRef.Visible()) HideDetailButton();
+    mHistory.KeepOnly(HistoryKey(GridPeriodItem.Row()));
 }
 
 // A row that was never saved can be given up; a saved one is deleted by its command alone.
 void frmPeriodItem::GridPeriodItem_AbandonRow(int row) {
-    if (GridPeriodItem.RowData(row) != 0) return;
+    if (GridPeriodItem.RowData(row) != 0) return GoBackToStored(row);
     if (!AskDelete(row)) return;
     mWaiting.Forget();
+    mHistory.Forget();
     GridPeriodItem.RemoveItem(row);
     mFailureNotice.GivenUp(Work::Save);
 }

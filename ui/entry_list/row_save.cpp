@@ -21,8 +21,14 @@ constexpr const char* kCounterName = "NumMax_EleQc";
 
 bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
     try {
-        if (!WriteRow(row, detailSql)) return false;
+        try {
+            if (!WriteRow(row, detailSql)) return false;
+        } catch (const platform::CommitInDoubt&) {
+            mHistory.SaveInDoubt(HistoryKey(row));
+            throw;
+        }
         detailSql = {};
+        mHistory.Forget();
         GridPeriodItem.SetRowTouched(false);
         mFailureNotice.Succeeded(Work::Save);
         return true;
@@ -40,8 +46,10 @@ bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
     entries::Entry entry = entries::EntryOf(TextsOf(row));
     if (entry.identity != 0) {
         const auto gone = mStore.Update(entry, detailSql);
-        if (gone) ShowFinding(*gone);
-        return !gone;
+        if (!gone) return true;
+        ShowFinding(*gone);
+        RefuseRow(row, RefusalText(*gone));
+        return false;
     }
     entry.identity = NextSettingNumber(kCounterName, *gConn, entries::kIdentities);
     if (entry.identity == kNoNumber) return false;
@@ -82,6 +90,7 @@ void frmPeriodItem::DeleteRow() {
 
         // What was kept for the deleted row must not be saved with another one.
         mWaiting.Forget();
+        mHistory.Forget();
         GridPeriodItem.RemoveItem(row);
         mFailureNotice.Succeeded(Work::Save);
     } catch (...) {

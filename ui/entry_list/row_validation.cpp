@@ -13,6 +13,7 @@ using entries::Finding;
 bool frmPeriodItem::Accepts(const std::optional<Finding>& finding) {
     if (!finding) return true;
     ShowFinding(*finding);
+    mRefusal = RefusalText(*finding);
     GridPeriodItem.SetFocus();
     return false;
 }
@@ -33,6 +34,7 @@ entries::BudgetedEntry frmPeriodItem::BudgetedEntryOf(int row) const {
 
 bool frmPeriodItem::ValidateCell(int row, int col, bool changed, std::string& text) {
     const int failuresBefore = mFailureNotice.Failures();
+    mRefusal.clear();
     try {
         const std::string raw = CellText(row, col);
         text = data::Trim(raw);
@@ -85,7 +87,10 @@ bool frmPeriodItem::ChangeElement(int row, const std::string& name) {
     if (!Accepts(mRules.CheckElement(name, detail))) return false;
     const int identity = GridPeriodItem.RowData(row);
     // First, what can fail: then nothing of the row has changed yet.
-    if (identity != 0) mStore.DeleteLines(identity);
+    if (identity != 0) {
+        mStore.DeleteLines(identity);
+        mHistory.LinesWereDeleted();
+    }
     GridPeriodItem.SetText(row, kAmountColumn, "");
     mWaiting.Forget();
     mElementDetails.Replace(identity, detail);

@@ -119,6 +119,7 @@ TEST_F(EntryRulesTest, ABudgetIsExceededByAnythingAboveIt) {
     const auto exceeded = rules.CheckBudget(entry, Money::FromText("400.01"));
     ASSERT_TRUE(exceeded);
     EXPECT_EQ(exceeded->id, "budget.exceeded");
+    EXPECT_EQ(exceeded->figures, "预算 1,000.00，已用 600.00，可用 400.00");
     EXPECT_THAT(data.asked, ElementsAre("budget P01 E01 ", "recorded beside 7 E01",
                                         "budget P01 E01 ", "recorded beside 7 E01"));
     data.entryBudget.controlled = false;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "entries/budget_room.h"
 #include "tests/unit/entries/known_master_data.h"
 
 namespace kelvane::entries {
@@ -77,9 +78,11 @@ TEST_F(LineRulesTest, TheBudgetOfALineHasMoneyAndQuantity) {
     LineTexts line = Good();
     line.amount = "2,000.01";
     EXPECT_THAT(IdsOf(line), ElementsAre("line.budget.amount"));
+    EXPECT_EQ(rules.CheckBudget(line)->figures, "预算 3,000.00，已用 1,000.00，可用 2,000.00");
     line = Good();
     line.quantity = "2.01";
     EXPECT_THAT(IdsOf(line), ElementsAre("line.budget.quantity"));
+    EXPECT_EQ(rules.CheckBudget(line)->figures, QuantityRoom(5, 3));
     data.lineBudget.quantity = 0;
     EXPECT_THAT(IdsOf(line), IsEmpty());
     data.unreadable = "no budget";

@@ -283,7 +283,9 @@ public:
     int EditState() const { return mEditing ? 1 : 0; }
     bool IsEditing() const { return mEditing; }
     const std::string& EditText() const { return mEditText; }
-    // How often the text of an open cell was refused. Each time all of it is selected.
+    // Whether all of the open cell's text is selected, as it is after a refusal: what is typed next
+    // replaces it. And how often a text was refused.
+    bool EditTextSelected() const { return mEditTextSelected; }
     int EditRefusals() const { return mEditRefusals; }
     // Whether F2 opens the current cell by itself; a window that opens cells its own way says no.
     void SetOpensWithF2(bool opens) { mOpensWithF2 = opens; }

@@ -111,6 +111,7 @@ void CellEditor::Sync(const wxRect& field) {
     if (mHost.Form().ActiveControl() == &mGrid) mField->SetFocus();
     ShowGridText();
     mField->SetInsertionPointEnd();
+    if (mGrid.EditTextSelected()) mField->SelectAll();
 }
 
 // What is typed next replaces a refused text, unless the operator goes into it with the caret.

@@ -18,6 +18,7 @@ constexpr int kDotSize = 2;
 constexpr int kCurrentPercent = 15;
 constexpr int kMarkedPercent = 45;
 constexpr int kRefusedPercent = 25;
+constexpr int kFieldReach = 2;
 
 class Painter {
 public:
@@ -112,8 +113,11 @@ private:
         if (row < mGrid.FixedRows() || row >= mGrid.Rows() || col < 0 || col >= mGrid.Cols()) {
             return;
         }
-        const wxRect cell = mMetrics.CellRect(row, col);
-        if (!cell.IsEmpty()) PaintFrame(cell, look::kRefusedEdge);
+        wxRect cell = mMetrics.CellRect(row, col);
+        if (cell.IsEmpty()) return;
+        // The field of an open cell may be higher than the cell.
+        if (mGrid.IsEditing()) cell.Inflate(kFieldReach);
+        PaintFrame(cell, look::kRefusedEdge);
     }
 
     void PaintFrame(wxRect cell, const wxColour& colour) {

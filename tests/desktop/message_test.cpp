@@ -67,7 +67,7 @@ TEST(DesktopMessage, GivesTheKeyboardBackToTheOpenCell) {
         person.Keys({"Return"});
         person.SeeWindow("项目期初");
         person.Type("8");
-        person.See("typed on", [&] { return form.grid.EditText() == "778"; });
+        person.See("typed over", [&] { return form.grid.EditText() == "8"; });
         person.Keys({"Escape"});
         person.See("closed", [&] { return !form.grid.IsEditing(); });
     });

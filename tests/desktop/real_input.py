@@ -200,6 +200,71 @@ class RealInput(Person):
         self.close()
         self.assertEqual(self.rows("select * from PM_ItemQC order by iEleVid"), before)
 
+    def digests(self):
+        return self.rows("select iEleVid, cDigest, mQC from PM_ItemQC where iEleVid in (1, 2)"
+                         " order by iEleVid")
+
+    def test_a_refused_text_is_typed_over(self):
+        self.open()
+        self.keys("ctrl+Home")
+        self.type("2004.02.30")
+        self.keys("Down")
+        self.answer("Return")
+        self.see(LIST)
+        self.type("2004.06.05")
+        self.keys("Down")
+        self.wait("saved date", lambda: self.rows(
+            "select count(*) from PM_ItemQC where iEleVid = 1 and dDate like '2004-06-05%'")
+            == [(1,)])
+        self.close()
+
+    def test_changes_are_taken_back_one_by_one(self):
+        self.open()
+        self.keys("ctrl+Home", "End", "Left")
+        self.type("x9")
+        self.keys("Return")
+        self.type("5")
+        self.keys("Return")  # saved, in the next row
+        self.wait("saved", lambda: self.digests()[0] == (1, "x9", "5.0000"))
+        self.keys("Up", "End", "Left")
+        self.type("y8")
+        self.keys("Return")
+        self.type("6")
+        # Into the item's column, where other keys do nothing, and there once back.
+        self.keys("shift+Tab", "Home", "Right", "Right", "ctrl+z", "Down")
+        self.wait("saved", lambda: self.digests()[0] == (1, "y8", "5.0000"))
+        self.close()
+
+    def test_a_row_goes_back_with_escape(self):
+        self.open()
+        before = self.digests()
+        self.keys("ctrl+Home", "End", "Left")
+        self.type("x9")
+        self.keys("Return")
+        self.type("5")
+        self.keys("Left", "Escape", "Escape", "Down", "End", "Left")
+        self.type("z7")
+        self.keys("Down")
+        self.wait("saved", lambda: self.digests()[1][1] == "z7")
+        self.assertEqual(self.digests()[0], before[0])
+        self.close()
+
+    def test_nobody_is_caught_in_a_row(self):
+        with closing(sqlite3.connect(self.account)) as database:
+            database.execute("update PM_ItemQC set cCenterCode = 'D09' where iEleVid = 1")
+            database.commit()
+        self.open()
+        self.keys("ctrl+Home", "Down")
+        self.answer("Return")
+        self.see(LIST)
+        self.keys("Escape", "Down", "End", "Left")
+        self.type("z7")
+        self.keys("Down")
+        self.wait("saved", lambda: self.digests()[1][1] == "z7")
+        self.close()
+        self.assertEqual(self.rows("select cCenterCode from PM_ItemQC where iEleVid = 1"),
+                         [("D09",)])
+
     def open_details(self):
         """Opens the lines of the second entry, an amount of inventory lines, by keyboard."""
         self.open()

@@ -104,7 +104,9 @@ void Grid::Rearrange(const std::function<void()>& change) {
     mRow = current == mRows.end() ? 0 : static_cast<int>(current - mRows.begin());
     if (mRow == 0) mRowTouched = false;
     mSelectionEnd = mCol;
+    mSelection.End();
     mMarkedRow = 0;
+    mRefused = {};
     mFoundRow = 0;
     mTopRow = mFixedRows;
     Touch();

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_forms.h"
@@ -113,6 +114,30 @@ TEST(DesktopForm, FieldsTakeTextAndKeys) {
         person.See("closed by the default button", [&] { return !form.IsLoaded(); });
     });
     EXPECT_EQ(form.events, (Events{"reference", "ok XM023 "}));
+}
+
+TEST(DesktopForm, AFieldThatJoinsAShownFormIsTypedInto) {
+    ListForm form;
+    std::unique_ptr<controls::EditBox> field;
+    ShowTo(form, [&](Person& person) {
+        person.Look([&] {
+            field = std::make_unique<controls::EditBox>(form, "txtLate");
+            field->SetTop(form.strip.Top() + 60);
+            field->SetWidth(2400);
+            field->SetHeight(345);
+            field->SetFocus();
+            return true;
+        });
+        person.Type("ab");
+        person.See("typed", [&] { return field->Text() == "ab"; });
+        person.Look([&] {
+            field->SetVisible(false);
+            form.grid.SetFocus();
+            return true;
+        });
+        person.Keys({"Down"});
+        person.See("the grid has the keys", [&] { return form.grid.Row() == 2; });
+    });
 }
 
 TEST(DesktopForm, EscapePressesTheCancelButton) {

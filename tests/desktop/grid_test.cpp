@@ -237,6 +237,31 @@ TEST(DesktopGrid, HeaderClicksAndDoubleClicksAreTold) {
     EXPECT_EQ(form.events, (std::vector<std::string>{"header 3", "double 1 8"}));
 }
 
+TEST(DesktopGrid, AClickOnATitleSorts) {
+    ListForm form;
+    form.grid.HeaderClick = [&](int col) {
+        form.grid.SortRows(col, form.grid.SortColumn() == col && !form.grid.SortsDescending());
+    };
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, kColumnMiddles[3], kGridTop + 10);
+        person.See("sorted", [&] { return form.grid.SortColumn() == 3; });
+        EXPECT_TRUE(person.Look([&] {
+            return form.grid.Text(1, 3) == "XM1" && form.grid.Text(2, 3) == "XM10" &&
+                   form.grid.Row() == 1;
+        }));
+        person.Click(kTitle, kColumnMiddles[3], kGridTop + 10);
+        person.See("the other way", [&] { return form.grid.Text(1, 3) == "XM9"; });
+        // The current row is still in sight, far below.
+        EXPECT_TRUE(person.Look([&] {
+            return form.grid.Text(form.grid.Row(), 3) == "XM1" &&
+                   form.grid.IsRowShown(form.grid.Row());
+        }));
+        person.Click(kTitle, kColumnMiddles[8], RowY(1));
+        person.See("the first row on the screen",
+                   [&] { return form.grid.Row() == form.grid.TopRow() && form.grid.Row() > 1; });
+    });
+}
+
 TEST(DesktopGrid, WheelAndScrollBarScroll) {
     ListForm form(1000);
     ShowTo(form, [&](Person& person) {

@@ -78,8 +78,8 @@ void SearchStrip::Open() {
 void SearchStrip::Close() {
     if (!mOpen) return;
     mOpen = false;
-    mGrid.MarkFound(0, 0);
     LookBack();
+    mGrid.MarkFound(0, 0);
     mNote.clear();
     mGrid.SetFocus();
     lblSearch.SetVisible(false);
@@ -92,24 +92,25 @@ void SearchStrip::Typed() {
     if (!mOpen) return;
     mNote = kKeys;
     if (TextSearch(txtSearch.Text()).IsEmpty()) {
-        mGrid.MarkFound(0, 0);
         LookBack();
+        mGrid.MarkFound(0, 0);
         return;
     }
     Show(Find({std::max(mGrid.Row(), mGrid.FixedRows()), mGrid.Col()}, 1, true));
 }
 
 void SearchStrip::LookBack() {
-    if (!mLooking) return;
-    mLooking = false;
+    const bool looking = std::exchange(mLooking, false);
+    // Rows that have moved meanwhile took the mark away, and stand elsewhere now.
+    if (!looking || mGrid.FoundRow() == 0) return;
     mGrid.SetTopRow(mTopRow);
     mGrid.SetLeftCol(mLeftCol);
 }
 
 void SearchStrip::Show(const Cell& cell) {
+    if (cell.row == 0) LookBack();
     mGrid.MarkFound(cell.row, cell.col);
     if (cell.row == 0) {
-        LookBack();
         mNote = "没有找到“" + txtSearch.Text() + "”。";
         if (mGrid.IsFiltered()) mNote += "筛选掉的行没有查找。";
         return;

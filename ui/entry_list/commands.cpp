@@ -156,6 +156,8 @@ void frmPeriodItem::Toolbar1_ButtonClick(ToolbarButton& button) {
     const Command* command = FindToolbarCommand(Commands(), button.Key());
     if (command != nullptr) {
         if (command->ignoredWhileEditing && GridPeriodItem.EditState() == 1) return;
+        // What a command leaves the operator with is in the list.
+        if (mSearchStrip && mSearchStrip->HasKeyboard()) mSearchStrip->Close();
         if (command->isThere()) command->run(*this);
         if (command->entry.key == "Exit") return;
     }

@@ -182,6 +182,15 @@ TEST_F(ListActionsTest, WhatIsOnlyShownScrollsBack) {
     EXPECT_EQ(Form().ActiveControl(), &List());
 }
 
+TEST_F(ListActionsTest, ACommandEndsASearchThatIsTyped) {
+    Open();
+    Form().SearchTyping();
+    Form().Toolbar1_ButtonClick(*Form().Toolbar1.Button("Add"));
+    EXPECT_EQ(Form().ActiveControl(), &List());
+    EXPECT_FALSE(Field().Visible());
+    EXPECT_EQ(List().Row(), 4);
+}
+
 TEST_F(ListActionsTest, AnEmptySearchGoesNowhere) {
     Open();
     Go(2, kDigestColumn);

@@ -30,6 +30,10 @@ void PlaceControl(controls::Control& control, int left, int top, int width, int 
 
 }  // namespace
 
+const char* NoteOfWrap(int step) {
+    return step > 0 ? "已到末尾，从头继续查找。" : "已到开头，从末尾继续查找。";
+}
+
 SearchStrip::SearchStrip(controls::Form& form, controls::Grid& grid,
                          std::function<bool(int row, int col)> goTo)
     : lblSearch(form, "lblSearch"),
@@ -115,7 +119,7 @@ void SearchStrip::Show(const Cell& cell) {
         if (mGrid.IsFiltered()) mNote += "筛选掉的行没有查找。";
         return;
     }
-    mNote = cell.wrapped ? "已到末尾，从头继续查找。" : kKeys;
+    mNote = cell.wrapped ? NoteOfWrap(1) : kKeys;
     if (!mLooking) {
         mTopRow = mGrid.TopRow();
         mLeftCol = mGrid.LeftCol();
@@ -155,7 +159,7 @@ void SearchStrip::GoOn(int step) {
         if (next.row == 0) next = {std::max(mGrid.Row(), mGrid.FixedRows()), mGrid.Col()};
         next = Find(next, step, false);
         Show(next);
-        if (next.row > 0 && next.wrapped && step < 0) mNote = "已到开头，从末尾继续查找。";
+        if (next.row > 0 && next.wrapped && step < 0) mNote = NoteOfWrap(step);
     }
     if (next.row == 0) return;
     const std::string note = mNote;

@@ -14,6 +14,9 @@
 
 namespace kelvane::ui {
 
+// What is said when a search has gone past the end of the list, or with -1 past its beginning.
+const char* NoteOfWrap(int step);
+
 class SearchStrip {
 public:
     // Joins `form`, closed. `goTo` makes a cell the current one; false when the current row may not

@@ -81,7 +81,7 @@ int frmPeriodItem::FindMatch(int step, std::string& note) const {
         if (row == grid.Row()) {
             note = "只有这一行符合条件。";
         } else if (place < 0 || place >= count) {
-            note = step > 0 ? "已到末尾，从头继续查找。" : "已到开头，从末尾继续查找。";
+            note = NoteOfWrap(step);
         }
         return row;
     }

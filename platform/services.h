@@ -13,6 +13,7 @@
 #include "platform/printing.h"
 #include "platform/reference_list.h"
 #include "platform/registry.h"
+#include "platform/user_settings.h"
 #include "platform/windows.h"
 #include "platform/xml_document.h"
 
@@ -31,6 +32,9 @@ struct Services {
 
     // Optional: without it trapped errors are told on the notice line alone.
     Diagnostics* diagnostics = nullptr;
+    // Optional: without it windows open in their first sizes. Belongs to the operator who is logged
+    // in.
+    UserSettings* userSettings = nullptr;
     // Optional: without it there are no pick lists. A new one is made for each list.
     std::function<std::unique_ptr<ReferenceList>()> createReferenceList;
 

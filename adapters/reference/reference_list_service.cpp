@@ -140,6 +140,7 @@ std::unique_ptr<RecordSet> ReferenceListService::Show(std::unique_ptr<RecordSet>
 std::unique_ptr<RecordSet> ReferenceListService::Show(std::unique_ptr<RecordSet> source,
                                                       PickRows rows, ListLayout layout) {
     layout.present = mPresent;
+    layout.settings = mSurroundings.userSettings;
     ReferenceWindow window(mSurroundings.windows, std::move(rows), std::move(layout));
     mSurroundings.windows.ShowModal(window);
     if (!window.Chosen()) return nullptr;

@@ -8,6 +8,7 @@
 
 #include "platform/host.h"
 #include "platform/reference_list.h"
+#include "platform/user_settings.h"
 #include "platform/windows.h"
 
 namespace kelvane::reference {
@@ -21,6 +22,8 @@ struct ListSurroundings {
     // statement comes without the table it selects from; the service adds it with this code.
     // Empty: that query fails.
     std::function<std::string()> currentCenter;
+    // Keeps the operator's own column widths and sizes of the lists; may be null.
+    platform::UserSettings* userSettings = nullptr;
 };
 
 // For Services::createReferenceList. The lists show the rows in a window of `surroundings.windows`,

@@ -121,7 +121,10 @@ void ReferenceWindow::Form_Load() {
     const int height = std::min(kUsualHeight, mWindows.ScreenHeight());
     SetMinSize(kNarrowest, kLowest);
     SetSize(width, height);
-    SetPosition((mWindows.ScreenWidth() - width) / 2, (mWindows.ScreenHeight() - height) / 2);
+    std::string name = Name();
+    for (const std::string& title : mLayout.titles) name += ' ' + title;
+    mKeptLayout.Restore(mLayout.settings, name, mWindows.ScreenWidth(), mWindows.ScreenHeight());
+    SetPosition((mWindows.ScreenWidth() - Width()) / 2, (mWindows.ScreenHeight() - Height()) / 2);
     ShowRows(PlaceOfPresent());
     txtSearch.SetFocus();
 }

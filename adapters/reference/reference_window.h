@@ -17,6 +17,7 @@
 #include "controls/edit_box.h"
 #include "controls/form.h"
 #include "controls/grid.h"
+#include "controls/kept_layout.h"
 #include "controls/label.h"
 #include "controls/pick_window.h"
 #include "platform/windows.h"
@@ -31,6 +32,8 @@ struct ListLayout {
     std::vector<int> widths;
     // The list opens on the first row with this text.
     std::string present = {};
+    // Keeps the operator's own layout of the lists with these titles; may be null.
+    platform::UserSettings* settings = nullptr;
 };
 
 class ReferenceWindow : public controls::Form, public controls::PickWindow {
@@ -57,6 +60,7 @@ public:
 protected:
     void Form_Load() override;
     void Form_Resize() override;
+    void Form_Unload() override { mKeptLayout.Keep(); }
     void Form_KeyDown(platform::Key& key, int shift) override;
 
 private:
@@ -72,6 +76,7 @@ private:
     PickRows mRows;
     RowFinder mFinder;
     ListLayout mLayout;
+    controls::KeptLayout mKeptLayout{*this, GridReference};
     std::optional<std::size_t> mChosen;
     int mSortColumn = -1;
     bool mDescending = false;

@@ -27,6 +27,7 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
     : mAccount(std::move(account)),
       mStatements(statements),
       mSettings(SettingsPath()),
+      mUserSettings(UserSettingsPath()),
       mLog(LogPath()),
       mComponent(mServices) {
     mServices.windows = &windows;
@@ -34,11 +35,12 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
     mServices.diagnostics = &mLog;
     mServices.createConnection = [this] { return CreateConnection(); };
     mServices.today = [this] { return mToday ? *mToday : LocalNow(); };
-    mServices.createReferenceList = [&windows] {
+    mServices.createReferenceList = [this, &windows] {
         return reference::MakeReferenceLists({
             windows,
             []() -> platform::HostDataAccess& { return data::gEnv->DataAccess(); },
             component::CurrentCenter,
+            mServices.userSettings,
         });
     };
     if (printing != nullptr) OfferPrinting(mServices, *printing);
@@ -60,6 +62,9 @@ void Session::LogIn(const LoginRequest& request, std::optional<platform::DateTim
             std::make_unique<drive::RecordingDataAccess>(environment.DataAccess(), *mStatements));
         environment.SetDataAccess(*mObservers.back());
     }
+    mUserSettings.BelongTo(mAccount.IsOnServer() ? AccountOfConnection(mAccount.ConnectionString())
+                                                 : AccountOfFile(mAccount.Name()),
+                           login->Login().UserId());
     mLogins.push_back(std::move(login));
     mToday = today;
     mComponent.Init(mLogins.back()->Login(), mLogins.back()->Environment(),

@@ -13,6 +13,7 @@
 #include "host/account/account_place.h"
 #include "host/surroundings/diagnostics_log.h"
 #include "host/surroundings/settings_file.h"
+#include "host/surroundings/user_settings_file.h"
 #include "platform/print_surroundings.h"
 #include "platform/services.h"
 
@@ -32,6 +33,9 @@ public:
     // platform::HostError.
     void LogIn(const LoginRequest& request, std::optional<platform::DateTime> today);
 
+    // From the next login on the operator's windows open as he left them the last time.
+    void KeepWindows() { mServices.userSettings = &mUserSettings; }
+
     // Opens the entry list; returns when it is closed. Throws std::logic_error before a login.
     void Show() { mComponent.Show(); }
 
@@ -41,6 +45,7 @@ private:
     AccountPlace mAccount;
     drive::StatementLog* mStatements;
     SettingsFile mSettings;
+    UserSettingsFile mUserSettings;
     DiagnosticsLog mLog;
     std::optional<platform::DateTime> mToday;
     platform::Services mServices;

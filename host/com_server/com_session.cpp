@@ -51,7 +51,10 @@ std::shared_ptr<ComSession> ComSession::Share() {
     return session;
 }
 
-ComSession::ComSession() : mLog(com::EnvironmentText(kLogVariable)), mNotesStatements(IsDriven()) {
+ComSession::ComSession()
+    : mLog(com::EnvironmentText(kLogVariable)),
+      mUserSettings(UserSettingsPath()),
+      mNotesStatements(IsDriven()) {
     mServices.windows = &mAbsentWindows;
     mServices.registry = &mRegistry;
     mServices.diagnostics = &mLog;
@@ -62,6 +65,7 @@ ComSession::ComSession() : mLog(com::EnvironmentText(kLogVariable)), mNotesState
             *mServices.windows,
             []() -> platform::HostDataAccess& { return data::gEnv->DataAccess(); },
             [] { return data::gRefCenterCode; },
+            mServices.userSettings,
         });
     };
     mServices.createXmlDocument = [] { return std::make_unique<com::MsxmlDocument>(); };
@@ -89,6 +93,21 @@ void ComSession::Init(com::ComPointer<IDispatch> login, com::ComPointer<IDispatc
         throw;
     }
     ForgetOldLogins();
+    TakeUserSettings();
+}
+
+// A script's windows open as they did the first time. A host that cannot say whose settings they
+// are does without.
+void ComSession::TakeUserSettings() noexcept {
+    mServices.userSettings = nullptr;
+    if (IsDriven()) return;
+    try {
+        mUserSettings.BelongTo(AccountOfConnection(data::gLogin->ConnectionString()),
+                               data::gLogin->UserId());
+        mServices.userSettings = &mUserSettings;
+    } catch (...) {
+        mServices.userSettings = nullptr;
+    }
 }
 
 // After a login that failed half-way the component may have one object of it and one of an earlier

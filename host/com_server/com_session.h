@@ -14,6 +14,7 @@
 #include "host/com_server/absent_windows.h"
 #include "host/com_server/host_login.h"
 #include "host/surroundings/diagnostics_log.h"
+#include "host/surroundings/user_settings_file.h"
 #include "platform/services.h"
 
 namespace kelvane::host {
@@ -39,9 +40,11 @@ public:
 private:
     std::shared_ptr<platform::Connection> CreateConnection();
     void ForgetOldLogins();
+    void TakeUserSettings() noexcept;
 
     com::MachineRegistry mRegistry;
     DiagnosticsLog mLog;
+    UserSettingsFile mUserSettings;
     drive::StatementLog mStatements;
     bool mNotesStatements;
     AbsentWindows mAbsentWindows;

@@ -15,6 +15,7 @@ int Open(const OpenArguments& arguments, const Screen& screen) {
     platform::Windows& windows = screen.windows;
     try {
         Session session(arguments.account, windows, nullptr, screen.printing);
+        session.KeepWindows();
         session.LogIn(arguments.login, arguments.today);
         session.Show();
         return 0;

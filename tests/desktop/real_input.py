@@ -381,7 +381,6 @@ class RealInput(Person):
         self.close()
         self.assertEqual(len(self.lines()), 2)
 
-
     def entry(self, identity, field="cDigest"):
         return self.rows(f"select {field} from PM_ItemQC where iEleVid = {identity}")
 
@@ -445,6 +444,30 @@ class RealInput(Person):
         self.keys("Return", "Up")
         self.wait("saved digest", lambda: self.entry(2) == [("above",)])
         self.close()
+
+    def test_windows_open_as_they_were_left(self):
+        kept = Path(self.environment["XDG_CONFIG_HOME"]) / "kelvane" / "windows.txt"
+        self.open()
+        self.keys("ctrl+plus")
+        edge = (1300 + 1200) // 15 * 11 // 10
+        left, top, _, _ = Window(LIST).place()
+        header = top + (42 + 28 + 13) * SCALE
+        xdotool("mousemove", left + edge * SCALE, header, "mousedown", 1,
+                "mousemove", left + (edge + 44) * SCALE, header, "mouseup", 1)
+        time.sleep(BLINK_SECONDS)
+        self.close()
+        account, operator, window, layout = kept.read_text(encoding="utf-8").rstrip().split("\t")
+        self.assertEqual((account, window), (str(self.account.resolve()), "frmPeriodItem"))
+        self.assertTrue(operator)
+        self.assertRegex(layout, r"^zoom 110 column 2 1[78]\d\d$")
+        self.assertEqual(kept.stat().st_mode & 0o777, 0o600)
+
+        # The second time the column is there with its width, which goes on being kept.
+        self.open()
+        self.keys("ctrl+0")
+        self.close()
+        self.assertEqual(kept.read_text(encoding="utf-8").rstrip().split("\t")[3],
+                         layout.removeprefix("zoom 110 "))
 
 
 def main():

@@ -163,6 +163,7 @@ void frmQCEdit::Form_QueryUnload(bool& cancel, controls::UnloadMode mode) {
 
 void frmQCEdit::Form_Unload() {
     Grid1.CancelEdit();
+    mKeptLayout.Keep();
     data::gTrapListener = std::exchange(mOuterTrapListener, nullptr);
 }
 

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "controls/grid.h"
+#include "controls/kept_layout.h"
 #include "controls/label.h"
 #include "controls/picture.h"
 #include "entries/account_master_data.h"
@@ -167,6 +168,7 @@ private:
     std::unique_ptr<platform::PrintControl>& xmlPrt = mPrinted.control;
     // The lines' texts as they were loaded, header included.
     std::vector<std::string> mSnapshot;
+    controls::KeptLayout mKeptLayout{*this, Grid1};
     // The item picked from a list for an open cell.
     PickedCells mPickedItem;
     // The changes of the current line, which goes by its row's number.

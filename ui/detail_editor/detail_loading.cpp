@@ -6,6 +6,7 @@
 #include "data/login_context.h"
 #include "data/number_format.h"
 #include "entries/failure_reason.h"
+#include "ui/common/window_layout.h"
 #include "ui/detail_editor/detail_editor.h"
 
 namespace kelvane::ui {
@@ -142,6 +143,8 @@ void frmQCEdit::Form_Load() {
     TakeSnapshot();
     mPrinted.CaptureLayout();
     AllowChanges(!bReadOnly);
+    // Two layouts share the window; their columns have nothing to do with each other.
+    RestoreLayout(mKeptLayout, Name() + (bEquipment ? " equipment" : " inventory"));
 }
 
 void frmQCEdit::Form_Activate() {

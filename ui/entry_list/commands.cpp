@@ -287,6 +287,7 @@ void frmPeriodItem::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/
 
 void frmPeriodItem::Form_Unload() {
     GridPeriodItem.CancelEdit();
+    mKeptLayout.Keep();
     data::gServices->windows->ShowMessage({
         .text = "如果你修改了项目期初的数据，请重新做分配计算，以免计算结果出现数据错误！",
         .caption = "提示信息",

@@ -14,6 +14,7 @@
 
 #include "controls/button.h"
 #include "controls/grid.h"
+#include "controls/kept_layout.h"
 #include "controls/label.h"
 #include "controls/picture.h"
 #include "entries/account_master_data.h"
@@ -263,6 +264,7 @@ private:
     entries::AccountMasterData mMasterData;
     entries::EntryRules mRules{mMasterData};
     entries::EntryStore mStore;
+    controls::KeptLayout mKeptLayout{*this, GridPeriodItem};
     // The item chosen while its cell is open.
     PickedCells mPickedItem;
     ListViews mViews{GridPeriodItem};

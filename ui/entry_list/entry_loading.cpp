@@ -2,6 +2,7 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "entries/opening_period.h"
+#include "ui/common/window_layout.h"
 #include "ui/entry_list/entry_grid.h"
 #include "ui/entry_list/entry_list.h"
 
@@ -25,6 +26,8 @@ void frmPeriodItem::Form_Load() {
     SetupToolbar();
     cmdRef.SetPicture(kPictureReference);
     CaptureGridLayout();
+    // After that: columns of the operator's own widths are printed as they are shown.
+    RestoreLayout(mKeptLayout, Name());
 }
 
 void frmPeriodItem::AllowEntry(bool allowed) {

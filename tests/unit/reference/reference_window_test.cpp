@@ -7,6 +7,7 @@
 #include "platform/key_names.h"
 #include "tests/support/memory_record_set.h"
 #include "tests/support/recording_windows.h"
+#include "tests/support/remembered_settings.h"
 
 namespace kelvane::reference {
 namespace {
@@ -38,9 +39,10 @@ Rows Numbered(int count) {
 class OpenList {
 public:
     explicit OpenList(Rows rows, std::vector<int> widths = {1500, 2500, 1000},
-                      std::string present = {})
-        : window(mWindows, Read(std::move(rows)),
-                 {"参照", {"编码", "名称", "单价"}, std::move(widths), std::move(present)}),
+                      std::string present = {}, platform::UserSettings* settings = nullptr)
+        : window(
+              mWindows, Read(std::move(rows)),
+              {"参照", {"编码", "名称", "单价"}, std::move(widths), std::move(present), settings}),
           grid(window.GridReference) {
         window.Load();
         window.Activate();
@@ -132,6 +134,23 @@ TEST(ReferenceWindow, StaysOnTheScreenHoweverWideItsColumnsAre) {
     EXPECT_EQ(list.window.Width(), screen.ScreenWidth());
     EXPECT_EQ(list.window.Left(), 0);
     EXPECT_LT(list.grid.ViewWidth(), 60000);
+}
+
+TEST(ReferenceWindow, OpensWithTheOperatorsOwnWidths) {
+    support::RememberedSettings settings;
+    {
+        OpenList list(Centers(), {1500, 2500}, {}, &settings);
+        list.grid.ResizeColumn(1, 4000);
+        list.window.SetSize(9000, 7200);
+        list.Press(Key::Escape);
+    }
+    EXPECT_EQ(settings.texts["frmReference 编码 名称 单价"], "size 9000 7200 column 1 4000");
+    const support::RecordingWindows screen;
+    OpenList list(Centers(), {1500, 2500}, {}, &settings);
+    EXPECT_EQ(list.grid.ColumnWidth(0), 1500);
+    EXPECT_EQ(list.grid.ColumnWidth(1), 4000);
+    EXPECT_EQ(list.window.Width(), 9000);
+    EXPECT_EQ(list.window.Left(), (screen.ScreenWidth() - 9000) / 2);
 }
 
 TEST(ReferenceWindow, TypingNarrowsAndKeepsTheFirstRowCurrent) {

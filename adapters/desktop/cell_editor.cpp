@@ -62,6 +62,13 @@ wxTextCtrl* CellEditor::CreateField(long alignment) {
     field->Bind(wxEVT_TEXT, [this, field](wxCommandEvent&) {
         if (field == mField) OnText();
     });
+    // The frame around the cell shows whether the keyboard is there.
+    const auto redraw = [this](wxFocusEvent& event) {
+        mCanvas.Refresh(false);
+        event.Skip();
+    };
+    field->Bind(wxEVT_SET_FOCUS, redraw);
+    field->Bind(wxEVT_KILL_FOCUS, redraw);
     field->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
         mOffered = false;
         event.Skip();

@@ -57,9 +57,8 @@ private:
 
 // Opens the screen, runs `body` with the windows on it and returns what `body` returns; what it
 // throws, or a scripted operator threw, is thrown again. The toolkit's own fields and dialogs are
-// light from then on. Throws std::runtime_error when there is no
-// screen. On Windows it can be called again, and leaves nothing of the toolkit behind; elsewhere
-// once in a program.
+// light from then on. Throws std::runtime_error when there is no screen. On Windows it can be
+// called again, and leaves nothing of the toolkit behind; elsewhere once in a program.
 int RunDesktop(const std::function<int(DesktopWindows&)>& body);
 
 }  // namespace kelvane::desktop

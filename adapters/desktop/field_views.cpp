@@ -125,6 +125,7 @@ ButtonView::ButtonView(wxWindow& parent, controls::Button& button, ViewHost& hos
         mWindow->Refresh();
         event.Skip();
     };
+    mWindow->Bind(wxEVT_SET_FOCUS, redraw);
     mWindow->Bind(wxEVT_KILL_FOCUS, redraw);
     mWindow->Bind(wxEVT_SIZE, redraw);
     mWindow->Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) {
@@ -176,13 +177,13 @@ void ButtonView::Paint() {
     dc.Clear();
     wxRect area(mWindow->GetClientSize());
     const bool enabled = mButton.Enabled();
-    const bool focused = wxWindow::FindFocus() == mWindow;
-    dc.SetPen(wxPen(focused || (mButton.IsDefault() && enabled) ? look::kCurrent : look::kEdge));
+    dc.SetPen(wxPen(mButton.IsDefault() && enabled ? look::kCurrent : look::kEdge));
     dc.SetBrush(wxBrush(!enabled   ? look::kWindow
                         : mPressed ? look::kPressed
                         : mHot     ? look::kHover
                                    : wxColour(250, 250, 250)));
     dc.DrawRoundedRectangle(area, 2);
+    if (mWindow->HasFocus()) DrawFocus(dc, area);
     const int icon = std::min({Scaled(*mWindow, kMaxIconSize), area.width - 2, area.height - 2});
     const wxBitmap bitmap =
         icon > 0 ? PictureFor(*mWindow, mButton.Picture(), icon, enabled) : wxBitmap();

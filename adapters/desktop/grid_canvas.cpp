@@ -57,7 +57,14 @@ int GridCanvas::NeededTwips(const std::string& text) {
 
 void GridCanvas::OnPaint() {
     wxAutoBufferedPaintDC dc(this);
-    PaintGrid(dc, *this, mGrid, Metrics(), mHost.Form().ActiveControl() == &mGrid);
+    PaintGrid(dc, *this, mGrid, Metrics(), HasKeyboard());
+}
+
+// A window that lies behind others, so that nothing has the keyboard, looks as it will have it.
+bool GridCanvas::HasKeyboard() const {
+    const wxWindow* focused = FindFocus();
+    const bool own = focused == this || (focused != nullptr && focused->GetParent() == this);
+    return mHost.Form().ActiveControl() == &mGrid && (own || focused == nullptr);
 }
 
 void GridCanvas::OnLeftDown(wxMouseEvent& event) {

@@ -26,6 +26,7 @@ public:
 
 private:
     void OnPaint();
+    bool HasKeyboard() const;
     void OnLeftDown(wxMouseEvent& event);
     void OnLeftUp(wxMouseEvent& event);
     void OnDoubleClick(wxMouseEvent& event);

@@ -66,6 +66,15 @@ int Scaled(const wxWindow& window, int pixels) {
     return ToPixels(window, pixels * kTwipsPerPixel);
 }
 
+void DrawFocus(wxDC& dc, wxRect place) {
+    dc.SetPen(wxPen(look::kCurrent));
+    dc.SetBrush(*wxTRANSPARENT_BRUSH);
+    for (int line = 0; line < 2; ++line) {
+        dc.DrawRectangle(place);
+        place.Deflate(1);
+    }
+}
+
 wxFont UiFont(int points, bool bold) {
     static const wxString face = FindFace();
     wxFontInfo info(points);

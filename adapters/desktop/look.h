@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/colour.h>
+#include <wx/dc.h>
 #include <wx/font.h>
 #include <wx/gdicmn.h>
 #include <wx/string.h>
@@ -32,6 +33,9 @@ int ToTwips(const wxWindow& window, int pixels);
 wxRect ToPixels(const wxWindow& window, const controls::Control& control);
 // `pixels` at 100 % scaling in the pixels of `window`.
 int Scaled(const wxWindow& window, int pixels);
+
+// Draws the frame of what has the keyboard along the inside of `place`.
+void DrawFocus(wxDC& dc, wxRect place);
 
 // A font that shows Chinese in its simplified forms, in `points`.
 wxFont UiFont(int points = 10, bool bold = false);

@@ -1,7 +1,6 @@
 #include "adapters/desktop/message_dialog.h"
 
 #include <wx/button.h>
-#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
@@ -12,6 +11,7 @@
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/pictures.h"
 #include "adapters/desktop/spoken_window.h"
+#include "adapters/desktop/system.h"
 
 namespace kelvane::desktop {
 
@@ -89,9 +89,12 @@ MessageDialog::MessageDialog(wxWindow* parent, const platform::Message& message)
 }
 
 wxWindow* MessageDialog::CreateBody() {
-    auto* body = new wxPanel(this);
+    // A panel would take the keyboard, and nobody would see where it is.
+    auto* body = new wxWindow(this, wxID_ANY);
+    body->DisableFocusFromKeyboard();
     body->SetBackgroundColour(*wxWHITE);
     body->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+        if (!mPainted) CallAfter([this] { ShowFocus(*this); });
         mPainted = true;
         event.Skip();
     });
@@ -121,8 +124,7 @@ wxSizer* MessageDialog::CreateButtons() {
         row->Add(button, wxSizerFlags().Border(wxLEFT, Scaled(*this, kMargin) / 2));
         if (first == nullptr || choice.answer == mMessage.preselected) first = button;
     }
-    // The button that Enter presses is known by its bold caption: the toolkit frames it only after
-    // the first key.
+    // The button that Enter presses is known by its bold caption too, not by its frame alone.
     if (mMessage.buttons == MessageButtons::YesNo) first->SetFont(UiFont(kButtonPoints, true));
     first->SetDefault();
     first->SetFocus();

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "adapters/desktop/look.h"
+#include "adapters/desktop/system.h"
 
 namespace kelvane::desktop {
 
@@ -42,6 +43,7 @@ ProgressWindow::ProgressWindow(wxWindow* parent, const std::string& title)
     mWindow.Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Cancel(); });
     mWindow.Show();
     cancel->SetFocus();
+    mWindow.CallAfter([this] { ShowFocus(mWindow); });
 }
 
 void ProgressWindow::Cancel() {

@@ -5,6 +5,7 @@
 #include <wx/bitmap.h>
 #include <wx/dc.h>
 #include <wx/graphics.h>
+#include <wx/toplevel.h>
 #include <wx/window.h>
 
 #include <string>
@@ -22,6 +23,10 @@ void SpeakChinese();
 // Called when the toolkit has started: its own fields and dialogs are light, as the windows are,
 // however dark the session's are.
 void KeepLight();
+
+// Called when `window` is on the screen: the button that has the keyboard shows it from the
+// beginning, not only after the first key.
+void ShowFocus(wxTopLevelWindow& window);
 
 // How large texts are in `window` beside those at 100 % scaling, in the toolkit's pixels; null
 // means the first screen.

@@ -61,6 +61,10 @@ void KeepLight() {
     g_free(theme);
 }
 
+void ShowFocus(wxTopLevelWindow& window) {
+    gtk_window_set_focus_visible(GTK_WINDOW(window.GetHandle()), TRUE);
+}
+
 // Letters on paper grow with those on the screen.
 double DotsPerInch() {
     const double dots = gdk_screen_get_resolution(gdk_screen_get_default());

@@ -52,6 +52,10 @@ void SpeakChinese() {}
 // The toolkit's fields and dialogs are light whatever the session's are.
 void KeepLight() {}
 
+void ShowFocus(wxTopLevelWindow& window) {
+    SendMessage(window.GetHWND(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+}
+
 // The drawing library's own resolution, whatever the screen's.
 double DotsPerInch() {
     return 96;

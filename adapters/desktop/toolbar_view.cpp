@@ -76,10 +76,10 @@ ToolbarView::ToolbarView(wxWindow& parent, controls::Control& control, ViewHost&
       mSpoken(*mWindow, *this) {
     mWindow->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
     mWindow->Bind(wxEVT_MOTION,
-                  [this](wxMouseEvent& event) { SetHot(ItemAt(event.GetPosition())); });
+                  [this](wxMouseEvent& event) { Point(ItemAt(event.GetPosition())); });
     mWindow->Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) {
         mPressed = false;
-        SetHot(-1);
+        Point(-1);
     });
     const auto press = [this](wxMouseEvent& event) {
         SetHot(ItemAt(event.GetPosition()));
@@ -96,6 +96,7 @@ ToolbarView::ToolbarView(wxWindow& parent, controls::Control& control, ViewHost&
     });
     mWindow->Bind(wxEVT_CHAR, &ToolbarView::OnKey, this);
     mWindow->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+        mEntered = false;
         SetHot(-1);
         event.Skip();
     });
@@ -172,6 +173,7 @@ void ToolbarView::PaintItem(wxDC& dc, std::size_t index) {
         dc.SetPen(wxPen(look::kCurrent));
         dc.SetBrush(wxBrush(mPressed ? look::kPressed : look::kHover));
         dc.DrawRoundedRectangle(place.Deflate(1, 0), mSuite ? 4 : 2);
+        if (mEntered) DrawFocus(dc, place.Deflate(1, 0));
     }
     const int side = Scaled(*mWindow, kIconSize);
     const wxBitmap icon = PictureFor(*mWindow, item.picture, side, item.enabled);
@@ -223,6 +225,11 @@ void ToolbarView::SetHot(int index) {
     mSpoken.Follow();
 }
 
+// The button that has the keyboard stays marked when the pointer goes where no button is.
+void ToolbarView::Point(int index) {
+    if (index >= 0 || !mEntered) SetHot(index);
+}
+
 void ToolbarView::Click(int index) {
     const std::string key = mItems[static_cast<std::size_t>(index)].key;
     mSource.click(key);
@@ -233,7 +240,9 @@ bool ToolbarView::Enter() {
     for (int index = 0; index < count; ++index) {
         if (!CanClick(index)) continue;
         mWindow->SetFocus();
+        mEntered = true;
         SetHot(index);
+        mWindow->Refresh(false);
         return true;
     }
     return false;

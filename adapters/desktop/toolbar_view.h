@@ -50,6 +50,7 @@ private:
     int ItemAt(wxPoint point);
     bool CanClick(int index) const;
     void SetHot(int index);
+    void Point(int index);
     void Click(int index);
     void OnKey(wxKeyEvent& event);
 
@@ -61,6 +62,7 @@ private:
     std::vector<wxRect> mPlaces;
     bool mCaptionBelow = false;
     int mHot = -1;
+    bool mEntered = false;  // by the keyboard
     bool mPressed = false;
     SpokenWindow mSpoken;
 };

@@ -219,7 +219,10 @@ void FormWindow::SyncFrame() {
     const wxSize size(mForm.Width(), mForm.Height());
     if (size != mFormSize) {
         mFormSize = size;
-        SetClientSize(client(size.x, size.y));
+        wxSize wanted = client(size.x, size.y);
+        if (mForm.Resizable()) wanted.DecTo(RoomOnScreen());
+        wanted.IncTo(client(least.x, least.y));
+        SetClientSize(wanted);
         OnSize();
     }
     const wxPoint place(mForm.Left(), mForm.Top());
@@ -227,6 +230,14 @@ void FormWindow::SyncFrame() {
         mFormPlace = place;
         Move(ToPixels(*this, place.x), ToPixels(*this, place.y));
     }
+}
+
+// What a window may have inside: with large texts it would reach beyond the screen, with the lower
+// line and the scroll bar where nobody sees them.
+wxSize FormWindow::RoomOnScreen() const {
+    const int number = wxDisplay::GetFromWindow(this);
+    const wxDisplay screen(number == wxNOT_FOUND ? 0U : static_cast<unsigned>(number));
+    return screen.GetClientArea().GetSize() - (GetSize() - GetClientSize());
 }
 
 // What the current cell shows in part stands there as a whole.

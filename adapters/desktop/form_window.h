@@ -53,6 +53,7 @@ private:
     void ScheduleSync();
     void SyncFrame();
     void SyncLine();
+    wxSize RoomOnScreen() const;
     void OnClose(wxCloseEvent& event);
     void OnSize();
 

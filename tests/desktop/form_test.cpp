@@ -95,6 +95,20 @@ TEST(DesktopForm, ChangesItsWindowsSizeByCode) {
     });
 }
 
+TEST(DesktopForm, IsNoLargerThanTheScreen) {
+    ListForm form(1000);
+    form.SetSize(100000, 90000);
+    ShowTo(form, [&](Person& person) {
+        person.See("as large as the screen", [&] {
+            return std::abs(form.ScaleWidth() - Windows().ScreenWidth()) <= 15 &&
+                   form.ScaleHeight() < Windows().ScreenHeight();
+        });
+        person.Keys({"ctrl+End"});
+        person.See("last row", [&] { return form.grid.IsRowShown(1000); });
+    });
+    EXPECT_EQ(form.grid.Width(), form.ScaleWidth());
+}
+
 TEST(DesktopForm, FieldsTakeTextAndKeys) {
     FieldForm form;
     ShowTo(form, [&](Person& person) {

@@ -77,6 +77,9 @@ FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
     mForm.ViewChanged = [this] { ScheduleSync(); };
     Sync();
     if (mForm.Left() == 0 && mForm.Top() == 0) Centre();
+    // What is too large for the screen shows its upper left part.
+    const wxPoint corner = Screen().GetTopLeft();
+    Move(std::max(GetPosition().x, corner.x), std::max(GetPosition().y, corner.y));
 }
 
 FormWindow::~FormWindow() {
@@ -220,7 +223,9 @@ void FormWindow::SyncFrame() {
     if (size != mFormSize) {
         mFormSize = size;
         wxSize wanted = client(size.x, size.y);
-        if (mForm.Resizable()) wanted.DecTo(RoomOnScreen());
+        // With large texts it would reach beyond the screen, with the lower line and the scroll bar
+        // where nobody sees them.
+        if (mForm.Resizable()) wanted.DecTo(Screen().GetSize() - (GetSize() - GetClientSize()));
         wanted.IncTo(client(least.x, least.y));
         SetClientSize(wanted);
         OnSize();
@@ -232,12 +237,10 @@ void FormWindow::SyncFrame() {
     }
 }
 
-// What a window may have inside: with large texts it would reach beyond the screen, with the lower
-// line and the scroll bar where nobody sees them.
-wxSize FormWindow::RoomOnScreen() const {
+wxRect FormWindow::Screen() const {
     const int number = wxDisplay::GetFromWindow(this);
     const wxDisplay screen(number == wxNOT_FOUND ? 0U : static_cast<unsigned>(number));
-    return screen.GetClientArea().GetSize() - (GetSize() - GetClientSize());
+    return screen.GetClientArea();
 }
 
 // What the current cell shows in part stands there as a whole.

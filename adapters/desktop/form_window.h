@@ -53,7 +53,8 @@ private:
     void ScheduleSync();
     void SyncFrame();
     void SyncLine();
-    wxSize RoomOnScreen() const;
+    // The part of the screen that windows may take.
+    wxRect Screen() const;
     void OnClose(wxCloseEvent& event);
     void OnSize();
 

@@ -109,6 +109,16 @@ TEST(DesktopForm, IsNoLargerThanTheScreen) {
     EXPECT_EQ(form.grid.Width(), form.ScaleWidth());
 }
 
+TEST(DesktopForm, BeginsOnTheScreenWhenItCannotBeSmallEnough) {
+    ListForm form;
+    form.SetMinSize(100000, 90000);
+    form.SetSize(100000, 90000);
+    ShowTo(form, [&](Person& person) {
+        person.Click(kTitle, 73, 20);
+        person.See("button", [&] { return form.events == Events{"click PreView"}; });
+    });
+}
+
 TEST(DesktopForm, FieldsTakeTextAndKeys) {
     FieldForm form;
     ShowTo(form, [&](Person& person) {

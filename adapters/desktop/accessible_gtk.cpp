@@ -154,10 +154,8 @@ void CallField(wxWindow& field, const std::string& name) {
     atk_object_set_name(gtk_widget_get_accessible(WidgetOf(field)), name.c_str());
 }
 
-void CallMessage(wxWindow& dialog, const std::string& text) {
-    AtkObject* object = gtk_widget_get_accessible(dialog.m_widget);
-    atk_object_set_role(object, ATK_ROLE_ALERT);
-    atk_object_set_description(object, text.c_str());
+void CallMessage(wxWindow& dialog) {
+    atk_object_set_role(gtk_widget_get_accessible(dialog.m_widget), ATK_ROLE_ALERT);
 }
 
 }  // namespace kelvane::desktop

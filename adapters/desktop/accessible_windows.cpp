@@ -272,7 +272,7 @@ void CallField(wxWindow& field, const std::string& name) {
     named->Call(Text(name));
 }
 
-// Readers read a dialog's texts themselves.
-void CallMessage(wxWindow& /*dialog*/, const std::string& /*text*/) {}
+// Readers do so with every dialog.
+void CallMessage(wxWindow& /*dialog*/) {}
 
 }  // namespace kelvane::desktop

@@ -82,7 +82,7 @@ MessageDialog::MessageDialog(wxWindow* parent, const platform::Message& message)
     whole->Add(CreateBody(), wxSizerFlags(1).Expand());
     whole->Add(CreateButtons(), wxSizerFlags().Right().Border(wxALL, Scaled(*this, kMargin) / 2));
     SetSizerAndFit(whole);
-    CallMessage(*this, message.text);
+    CallMessage(*this);
     CentreOnParent();
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Press(mDismissed); });
     Bind(wxEVT_CHAR_HOOK, &MessageDialog::OnKey, this);

@@ -69,7 +69,7 @@ std::string AllWords(const controls::Spoken& spoken);
 
 // What readers call a native field.
 void CallField(wxWindow& field, const std::string& name);
-// What readers say when a message's window opens.
-void CallMessage(wxWindow& dialog, const std::string& text);
+// Has readers say a dialog's texts when it opens, as they do of a message.
+void CallMessage(wxWindow& dialog);
 
 }  // namespace kelvane::desktop

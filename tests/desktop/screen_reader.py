@@ -206,7 +206,8 @@ class ScreenReader(real_input.Person):
         self.keys("ctrl+i", "ctrl+End")
         self.see(real_input.HINT)
         self.told("message", lambda said: said.event == "window:activate" and
-                  said.role == "alert" and said.description == "请先填充要素")
+                  said.role == "alert" and said.name == real_input.HINT)
+        self.assertEqual(self.names(real_input.HINT, "label"), ["请先填充要素"])
         self.on_button("确定")
         self.answer("Return", title=real_input.HINT)
         self.see(real_input.LIST)

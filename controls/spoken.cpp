@@ -57,8 +57,8 @@ Spoken SpokenOf(const Grid& grid, int row, int col) {
     cell.role = col < grid.FixedCols() ? SpokenRole::RowTitle : SpokenRole::Cell;
     cell.row = row - grid.FixedRows() + 1;
     if (!grid.TakesFocus()) {
-        cell.text = grid.RowText(row);
-        std::replace(cell.text.begin(), cell.text.end(), '\t', ' ');
+        cell.rowText = grid.RowText(row);
+        std::replace(cell.rowText.begin(), cell.rowText.end(), '\t', ' ');
         return cell;
     }
     if (grid.FixedRows() > 0) cell.name = grid.Text(0, col);
@@ -92,6 +92,7 @@ Spoken SpokenOf(const ToolbarStyleControl::Item& item) {
 }
 
 std::string NameAndText(const Spoken& spoken) {
+    if (!spoken.rowText.empty()) return spoken.rowText;
     if (spoken.name.empty() || spoken.text.empty()) return spoken.name + spoken.text;
     return spoken.name + " " + spoken.text;
 }

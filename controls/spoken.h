@@ -32,6 +32,8 @@ struct Spoken {
     SpokenRole role = SpokenRole::Panel;
     std::string name = {};  // what it is called: a caption, a field's label, a cell's column
     std::string text = {};  // what it says: a cell's whole text, however little of it is shown
+    // All texts of a cell's row, where rows are chosen as a whole.
+    std::string rowText = {};
     // A cell's place among the cells that are shown and not fixed, from 1; -1 where it has none.
     int row = -1;
     int column = -1;
@@ -46,13 +48,13 @@ Spoken SpokenOf(const Button& button);
 Spoken SpokenOf(const Label& label);
 // Called by its form's caption.
 Spoken SpokenOf(Grid& grid);
-// A grid that takes no focus is a list to choose a row from: each of its cells says the whole row.
+// A grid that takes no focus is a list to choose a row from.
 // Throws std::out_of_range for a cell outside the grid.
 Spoken SpokenOf(const Grid& grid, int row, int col);
 Spoken SpokenOf(const PageView& pages);
 Spoken SpokenOf(const ToolbarStyleControl::Item& item);
 
-// Name and text in one, for a reader that knows no columns.
+// What there is to read in one, for a reader that knows no rows and columns.
 std::string NameAndText(const Spoken& spoken);
 // A cell's state and place in words: "锁定，第 2 行，第 3 列"; empty for what is no cell.
 std::string StateAndPlace(const Spoken& spoken);

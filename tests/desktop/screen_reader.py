@@ -229,7 +229,7 @@ class ScreenReader(real_input.Person):
         self.keys("BackSpace", "BackSpace", "BackSpace")
         self.type("p02")
         self.told("row of the item", lambda said: said.role == "table cell" and
-                  said.name.startswith("P02 二号楼"))
+                  said.name == "P02" and said.description == "第 1 行")
         self.keys("Return")
         self.gone(pick)
         self.see(real_input.LIST)

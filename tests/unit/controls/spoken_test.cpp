@@ -62,6 +62,7 @@ TEST_F(SpokenGridTest, ACellThatIsNotThereIsRefused) {
 TEST_F(SpokenGridTest, AListToChooseFromSaysWholeRows) {
     grid.SetTakesFocus(false);
     grid.SetReadOnly(true);
+    EXPECT_EQ(SpokenOf(grid, 2, 3).text, "2c");
     EXPECT_EQ(NameAndText(SpokenOf(grid, 2, 3)), " 2a 2b 2c 2d");
     EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 3)), "第 2 行");
 }

@@ -33,7 +33,7 @@ private:
 class ExportSurroundings : public output::NamedFiles {
 public:
     // `line`: null when nobody sees it.
-    ExportSurroundings(std::string path, ProgressLine* line)
+    ExportSurroundings(const std::string& path, ProgressLine* line)
         : NamedFiles([this, path](const platform::FileQuestion& /*question*/) {
               mAsked = true;
               if (mLine != nullptr) mLine->Begin(Translated("Writing the file"));

@@ -64,7 +64,8 @@ std::string Usage(const CLI::App& command, const std::string& name) {
     std::string usage;
     for (const std::string& end : ends) {
         usage += usage.empty() ? label : std::string(ColumnsOf(label), ' ');
-        usage += begins + ' ' + end + '\n';
+        usage += begins;
+        usage += ' ' + end + '\n';
     }
     return usage;
 }

@@ -64,6 +64,7 @@ SpokenReader::~SpokenReader() {
     }
     g_clear_object(&mCurrent);
     g_clear_object(&mAnnounced);
+    g_clear_object(&mTitle);
 }
 
 AtkObject* SpokenReader::RefPart(int part) {
@@ -76,6 +77,12 @@ AtkObject* SpokenReader::RefPart(int part) {
     atk_object_set_parent(object, mWhole);
     mParts.emplace(part, object);
     return object;
+}
+
+AtkObject* SpokenReader::Title(int part) {
+    AtkObject* before = std::exchange(mTitle, RefPart(part));
+    if (before != nullptr) g_object_unref(before);
+    return mTitle;
 }
 
 int SpokenReader::NativeChildren() {

@@ -26,6 +26,8 @@ public:
     AtkObject* Whole() { return mWhole; }
     // Null when there is no such part; otherwise the caller owns a reference.
     AtkObject* RefPart(int part);
+    // The same for a title that nobody unreferences: it is kept until the next one is asked for.
+    AtkObject* Title(int part);
     void ForgetPart(int part) { mParts.erase(part); }
     int NativeChildren();
     bool IsShown() { return mWindow.IsShownOnScreen(); }
@@ -45,6 +47,7 @@ private:
     std::unordered_map<int, AtkObject*> mParts;  // those that somebody holds
     AtkObject* mCurrent = nullptr;
     AtkObject* mAnnounced = nullptr;
+    AtkObject* mTitle = nullptr;
     int mCurrentPart = SpokenSource::kWhole;
     std::string mCurrentWords;
     std::string mWholeWords;

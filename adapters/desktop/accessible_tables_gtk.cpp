@@ -76,14 +76,9 @@ gint ExtentAt(AtkTable* /*table*/, gint /*row*/, gint /*column*/) {
     return 1;
 }
 
-// A title stays the table's: nobody unreferences it.
 AtkObject* TitleAt(AtkTable* table, int row, int column) {
     SpokenReader* reader = ReaderOf(table);
-    AtkObject* title = reader == nullptr ? nullptr : reader->RefPart(PartIn(table, row, column));
-    if (title == nullptr) return nullptr;
-    g_object_set_data_full(G_OBJECT(table), row < 0 ? "kelvane-column-title" : "kelvane-row-title",
-                           title, g_object_unref);
-    return title;
+    return reader == nullptr ? nullptr : reader->Title(PartIn(table, row, column));
 }
 
 AtkObject* ColumnHeader(AtkTable* table, gint column) {

@@ -261,6 +261,23 @@ class ScreenReader(real_input.Person):
         self.on_cell("2004-06-01", "日期", "第 1 行，第 1 列")
         self.close()
 
+    def test_detail_lines_are_read(self):
+        self.open()
+        self.keys("ctrl+Home", "Down", "End", "F2")
+        self.on_field("未结转期初")
+        self.keys("F2")
+        self.see(real_input.DETAILS)
+        self.assertEqual(self.names(real_input.DETAILS, "label"), [
+            "项目期初存货明细", "项目要素:", "材料费", "项目:", "P011", "责任中心:", "D01"])
+        self.keys("ctrl+Home")
+        self.on_cell("M01", "存货编码", "第 1 行，第 1 列")
+        self.keys("ctrl+F4")
+        self.gone(real_input.DETAILS)
+        self.see(real_input.LIST)
+        self.keys("Escape", "Up")
+        self.on_cell("1,234.50", "未结转期初", "第 1 行，第 8 列")
+        self.close()
+
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "controls/control.h"
+#include "platform/keys.h"
 
 namespace kelvane::controls {
 
@@ -23,6 +24,10 @@ public:
     bool IsCancel() const { return mCancel; }
     void SetCancel(bool value) { mCancel = value; }
 
+    // The key that does the same as a press, for the operator to read; none with Key::None.
+    platform::KeyStroke Stroke() const;
+    void SetStroke(const platform::KeyStroke& stroke) { mStroke = stroke; }
+
     // Presses the button as the operator does; nothing happens when it is disabled or hidden.
     void Press();
 
@@ -31,6 +36,7 @@ public:
 private:
     std::string mCaption;
     int mPicture = 0;
+    platform::KeyStroke mStroke;
     bool mDefault = false;
     bool mCancel = false;
 };

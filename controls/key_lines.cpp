@@ -43,8 +43,15 @@ public:
     }
 };
 
+// Keys that stand there already mean the same again.
+void AppendLine(std::vector<KeyLine>& lines, const KeyLine& more) {
+    const bool known = std::any_of(lines.begin(), lines.end(),
+                                   [&](const KeyLine& line) { return line.keys == more.keys; });
+    if (!known) lines.push_back(more);
+}
+
 void Append(std::vector<KeyLine>& lines, const std::vector<KeyLine>& more) {
-    lines.insert(lines.end(), more.begin(), more.end());
+    for (const KeyLine& line : more) AppendLine(lines, line);
 }
 
 }  // namespace
@@ -70,15 +77,12 @@ std::vector<KeyLine> KeyLinesOf(const Form& form) {
     std::vector<KeyLine> lines = std::move(found.toolbar);
     for (const WindowAction& action : form.Actions()) {
         const std::string keys = platform::NameOfKey(action.stroke);
-        if (!keys.empty() && !action.caption.empty()) lines.push_back({keys, action.caption});
+        if (!keys.empty() && !action.caption.empty()) AppendLine(lines, {keys, action.caption});
     }
     Append(lines, form.OwnKeys());
     Append(lines, found.buttons);
     Append(lines, found.grid);
-    const bool hasHelp = std::any_of(lines.begin(), lines.end(),
-                                     [](const KeyLine& line) { return line.keys == "F1"; });
-    if (!hasHelp) lines.push_back({"F1", "帮助"});
-    lines.push_back({"Alt+F4", "关闭窗口"});
+    Append(lines, {{"F1", "帮助"}, {"Alt+F4", "关闭窗口"}});
     return lines;
 }
 

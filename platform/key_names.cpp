@@ -128,6 +128,11 @@ std::string NameOfKey(const KeyStroke& stroke) {
     return {};
 }
 
+std::string CaptionWithKey(const std::string& caption, const KeyStroke& stroke) {
+    const std::string key = NameOfKey(stroke);
+    return key.empty() || caption.empty() ? key : caption + " (" + key + ")";
+}
+
 std::vector<KeyStroke> ParseSentKeys(std::string_view keys) {
     std::vector<KeyStroke> strokes;
     while (!keys.empty()) {

@@ -25,6 +25,10 @@ std::optional<KeyStroke> FindKey(std::string_view name);
 // for keys without a name.
 std::string NameOfKey(const KeyStroke& stroke);
 
+// What a button does with the key that does the same: "打印 (Ctrl+P)", "Ctrl+P" without a caption;
+// empty when there is no such key.
+std::string CaptionWithKey(const std::string& caption, const KeyStroke& stroke);
+
 // The strokes of a text for Windows::SendKeys: characters for themselves, keys' names in braces. An
 // unknown name between braces sends nothing.
 std::vector<KeyStroke> ParseSentKeys(std::string_view keys);

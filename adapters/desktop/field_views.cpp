@@ -9,6 +9,7 @@
 
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/pictures.h"
+#include "platform/key_names.h"
 
 namespace kelvane::desktop {
 
@@ -162,6 +163,7 @@ void ButtonView::Update() {
     mWindow->Raise();
     mWindow->Refresh();
     mSpoken.Follow();
+    ShowTip(*mWindow, platform::CaptionWithKey(mButton.Caption(), mButton.Stroke()));
 }
 
 bool ButtonView::TakeKey(const KeyStroke& stroke) {

@@ -3,7 +3,6 @@
 #include <wx/cursor.h>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
-#include <wx/tooltip.h>
 
 #include <algorithm>
 #include <utility>
@@ -148,14 +147,10 @@ std::string GridCanvas::CutText(GridMetrics::Cell cell) {
 }
 
 void GridCanvas::FollowWithTip(GridMetrics::Cell cell) {
-    const wxString tip = Text(CutText(cell));
+    const std::string tip = CutText(cell);
     if (tip == mTip) return;
     mTip = tip;
-    if (tip.empty()) {
-        UnsetToolTip();
-    } else {
-        SetToolTip(tip);
-    }
+    ShowTip(*this, tip);
 }
 
 void GridCanvas::ResizeTo(int pixel) {

@@ -42,7 +42,7 @@ private:
     int mResizedColumn = -1;
     int mPressedAt = 0;  // where the mouse button went down
     int mWheelRest = 0;
-    wxString mTip;
+    std::string mTip;
 };
 
 }  // namespace kelvane::desktop

@@ -2,6 +2,7 @@
 
 #include <wx/fontenum.h>
 #include <wx/settings.h>
+#include <wx/tooltip.h>
 
 #include <array>
 #include <cmath>
@@ -72,6 +73,14 @@ void DrawFocus(wxDC& dc, wxRect place) {
     for (int line = 0; line < 2; ++line) {
         dc.DrawRectangle(place);
         place.Deflate(1);
+    }
+}
+
+void ShowTip(wxWindow& window, const std::string& tip) {
+    if (tip.empty()) {
+        window.UnsetToolTip();
+    } else {
+        window.SetToolTip(Text(tip));
     }
 }
 

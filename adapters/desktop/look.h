@@ -37,6 +37,9 @@ int Scaled(const wxWindow& window, int pixels);
 // Draws the frame of what has the keyboard along the inside of `place`.
 void DrawFocus(wxDC& dc, wxRect place);
 
+// What the pointer is told over `window`; nothing when it is empty.
+void ShowTip(wxWindow& window, const std::string& tip);
+
 // A font that shows Chinese in its simplified forms, in `points`.
 wxFont UiFont(int points = 10, bool bold = false);
 

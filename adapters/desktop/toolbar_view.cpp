@@ -1,7 +1,6 @@
 #include "adapters/desktop/toolbar_view.h"
 
 #include <wx/dcbuffer.h>
-#include <wx/tooltip.h>
 
 #include <algorithm>
 #include <utility>
@@ -35,12 +34,6 @@ std::vector<Item> ItemsOf(const controls::Toolbar& toolbar) {
                          button.Stroke()});
     }
     return items;
-}
-
-// The caption with the key that does the same; nothing for a button without one.
-wxString TipOf(const Item& item) {
-    const std::string key = platform::NameOfKey(item.stroke);
-    return key.empty() ? wxString() : Text(item.caption + " (" + key + ")");
 }
 
 class ToolbarWindow : public wxWindow {
@@ -215,12 +208,8 @@ bool ToolbarView::CanClick(int index) const {
 void ToolbarView::SetHot(int index) {
     if (index == mHot) return;
     mHot = index;
-    const wxString tip = index < 0 ? wxString() : TipOf(mItems[static_cast<std::size_t>(index)]);
-    if (tip.empty()) {
-        mWindow->UnsetToolTip();
-    } else {
-        mWindow->SetToolTip(tip);
-    }
+    const Item item = index < 0 ? Item() : mItems[static_cast<std::size_t>(index)];
+    ShowTip(*mWindow, platform::CaptionWithKey(item.caption, item.stroke));
     mWindow->Refresh(false);
     mSpoken.Follow();
 }

@@ -83,7 +83,7 @@ ReferenceWindow::ReferenceWindow(platform::Windows& windows, PickRows rows, List
     WireControls();
     controls::AddGridActions(*this, GridReference,
                              [this]() -> platform::Windows& { return mWindows; });
-    controls::AddSizeActions(*this, GridReference);
+    controls::AddGridSizeActions(*this, GridReference);
 }
 
 void ReferenceWindow::WireControls() {

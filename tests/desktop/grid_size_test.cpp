@@ -16,7 +16,9 @@ constexpr int kHeaderY = kGridTop + 10;
 
 class SizedList : public ListForm {
 public:
-    explicit SizedList(int rows = 40) : ListForm(rows) { controls::AddSizeActions(*this, grid); }
+    explicit SizedList(int rows = 40) : ListForm(rows) {
+        controls::AddGridSizeActions(*this, grid);
+    }
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
 // Both toolbars on the screen.
 #include <gtest/gtest.h>
+#include <wx/tooltip.h>
+#include <wx/toplevel.h>
 
 #include "tests/desktop/person.h"
 #include "tests/desktop/sample_forms.h"
@@ -11,6 +13,22 @@ namespace {
 constexpr const char* kTitle = "项目期初";
 
 using Events = std::vector<std::string>;
+
+// Whether a window in `window` or the window itself offers the tip.
+bool HasTip(const wxWindow& window, const std::string& tip) {
+    if (window.GetToolTipText() == wxString::FromUTF8(tip)) return true;
+    for (const wxWindow* child : window.GetChildren()) {
+        if (HasTip(*child, tip)) return true;
+    }
+    return false;
+}
+
+bool IsTipOffered(const std::string& tip) {
+    for (const wxWindow* window : wxTopLevelWindows) {
+        if (HasTip(*window, tip)) return true;
+    }
+    return false;
+}
 
 class DesktopToolbar : public testing::TestWithParam<bool> {
 protected:
@@ -85,6 +103,29 @@ TEST_P(DesktopToolbar, IsWorkedByTheKeyboard) {
         person.See("and again", [&] { return form.grid.Row() == 3; });
     });
     EXPECT_EQ(form.events, (Events{"click Add", "leave 1", "leave 2"}));
+}
+
+TEST_P(DesktopToolbar, TheTipNamesTheButtonsKey) {
+    ListForm form(5, GetParam());
+    form.toolbar.Button("Add")->SetStroke({platform::Key::I, platform::kCtrl});
+    form.style.Refresh();
+    ShowTo(form, [&](Person& person) {
+        person.SeePainted();
+        // The first move enters the toolbar, the second one moves on it.
+        person.MoveTo(kTitle, AddX() - 5, 20);
+        person.MoveTo(kTitle, AddX(), 20);
+        person.See("its tip", [&] { return IsTipOffered("增加 (Ctrl+I)"); });
+    });
+}
+
+TEST(DesktopToolbarTips, OtherButtonsNameTheirKeys) {
+    FieldForm form;
+    form.reference.SetStroke({platform::Key::F2});
+    ShowTo(form, [&](Person& person) {
+        person.See("Enter's button", [] { return IsTipOffered("确定 (Enter)"); });
+        person.See("Escape's button", [] { return IsTipOffered("取消 (Esc)"); });
+        person.See("one without a caption", [] { return IsTipOffered("F2"); });
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Look, DesktopToolbar, testing::Bool(), [](const auto& look) {

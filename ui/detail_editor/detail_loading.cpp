@@ -96,7 +96,7 @@ frmQCEdit::frmQCEdit()
                .inMenu = true,
                .possible = [this] { return Grid1.CanRepeatAbove(); },
                .run = [this] { Grid1.RepeatAbove(); }});
-    controls::AddSizeActions(*this, Grid1);
+    controls::AddGridSizeActions(*this, Grid1);
 }
 
 DetailAnswer frmQCEdit::Edit(const DetailRequest& request) {

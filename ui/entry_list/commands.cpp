@@ -116,6 +116,7 @@ frmPeriodItem::frmPeriodItem()
     CapLable.SetWidth(2400);
     CapLable.SetHeight(360);
     cmdRef.SetVisible(false);
+    cmdRef.SetStroke({Key::Enter, kCtrl});
     cmdRef.Click = [this] { cmdRef_Click(); };
     // Not in the table of commands: the windows open the help at the key, not at its release.
     Toolbar1.Button("Help")->SetStroke({Key::F1});
@@ -126,7 +127,7 @@ frmPeriodItem::frmPeriodItem()
     OfferWaysBack();
     AddFindActions();
     AddViewActions();
-    controls::AddSizeActions(*this, GridPeriodItem);
+    controls::AddGridSizeActions(*this, GridPeriodItem);
     AddToolbarActions(*this, Commands());
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };
     data::gTrapListener = [this](std::string_view place) { mFailureNotice.Failed(place); };

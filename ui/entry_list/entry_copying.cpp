@@ -26,38 +26,37 @@ void frmPeriodItem::AddCopyActions() {
 
 // The item's name and keywords come with it, as they do from its list; they give way again when it
 // is refused.
-bool frmPeriodItem::EnterItemOf(int source) {
+bool frmPeriodItem::EnterItemOf(const entries::EntryTexts& source) {
     controls::Grid& grid = GridPeriodItem;
     const int row = grid.Row();
-    const std::string code = CellText(source, kItemColumn);
-    mPickedItem.Picked(grid, row, kItemColumn, code, kItemNameColumn, kKey2Column);
-    for (int col = kItemNameColumn; col <= kKey2Column; ++col) {
-        grid.SetText(row, col, CellText(source, col));
+    mPickedItem.Picked(grid, row, kItemColumn, source[kItemColumn], kItemNameColumn, kKey2Column);
+    for (const auto col : {kItemNameColumn, kKey1Column, kKey2Column}) {
+        grid.SetText(row, col, source[col]);
     }
     grid.SetRowTouched(true);
-    return grid.EnterReference(code);
+    return grid.EnterReference(source[kItemColumn]);
 }
 
 void frmPeriodItem::RepeatCellAbove() {
     if (GridPeriodItem.Col() == kItemColumn) {
-        EnterItemOf(GridPeriodItem.RowAbove());
+        EnterItemOf(TextsOf(GridPeriodItem.RowAbove()));
     } else {
         GridPeriodItem.RepeatAbove();
     }
 }
 
-void frmPeriodItem::CopyCell(int source, int col) {
+void frmPeriodItem::CopyCell(const entries::EntryTexts& source, entries::EntryColumn col) {
     controls::Grid& grid = GridPeriodItem;
-    const std::string text = CellText(source, col);
-    if (text.empty() || grid.IsLocked(grid.Row(), col)) return;
+    if (source[col].empty() || grid.IsLocked(grid.Row(), col)) return;
     grid.SetCol(col);
-    const bool accepted = col == kItemColumn ? EnterItemOf(source) : grid.EnterText(text);
+    const bool accepted = col == kItemColumn ? EnterItemOf(source) : grid.EnterText(source[col]);
     if (!accepted) grid.CancelEdit();
 }
 
 void frmPeriodItem::CopyEntry() {
     controls::Grid& grid = GridPeriodItem;
-    const int source = grid.Row();
+    // The row need not be found where it was once another one is added.
+    const entries::EntryTexts source = TextsOf(grid.Row());
     const int rows = grid.Rows();
     AddEntryRow();
     if (grid.Rows() == rows) return;

@@ -216,8 +216,8 @@ private:
     void AllowEntry(bool allowed);
     bool AskDelete(int row);
     void AddCopyActions();
-    bool EnterItemOf(int source);
-    void CopyCell(int source, int col);
+    bool EnterItemOf(const entries::EntryTexts& source);
+    void CopyCell(const entries::EntryTexts& source, entries::EntryColumn col);
     std::string CellText(int row, int col) const { return GridPeriodItem.Text(row, col); }
 
     entries::EntryTexts TextsOf(int row) const;

@@ -69,6 +69,7 @@ frmFind::frmFind()
     CmdOK.SetDefault(true);
     CmdCancel.SetCaption("取消");
     CmdCancel.SetCancel(true);
+    ComdRef.SetStroke({Key::F2});
     ComdRef.Click = [this] { ComdRef_Click(); };
     ComKey1.DropDown = [this] { ComKey1_DropDown(); };
     ComKey2.DropDown = [this] { ComKey2_DropDown(); };

@@ -117,7 +117,7 @@ TEST_F(GridSizeTest, WidthsWaitUntilARefusedCellIsRight) {
 }
 
 TEST_F(GridSizeTest, KeysZoom) {
-    AddSizeActions(form, grid);
+    AddGridSizeActions(form, grid);
     Press(Key::Plus, kCtrl);
     EXPECT_EQ(grid.Zoom(), 110);
     Press(Key::Plus, kCtrl | kShift);
@@ -131,7 +131,7 @@ TEST_F(GridSizeTest, KeysZoom) {
 }
 
 TEST_F(GridSizeTest, TheMenuFitsTheCurrentColumnAndGivesWidthsBack) {
-    AddSizeActions(form, grid);
+    AddGridSizeActions(form, grid);
     const WindowAction& fit = form.Actions()[0];
     const WindowAction& back = form.Actions()[1];
     EXPECT_EQ(fit.caption, "适合内容的列宽");

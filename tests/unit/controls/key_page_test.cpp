@@ -71,6 +71,7 @@ TEST(KeyLines, StandInTheOrderOfToolbarActionsOwnKeysButtonsAndGrid) {
     toolbar.Button("Delete")->SetStroke({Key::D, kCtrl});
     toolbar.Button("Delete")->SetVisible(false);
     form.AddAction({.stroke = {Key::Quote, kCtrl}, .caption = "重复", .run = [] {}});
+    form.AddAction({.stroke = {Key::P, kCtrl}, .caption = "打印", .inMenu = true, .run = [] {}});
     form.AddAction({.caption = "只在菜单中", .inMenu = true, .run = [] {}});
     form.AddAction({.stroke = {Key::Plus, kCtrl}, .run = [] {}});
     grid.SetReadOnly(true);

@@ -445,6 +445,19 @@ class RealInput(Person):
         self.wait("saved digest", lambda: self.entry(2) == [("above",)])
         self.close()
 
+    def test_a_cell_and_an_entry_are_entered_again_by_keyboard(self):
+        self.open()
+        digest = ["ctrl+Home", "Down", "End", "Left"]
+        self.keys(*digest, "ctrl+apostrophe", "Up")
+        self.wait("saved digest", lambda: self.rows(
+            "select cDigest from PM_ItemQC where iEleVid = 2") == [("一月人工",)])
+        self.keys("ctrl+e", "Up")
+        self.wait("saved entry", lambda: len(self.rows("select * from PM_ItemQC")) == 6)
+        columns = "cCenterCode, cItemCode, cKeyCode1, cElementCode, cDigest, mQC"
+        self.assertEqual(self.rows(f"select {columns} from PM_ItemQC where iEleVid = 6"),
+                         self.rows(f"select {columns} from PM_ItemQC where iEleVid = 1"))
+        self.close()
+
     def test_windows_open_as_they_were_left(self):
         kept = Path(self.environment["XDG_CONFIG_HOME"]) / "kelvane" / "windows.txt"
         self.open()

@@ -87,6 +87,12 @@ TEST(KeyNames, BytesThatAreNoUtf8AreLeftOut) {
     EXPECT_TRUE(StrokesOf("\xE0\x80\xAF\xED\xA0\x80\xF4\x90\x80\x80").empty());
 }
 
+TEST(KeyNames, ACaptionNamesTheKeyThatDoesTheSame) {
+    EXPECT_EQ(CaptionWithKey("打印", {Key::P, kCtrl}), "打印 (Ctrl+P)");
+    EXPECT_EQ(CaptionWithKey("", {Key::F2}), "F2");
+    EXPECT_EQ(CaptionWithKey("打印", {}), "");
+}
+
 TEST(KeyNames, SentKeysHaveNamesInBraces) {
     const auto strokes = ParseSentKeys(" {f2}{nothing}x{");
     ASSERT_EQ(strokes.size(), 4U);

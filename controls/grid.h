@@ -156,7 +156,9 @@ public:
     std::string FormatText() const;
     std::string DataText() const;
     // One row's cells joined by a tab.
-    std::string RowText(int row) const { return std::string(CellsAt(row)); }
+    std::string RowText(int row) const { return std::string(RowCells(row)); }
+    // The same where it stands, until the grid changes.
+    std::string_view RowCells(int row) const { return CellsAt(row); }
 
     // Keeps the sum of a column's cells below the fixed rows from now on; rows of a source are not
     // in it.

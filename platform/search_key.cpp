@@ -1,6 +1,8 @@
 #include "platform/search_key.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <vector>
 
 #include "platform/full_width.h"
@@ -17,11 +19,20 @@ bool IsAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
 }
 
-char FoldAscii(char character) {
+constexpr char FoldAscii(char character) {
     if (character >= 'A' && character <= 'Z') return static_cast<char>(character - 'A' + 'a');
     const auto byte = static_cast<unsigned char>(character);
     return byte < 0x20 || byte == 0x7F ? ' ' : character;
 }
+
+// What each byte is folded to; those of wide characters stay.
+constexpr std::array<char, 256> kFolded = [] {
+    std::array<char, 256> folded{};
+    for (std::size_t byte = 0; byte < folded.size(); ++byte) {
+        folded[byte] = FoldAscii(static_cast<char>(byte));
+    }
+    return folded;
+}();
 
 bool IsLetterOrDigit(char folded) {
     return (folded >= 'a' && folded <= 'z') || (folded >= '0' && folded <= '9');
@@ -65,26 +76,31 @@ std::vector<std::string> Spellings(std::string_view folded) {
 
 }  // namespace
 
-// Only two leading bytes begin characters that have a plain form; all others stay as they are.
+// A folded text is no longer than the text. Only two leading bytes begin characters that have a
+// plain form; bytes of all others stay as they are.
 void AppendFolded(std::string& out, std::string_view text) {
     constexpr char kLeadOfBlank = '\xE3';
     constexpr char kLeadOfForms = '\xEF';
-    while (!text.empty()) {
-        const char lead = text.front();
+    const std::size_t begin = out.size();
+    out.resize(begin + text.size());
+    char* to = out.data() + begin;
+    for (std::size_t at = 0; at < text.size();) {
+        const char lead = text[at];
         if (lead != kLeadOfBlank && lead != kLeadOfForms) {
-            out += IsAscii(lead) ? FoldAscii(lead) : lead;
-            text.remove_prefix(1);
+            *to++ = kFolded[static_cast<unsigned char>(lead)];
+            ++at;
             continue;
         }
-        const Utf8Character next = FirstCharacter(text);
+        const Utf8Character next = FirstCharacter(text.substr(at));
         const char32_t plain = PlainForm(next.value);
         if (plain != next.value) {
-            out += FoldAscii(static_cast<char>(plain));
+            *to++ = kFolded[static_cast<unsigned char>(plain)];
         } else {
-            out += text.substr(0, next.length);
+            to = std::copy_n(text.begin() + static_cast<std::ptrdiff_t>(at), next.length, to);
         }
-        text.remove_prefix(next.length);
+        at += next.length;
     }
+    out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 std::string FoldText(std::string_view text) {

@@ -3,9 +3,10 @@
 // long list it is asked once a row.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace kelvane::platform {
 
@@ -20,13 +21,18 @@ public:
     bool Finds(std::string_view cells);
 
 private:
-    bool FindsSpelled(std::string_view cell);
+    bool FindsSpelled(std::string_view folded) const;
+    std::uint64_t PlacesOf(char letter) const {
+        return mPlaces[static_cast<unsigned char>(letter)];
+    }
 
     std::string mNeedle;
-    bool mMayBeSpelled = false;
-    // The text that was looked at last: folded, and what each of its characters is read as.
+    // Where in the needle each letter stands, a bit a place, and the bit of its last one; 0 when no
+    // initials can spell it.
+    std::array<std::uint64_t, 256> mPlaces{};
+    std::uint64_t mLast = 0;
+    // The texts that were looked at last.
     std::string mFolded;
-    std::vector<std::string_view> mReadings;
 };
 
 }  // namespace kelvane::platform

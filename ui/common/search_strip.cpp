@@ -139,7 +139,7 @@ SearchStrip::Cell SearchStrip::Find(Cell from, int step, bool there) const {
     for (int passed = 0; passed <= count && count > 0; ++passed) {
         const int place = from.row - first + step * passed;
         const int row = first + (place + count) % count;
-        if (mGrid.RowHeight(row) == 0 || !search.Finds(mGrid.RowText(row))) continue;
+        if (mGrid.RowHeight(row) == 0 || !search.Finds(mGrid.RowCells(row))) continue;
         int col = step > 0 ? mGrid.FixedCols() : mGrid.Cols() - 1;
         if (passed == 0) col = there ? from.col : from.col + step;
         const int end = step > 0 ? mGrid.Cols() : mGrid.FixedCols() - 1;

@@ -42,6 +42,14 @@ TEST(TextSearch, OneTextAloneIsFound) {
     EXPECT_FALSE(Finds("p01", "P-01"));  // spelled are Chinese texts only
 }
 
+TEST(TextSearch, InitialsThatRepeatAreNotMissed) {
+    EXPECT_TRUE(Finds("rrg", "人人人工"));
+    EXPECT_TRUE(Finds("rgf", "人工\t人工费"));
+    EXPECT_FALSE(Finds("rgff", "人工费"));
+    EXPECT_TRUE(Finds(std::string(64, 'r') + "g", std::string(65, 'r') + "g"));
+    EXPECT_FALSE(Finds(std::string(65, 'r'), "人工"));
+}
+
 TEST(TextSearch, NothingTypedIsFoundNowhere) {
     EXPECT_TRUE(TextSearch("  ").IsEmpty());
     EXPECT_FALSE(Finds(" ", "a b"));

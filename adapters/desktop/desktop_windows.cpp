@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "adapters/desktop/clipboard.h"
 #include "adapters/desktop/desktop_printing.h"
 #include "adapters/desktop/look.h"
 #include "adapters/desktop/stage.h"
@@ -31,7 +32,10 @@ wxSize ScreenSize() {
 DesktopWindows::DesktopWindows()
     : mStage(std::make_unique<Stage>()), mPrinting(std::make_unique<DesktopPrinting>(*mStage)) {}
 
-DesktopWindows::~DesktopWindows() = default;
+// What was copied can still be pasted when the windows are gone.
+DesktopWindows::~DesktopWindows() {
+    KeepClipboard();
+}
 
 void DesktopWindows::SetOperator(drive::Operator* scripted) {
     mStage->SetOperator(scripted);
@@ -55,6 +59,14 @@ void DesktopWindows::Beep() {
 
 void DesktopWindows::SetHelpFile(std::string_view path) {
     mStage->SetHelpFile(path);
+}
+
+void DesktopWindows::SetClipboardText(std::string_view text) {
+    WriteClipboard(std::string(text));
+}
+
+std::string DesktopWindows::ClipboardText() const {
+    return ReadClipboard();
 }
 
 int DesktopWindows::TwipsPerPixelX() const {

@@ -31,6 +31,8 @@ public:
     void SendKeys(std::string_view keys) override;
     void Beep() override;
     void SetHelpFile(std::string_view path) override;
+    void SetClipboardText(std::string_view text) override;
+    std::string ClipboardText() const override;
     int TwipsPerPixelX() const override;
     int TwipsPerPixelY() const override;
     int ScreenWidth() const override;

@@ -9,6 +9,15 @@ namespace kelvane::desktop {
 
 using platform::Key;
 
+namespace {
+
+bool IsMenuKey(const KeyStroke& stroke) {
+    return (stroke.key == Key::Menu && stroke.shift == 0) ||
+           (stroke.key == Key::F10 && stroke.shift == platform::kShift);
+}
+
+}  // namespace
+
 FormKeys::FormKeys(controls::Form& form, Hooks hooks) : mForm(form), mHooks(std::move(hooks)) {}
 
 void FormKeys::Attach(wxWindow& window) {
@@ -63,6 +72,7 @@ bool FormKeys::Take(KeyStroke stroke) {
         if (grid != nullptr && grid->NavigationKey(stroke.key, stroke.shift)) return true;
         return stroke.key == Key::Escape && PressButton(&controls::Button::IsCancel);
     }
+    if (IsMenuKey(stroke) && mHooks.openMenu()) return true;
     if (mForm.OfferKeyDown(stroke.key, stroke.shift)) return true;
     if (stroke.key == Key::Down && stroke.shift == platform::kAlt && mHooks.openDropDown()) {
         return true;

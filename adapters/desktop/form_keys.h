@@ -1,6 +1,7 @@
 // FormKeys: the way of a key through a window. The form's handlers see a key before its controls
 // do, but they never see Tab and Escape, which move in a grid or leave a dialog. A key that nobody
-// used works the window itself: F1 its help, F10 its toolbar, Enter its default button.
+// used works the window itself: F1 its help, F10 its toolbar, Enter its default button. The menu
+// key, and Shift+F10, open the context menu before the handlers see them.
 #pragma once
 
 #include <wx/window.h>
@@ -23,6 +24,7 @@ public:
         std::function<void()> help;
         std::function<bool()> enterToolbar;
         std::function<bool()> openDropDown;
+        std::function<bool()> openMenu;
         // Brings the windows up to what a key has changed.
         std::function<void()> catchUp;
     };

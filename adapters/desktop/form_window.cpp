@@ -58,9 +58,10 @@ FormWindow::FormWindow(Stage& stage, controls::Form& form, wxWindow* parent)
                Style(form)),
       mStage(stage),
       mForm(form),
-      mKeys(form, {[this] { return ActiveView(); }, [this] { Close(); },
-                   [this] { mStage.ShowHelp(); }, [this] { return EnterToolbar(); },
-                   [this] { return OpenDropDown(); }, [this] { CatchUp(); }}),
+      mKeys(form,
+            {[this] { return ActiveView(); }, [this] { Close(); }, [this] { mStage.ShowHelp(); },
+             [this] { return EnterToolbar(); }, [this] { return OpenDropDown(); },
+             [this] { return OpenMenu(); }, [this] { CatchUp(); }}),
       mSurface(new Surface(*this, form)),
       mLine(new LowerLine(*this)) {
     SetEscapeId(wxID_NONE);
@@ -157,6 +158,11 @@ bool FormWindow::EnterToolbar() {
 bool FormWindow::OpenDropDown() {
     auto* grid = dynamic_cast<GridView*>(ActiveView());
     return grid != nullptr && grid->OpenDropDown();
+}
+
+bool FormWindow::OpenMenu() {
+    auto* grid = dynamic_cast<GridView*>(ActiveView());
+    return grid != nullptr && grid->OpenMenu();
 }
 
 void FormWindow::ScheduleSync() {

@@ -50,6 +50,7 @@ private:
     View* ActiveView() const { return FindView(mForm.ActiveControl()); }
     bool EnterToolbar();
     bool OpenDropDown();
+    bool OpenMenu();
     void ScheduleSync();
     void SyncFrame();
     void SyncLine();

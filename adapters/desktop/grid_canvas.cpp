@@ -8,9 +8,11 @@
 #include <utility>
 
 #include "adapters/desktop/cell_text.h"
+#include "adapters/desktop/context_menu.h"
 #include "adapters/desktop/form_keys.h"
 #include "adapters/desktop/grid_painter.h"
 #include "adapters/desktop/look.h"
+#include "adapters/desktop/system.h"
 
 namespace kelvane::desktop {
 
@@ -18,6 +20,10 @@ namespace {
 
 constexpr int kMinColumnTwips = 150;  // a column dragged to nothing could not be dragged back
 constexpr int kRowsPerWheelStep = 3;
+// How often a selection follows the pointer; beyond the edge it scrolls each time, by one row more
+// for each so many pixels.
+constexpr int kFollowMilliseconds = 40;
+constexpr int kScrollPixels = 12;
 
 }  // namespace
 
@@ -34,7 +40,12 @@ GridCanvas::GridCanvas(wxWindow& parent, controls::Grid& grid, ViewHost& host,
     Bind(wxEVT_LEFT_DCLICK, &GridCanvas::OnDoubleClick, this);
     Bind(wxEVT_MOTION, &GridCanvas::OnMotion, this);
     Bind(wxEVT_MOUSEWHEEL, &GridCanvas::OnWheel, this);
-    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { mResizedColumn = -1; });
+    Bind(wxEVT_CONTEXT_MENU, &GridCanvas::OnContextMenu, this);
+    Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) {
+        mResizedColumn = -1;
+        EndDrag();
+    });
+    mDragTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { FollowDrag(); });
     Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         mHost.OperatorFocused(mGrid);
         Refresh();
@@ -81,12 +92,8 @@ void GridCanvas::OnLeftDown(wxMouseEvent& event) {
         return;
     }
     const GridMetrics::Cell cell = metrics.CellAt(point);
-    if (cell.row >= mGrid.FixedRows() && cell.col >= mGrid.FixedCols()) {
-        if (event.ShiftDown() && cell.row == mGrid.Row() && !mGrid.IsEditing()) {
-            mGrid.SetSelectionEnd(cell.col);
-        } else {
-            mGrid.MoveTo(cell.row, cell.col);
-        }
+    if (cell.row >= mGrid.FixedRows() && cell.col >= 0) {
+        ClickCell(cell, event.ShiftDown());
     } else if (cell.row >= 0 && cell.col >= 0 && mGrid.HeaderClick) {
         mHost.Form().RunEvent("HeaderClick", [&] { mGrid.HeaderClick(cell.col); });
     }
@@ -94,10 +101,98 @@ void GridCanvas::OnLeftDown(wxMouseEvent& event) {
     mHost.FocusActive();
 }
 
+// A click on a fixed cell means its whole row.
+void GridCanvas::ClickCell(GridMetrics::Cell cell, bool extend) {
+    const bool wholeRow = cell.col < mGrid.FixedCols();
+    if (!extend || !mGrid.CanSelect()) {
+        if (!mGrid.MoveTo(cell.row, wholeRow ? mGrid.Col() : cell.col)) return;
+        if (mGrid.Row() != cell.row) return;
+        if (wholeRow) mGrid.SelectRowsTo(cell.row);
+    } else if (wholeRow) {
+        mGrid.SelectRowsTo(cell.row);
+    } else {
+        mGrid.SelectTo(cell.row, cell.col);
+    }
+    mDragsRows = wholeRow;
+    mDragging = mGrid.CanSelect();
+    if (mDragging) mDragTimer.Start(kFollowMilliseconds);
+}
+
+// The toolkit holds the last move back until another one comes; and leaving the row may have asked
+// something, so that the button was let go elsewhere.
+void GridCanvas::FollowDrag() {
+    if (!wxGetMouseState().LeftIsDown()) {
+        EndDrag();
+    } else {
+        HoldMouse(*this);
+        DragTo(ScreenToClient(wxGetMousePosition()));
+    }
+}
+
+void GridCanvas::EndDrag() {
+    mDragging = false;
+    mDragTimer.Stop();
+}
+
+void GridCanvas::DragTo(wxPoint point) {
+    if (!mDragging || !mGrid.CanSelect()) return;
+    const GridMetrics metrics = Metrics();
+    const GridMetrics::Cell cell = metrics.NearestCell(point);
+    if (cell.row < 0 || cell.col < 0) return;
+    const wxSize size = GetClientSize();
+    const int top = metrics.Rows().front().to;
+    if (point.y >= size.y) {
+        const int rows = 1 + (point.y - size.y) / kScrollPixels;
+        mGrid.SetTopRow(std::min(mGrid.TopRow() + rows, GridMetrics::LastTopRow(mGrid)));
+    } else if (point.y < top) {
+        mGrid.SetTopRow(mGrid.TopRow() - 1 - (top - point.y) / kScrollPixels);
+    }
+    if (point.x >= size.x) {
+        mGrid.SetLeftCol(std::min(mGrid.LeftCol() + 1, GridMetrics::LastLeftCol(mGrid)));
+    } else if (point.x < 0) {
+        mGrid.SetLeftCol(mGrid.LeftCol() - 1);
+    }
+    const bool elsewhere = cell.row != mGrid.Row() || cell.col != mGrid.Col();
+    if (mDragsRows) {
+        mGrid.SelectRowsTo(cell.row);
+    } else if (elsewhere || mGrid.SelectedRows() > 0) {
+        mGrid.SelectTo(cell.row, cell.col);
+    }
+    mHost.CatchUp();
+}
+
+// The clicked cell becomes the current one unless it belongs to what is selected. The key for the
+// menu is handled with the other keys.
+void GridCanvas::OnContextMenu(wxContextMenuEvent& event) {
+    // The field of an open cell has a menu of its own.
+    if (event.GetEventObject() != this) {
+        event.Skip();
+        return;
+    }
+    if (event.GetPosition() == wxDefaultPosition) return;
+    const wxPoint place = ScreenToClient(event.GetPosition());
+    const GridMetrics::Cell cell = Metrics().CellAt(place);
+    mHost.OperatorFocused(mGrid);
+    if (cell.row >= mGrid.FixedRows() && cell.col >= mGrid.FixedCols() &&
+        !mGrid.Selected().Contains(cell.row, cell.col) && !mGrid.MoveTo(cell.row, cell.col)) {
+        return;
+    }
+    mHost.CatchUp();
+    mHost.FocusActive();
+    ShowMenu(place);
+}
+
+void GridCanvas::ShowMenu(wxPoint place) {
+    ShowActionMenu(*this, place, mHost.Form());
+    mHost.CatchUp();
+}
+
 // An edge that was only clicked on stays where it is.
 void GridCanvas::OnLeftUp(wxMouseEvent& event) {
     if (mResizedColumn >= 0 && event.GetX() != mPressedAt) ResizeTo(event.GetX());
     mResizedColumn = -1;
+    DragTo(event.GetPosition());
+    EndDrag();
     if (HasCapture()) ReleaseMouse();
 }
 
@@ -128,6 +223,7 @@ void GridCanvas::OnMotion(wxMouseEvent& event) {
         ResizeTo(event.GetX());
         return;
     }
+    if (mDragging) return;
     const GridMetrics metrics = Metrics();
     const bool edge = metrics.ColumnEdgeAt(event.GetPosition()) >= 0;
     SetCursor(edge ? wxCursor(wxCURSOR_SIZEWE) : wxNullCursor);

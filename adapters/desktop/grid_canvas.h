@@ -1,6 +1,7 @@
 // GridCanvas: paints a grid and turns what the mouse does there into the grid's own operations.
 #pragma once
 
+#include <wx/timer.h>
 #include <wx/window.h>
 
 #include <functional>
@@ -23,6 +24,8 @@ public:
     std::string CutText(GridMetrics::Cell cell);
     // The twips that a cell needs for `text`, before zooming.
     int NeededTwips(const std::string& text);
+    // Shows the window's context menu.
+    void ShowMenu(wxPoint place);
 
 private:
     void OnPaint();
@@ -32,6 +35,13 @@ private:
     void OnDoubleClick(wxMouseEvent& event);
     void OnMotion(wxMouseEvent& event);
     void OnWheel(wxMouseEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
+    void ClickCell(GridMetrics::Cell cell, bool extend);
+    // While the button is held down over cells: the selection follows the pointer, and the list
+    // scrolls as long as the pointer is beyond its edge.
+    void FollowDrag();
+    void DragTo(wxPoint point);
+    void EndDrag();
     void ResizeTo(int pixel);
     // The whole text of the cell under the pointer, where the cell shows it in part.
     void FollowWithTip(GridMetrics::Cell cell);
@@ -41,6 +51,9 @@ private:
     std::function<void()> mPressButton;
     int mResizedColumn = -1;
     int mPressedAt = 0;  // where the mouse button went down
+    bool mDragging = false;
+    bool mDragsRows = false;
+    wxTimer mDragTimer;
     int mWheelRest = 0;
     std::string mTip;
 };

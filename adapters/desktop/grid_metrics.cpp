@@ -28,6 +28,15 @@ int BandAt(const std::vector<GridMetrics::Band>& bands, int position) {
     return found == bands.end() ? -1 : found->index;
 }
 
+// The band at `position` or, where there is none behind the fixed ones, the next one to it.
+int NearestBand(const std::vector<GridMetrics::Band>& bands, int fixed, int position) {
+    int nearest = -1;
+    for (const GridMetrics::Band& band : bands) {
+        if (band.index >= fixed && (nearest < 0 || band.from <= position)) nearest = band.index;
+    }
+    return nearest;
+}
+
 // The bands of the fixed items and of those from `first` on, as far as `room` twips reach.
 template <typename SizeOf, typename Pixels>
 std::vector<GridMetrics::Band> LayOut(int count, int fixed, int first, int room, SizeOf sizeOf,
@@ -80,6 +89,11 @@ wxRect GridMetrics::CellRect(int row, int col) const {
 
 GridMetrics::Cell GridMetrics::CellAt(wxPoint point) const {
     return {BandAt(mRows, point.y), BandAt(mColumns, point.x)};
+}
+
+GridMetrics::Cell GridMetrics::NearestCell(wxPoint point) const {
+    return {NearestBand(mRows, mGrid.FixedRows(), std::min(point.y, mWindow.y - 1)),
+            NearestBand(mColumns, mGrid.FixedCols(), std::min(point.x, mWindow.x - 1))};
 }
 
 int GridMetrics::ColumnEdgeAt(wxPoint point) const {

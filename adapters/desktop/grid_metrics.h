@@ -33,6 +33,8 @@ public:
     wxRect CellRect(int row, int col) const;
     // The cell at a point; -1 in place of what is not there.
     Cell CellAt(wxPoint point) const;
+    // The shown cell that can be the current one next to a point; -1 when there is none.
+    Cell NearestCell(wxPoint point) const;
     // The column whose right edge is at a point of the header; -1 when there is none.
     int ColumnEdgeAt(wxPoint point) const;
     // The button at the right end of the current cell: reference or drop-down; empty when the cell

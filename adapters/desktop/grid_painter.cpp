@@ -24,10 +24,12 @@ class Painter {
 public:
     Painter(wxDC& dc, const wxWindow& window, const Grid& grid, const GridMetrics& metrics,
             bool focused)
-        : mDc(dc), mWindow(window), mGrid(grid), mMetrics(metrics), mFocused(focused) {
-        mFirstSelected = std::min(grid.Col(), grid.SelectionEnd());
-        mLastSelected = std::max(grid.Col(), grid.SelectionEnd());
-    }
+        : mDc(dc),
+          mWindow(window),
+          mGrid(grid),
+          mMetrics(metrics),
+          mFocused(focused),
+          mSelected(grid.Selected()) {}
 
     void Paint() {
         const wxSize size = mWindow.GetClientSize();
@@ -49,8 +51,7 @@ private:
     }
 
     bool IsSelected(int row, int col) const {
-        return row == mGrid.Row() && row >= mGrid.FixedRows() && mFirstSelected != mLastSelected &&
-               col >= mFirstSelected && col <= mLastSelected;
+        return !mSelected.IsOneCell() && mSelected.Contains(row, col);
     }
 
     bool IsRefused(int row, int col) const {
@@ -152,8 +153,7 @@ private:
     const Grid& mGrid;
     const GridMetrics& mMetrics;
     bool mFocused;
-    int mFirstSelected = 0;
-    int mLastSelected = 0;
+    controls::GridRange mSelected;
     int mTextHeight = 0;
 };
 

@@ -157,6 +157,13 @@ bool GridView::OpenDropDown() {
     return true;
 }
 
+bool GridView::OpenMenu() {
+    if (mGrid.IsEditing()) return false;
+    const wxRect cell = mCanvas->Metrics().CellRect(mGrid.Row(), mGrid.Col());
+    mCanvas->ShowMenu(cell.IsEmpty() ? wxPoint(0, 0) : cell.GetBottomLeft());
+    return true;
+}
+
 void GridView::ShowList() {
     const std::vector<std::string> items = mGrid.OpenList();
     if (items.empty()) return;

@@ -34,6 +34,9 @@ public:
     // Opens what the current cell offers: its list, its reference list, or the button that lies
     // over it. False when it offers nothing.
     bool OpenDropDown();
+    // Opens the context menu at the current cell; false while a cell is open, whose field has its
+    // own.
+    bool OpenMenu();
 
 protected:
     void Update() override;

@@ -43,6 +43,8 @@ constexpr std::array kKeyCodes{
     KeyCode{WXK_NUMPAD_INSERT, Key::Insert},
     KeyCode{WXK_DELETE, Key::Delete},
     KeyCode{WXK_NUMPAD_DELETE, Key::Delete},
+    KeyCode{WXK_WINDOWS_MENU, Key::Menu},
+    KeyCode{WXK_MENU, Key::Menu},
 };
 
 Key Offset(Key base, int offset) {

@@ -35,6 +35,9 @@ double TextScale(const wxWindow* window);
 // What a drawing takes for an inch when it makes letters of a size in points.
 double DotsPerInch();
 
+// While a button is held down on it, `window` goes on receiving what the mouse does outside.
+void HoldMouse(wxWindow& window);
+
 // The face of the pages' letters, as a font of the toolkit wants it.
 wxString PageFace();
 

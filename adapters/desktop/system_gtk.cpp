@@ -81,6 +81,9 @@ wxString PageFace() {
     return wxString::FromUTF8(platform::kPageFonts);
 }
 
+// The display does so by itself, and to ask for it now may break off what it does.
+void HoldMouse(wxWindow& /*window*/) {}
+
 void ForgetPicture(wxDC& screen) {
     cairo_surface_mark_dirty(cairo_get_target(static_cast<cairo_t*>(screen.GetHandle())));
 }

@@ -76,6 +76,10 @@ wxString PageFace() {
     return {};
 }
 
+void HoldMouse(wxWindow& window) {
+    if (!window.HasCapture()) window.CaptureMouse();
+}
+
 // The screen is read anew every time.
 void ForgetPicture(wxDC& /*screen*/) {}
 

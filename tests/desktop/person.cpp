@@ -136,6 +136,14 @@ void Person::ClickWith(int button, const std::string& window, int x, int y) {
     Input("click " + std::to_string(button));
 }
 
+void Person::Press() {
+    Input("mousedown 1");
+}
+
+void Person::LetGo() {
+    Input("mouseup 1");
+}
+
 void Person::Drag(const std::string& window, int x, int y, int toX, int toY) {
     const Place place = Find(window);
     Input("mousemove " + Point(place.x + Scaled(x), place.y + Scaled(y)) +

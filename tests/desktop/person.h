@@ -44,6 +44,9 @@ public:
     void Click(const std::string& window, int x, int y, int times = 1);
     // 1 is the left button, 2 the middle one, 3 the right one.
     void ClickWith(int button, const std::string& window, int x, int y);
+    // The left button, where the pointer is.
+    void Press();
+    void LetGo();
     void Drag(const std::string& window, int x, int y, int toX, int toY);
     void Wheel(const std::string& window, int x, int y, int steps);
     // The only shown window.

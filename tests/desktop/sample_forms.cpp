@@ -1,6 +1,8 @@
 #include "tests/desktop/sample_forms.h"
 
+#include "controls/grid_actions.h"
 #include "platform/utf8.h"
+#include "tests/desktop/person.h"
 
 namespace kelvane::test {
 
@@ -60,6 +62,7 @@ ListForm::ListForm(int rows, bool suite) : Form("frmList") {
     detail.SetPicture(108);
     detail.SetVisible(false);
     detail.Click = [this] { events.emplace_back("detail"); };
+    controls::AddGridActions(*this, grid, []() -> platform::Windows& { return Windows(); });
     SetFocus(grid);
     grid.SetRow(rows > 0 ? 1 : 0);
     grid.SetCol(1);

@@ -78,8 +78,14 @@ void Grid::MoveCorner(int row, int col) {
     mSelectionEnd = col;
     const GridRange after = mSelection.Range();
     if (after == before) return;
-    const int all = after.bottom - after.top;
-    if (std::abs(after.top - before.top) + std::abs(after.bottom - before.bottom) > all) {
+    // Whichever looks at the fewest amounts: those that come and go, all that are selected, or all
+    // that are not.
+    const int changed = std::abs(after.top - before.top) + std::abs(after.bottom - before.bottom);
+    const int selected = after.bottom - after.top + 1;
+    const int others = Rows() - mFixedRows - selected;
+    if (others < std::min(changed, selected) && mSum.Total()) {
+        CountAllBut(after);
+    } else if (selected < changed) {
         mSelection.rows = 0;
         mSelection.sum = {};
         CountSelected(after.top, after.bottom, true);
@@ -97,6 +103,18 @@ void Grid::CountSelected(int from, int to, bool come) {
         if (RowHeight(row) == 0) continue;
         mSelection.rows += come ? 1 : -1;
         if (IsSummed(row, mSummedColumn)) CountCell(mSelection.sum, row, come);
+    }
+}
+
+void Grid::CountAllBut(const GridRange& range) {
+    mSelection.rows = 0;
+    mSelection.sum = mSum;
+    for (int row = mFixedRows; row < Rows(); ++row) {
+        if (range.HasRow(row) && RowHeight(row) > 0) {
+            ++mSelection.rows;
+        } else if (IsSummed(row, mSummedColumn)) {
+            CountCell(mSelection.sum, row, false);
+        }
     }
 }
 

@@ -1,9 +1,6 @@
 #include "controls/grid_size_actions.h"
 
-#include <array>
-#include <utility>
-
-#include "controls/grid_copy.h"
+#include <string>
 
 namespace kelvane::controls {
 
@@ -13,70 +10,39 @@ using platform::kShift;
 
 namespace {
 
-struct SelectingKey {
-    Key key;
-    int shift;
-    const char* caption;
-};
-
-constexpr std::array kSelectingKeys{
-    SelectingKey{Key::Left, kShift, "选定范围：向左"},
-    SelectingKey{Key::Right, kShift, "选定范围：向右"},
-    SelectingKey{Key::Up, kShift, "选定范围：向上"},
-    SelectingKey{Key::Down, kShift, "选定范围：向下"},
-    SelectingKey{Key::PageUp, kShift, "选定范围：向上一页"},
-    SelectingKey{Key::PageDown, kShift, "选定范围：向下一页"},
-    SelectingKey{Key::Home, kShift, "选定范围：到行首"},
-    SelectingKey{Key::End, kShift, "选定范围：到行尾"},
-    SelectingKey{Key::Home, kCtrl | kShift, "选定范围：到第一行"},
-    SelectingKey{Key::End, kCtrl | kShift, "选定范围：到最后一行"},
-};
+bool AnyResized(const Grid& grid) {
+    for (int col = 0; col < grid.Cols(); ++col) {
+        if (grid.IsColumnResized(col)) return true;
+    }
+    return false;
+}
 
 }  // namespace
 
-<<<<<<<< HEAD:controls/grid_actions.cpp
-void AddGridActions(Form& form, Grid& grid, std::function<platform::Windows&()> windows) {
-    const auto copy = [&grid, windows = std::move(windows)](bool withTitles) {
-        windows().SetClipboardText(CopiedText(grid, grid.Selected(), withTitles));
-    };
-    // A grid that takes no keys leaves them to the fields that do.
-    const auto stroke = [&grid](Key key, int shift) {
-        return grid.TakesFocus() ? platform::KeyStroke{key, shift} : platform::KeyStroke{};
-    };
-    const auto possible = [&form, &grid] {
-        return grid.CanSelect() && (form.ActiveControl() == &grid || !grid.TakesFocus());
-    };
-    form.AddAction({.stroke = stroke(platform::KeyOfCharacter(U'C'), kCtrl),
-                    .caption = "复制",
-========
 void AddGridSizeActions(Form& form, Grid& grid) {
     form.AddAction({.caption = "适合内容的列宽",
->>>>>>>> 7a50edc (Tips of buttons name their keys; a key stands once on the page of keys; an entry is copied by its texts):controls/grid_size_actions.cpp
                     .inMenu = true,
                     .startsGroup = true,
-                    .possible = possible,
-                    .run = [copy] { copy(false); }});
+                    .possible = [&grid] { return grid.ColumnWidth(grid.Col()) > 0; },
+                    .run = [&grid] { grid.FitColumn(grid.Col()); }});
+    form.AddAction({.caption = "恢复原始列宽",
+                    .inMenu = true,
+                    .possible = [&grid] { return AnyResized(grid); },
+                    .run = [&grid] { grid.RestoreColumnWidths(); }});
+    const auto addZoom = [&](platform::KeyStroke stroke, const std::string& caption, int step) {
+        form.AddAction({.stroke = stroke,
+                        .caption = caption,
+                        .inMenu = !caption.empty(),
+                        .run = [&grid, step] { grid.SetZoom(grid.Zoom() + step); }});
+    };
+    addZoom({Key::Plus, kCtrl}, "放大", Grid::kZoomStep);
+    // Where the key has its plus sign above.
+    addZoom({Key::Plus, kCtrl | kShift}, "", Grid::kZoomStep);
+    addZoom({Key::Minus, kCtrl}, "缩小", -Grid::kZoomStep);
     form.AddAction(
-        {.caption = "复制（带标题）", .inMenu = true, .possible = possible, .run = [copy] {
-             copy(true);
+        {.stroke = {Key::D0, kCtrl}, .caption = "原始大小", .inMenu = true, .run = [&grid] {
+             grid.SetZoom(100);
          }});
-    form.AddAction({.caption = "选定整行",
-                    .inMenu = true,
-                    .startsGroup = true,
-                    .possible = possible,
-                    .run = [&grid] { grid.SelectRowsTo(grid.Row()); }});
-    form.AddAction({.stroke = stroke(Key::A, kCtrl),
-                    .caption = "全选",
-                    .inMenu = true,
-                    .possible = possible,
-                    .run = [&grid] { grid.SelectAll(); }});
-    if (!grid.TakesFocus()) return;
-    for (const SelectingKey& each : kSelectingKeys) {
-        form.AddAction({.stroke = {each.key, each.shift},
-                        .caption = each.caption,
-                        .possible = possible,
-                        .run = [&grid, each] { grid.ExtendSelection(each.key, each.shift); }});
-    }
 }
 
 }  // namespace kelvane::controls

@@ -1,22 +1,13 @@
-// The actions that every window with a grid has: selecting and copying.
+// What the operator can do with any grid beside typing into it: column widths and the size at which
+// it is shown.
 #pragma once
-
-#include <functional>
 
 #include "controls/form.h"
 #include "controls/grid.h"
-#include "platform/windows.h"
 
 namespace kelvane::controls {
 
-<<<<<<<< HEAD:controls/grid_actions.h
-// Adds them to `form` for its `grid`. Their keys work while the grid is the active control and no
-// cell is open; in the menu they also stand for a grid that takes no keys. `windows` gives the
-// windows whose clipboard is meant; it is asked each time, on the event path of the action.
-void AddGridActions(Form& form, Grid& grid, std::function<platform::Windows&()> windows);
-========
 // Adds the actions for `grid`, which is one of `form`'s controls.
 void AddGridSizeActions(Form& form, Grid& grid);
->>>>>>>> 7a50edc (Tips of buttons name their keys; a key stands once on the page of keys; an entry is copied by its texts):controls/grid_size_actions.h
 
 }  // namespace kelvane::controls

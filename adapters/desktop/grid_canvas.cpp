@@ -80,6 +80,7 @@ bool GridCanvas::HasKeyboard() const {
 void GridCanvas::OnLeftDown(wxMouseEvent& event) {
     const wxPoint point = event.GetPosition();
     const GridMetrics metrics = Metrics();
+    EndDrag();
     mHost.OperatorFocused(mGrid);
     if (metrics.CurrentButton().Contains(point)) {
         mPressButton();
@@ -118,11 +119,11 @@ void GridCanvas::ClickCell(GridMetrics::Cell cell, bool extend) {
     if (mDragging) mDragTimer.Start(kFollowMilliseconds);
 }
 
-// The toolkit holds the last move back until another one comes; and leaving the row may have asked
-// something, so that the button was let go elsewhere.
+// The toolkit holds the last move back until another one comes. The button's release may still be
+// on its way, and says where the drag ends.
 void GridCanvas::FollowDrag() {
     if (!wxGetMouseState().LeftIsDown()) {
-        EndDrag();
+        mDragTimer.Stop();
     } else {
         HoldMouse(*this);
         DragTo(ScreenToClient(wxGetMousePosition()));
@@ -223,6 +224,8 @@ void GridCanvas::OnMotion(wxMouseEvent& event) {
         ResizeTo(event.GetX());
         return;
     }
+    // Leaving the row may have asked something, and the button was let go there.
+    if (mDragging && !event.LeftIsDown()) EndDrag();
     if (mDragging) return;
     const GridMetrics metrics = Metrics();
     const bool edge = metrics.ColumnEdgeAt(event.GetPosition()) >= 0;

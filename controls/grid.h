@@ -416,6 +416,7 @@ private:
     void BeginSelection(int row, int col);
     void MoveCorner(int row, int col);
     void CountSelected(int from, int to, bool come);
+    void CountAllBut(const GridRange& range);
     int RowBeside(int row, int rows) const;
     int ColBeside(int col, int step) const;
     bool MoveBy(int rows, int step);

@@ -43,11 +43,15 @@ public:
     }
 };
 
-// Keys that stand there already mean the same again.
+// Keys stand once, with all that they do.
 void AppendLine(std::vector<KeyLine>& lines, const KeyLine& more) {
-    const bool known = std::any_of(lines.begin(), lines.end(),
-                                   [&](const KeyLine& line) { return line.keys == more.keys; });
-    if (!known) lines.push_back(more);
+    const auto known = std::find_if(lines.begin(), lines.end(),
+                                    [&](const KeyLine& line) { return line.keys == more.keys; });
+    if (known == lines.end()) {
+        lines.push_back(more);
+    } else if (known->does.find(more.does) == std::string::npos) {
+        known->does += "；" + more.does;
+    }
 }
 
 void Append(std::vector<KeyLine>& lines, const std::vector<KeyLine>& more) {
@@ -82,6 +86,7 @@ std::vector<KeyLine> KeyLinesOf(const Form& form) {
     Append(lines, form.OwnKeys());
     Append(lines, found.buttons);
     Append(lines, found.grid);
+    if (!form.MenuActions().empty()) AppendLine(lines, {"Shift+F10、Menu", "打开菜单"});
     Append(lines, {{"F1", "帮助"}, {"Alt+F4", "关闭窗口"}});
     return lines;
 }

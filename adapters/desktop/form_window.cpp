@@ -111,7 +111,7 @@ View* FormWindow::FindView(const controls::Control* control) const {
 }
 
 void FormWindow::OperatorFocused(controls::Control& control) {
-    if (mForm.ActiveControl() == &control || !control.TakesFocus()) return;
+    if (mForm.ActiveControl() == &control || !control.TakesFocus() || !control.Visible()) return;
     // FocusMoved is for a focus that code moves, not for one that the operator moves.
     auto told = std::exchange(mForm.FocusMoved, nullptr);
     mForm.SetFocus(control);

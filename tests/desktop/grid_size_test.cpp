@@ -1,6 +1,8 @@
 // Column widths and the size at which the grid is shown, by real keys and a real mouse.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "controls/grid_size_actions.h"
 #include "tests/desktop/list_places.h"
 #include "tests/desktop/person.h"
@@ -54,7 +56,10 @@ TEST(DesktopGridSize, TheMenusFitIsTheMousesFit) {
         person.Click(kTitle, kColumnMiddles[9] - 100, RowY(2));
         person.See("cell", [&] { return form.grid.Row() == 2 && form.grid.Col() == 9; });
         person.Look([&] {
-            form.Run(form.Actions().front());
+            const auto& actions = form.Actions();
+            form.Run(*std::find_if(actions.begin(), actions.end(), [](const auto& action) {
+                return action.caption == "适合内容的列宽";
+            }));
             return true;
         });
         person.See("wider", [&] { return form.grid.ColumnWidth(9) > 1500; });

@@ -148,7 +148,7 @@ TEST_F(ListActionsTest, FindingOnAsksFirstWhatToFind) {
     EXPECT_TRUE(Press(U'G'));
     EXPECT_EQ(List().Row(), 2);
     EXPECT_EQ(Form().Hint(), "只有这一行符合条件。");
-    Go(2, kCenterColumn);
+    Go(2, kDigestColumn);
     EXPECT_EQ(Form().Hint(), "");
     Form().FindItemCode = "P99";
     EXPECT_TRUE(Press(U'G', kCtrl | kShift));

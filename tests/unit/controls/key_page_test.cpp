@@ -81,8 +81,11 @@ TEST(KeyLines, StandInTheOrderOfToolbarActionsOwnKeysButtonsAndGrid) {
                     "Up、Down、Left、Right 移到相邻的单元格", "PageUp、PageDown 上翻、下翻一页",
                     "Home、End 到本行第一个、最后一个单元格",
                     "Ctrl+Home、Ctrl+End 到第一行、最后一行", "Tab、Enter 到下一个可录入的单元格",
-                    "Shift+Tab 到上一个可录入的单元格", "F1 帮助", "Alt+F4 关闭窗口"));
+                    "Shift+Tab 到上一个可录入的单元格", "Shift+F10、Menu 打开菜单", "F1 帮助",
+                    "Alt+F4 关闭窗口"));
+    form.AddAction({.stroke = {Key::Escape}, .caption = "恢复", .run = [] {}});
     grid.SetReadOnly(false);
+    EXPECT_THAT(LinesOf(form), Contains("Esc 恢复；放弃正在录入的内容"));
     EXPECT_THAT(LinesOf(form), Contains("Delete 清除单元格的内容"));
     grid.SetTakesFocus(false);
     EXPECT_THAT(LinesOf(form), Not(Contains("Tab、Enter 到下一个可录入的单元格")));

@@ -16,10 +16,6 @@ constexpr int kTitlePoints = 15;
 Surface::Surface(wxWindow& parent, const controls::Form& form) : mForm(form) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE);
-    for (const controls::Control* control : form.Controls()) {
-        const auto* label = dynamic_cast<const controls::Label*>(control);
-        if (label != nullptr) mLabels.push_back(label);
-    }
     mSpoken = std::make_unique<SpokenWindow>(*this, *this);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { Paint(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -39,9 +35,11 @@ wxRect Surface::PlaceOf(int part) {
 
 void Surface::Sync() {
     std::uint64_t revision = 0;
+    mLabels.clear();
     for (const controls::Control* control : mForm.Controls()) {
-        if (dynamic_cast<const controls::Label*>(control) != nullptr ||
-            dynamic_cast<const controls::Picture*>(control) != nullptr) {
+        const auto* label = dynamic_cast<const controls::Label*>(control);
+        if (label != nullptr) mLabels.push_back(label);
+        if (label != nullptr || dynamic_cast<const controls::Picture*>(control) != nullptr) {
             revision += control->Revision();
         }
     }

@@ -31,6 +31,7 @@ private:
     void PaintLabel(wxDC& dc, const controls::Label& label) const;
 
     const controls::Form& mForm;
+    // Found anew at each look: a label may join a form that is shown.
     std::vector<const controls::Label*> mLabels;
     std::uint64_t mDrawn = 0;
     std::unique_ptr<SpokenWindow> mSpoken;

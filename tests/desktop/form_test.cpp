@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <memory>
 
+#include "controls/label.h"
 #include "tests/desktop/person.h"
+#include "tests/desktop/photo.h"
 #include "tests/desktop/sample_forms.h"
 #include "tests/unit/host/temporary_folder.h"
 
@@ -161,6 +163,28 @@ TEST(DesktopForm, AFieldThatJoinsAShownFormIsTypedInto) {
         });
         person.Keys({"Down"});
         person.See("the grid has the keys", [&] { return form.grid.Row() == 2; });
+    });
+}
+
+TEST(DesktopForm, ALabelThatJoinsAShownFormIsDrawn) {
+    ListForm form;
+    std::unique_ptr<controls::Label> label;
+    ShowTo(form, [&](Person& person) {
+        std::unique_ptr<Photo> before;
+        person.Look([&] {
+            before = std::make_unique<Photo>();
+            label = std::make_unique<controls::Label>(form, "lblLate");
+            label->SetTop(form.strip.Top() + 60);
+            label->SetLeft(120);
+            label->SetWidth(960);
+            label->SetHeight(300);
+            label->SetCaption("查找");
+            return true;
+        });
+        person.See("the label", [&] {
+            const wxRect all(0, 0, before->Width(), before->Height());
+            return Photo().Differences(*before, all) > 0;
+        });
     });
 }
 

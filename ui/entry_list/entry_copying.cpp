@@ -11,14 +11,14 @@ void frmPeriodItem::AddCopyActions() {
                .caption = "重复上一行",
                .inMenu = true,
                .startsGroup = true,
-               .possible = [this] { return GridPeriodItem.CanRepeatAbove(); },
+               .possible = [this] { return IsInList() && GridPeriodItem.CanRepeatAbove(); },
                .run = [this] { RepeatCellAbove(); }});
     AddAction({.stroke = {platform::KeyOfCharacter(U'E'), kCtrl},
                .caption = "复制期初到新行",
                .inMenu = true,
                .possible =
                    [this] {
-                       return !GridPeriodItem.IsEditing() && GridPeriodItem.Row() >= 1 &&
+                       return IsInList() && GridPeriodItem.Row() >= 1 &&
                               Toolbar1.Button("Add")->Enabled();
                    },
                .run = [this] { CopyEntry(); }});

@@ -241,6 +241,7 @@ private:
     RowState StateOf(int row) const;
     void PutBack(int row, const RowState& state);
     void OfferWaysBack();
+    bool IsInList() const;
     bool HasChanges() const;
     std::string RowHint(int row) const;
 

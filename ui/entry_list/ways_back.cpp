@@ -45,10 +45,13 @@ void frmPeriodItem::OfferWaysBack() {
                         .goBack = [this] { GoBackToStored(GridPeriodItem.Row()); }});
 }
 
+bool frmPeriodItem::IsInList() const {
+    return ActiveControl() == &GridPeriodItem && !GridPeriodItem.IsEditing();
+}
+
 bool frmPeriodItem::HasChanges() const {
     const int row = GridPeriodItem.Row();
-    return row >= GridPeriodItem.FixedRows() && !GridPeriodItem.IsEditing() &&
-           mHistory.HasSteps(HistoryKey(row));
+    return IsInList() && row >= GridPeriodItem.FixedRows() && mHistory.HasSteps(HistoryKey(row));
 }
 
 void frmPeriodItem::UndoChange() {

@@ -133,7 +133,6 @@ public:
 
     // What the lower line says (entry_hints.cpp).
     std::string Hint() const override;
-    std::string WhatToPress(int row, int col) const;
     std::string Figures() const override;
 
     // Commands (commands.cpp).
@@ -241,9 +240,13 @@ private:
     RowState StateOf(int row) const;
     void PutBack(int row, const RowState& state);
     void OfferWaysBack();
+    // Whether keys that change the row mean the list, with no cell open, and not another field.
     bool IsInList() const;
     bool HasChanges() const;
+    // What the lower line says of the row's refusal and ways out, and of a cell whose keys are
+    // silent.
     std::string RowHint(int row) const;
+    std::string WhatToPress(int row, int col) const;
 
     // Writes the row; false after a message.
     bool WriteRow(int row, const platform::StatementText& detailSql);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/key_lines.h"
+#include "controls/place.h"
 #include "controls/text_width.h"
 
 namespace kelvane::controls {
@@ -50,14 +51,9 @@ KeyPage::KeyPage(const Form& window)
 
 void KeyPage::Form_Resize() {
     const int buttonTop = ScaleHeight() - kMargin - kButtonHeight;
-    GridKeys.SetLeft(kMargin);
-    GridKeys.SetTop(kMargin);
-    GridKeys.SetWidth(std::max(0, ScaleWidth() - 2 * kMargin));
-    GridKeys.SetHeight(std::max(0, buttonTop - 2 * kMargin));
-    cmdClose.SetLeft(std::max(0, ScaleWidth() - kMargin - kButtonWidth));
-    cmdClose.SetTop(std::max(0, buttonTop));
-    cmdClose.SetWidth(kButtonWidth);
-    cmdClose.SetHeight(kButtonHeight);
+    PlaceControl(GridKeys, kMargin, kMargin, ScaleWidth() - 2 * kMargin, buttonTop - 2 * kMargin);
+    PlaceControl(cmdClose, std::max(0, ScaleWidth() - kMargin - kButtonWidth),
+                 std::max(0, buttonTop), kButtonWidth, kButtonHeight);
 }
 
 // The page needs no page of its own. Enter closes it, as there is nothing to type into.

@@ -8,12 +8,12 @@
 #include "adapters/reference/column_fit.h"
 #include "controls/grid_actions.h"
 #include "controls/grid_size_actions.h"
+#include "controls/place.h"
 #include "platform/blanks.h"
 
 namespace kelvane::reference {
 
 using controls::Alignment;
-using controls::Control;
 using platform::Key;
 
 namespace {
@@ -48,13 +48,6 @@ bool MovesInRows(Key key, int shift) {
     return std::any_of(kMovingKeys.begin(), kMovingKeys.end(), [&](const Shortcut& each) {
         return each.key == key && each.shift == shift;
     });
-}
-
-void Place(Control& control, int left, int top, int width, int height) {
-    control.SetLeft(left);
-    control.SetTop(top);
-    control.SetWidth(std::max(0, width));
-    control.SetHeight(std::max(0, height));
 }
 
 }  // namespace
@@ -132,13 +125,13 @@ void ReferenceWindow::Form_Load() {
 void ReferenceWindow::Form_Resize() {
     const int right = ScaleWidth() - kMargin;
     const int fieldLeft = kMargin + kLabelWidth;
-    Place(lblSearch, kMargin, kMargin, kLabelWidth, kFieldHeight);
-    Place(txtSearch, fieldLeft, kMargin, right - fieldLeft, kFieldHeight);
+    PlaceControl(lblSearch, kMargin, kMargin, kLabelWidth, kFieldHeight);
+    PlaceControl(txtSearch, fieldLeft, kMargin, right - fieldLeft, kFieldHeight);
     const int buttonTop = ScaleHeight() - kMargin - kButtonHeight;
-    Place(cmdCancel, right - kButtonWidth, buttonTop, kButtonWidth, kButtonHeight);
-    Place(cmdOK, right - 2 * kButtonWidth - kMargin, buttonTop, kButtonWidth, kButtonHeight);
+    PlaceControl(cmdCancel, right - kButtonWidth, buttonTop, kButtonWidth, kButtonHeight);
+    PlaceControl(cmdOK, right - 2 * kButtonWidth - kMargin, buttonTop, kButtonWidth, kButtonHeight);
     const int gridTop = kFieldHeight + 2 * kMargin;
-    Place(GridReference, kMargin, gridTop, right - kMargin, buttonTop - kMargin - gridTop);
+    PlaceControl(GridReference, kMargin, gridTop, right - kMargin, buttonTop - kMargin - gridTop);
     GridReference.ShowCurrent();
 }
 

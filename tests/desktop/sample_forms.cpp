@@ -1,6 +1,7 @@
 #include "tests/desktop/sample_forms.h"
 
 #include "controls/grid_actions.h"
+#include "controls/place.h"
 #include "platform/utf8.h"
 #include "tests/desktop/person.h"
 
@@ -32,13 +33,6 @@ constexpr SampleColumn kColumns[] = {
 
 constexpr int kStripHeight = 525;
 
-void Place(controls::Control& control, int left, int top, int width, int height) {
-    control.SetLeft(left);
-    control.SetTop(top);
-    control.SetWidth(width);
-    control.SetHeight(height);
-}
-
 }  // namespace
 
 ListForm::ListForm(int rows, bool suite) : Form("frmList") {
@@ -49,7 +43,7 @@ ListForm::ListForm(int rows, bool suite) : Form("frmList") {
     strip.SetBackColor(controls::Rgb(255, 255, 255));
     title.SetCaption("项目期初余额");
     title.SetTitle(true);
-    Place(title, 0, 0, 3000, 375);
+    PlaceControl(title, 0, 0, 3000, 375);
     toolbar.SetHeight(630);
     FillToolbar();
     style.SetHeight(720);
@@ -156,12 +150,12 @@ void ListForm::FillGrid(int rows) {
 
 void ListForm::Form_Resize() {
     const int bar = style.Visible() ? style.Height() : toolbar.Height();
-    Place(toolbar, 0, 0, ScaleWidth(), toolbar.Height());
-    Place(style, 0, 0, ScaleWidth(), style.Height());
-    Place(strip, 0, bar, ScaleWidth(), kStripHeight);
+    PlaceControl(toolbar, 0, 0, ScaleWidth(), toolbar.Height());
+    PlaceControl(style, 0, 0, ScaleWidth(), style.Height());
+    PlaceControl(strip, 0, bar, ScaleWidth(), kStripHeight);
     title.SetLeft((ScaleWidth() - title.Width()) / 2);
     title.SetTop(bar + (kStripHeight - title.Height()) / 2);
-    Place(grid, 0, bar + kStripHeight, ScaleWidth(), ScaleHeight() - bar - kStripHeight);
+    PlaceControl(grid, 0, bar + kStripHeight, ScaleWidth(), ScaleHeight() - bar - kStripHeight);
 }
 
 void ListForm::Form_KeyDown(Key& key, int /*shift*/) {
@@ -187,17 +181,17 @@ FieldForm::FieldForm() : Form("frmFields") {
     SetResizable(false);
     SetSize(5000, 2600);
     codeLabel.SetCaption("项目编号：");
-    Place(codeLabel, 200, 200, 1100, 330);
-    Place(code, 1400, 200, 2700, 330);
-    Place(reference, 4130, 200, 330, 330);
+    PlaceControl(codeLabel, 200, 200, 1100, 330);
+    PlaceControl(code, 1400, 200, 2700, 330);
+    PlaceControl(reference, 4130, 200, 330, 330);
     reference.SetPicture(108);
     keyLabel.SetCaption("标段：");
-    Place(keyLabel, 200, 700, 1100, 330);
-    Place(key, 1400, 700, 3060, 330);
-    Place(ok, 1700, 1400, 1300, 400);
+    PlaceControl(keyLabel, 200, 700, 1100, 330);
+    PlaceControl(key, 1400, 700, 3060, 330);
+    PlaceControl(ok, 1700, 1400, 1300, 400);
     ok.SetCaption("确定");
     ok.SetDefault(true);
-    Place(cancel, 3160, 1400, 1300, 400);
+    PlaceControl(cancel, 3160, 1400, 1300, 400);
     cancel.SetCaption("取消");
     cancel.SetCancel(true);
     reference.Click = [this] { events.emplace_back("reference"); };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/place.h"
 #include "platform/text_search.h"
 
 namespace kelvane::ui {
@@ -20,13 +21,6 @@ constexpr int kFieldHeight = 345;
 constexpr int kGap = 45;
 
 constexpr const char* kKeys = "Enter 下一处，Shift+Enter 上一处，Esc 关闭查找。";
-
-void PlaceControl(controls::Control& control, int left, int top, int width, int height) {
-    control.SetLeft(left);
-    control.SetTop(top);
-    control.SetWidth(width);
-    control.SetHeight(height);
-}
 
 }  // namespace
 

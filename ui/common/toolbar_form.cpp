@@ -85,16 +85,12 @@ void NameToolbarKeys(ToolbarForm& form) {
 }
 
 void AddToolbarAction(ToolbarForm& form, const ToolbarEntry& entry, bool startsGroup) {
-    ToolbarStroke stroke = entry.stroke;
-    for (const ToolbarKey& each : kToolbarKeys) {
-        if (stroke.key == Key::None && each.button == entry.key) stroke = each.stroke;
-    }
     controls::Toolbar& toolbar = form.Toolbar1;
     const auto canClick = [&toolbar, key = entry.key] {
         const ToolbarButton* button = toolbar.Button(key);
         return button != nullptr && button->Enabled() && button->Visible();
     };
-    form.AddAction({.stroke = StrokeOf(stroke),
+    form.AddAction({.stroke = toolbar.Button(entry.key)->Stroke(),
                     .takesKey = false,
                     .caption = std::string(entry.caption),
                     .inMenu = entry.inMenu,

@@ -34,7 +34,8 @@ inline platform::KeyStroke StrokeOf(const ToolbarStroke& stroke) {
 }
 
 // Makes an action of the form's button `entry`: a click on it, possible while the button can be
-// clicked. The action names the button's key, which stays with the window's key rules.
+// clicked. The action names the key that the button has by now, which stays with the window's key
+// rules.
 void AddToolbarAction(ToolbarForm& form, const ToolbarEntry& entry, bool startsGroup);
 
 // Adds the buttons and separators of `commands`, each of which has an `entry`, to `toolbar`.

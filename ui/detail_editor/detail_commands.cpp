@@ -59,6 +59,7 @@ std::span<const frmQCEdit::Command> frmQCEdit::Commands() {
 
 void frmQCEdit::AddButtons() {
     AddToolbarButtons(Toolbar1, Commands());
+    NameToolbarKeys(*this);
     AddGridActions(*this, Grid1);
     AddToolbarActions(*this, Commands());
 }

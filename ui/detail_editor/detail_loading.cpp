@@ -72,7 +72,6 @@ frmQCEdit::frmQCEdit()
     SetSize(9900, 6600);
     SetMinSize(7200, 4200);
     AddButtons();
-    NameToolbarKeys(*this);
     Toolbar1.SetHeight(kToolbarHeight);
     CTBCtrl1.SetHeight(kToolbarHeight);
     Picture1.SetHeight(kStripHeight);

@@ -1,8 +1,8 @@
 #include "ui/entry_list/column_values.h"
 
-#include <algorithm>
 #include <unordered_map>
 
+#include "controls/place.h"
 #include "data/login_context.h"
 #include "data/text_conversion.h"
 #include "platform/text_search.h"
@@ -26,13 +26,6 @@ constexpr int kCountWidth = 1000;
 
 constexpr int kValueColumn = 0;
 constexpr int kCountColumn = 1;
-
-void Place(controls::Control& control, int left, int top, int width, int height) {
-    control.SetLeft(left);
-    control.SetTop(top);
-    control.SetWidth(std::max(0, width));
-    control.SetHeight(std::max(0, height));
-}
 
 }  // namespace
 
@@ -105,13 +98,13 @@ void frmColumnValues::Form_Load() {
 void frmColumnValues::Form_Resize() {
     const int right = ScaleWidth() - kMargin;
     const int field = kMargin + kLabelWidth;
-    Place(lblSearch, kMargin, kMargin, kLabelWidth, kFieldHeight);
-    Place(txtSearch, field, kMargin, right - field, kFieldHeight);
+    PlaceControl(lblSearch, kMargin, kMargin, kLabelWidth, kFieldHeight);
+    PlaceControl(txtSearch, field, kMargin, right - field, kFieldHeight);
     const int buttons = ScaleHeight() - kMargin - kButtonHeight;
-    Place(cmdCancel, right - kButtonWidth, buttons, kButtonWidth, kButtonHeight);
-    Place(cmdOK, right - 2 * kButtonWidth - kMargin, buttons, kButtonWidth, kButtonHeight);
+    PlaceControl(cmdCancel, right - kButtonWidth, buttons, kButtonWidth, kButtonHeight);
+    PlaceControl(cmdOK, right - 2 * kButtonWidth - kMargin, buttons, kButtonWidth, kButtonHeight);
     const int top = kFieldHeight + 2 * kMargin;
-    Place(GridValues, kMargin, top, right - kMargin, buttons - kMargin - top);
+    PlaceControl(GridValues, kMargin, top, right - kMargin, buttons - kMargin - top);
     GridValues.SetColumnWidth(kValueColumn, GridValues.ViewWidth() - kCountWidth);
     GridValues.SetColumnWidth(kCountColumn, kCountWidth);
     GridValues.ShowCurrent();

@@ -1,5 +1,6 @@
 #include "ui/find/find_dialog.h"
 
+#include "controls/place.h"
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/reference_queries.h"
@@ -24,13 +25,6 @@ constexpr int kFieldLeft = 1560;
 constexpr int kFieldWidth = 3060;
 constexpr int kFieldHeight = 345;
 
-void Place(controls::Control& control, int left, int top, int width, int height) {
-    control.SetLeft(left);
-    control.SetTop(top);
-    control.SetWidth(width);
-    control.SetHeight(height);
-}
-
 }  // namespace
 
 frmFind& GetFindForm() {
@@ -53,16 +47,16 @@ frmFind::frmFind()
     SetCaption("定位");
     SetResizable(false);
     SetSize(kWidth, kHeight);
-    Place(FrameBack, 120, 120, 5040, kFrameRoom);
-    Place(Label1, kLabelLeft, 330, 1260, 270);
-    Place(TxtCode, kFieldLeft, 285, kFieldWidth, kFieldHeight);
-    Place(ComdRef, kFieldLeft + kFieldWidth + 45, 285, 345, kFieldHeight);
-    Place(Label2, kLabelLeft, 825, 1260, 270);
-    Place(ComKey1, kFieldLeft, 780, kFieldWidth, kFieldHeight);
-    Place(Label3, kLabelLeft, 1320, 1260, 270);
-    Place(ComKey2, kFieldLeft, 1275, kFieldWidth, kFieldHeight);
-    Place(CmdOK, 2640, kButtonTop, 1170, 420);
-    Place(CmdCancel, 3960, kButtonTop, 1170, 420);
+    PlaceControl(FrameBack, 120, 120, 5040, kFrameRoom);
+    PlaceControl(Label1, kLabelLeft, 330, 1260, 270);
+    PlaceControl(TxtCode, kFieldLeft, 285, kFieldWidth, kFieldHeight);
+    PlaceControl(ComdRef, kFieldLeft + kFieldWidth + 45, 285, 345, kFieldHeight);
+    PlaceControl(Label2, kLabelLeft, 825, 1260, 270);
+    PlaceControl(ComKey1, kFieldLeft, 780, kFieldWidth, kFieldHeight);
+    PlaceControl(Label3, kLabelLeft, 1320, 1260, 270);
+    PlaceControl(ComKey2, kFieldLeft, 1275, kFieldWidth, kFieldHeight);
+    PlaceControl(CmdOK, 2640, kButtonTop, 1170, 420);
+    PlaceControl(CmdCancel, 3960, kButtonTop, 1170, 420);
     Label1.SetCaption("项目编号");
     ComdRef.SetSpokenName("参照");
     CmdOK.SetCaption("确定");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "controls/place.h"
 namespace kelvane::output {
 
 using controls::ComboBox;
@@ -50,13 +51,6 @@ void Choose(ComboBox& box, const std::string& text) {
 bool IsItem(const ComboBox& box) {
     const auto& items = box.Items();
     return std::find(items.begin(), items.end(), box.Text()) != items.end();
-}
-
-void PlaceControl(Control& control, int left, int top, int width, int height) {
-    control.SetLeft(left);
-    control.SetTop(top);
-    control.SetWidth(width);
-    control.SetHeight(height);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Reads XML documents with the system's library: the one reader for whatever XML comes from
-// outside. What it takes is small and plain, so that no file, whoever wrote it, costs time or room.
+// outside, but for workbooks, whose XML is too long to be kept (adapters/tables/xml_stream.h). What
+// it takes is small and plain, so that no file, whoever wrote it, costs time or room.
 #pragma once
 
 #include <cstddef>

@@ -21,6 +21,8 @@ constexpr int kPrice = static_cast<int>(LineColumn::Price);
 constexpr int kQuantity = static_cast<int>(LineColumn::Quantity);
 constexpr int kLineAmount = static_cast<int>(LineColumn::Amount);
 constexpr int kWholeEntry = 0;
+// Whichever a table's cell stands in.
+constexpr int kAnyColumn = 0;
 
 constexpr std::string_view kBeyondBudget = "金额超出项目预算中的项目期初发生额";
 
@@ -79,6 +81,24 @@ constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules
     {Rule::LineBudgetAmount, "line.budget.amount", kLineAmount, kBeyondBudget, kModuleCaption},
     {Rule::LineBudgetQuantity, "line.budget.quantity", kQuantity,
      "数量超出项目预算中的项目期初数量", kModuleCaption},
+    {Rule::CellCodeNumber, "cell.code.number", kAnyColumn,
+     "编码应为文本，此处是数字 {}，可能缺少前面的 0", kPromptCaption},
+    {Rule::CellCodeProposed, "cell.code.number", kAnyColumn,
+     "编码应为文本，此处是数字，可能是编码 {}", kPromptCaption},
+    {Rule::CellCodeSpoiled, "cell.code.number", kAnyColumn,
+     "编码 {} 已被电子表格改写，原来的编码无法得知", kPromptCaption},
+    {Rule::CellFormula, "cell.formula", kAnyColumn, "公式没有保存计算结果，须重新计算后保存",
+     kPromptCaption},
+    {Rule::CellError, "cell.error", kAnyColumn, "单元格是错误值 {}", kPromptCaption},
+    {Rule::CellDate, "cell.date", kAnyColumn, "{} 不是日期", kPromptCaption},
+    {Rule::CellMerged, "cell.merged", kAnyColumn, "合并的单元格不能导入，须先取消合并",
+     kPromptCaption},
+    {Rule::FileNoTitles, "file.column", kAnyColumn, "前 20 行中没有标题行（须有{}）",
+     kPromptCaption},
+    {Rule::FileColumnMissing, "file.column", kAnyColumn, "缺少列“{}”", kPromptCaption},
+    {Rule::FileColumnTwice, "file.column", kAnyColumn, "列“{}”不止一个", kPromptCaption},
+    {Rule::FileHidden, "file.hidden", kAnyColumn,
+     "有 {} 个隐藏行，须指明略过（--hidden skip）还是读入（--hidden take）", kPromptCaption},
 }};
 
 constexpr bool InOrder() {

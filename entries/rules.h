@@ -50,6 +50,17 @@ enum class Rule {
     LineNumber,
     LineBudgetAmount,
     LineBudgetQuantity,
+    CellCodeNumber,
+    CellCodeProposed,
+    CellCodeSpoiled,
+    CellFormula,
+    CellError,
+    CellDate,
+    CellMerged,
+    FileNoTitles,
+    FileColumnMissing,
+    FileColumnTwice,
+    FileHidden,
     Count,
 };
 

@@ -14,6 +14,7 @@ ALLOWED = {
     "controls": ["platform"],
     "data": ["platform"],
     "entries": ["platform", "data"],
+    "entries/bulk": ["platform", "data", "entries"],
     "ui/common": ["platform", "controls", "data", "entries"],
     "ui/find": ["platform", "controls", "data", "entries", "ui/common"],
     "ui/detail_editor": ["platform", "controls", "data", "entries", "ui/common"],

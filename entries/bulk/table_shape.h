@@ -1,0 +1,71 @@
+// What columns a table of entries or of detail lines has, and by what titles they are known.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entries/entry.h"
+#include "entries/rules.h"
+
+namespace kelvane::entries {
+
+// Behind an entry's own columns (EntryColumn).
+enum EntryTableColumn {
+    kRowNumberColumn = kEntryColumnCount,  // what its lines refer to it by
+    kOperationColumn,
+    kIdentityColumn,
+    kCheckColumn,
+    kEntryTableColumnCount,
+};
+
+enum LineTableColumn {
+    kLineRowNumberColumn = 1,
+    kLineCodeColumn,
+    kLineNameColumn,
+    kLineModelColumn,
+    kLineUnitColumn,
+    kLinePriceColumn,
+    kLineQuantityColumn,
+    kLineAmountColumn,
+    kLineTableColumnCount,
+};
+
+// How the cells of a column are to be understood.
+enum class CellUse { Text, Code, Label, Date, Number };
+
+struct TableColumn {
+    int column = 0;
+    CellUse use = CellUse::Text;
+    bool needed = false;
+    std::vector<std::string> titles;  // any of them; the first is what the column is called
+};
+
+struct TableShape {
+    std::string sheet;  // as the sheet is called unless another one is named
+    std::vector<TableColumn> columns;
+    std::map<std::string, std::size_t> byTitle;  // plain titles
+    int columnCount = 0;                         // beyond the greatest column
+    // The row that has both of these is the titles' row.
+    int firstMark = 0;
+    int secondMark = 0;
+    Rule noNumber = Rule::AmountNumber;  // what a number is refused by that is none
+};
+
+// `itemName`: what the windows call the item's name; `keywords`: the names of the item class's
+// keyword fields, at most two; `withLines`: whether a table of lines refers to the entries.
+TableShape EntryTableShape(std::string_view itemName, std::span<const std::string> keywords,
+                           bool withLines);
+TableShape LineTableShape();
+
+// A title without blanks and line breaks, wide characters in their plain form: so titles are
+// compared.
+std::string PlainTitle(std::string_view title);
+
+// The column of that title; null when the table has none.
+const TableColumn* FindColumn(const TableShape& shape, std::string_view title);
+
+}  // namespace kelvane::entries

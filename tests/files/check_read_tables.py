@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Reads tables that programs of others wrote, and files that were made to do harm.
 
-  check_read_tables.py TABLE_TOOL PROGRAM
+  check_read_tables.py TABLE_TOOL PROGRAM FUZZ_TARGET
 
 Workbooks of openpyxl, of LibreOffice and of the program itself, texts in both encodings, the older
 format. What is harmful has to be refused without taking the memory that it asks for.
@@ -24,6 +24,7 @@ import openpyxl
 
 TOOL = ""
 PROGRAM = ""
+FUZZ_TARGET = ""
 MOST_MEMORY = 200 * 1024  # in KiB
 KINDS = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
 MAIN = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
@@ -187,7 +188,7 @@ class ForeignTables(unittest.TestCase):
         lines = self.read(path)
         self.assertEqual(lines[1:], [f"{at} A:t {row}|B:t x" for at, row in enumerate(rows, 1)])
 
-    def test_the_program_itself(self):
+    def test_the_program_itself_and_damaged_files(self):
         account = self.folder / "a.kelvane"
         environment = dict(os.environ, HOME=str(self.folder), XDG_DATA_HOME=str(self.folder),
                            XDG_CONFIG_HOME=str(self.folder))
@@ -197,11 +198,17 @@ class ForeignTables(unittest.TestCase):
                         ["export", account, "--to", self.folder / "own.csv"]):
             subprocess.run([PROGRAM, *command], check=True, capture_output=True, env=environment,
                            timeout=300)
-        for name in ("own.xlsx", "own.csv"):
-            lines = self.read(self.folder / name)
+        own = [self.folder / "own.xlsx", self.folder / "own.csv"]
+        for path in own:
+            lines = self.read(path)
             self.assertEqual(len(lines), 52)
             shown.append([line.split("|")[1:3] for line in lines[1:]])
         self.assertEqual(shown[0], shown[1])
+        # Damaged in many ways, they are read or refused.
+        seeds = [*own, self.book, self.convert(self.book, "xlsx")]
+        tried = subprocess.run([FUZZ_TARGET, "200", *seeds], check=True, capture_output=True,
+                               encoding="utf-8", timeout=300).stdout
+        self.assertEqual(tried, f"tried {201 * len(seeds)}\n")
 
     def assert_refused(self, path, reason):
         outcome = Outcome("--count", path)
@@ -254,6 +261,6 @@ class ForeignTables(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    TOOL, PROGRAM = sys.argv[1:3]
-    del sys.argv[1:3]
+    TOOL, PROGRAM, FUZZ_TARGET = sys.argv[1:4]
+    del sys.argv[1:4]
     unittest.main()

@@ -1,0 +1,63 @@
+// Gives a fuzz target what is in files, and the same with changes that are the same in every run:
+//
+//   PROGRAM CHANGES FILE...     CHANGES: how many changed copies of each file
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <random>
+#include <string>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
+
+namespace {
+
+void Try(const std::string& content) {
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(content.data()), content.size());
+}
+
+// Bytes are made others, taken out and repeated elsewhere.
+void Change(std::string& content, std::mt19937& random) {
+    constexpr std::size_t kMostChanges = 8;
+    constexpr std::size_t kLongest = 64;
+    const auto below = [&random](std::size_t most) { return random() % most; };
+    for (std::size_t count = 1 + below(kMostChanges); count > 0 && !content.empty(); --count) {
+        const std::size_t at = below(content.size());
+        switch (below(3)) {
+            case 0:
+                content[at] = static_cast<char>(random());
+                break;
+            case 1:
+                content.erase(at, below(kLongest));
+                break;
+            default:
+                content.insert(below(content.size()), content.substr(at, below(kLongest)));
+        }
+    }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count < 3) return 2;
+    const long changes = std::stol(arguments[1]);
+    std::mt19937 random(1);
+    for (int at = 2; at < count; ++at) {
+        std::ifstream file(arguments[at], std::ios::binary);
+        const std::string content{std::istreambuf_iterator<char>(file), {}};
+        if (content.empty()) {
+            std::cerr << arguments[at] << ": nothing to read\n";
+            return 1;
+        }
+        Try(content);
+        for (long change = 0; change < changes; ++change) {
+            std::string changed = content;
+            Change(changed, random);
+            Try(changed);
+        }
+    }
+    std::cout << "tried " << (count - 2) * (changes + 1) << "\n";
+    return 0;
+}

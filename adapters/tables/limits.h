@@ -24,6 +24,7 @@ inline constexpr std::size_t kMaxMergedRanges = 100'000;
 
 // Of a workbook's XML.
 inline constexpr std::size_t kMaxXmlEvents = 8'000'000;  // tags, texts between them, comments
+inline constexpr std::size_t kXmlEventCost = 12;  // as many bytes, of what a workbook may cost
 inline constexpr std::size_t kMaxXmlDepth = 64;
 inline constexpr std::size_t kMaxXmlAttributes = 64;  // of one element; as many open namespaces
 inline constexpr std::size_t kMaxXmlTag = 160U

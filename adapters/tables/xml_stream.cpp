@@ -100,6 +100,7 @@ void Stream::Refuse(const std::string& reason) const {
 
 void Stream::CountEvent() {
     if (++mEvents > kMaxXmlEvents) throw Refusal("内容太多：" + mName);
+    mArchive.Spend(mEvents * kXmlEventCost);
 }
 
 // The library compares each attribute of a tag with each other before it hands the tag over.

@@ -110,6 +110,7 @@ void ZipArchive::Open(std::string_view name) {
     Check(unzGetCurrentFileInfo64(mArchive, &info, nullptr, 0, nullptr, 0, nullptr, 0));
     if ((info.flag & 1U) != 0) throw Refusal("已加密，请取消密码后另存");
     if (info.compression_method != 0 && info.compression_method != Z_DEFLATED) RefuseDamaged();
+    mOpen = &found->second;
     mSaid = info.uncompressed_size;
     mRead = 0;
     if (mSaid > kMaxBytes) throw Refusal("展开后太大");
@@ -120,9 +121,15 @@ std::size_t ZipArchive::Read(char* to, std::size_t count) {
     const int read = unzReadCurrentFile(mArchive, to, static_cast<unsigned>(count));
     if (read < 0) RefuseDamaged();
     mRead += static_cast<unsigned>(read);
-    mInflated += static_cast<unsigned>(read);
-    if (mInflated > kMaxBytes) throw Refusal("展开后太大");
+    Spend(mRead);
     return static_cast<std::size_t>(read);
+}
+
+void ZipArchive::Spend(std::uint64_t bytes) {
+    if (bytes <= mOpen->spent) return;
+    mSpent += bytes - mOpen->spent;
+    mOpen->spent = bytes;
+    if (mSpent > kMaxBytes) throw Refusal("展开后太大");
 }
 
 void ZipArchive::Finish() {

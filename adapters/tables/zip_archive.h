@@ -32,6 +32,9 @@ public:
     void Finish();
     // Leaves the part as it is.
     void Close();
+    // To read the part costs as much as so many bytes, which count when they are more than came out
+    // of it. A part that is read again costs no more than before.
+    void Spend(std::uint64_t bytes);
 
 private:
     struct Input;
@@ -39,6 +42,7 @@ private:
     struct Entry {
         std::uint64_t place = 0;
         std::uint64_t number = 0;
+        std::uint64_t spent = 0;
     };
 
     void List();
@@ -49,9 +53,10 @@ private:
     void* mArchive = nullptr;
     std::map<std::string, Entry> mEntries;
     std::string mPart;
+    Entry* mOpen = nullptr;
     std::uint64_t mSaid = 0;
     std::uint64_t mRead = 0;
-    std::uint64_t mInflated = 0;  // of all parts
+    std::uint64_t mSpent = 0;  // of all parts
 };
 
 }  // namespace kelvane::tables

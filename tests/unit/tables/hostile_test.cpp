@@ -97,6 +97,39 @@ TEST(Hostile, WhatComesOutIsCounted) {
     EXPECT_EQ(Refusal(parts), "展开后太大");
 }
 
+// A workbook with a second sheet that is the same.
+std::vector<ZipPart> TwoSheets(const std::string& content) {
+    auto parts = Sound();
+    ZipPart& sheet = PartOf(parts, kSheet);
+    sheet.content = "<worksheet xmlns='urn:x'>" + content + "</worksheet>";
+    sheet.deflated = false;
+    ZipPart second = sheet;
+    second.name = "book/tables/two.xml";
+    parts.push_back(second);
+    std::string& links = PartOf(parts, "book/_rels/main.xml.rels").content;
+    std::string link = links.substr(links.find("<Relationship "));
+    link.erase(link.find("/>") + 2);
+    const std::string first = link;
+    link.replace(link.find("\"s\""), 3, "\"2\"");
+    link.replace(link.find("one"), 3, "two");
+    links.insert(links.find(first), link);
+    std::string& main = PartOf(parts, "book/main.xml").content;
+    main.replace(main.find("<sheets>"), 8, "<sheets><sheet name='2' r:id='2'/>");
+    return parts;
+}
+
+TEST(Hostile, SheetsCountTogetherButOnceEach) {
+    const std::string blanks = "<a/>" + std::string(9'996, ' ');
+    for (const std::string& content : {Repeated(blanks, tables::kMaxBytes / blanks.size() / 8 * 5),
+                                       Repeated("<a/>", tables::kMaxXmlEvents / 8 * 5)}) {
+        const auto reader = tables::OpenTableBytes(MakeZip(TwoSheets(content)), "a");
+        EXPECT_EQ(Shown(*reader, 0), "");
+        EXPECT_EQ(Shown(*reader, 0), "") << "it was counted";
+        EXPECT_THROW(Shown(*reader, 1), platform::TableRefused);
+        EXPECT_EQ(Shown(*reader, 0), "");
+    }
+}
+
 TEST(Hostile, APartOfOneNameTwice) {
     auto parts = Sound();
     parts.push_back({"Book/Main.xml", "x"});

@@ -1,6 +1,7 @@
 #include "data/account_tables.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 
@@ -133,6 +134,16 @@ const AccountTable& AccountTableNamed(std::string_view name) {
     if (found == std::end(kTables))
         throw std::out_of_range("no account table: " + std::string(name));
     return *found;
+}
+
+std::size_t TextLengthOf(std::string_view table, std::string_view column) {
+    constexpr std::string_view kPrefix = "varchar(";
+    for (const AccountColumn& each : AccountTableNamed(table).columns) {
+        if (!platform::EqualIgnoringCase(each.name, column)) continue;
+        if (!each.type.starts_with(kPrefix)) break;
+        return std::stoul(std::string(each.type.substr(kPrefix.size())));
+    }
+    throw std::out_of_range("no text column: " + std::string(column));
 }
 
 }  // namespace kelvane::data

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -32,6 +33,10 @@ std::span<const AccountTable> AccountTables();
 
 // The table of that name, in any letter case. Throws std::out_of_range.
 const AccountTable& AccountTableNamed(std::string_view name);
+
+// How many bytes of the account's code page a text column takes (platform::CodePageLength()).
+// Throws std::out_of_range for a column that is not there or takes no text.
+std::size_t TextLengthOf(std::string_view table, std::string_view column);
 
 inline constexpr std::string_view kItemKeyTable = "fitemss97sub";
 inline constexpr std::string_view kItemKeyType = "varchar(60)";

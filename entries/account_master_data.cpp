@@ -30,6 +30,23 @@ bool AccountMasterData::ItemSettled(const std::string& itemCode, const std::stri
     return IsSettled(SettlementQuery(itemCode, key1, key2));
 }
 
+std::string AccountMasterData::ItemName(const std::string& itemCode) {
+    return NameOfItem(itemCode);
+}
+
+std::vector<ItemKeywords> AccountMasterData::KeywordsOf(const std::string& itemCode,
+                                                        const std::string& centerCode) {
+    StatementText statement("select cKeyWord1,cKeyWord2 from PM_DutycenterSub where cCenterCode=");
+    statement << SqlText(centerCode) << " and cItemCode=" << SqlText(itemCode);
+    const auto rows = gConn->OpenRecordSet(statement);
+    std::vector<ItemKeywords> keywords;
+    for (; !rows->EndOfFile(); rows->MoveNext()) {
+        keywords.push_back(
+            {data::Trim(rows->Field(0).ToText()), data::Trim(rows->Field(1).ToText())});
+    }
+    return keywords;
+}
+
 std::optional<std::int16_t> AccountMasterData::ElementDetail(const std::string& elementName) {
     std::int16_t detail = 0;
     if (!data::GetElementByName(elementName, detail)) return std::nullopt;

@@ -1,6 +1,6 @@
 // AccountMasterData: master data as the account has it at the moment of the question. Centres,
-// items and their settlement are read over gEnv, elements, budgets and what lines are made of over
-// gConn. Errors are thrown unless MasterData says otherwise.
+// items, their names and their settlement are read over gEnv, keywords, elements, budgets and what
+// lines are made of over gConn. Errors are thrown unless MasterData says otherwise.
 #pragma once
 
 #include "entries/master_data.h"
@@ -14,6 +14,9 @@ public:
     bool ItemInCenter(const std::string& itemCode, const std::string& centerCode) override;
     bool ItemSettled(const std::string& itemCode, const std::string& key1,
                      const std::string& key2) override;
+    std::string ItemName(const std::string& itemCode) override;
+    std::vector<ItemKeywords> KeywordsOf(const std::string& itemCode,
+                                         const std::string& centerCode) override;
     std::optional<std::int16_t> ElementDetail(const std::string& elementName) override;
     std::string ElementCode(const std::string& elementName) override;
     platform::DateTime OpeningBound() override;

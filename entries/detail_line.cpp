@@ -1,5 +1,6 @@
 #include "entries/detail_line.h"
 
+#include "data/number_format.h"
 #include "data/text_conversion.h"
 
 namespace kelvane::entries {
@@ -7,6 +8,7 @@ namespace kelvane::entries {
 using data::MoneyOfDisplay;
 using platform::Money;
 using platform::StatementText;
+using platform::Value;
 
 DetailLine LineOf(const LineTexts& texts) {
     return {
@@ -19,6 +21,14 @@ DetailLine LineOf(const LineTexts& texts) {
 
 Money AmountOf(const std::string& price, const std::string& quantity) {
     return MoneyOfDisplay(price) * MoneyOfDisplay(quantity);
+}
+
+std::string LineNumberText(const std::string& typed, std::int16_t kind) {
+    return typed.empty() ? typed : data::NumFormatText(Value("0" + typed), kind, true);
+}
+
+std::string LineAmountText(const std::string& price, const std::string& quantity) {
+    return data::NumFormatText(Value(AmountOf(price, quantity)), data::kMoneyKind, true);
 }
 
 Money TotalOf(std::span<const DetailLine> lines) {

@@ -37,4 +37,13 @@ public:
 std::int32_t TakeNumber(std::string_view name, platform::Connection& connection,
                         std::optional<NumberRange> range = std::nullopt);
 
+// Takes the next `count` numbers, at least one, at once and returns the first of them; they all fit
+// and lie in `range`, or the counter is left alone as TakeNumber() leaves it.
+std::int32_t TakeNumbers(std::string_view name, platform::Connection& connection,
+                         std::int32_t count, std::optional<NumberRange> range = std::nullopt);
+
+// What TakeNumber() would give, unless another operator takes a number first. Nothing is locked or
+// written. Errors are thrown as TakeNumber() throws them.
+std::int32_t NextNumber(std::string_view name, platform::Connection& connection);
+
 }  // namespace kelvane::entries

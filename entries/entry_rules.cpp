@@ -113,10 +113,16 @@ Findings EntryRules::CheckEntry(EntryTexts& entry, std::int16_t& detail) const {
     const bool item = center && accepts(CheckItem(entry));
     const bool element = accepts(CheckElement(entry[kElementColumn], detail));
     accepts(CheckDigest(entry[kDigestColumn]));
-    const bool amount = accepts(CheckAmount(entry[kAmountColumn]));
-    if (item && element && amount) {
-        accepts(CheckBudget({entry.identity, entry[kItemColumn], entry[kElementColumn]},
-                            Money::FromText(entry[kAmountColumn])));
+    if (!accepts(CheckAmount(entry[kAmountColumn]))) return found;
+    try {
+        const Money amount = Money::FromText(entry[kAmountColumn]);
+        if (item && element) {
+            accepts(
+                CheckBudget({entry.identity, entry[kItemColumn], entry[kElementColumn]}, amount));
+        }
+    } catch (const platform::MoneyOverflow&) {
+        // By itself, or together with what the budget has been used for.
+        accepts(Found(Rule::AmountRange));
     }
     return found;
 }

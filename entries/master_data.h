@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "entries/detail_line.h"
 #include "entries/entry.h"
@@ -35,6 +36,14 @@ struct RecordedLines {
 
 enum class LineField { Code, Name };
 
+// What an item's entries of a duty centre are told apart by; empty where there is nothing.
+struct ItemKeywords {
+    std::string key1;
+    std::string key2;
+
+    friend bool operator==(const ItemKeywords&, const ItemKeywords&) = default;
+};
+
 class MasterData {
 public:
     virtual ~MasterData() = default;
@@ -49,6 +58,11 @@ public:
     // Whether the item was closed before project management began; false after an error.
     virtual bool ItemSettled(const std::string& itemCode, const std::string& key1,
                              const std::string& key2) = 0;
+    // The name of an item; empty when there is none, and after an error.
+    virtual std::string ItemName(const std::string& itemCode) = 0;
+    // The keywords under which the duty centre has the item, without the blanks at their ends.
+    virtual std::vector<ItemKeywords> KeywordsOf(const std::string& itemCode,
+                                                 const std::string& centerCode) = 0;
     // The detail kind of the element of that name; none when there is no such element.
     virtual std::optional<std::int16_t> ElementDetail(const std::string& elementName) = 0;
     // The code of the element of that name. Throws platform::DatabaseError when there is none.

@@ -99,6 +99,32 @@ constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules
     {Rule::FileColumnTwice, "file.column", kAnyColumn, "列“{}”不止一个", kPromptCaption},
     {Rule::FileHidden, "file.hidden", kAnyColumn,
      "有 {} 个隐藏行，须指明略过（--hidden skip）还是读入（--hidden take）", kPromptCaption},
+    {Rule::FileAgain, "file.again", kAnyColumn, "{}，确需再次导入须指明 --again", kPromptCaption},
+    {Rule::FileTotalRows, "file.total", kAnyColumn, "控制总数不符：应为 {} 行，文件中是 {} 行", kPromptCaption},
+    {Rule::FileTotalAmount, "file.total", kAmountColumn, "控制总额不符：应为 {}，文件中是 {}", kPromptCaption},
+    {Rule::KeyMismatch, "key.mismatch", kKey1Column, "该责任中心下此项目没有这样的关键字",
+     kPromptCaption},
+    {Rule::ItemName, "item.name", kItemNameColumn, "项目名称与项目编号不符，该编号的项目是“{}”",
+     kPromptCaption},
+    {Rule::AmountRange, "amount.range", kAmountColumn,
+     "金额超出范围（-922,337,203,685,477.58 至 922,337,203,685,477.58）", kPromptCaption},
+    {Rule::AmountLines, "amount.lines", kAmountColumn, "期初与明细不符，明细合计为 {}",
+     kPromptCaption},
+    {Rule::LineAmount, "amount.lines", kLineAmount, "余额与单价、数量不符，应为 {}",
+     kModuleCaption},
+    {Rule::TextQuote, "text.quote", kAnyColumn, "不能含有单引号（'）", kPromptCaption},
+    {Rule::TextLength, "text.length", kAnyColumn, "太长，最多 {} 个字节（一个汉字为两个字节）",
+     kPromptCaption},
+    {Rule::EntryChanged, "entry.changed", kAnyColumn, "该行已被他人修改：文件中是“{}”，帐套中现在是“{}”", kModuleCaption},
+    {Rule::EntryLinesChanged, "entry.changed", kWholeEntry, "该行的明细已被他人修改",
+     kModuleCaption},
+    {Rule::EntryIdentityTwice, "entry.duplicate", kWholeEntry, "编号 {} 不止一次：另见第 {} 行", kPromptCaption},
+    {Rule::EntryRowNumberTwice, "entry.duplicate", kWholeEntry, "行号 {} 不止一次：另见第 {} 行", kPromptCaption},
+    {Rule::EntryOperation, "file.column", kAnyColumn, "“操作”只能是空白或“删除”，此处是“{}”",
+     kPromptCaption},
+    {Rule::EntryDeletion, "entry.gone", kWholeEntry, "没有编号的行不能删除", kPromptCaption},
+    {Rule::LineEntryMissing, "line.entry", kCode, "没有行号为“{}”的期初", kModuleCaption},
+    {Rule::LineEntryPlain, "line.entry", kCode, "要素“{}”没有明细", kModuleCaption},
 }};
 
 constexpr bool InOrder() {
@@ -120,18 +146,24 @@ std::span<const DeclaredRule> DeclaredRules() {
 }
 
 Finding Found(Rule rule) {
-    return Found(rule, {});
+    return Found(rule, {}, {});
 }
 
 Finding Found(Rule rule, std::string_view value) {
+    return Found(rule, value, {});
+}
+
+Finding Found(Rule rule, std::string_view first, std::string_view second) {
     constexpr std::string_view kPlace = "{}";
     const DeclaredRule& declared = Declared(rule);
     std::string text(declared.text);
-    const auto place = text.find(kPlace);
-    if (text.empty()) {
-        text = value;
-    } else if (place != std::string::npos) {
+    if (text.empty()) text = first;
+    std::size_t from = 0;
+    for (const std::string_view value : {first, second}) {
+        const auto place = text.find(kPlace, from);
+        if (place == std::string::npos || declared.text.empty()) break;
         text.replace(place, kPlace.size(), value);
+        from = place + value.size();
     }
     return {.rule = rule,
             .id = declared.id,

@@ -61,6 +61,24 @@ enum class Rule {
     FileColumnMissing,
     FileColumnTwice,
     FileHidden,
+    FileAgain,
+    FileTotalRows,
+    FileTotalAmount,
+    KeyMismatch,
+    ItemName,
+    AmountRange,
+    AmountLines,
+    LineAmount,
+    TextQuote,
+    TextLength,
+    EntryChanged,
+    EntryLinesChanged,
+    EntryIdentityTwice,
+    EntryRowNumberTwice,
+    EntryOperation,
+    EntryDeletion,
+    LineEntryMissing,
+    LineEntryPlain,
     Count,
 };
 
@@ -95,5 +113,7 @@ using Findings = std::vector<Finding>;
 Finding Found(Rule rule);
 // `value` stands in the text's "{}", and alone where the rule has no text of its own.
 Finding Found(Rule rule, std::string_view value);
+// Of two values, "{}" by "{}".
+Finding Found(Rule rule, std::string_view first, std::string_view second);
 
 }  // namespace kelvane::entries

@@ -73,6 +73,12 @@ std::size_t CountCharacters(std::string_view text) {
     return count;
 }
 
+std::size_t CodePageLength(std::string_view text) {
+    std::size_t length = 0;
+    while (!text.empty()) length += TakeCharacter(text).value < 0x80 ? 1 : 2;
+    return length;
+}
+
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {
     std::string_view rest = text;
     for (; count > 0 && !rest.empty(); --count) TakeCharacter(rest);

@@ -46,6 +46,9 @@ void AppendCharacter(std::string& text, char32_t character);
 // Length of `text` in characters.
 std::size_t CountCharacters(std::string_view text);
 
+// Bytes of `text` in the Chinese code page: one for an ASCII character, two for any other.
+std::size_t CodePageLength(std::string_view text);
+
 // The first `count` characters of `text`; the whole text when it has no more.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 

@@ -40,7 +40,7 @@ void frmQCEdit::Grid1_CellValidate(std::string& text, GridAnswer& answer, int ro
             return;
         }
         const std::int16_t kind = col == PriceColumn() ? data::kPriceKind : data::kQuantityKind;
-        if (!text.empty()) text = data::NumFormatText(Value("0" + text), kind, true);
+        text = entries::LineNumberText(text, kind);
         // RecalcAmount() reads the line's cells, so the formatted text must stand there first.
         Grid1.SetText(row, col, text);
         RecalcAmount(row);
@@ -68,8 +68,7 @@ bool frmQCEdit::IsValidAmount(const std::string& text) {
 }
 
 std::string frmQCEdit::AmountText(const std::string& price, int row) const {
-    const Value amount(entries::AmountOf(price, CellText(row, QuantityColumn())));
-    return data::NumFormatText(amount, data::kMoneyKind, true);
+    return entries::LineAmountText(price, CellText(row, QuantityColumn()));
 }
 
 void frmQCEdit::RecalcAmount(int row) {

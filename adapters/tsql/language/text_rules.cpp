@@ -66,12 +66,6 @@ std::size_t Width(char32_t character, bool wide) {
     return character < 0x80 ? 1 : 2;
 }
 
-std::size_t Length(std::string_view text, bool wide) {
-    std::size_t length = 0;
-    while (!text.empty()) length += Width(TakeCharacter(text).value, wide);
-    return length;
-}
-
 // Matches one character against the class whose "[" has been taken; moves `at` behind its "]".
 // A class that is never closed matches nothing.
 bool MatchesClass(char32_t character, const std::u32string& pattern, std::size_t& at) {
@@ -175,12 +169,10 @@ bool MatchesPattern(std::string_view text, std::string_view pattern) {
     return at == wanted.size();
 }
 
-std::size_t CodePageLength(std::string_view text) {
-    return Length(text, false);
-}
-
 std::size_t WideLength(std::string_view text) {
-    return Length(text, true);
+    std::size_t length = 0;
+    while (!text.empty()) length += Width(TakeCharacter(text).value, true);
+    return length;
 }
 
 std::string_view FirstPart(std::string_view text, std::size_t length, bool wide) {

@@ -38,9 +38,6 @@ std::string_view TrimEnd(std::string_view text);
 // ignored, trailing blanks significant on both sides.
 bool MatchesPattern(std::string_view text, std::string_view pattern);
 
-// Bytes of `text` in the Chinese code page: one for an ASCII character, two for any other.
-std::size_t CodePageLength(std::string_view text);
-
 // Length of `text` in UTF-16 units.
 std::size_t WideLength(std::string_view text);
 

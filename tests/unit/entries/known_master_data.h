@@ -33,6 +33,12 @@ public:
                      const std::string& /*key2*/) override {
         return itemCode == "P02" && key1 == "完";
     }
+    std::string ItemName(const std::string& itemCode) override { return "项目" + itemCode; }
+    std::vector<ItemKeywords> KeywordsOf(const std::string& itemCode,
+                                         const std::string& /*centerCode*/) override {
+        if (itemCode == "P02") return {{"", ""}, {"完", ""}};
+        return {{"", ""}, {"一标段", "1"}, {"二标段", "1"}};
+    }
     std::optional<std::int16_t> ElementDetail(const std::string& elementName) override {
         static const std::map<std::string, std::int16_t> kDetails{
             {"人工费", std::int16_t{0}}, {"材料费", std::int16_t{1}}, {"机械费", std::int16_t{2}}};

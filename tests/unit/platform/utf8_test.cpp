@@ -105,6 +105,12 @@ TEST(Utf8, CountsAndCutsByCharacters) {
     EXPECT_EQ(FirstCharacters("\x80\x80项", 2), "\x80\x80");
 }
 
+TEST(Utf8, MeasuresInTheChineseCodePage) {
+    EXPECT_EQ(CodePageLength(""), 0U);
+    EXPECT_EQ(CodePageLength("a中b"), 4U);
+    EXPECT_EQ(CodePageLength("𠀀"), 2U);
+}
+
 TEST(Utf8, TakesTheLastCharacterAway) {
     std::string text = "aé项\U00020000";
     for (const char* rest : {"aé项", "aé", "a", "", ""}) {

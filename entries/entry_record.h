@@ -1,0 +1,34 @@
+// EntryRecord: an entry with its detail lines as the account keeps both; how such records are read,
+// and how two of them are told to be the same.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "entries/detail_line.h"
+#include "entries/entry.h"
+
+namespace kelvane::entries {
+
+struct EntryRecord {
+    Entry entry;  // its element's name is left empty
+    std::string elementCode;
+    std::vector<DetailLine> lines;
+};
+
+using EntryRecords = std::map<std::int32_t, EntryRecord>;
+
+// All entries of the account by their identities, over gConn. Errors are thrown.
+EntryRecords ReadEntryRecords();
+
+// The entry of that identity, held until the transaction on gConn ends; none when there is none.
+std::optional<EntryRecord> ReadHeldRecord(std::int32_t identity);
+
+// 16 hexadecimal digits that are the same for records of the same content, whatever the order of
+// their lines. Blanks at the ends of texts do not count; the identity does not belong to it.
+std::string CheckValueOf(const EntryRecord& record);
+
+}  // namespace kelvane::entries

@@ -59,8 +59,8 @@ DetailLine LineOf(const LineTexts& texts);
 // Price by quantity, both read as four-decimal amounts. Throws as MoneyOfDisplay() does.
 platform::Money AmountOf(const std::string& price, const std::string& quantity);
 
-// A price or a quantity (data::kPriceKind, data::kQuantityKind) that passed its check, as the editor
-// shows it; empty text stays empty.
+// A price or a quantity (data::kPriceKind, data::kQuantityKind) that passed its check, as the
+// editor shows it; empty text stays empty.
 std::string LineNumberText(const std::string& typed, std::int16_t kind);
 // Price by quantity as the editor shows it. Throws as AmountOf() does.
 std::string LineAmountText(const std::string& price, const std::string& quantity);

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "data/date_text.h"
 #include "data/login_context.h"
 #include "data/text_conversion.h"
+#include "entries/entry_statements.h"
 #include "platform/statement_text.h"
 
 namespace kelvane::entries {
@@ -81,10 +83,19 @@ std::array<std::string, 4> PartsOf(const DetailLine& line) {
 }  // namespace
 
 EntryRecords ReadEntryRecords() {
+    std::map<std::string, std::string> names;
+    const auto elements =
+        gConn->OpenRecordSet(StatementText("select cElementCode,cElementName from PM_ItemElement"));
+    for (; !elements->EndOfFile(); elements->MoveNext()) {
+        names.emplace(elements->Field(0).ToText(), elements->Field(1).ToText());
+    }
     EntryRecords records;
     const auto entries = gConn->OpenRecordSet(StatementText("select * from PM_ItemQC"));
     for (; !entries->EndOfFile(); entries->MoveNext()) {
-        records.emplace(IdentityIn(*entries), RecordIn(*entries));
+        EntryRecord record = RecordIn(*entries);
+        const auto name = names.find(record.elementCode);
+        if (name != names.end()) record.entry.elementName = name->second;
+        records.emplace(record.entry.identity, std::move(record));
     }
     const auto lines = gConn->OpenRecordSet(StatementText("select * from PM_ItemQCsub"));
     for (; !lines->EndOfFile(); lines->MoveNext()) {
@@ -95,8 +106,7 @@ EntryRecords ReadEntryRecords() {
 }
 
 std::optional<EntryRecord> ReadHeldRecord(std::int32_t identity) {
-    StatementText entryQuery("select * from PM_ItemQC with (HOLDLOCK) where iEleVid=");
-    const auto entry = gConn->OpenRecordSet(entryQuery.Number(identity));
+    const auto entry = OpenHeldEntry(identity);
     if (entry->EndOfFile()) return std::nullopt;
     EntryRecord record = RecordIn(*entry);
     StatementText lineQuery("select * from PM_ItemQCsub where iEleVid=");

@@ -14,7 +14,7 @@
 namespace kelvane::entries {
 
 struct EntryRecord {
-    Entry entry;  // its element's name is left empty
+    Entry entry;
     std::string elementCode;
     std::vector<DetailLine> lines;
 };
@@ -24,7 +24,8 @@ using EntryRecords = std::map<std::int32_t, EntryRecord>;
 // All entries of the account by their identities, over gConn. Errors are thrown.
 EntryRecords ReadEntryRecords();
 
-// The entry of that identity, held until the transaction on gConn ends; none when there is none.
+// The entry of that identity, without its element's name, held until the transaction on gConn ends;
+// none when there is none.
 std::optional<EntryRecord> ReadHeldRecord(std::int32_t identity);
 
 // 16 hexadecimal digits that are the same for records of the same content, whatever the order of

@@ -4,17 +4,15 @@
 
 #include "data/login_context.h"
 #include "entries/announced_queries.h"
+#include "entries/entry_statements.h"
 #include "entries/unreadable_rows.h"
 #include "platform/database.h"
 
 namespace kelvane::entries {
 
 using data::gConn;
-using platform::CursorLocation;
-using platform::LockType;
 using platform::StatementText;
 using platform::Transaction;
-using platform::Value;
 
 namespace {
 
@@ -22,23 +20,6 @@ std::string ElementCodeOf(const std::string& elementName) {
     StatementText statement("select cElementCode from PM_ItemElement where cElementName = '");
     statement.Inside(elementName) << "'";
     return data::gEnv->DataAccess().Query(statement)->Field(0).ToText();
-}
-
-StatementText InsertionOf(const Entry& entry, const std::string& elementCode) {
-    StatementText insert(
-        "insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,cElementCode,"
-        "cDigest,mQC,iEleVid) values ");
-    insert << "( '";
-    insert.Inside(entry.date.DateText('-'));
-    for (const std::string* text : {&entry.centerCode, &entry.itemCode, &entry.key1, &entry.key2,
-                                    &elementCode, &entry.digest}) {
-        insert << "','";
-        insert.Inside(*text);
-    }
-    insert << "',";
-    insert.Amount(entry.amount) << ",";
-    insert.Number(entry.identity) << ") ";
-    return insert;
 }
 
 StatementText DetailSum(std::int64_t identity) {
@@ -71,24 +52,14 @@ std::unique_ptr<platform::RecordSet> SumOf(platform::HostDataAccess& access,
 
 std::optional<Finding> EntryStore::Update(const Entry& entry, const StatementText& detailScript) {
     Transaction transaction(*gConn);
-    StatementText statement("select * from PM_ItemQC with (HOLDLOCK) where iEleVid=");
-    const auto stored =
-        gConn->OpenRecordSet(statement.Number(entry.identity),
-                             {.location = CursorLocation::Client, .lock = LockType::Optimistic});
+    const auto stored = OpenHeldEntry(entry.identity);
     if (stored->EndOfFile()) {
         transaction.RollBack();
         if (mInDoubt.count(entry.identity) == 0) return Found(Rule::EntryGone);
         Insert(entry, detailScript);
         return std::nullopt;
     }
-    stored->SetField("dDate", Value(entry.date));
-    stored->SetField("cCenterCode", Value(entry.centerCode));
-    stored->SetField("citemcode", Value(entry.itemCode));
-    stored->SetField("cKeyCode1", Value(entry.key1));
-    stored->SetField("cKeyCode2", Value(entry.key2));
-    stored->SetField("cElementCode", Value(ElementCodeOf(entry.elementName)));
-    stored->SetField("cDigest", Value(entry.digest));
-    stored->SetField("mQC", Value(entry.amount));
+    SetFields(*stored, entry, ElementCodeOf(entry.elementName));
     stored->Update();
     if (!detailScript.IsEmpty()) gConn->Execute(detailScript.WithEntry(entry.identity));
     stored->Close();
@@ -113,17 +84,14 @@ void EntryStore::Insert(const Entry& entry, const StatementText& detailScript) {
 }
 
 void EntryStore::Delete(std::int32_t identity) {
-    StatementText deleteEntry("delete from pm_itemQC where iEleVid=");
-    StatementText deleteLines("delete from pm_itemQCSub where iEleVid=");
     Transaction transaction(*gConn);
-    gConn->Execute(deleteEntry.Number(identity));
-    gConn->Execute(deleteLines.Number(identity));
+    gConn->Execute(DeletionOf(identity));
+    gConn->Execute(LinesDeletionOf(identity));
     transaction.Commit();
 }
 
 void EntryStore::DeleteLines(std::int32_t identity) {
-    StatementText statement("delete from pm_itemQCSub where iEleVid=");
-    gConn->Execute(statement.Number(identity));
+    gConn->Execute(LinesDeletionOf(identity));
 }
 
 void EntryStore::ReSum(platform::HostDataAccess& access) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "entries/entry.h"
 #include "entries/entry_counter.h"
@@ -17,7 +18,8 @@
 
 namespace kelvane::entries {
 
-// Identities are 16-bit numbers.
+// The counter of their identities, which are 16-bit numbers.
+inline constexpr std::string_view kEntryCounter = "NumMax_EleQc";
 inline constexpr NumberRange kIdentities{std::numeric_limits<std::int16_t>::min(),
                                          std::numeric_limits<std::int16_t>::max()};
 

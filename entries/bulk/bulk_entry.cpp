@@ -78,8 +78,9 @@ std::map<std::string, std::size_t> ByRowNumber(BulkEntries& joined) {
         for (std::size_t i = 0; at.size() > 1 && i < at.size(); ++i) {
             const int row = joined.entries[at[i]].row;
             const int other = joined.entries[at[i == 0 ? 1 : 0]].row;
-            joined.findings.push_back({BulkTableKind::Entries, row, kRowNumberColumn,
-                                       Found(Rule::EntryRowNumberTwice, number, std::to_string(other))});
+            joined.findings.push_back(
+                {BulkTableKind::Entries, row, kRowNumberColumn,
+                 Found(Rule::EntryRowNumberTwice, number, std::to_string(other))});
         }
     }
     return first;
@@ -89,6 +90,7 @@ std::map<std::string, std::size_t> ByRowNumber(BulkEntries& joined) {
 
 BulkEntries JoinTables(const BulkTable& entries, const BulkTable* lines) {
     BulkEntries joined;
+    joined.isRefused = !entries.findings.empty() || (lines != nullptr && !lines->findings.empty());
     const auto refusedEntries = RefusedCells(entries);
     for (const BulkRow& row : entries.rows) {
         joined.entries.push_back(EntryIn(row));

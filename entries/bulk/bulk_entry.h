@@ -60,6 +60,8 @@ struct BulkEntries {
     // Lines of an entry that is not there.
     std::vector<BulkLine> strayLines;
     std::vector<BulkFinding> findings;
+    // The tables have findings of their own.
+    bool isRefused = false;
 };
 
 // Brings lines to the entries whose row number they have. Finds row numbers that stand twice and

@@ -13,12 +13,6 @@ namespace kelvane::ui {
 using data::gConn;
 using platform::StatementText;
 
-namespace {
-
-constexpr const char* kCounterName = "NumMax_EleQc";
-
-}  // namespace
-
 bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
     try {
         try {
@@ -51,7 +45,7 @@ bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
         RefuseRow(row, RefusalText(*gone));
         return false;
     }
-    entry.identity = NextSettingNumber(kCounterName, *gConn, entries::kIdentities);
+    entry.identity = NextSettingNumber(entries::kEntryCounter, *gConn, entries::kIdentities);
     if (entry.identity == kNoNumber) return false;
     try {
         mStore.Insert(entry, detailSql);

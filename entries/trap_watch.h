@@ -1,0 +1,44 @@
+// TrapWatch: while one exists, errors of the account that a routine traps and answers "no" to are
+// kept. Where nobody reads a notice line such an answer would pass for a finding.
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <string_view>
+#include <utility>
+
+#include "data/login_context.h"
+#include "platform/database.h"
+
+namespace kelvane::entries {
+
+class TrapWatch {
+public:
+    TrapWatch()
+        : mFormer(std::exchange(data::gTrapListener, [this](std::string_view) { Keep(); })) {}
+    ~TrapWatch() { data::gTrapListener = std::move(mFormer); }
+    TrapWatch(const TrapWatch&) = delete;
+    TrapWatch& operator=(const TrapWatch&) = delete;
+
+    // Throws the first error of the database that was trapped so far.
+    void Rethrow() const {
+        if (mTrapped) std::rethrow_exception(mTrapped);
+    }
+
+private:
+    void Keep() {
+        if (mTrapped || !std::current_exception()) return;
+        try {
+            throw;
+        } catch (const platform::DatabaseError&) {
+            mTrapped = std::current_exception();
+        } catch (...) {
+            // What the windows, too, pass over.
+        }
+    }
+
+    std::function<void(std::string_view)> mFormer;
+    std::exception_ptr mTrapped;
+};
+
+}  // namespace kelvane::entries

@@ -11,11 +11,4 @@ void MakePrivateFile(const std::filesystem::path& path) {
     if (file >= 0) close(file);
 }
 
-void MakePrivateFolder(const std::filesystem::path& path) {
-    std::error_code unknown;
-    if (path.empty() || std::filesystem::exists(path, unknown)) return;
-    MakePrivateFolder(path.parent_path());
-    mkdir(path.c_str(), S_IRWXU);
-}
-
 }  // namespace kelvane::host

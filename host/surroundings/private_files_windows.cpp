@@ -6,9 +6,4 @@ namespace kelvane::host {
 
 void MakePrivateFile(const std::filesystem::path& /*path*/) {}
 
-void MakePrivateFolder(const std::filesystem::path& path) {
-    std::error_code refused;
-    std::filesystem::create_directories(path, refused);
-}
-
 }  // namespace kelvane::host

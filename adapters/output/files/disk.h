@@ -2,6 +2,7 @@
 // tried.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -25,10 +26,20 @@ public:
     // owner's alone to read and write when that is missing.
     virtual void CopyRights(int file, const std::string& model);
     virtual void Sync(int file);
+    // Opens a file that is there, to go on writing it, locked as by Create(). Refused as busy while
+    // somebody is writing it.
+    virtual int Reopen(const std::string& path);
+    // Leaves the first `length` bytes of the file; what is written next stands behind them.
+    virtual void CutOff(int file, std::uintmax_t length);
     virtual void Close(int file);
     virtual void Rename(const std::string& from, const std::string& to);
+    // Makes a folder for its owner alone, with those above it, unless it is there. That outlasts a
+    // crash, too.
+    virtual void MakeFolder(const std::string& folder);
     // What has happened in the folder outlasts a crash.
     virtual void SyncFolder(const std::string& folder);
+    // Whether somebody has the file open that Create() or Reopen() gave him; throws nothing.
+    virtual bool IsBeingWritten(const std::string& path);
 };
 
 // The system's own.

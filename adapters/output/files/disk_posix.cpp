@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <system_error>
 
 namespace kelvane::output {
@@ -72,12 +73,41 @@ void Disk::Sync(int file) {
     Need(fsync(file) == 0);
 }
 
+int Disk::Reopen(const std::string& path) {
+    const int file = open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    Need(file >= 0);
+    struct stat found {};
+    const bool busy = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const bool gone = !busy && fstat(file, &found) == 0 && found.st_nlink == 0;
+    if (!busy && !gone) return file;
+    close(file);
+    errno = busy ? EBUSY : ENOENT;
+    Fail();
+}
+
+void Disk::CutOff(int file, std::uintmax_t length) {
+    const auto end = static_cast<off_t>(length);
+    Need(ftruncate(file, end) == 0);
+    Need(lseek(file, end, SEEK_SET) == end);
+}
+
 void Disk::Close(int file) {
     Need(close(file) == 0);
 }
 
 void Disk::Rename(const std::string& from, const std::string& to) {
     Need(std::rename(from.c_str(), to.c_str()) == 0);
+}
+
+void Disk::MakeFolder(const std::string& folder) {
+    const std::filesystem::path path(folder);
+    if (path.empty() || std::filesystem::is_directory(path)) return;
+    MakeFolder(path.parent_path().string());
+    if (!path.has_filename()) return;  // "a/" is made as "a"
+    // Another program may have made it meanwhile.
+    Need(mkdir(path.c_str(), S_IRWXU) == 0 ||
+         (errno == EEXIST && std::filesystem::is_directory(path)));
+    SyncFolder(path.has_parent_path() ? path.parent_path().string() : ".");
 }
 
 void Disk::SyncFolder(const std::string& folder) {
@@ -88,6 +118,14 @@ void Disk::SyncFolder(const std::string& folder) {
     close(opened);
     errno = error;
     Need(synced);
+}
+
+bool Disk::IsBeingWritten(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool locked = flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    close(file);
+    return locked;
 }
 
 Disk& SystemDisk() {

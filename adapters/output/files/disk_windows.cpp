@@ -62,6 +62,15 @@ HANDLE HandleOf(int file) {
     return reinterpret_cast<HANDLE>(_get_osfhandle(file));
 }
 
+// What was opened, as the C library knows it.
+int DescriptorOf(HANDLE handle) {
+    Need(handle != INVALID_HANDLE_VALUE);
+    const int file = _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_BINARY);
+    if (file < 0) CloseHandle(handle);
+    NeedNoError(file >= 0);
+    return file;
+}
+
 }  // namespace
 
 void Disk::CheckWritable(const std::string& path) {
@@ -71,13 +80,8 @@ void Disk::CheckWritable(const std::string& path) {
 
 int Disk::Create(const std::string& path) {
     constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    HANDLE handle = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_NEW,
-                                FILE_ATTRIBUTE_NORMAL, nullptr);
-    Need(handle != INVALID_HANDLE_VALUE);
-    const int file = _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_BINARY);
-    if (file < 0) CloseHandle(handle);
-    NeedNoError(file >= 0);
-    return file;
+    return DescriptorOf(CreateFileW(Wide(path).c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 void Disk::RemoveLeftBehind(const std::string& path) {
@@ -106,6 +110,20 @@ void Disk::Sync(int file) {
     Need(FlushFileBuffers(HandleOf(file)) != 0);
 }
 
+int Disk::Reopen(const std::string& path) {
+    // Refused while another one may write it, and refuses others that want to.
+    return DescriptorOf(CreateFileW(Wide(path).c_str(), GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+}
+
+void Disk::CutOff(int file, std::uintmax_t length) {
+    LARGE_INTEGER end{};
+    end.QuadPart = static_cast<LONGLONG>(length);
+    Need(SetFilePointerEx(HandleOf(file), end, nullptr, FILE_BEGIN) != 0);
+    Need(SetEndOfFile(HandleOf(file)) != 0);
+}
+
 void Disk::Close(int file) {
     NeedNoError(_close(file) == 0);
 }
@@ -115,8 +133,25 @@ void Disk::Rename(const std::string& from, const std::string& to) {
                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0);
 }
 
-// Renaming waits until it has reached the disk.
+// A person's folders are closed to others, and what is made in them inherits that.
+void Disk::MakeFolder(const std::string& folder) {
+    const std::filesystem::path path = platform::PathOf(folder);
+    if (!path.empty() && !std::filesystem::is_directory(path)) {
+        std::filesystem::create_directories(path);
+    }
+}
+
+// Renaming waits until it has reached the disk, and syncing a file takes its name along.
 void Disk::SyncFolder(const std::string& /*folder*/) {}
+
+bool Disk::IsBeingWritten(const std::string& path) {
+    HANDLE handle =
+        CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_SHARING_VIOLATION;
+    CloseHandle(handle);
+    return false;
+}
 
 Disk& SystemDisk() {
     static Disk disk;

@@ -10,7 +10,18 @@ namespace kelvane::output_test {
 
 class FailingDisk : public output::Disk {
 public:
-    enum class Call { CheckWritable, Create, Write, CopyRights, Sync, Rename };
+    enum class Call {
+        CheckWritable,
+        Create,
+        Write,
+        CopyRights,
+        Sync,
+        Reopen,
+        CutOff,
+        Rename,
+        MakeFolder,
+        SyncFolder
+    };
 
     // The call succeeds so many times before it fails.
     explicit FailingDisk(Call failing, int before = 0) : mFailing(failing), mBefore(before) {}
@@ -35,9 +46,25 @@ public:
         Pass(Call::Sync);
         Disk::Sync(file);
     }
+    int Reopen(const std::string& path) override {
+        Pass(Call::Reopen);
+        return Disk::Reopen(path);
+    }
+    void CutOff(int file, std::uintmax_t length) override {
+        Pass(Call::CutOff);
+        Disk::CutOff(file, length);
+    }
     void Rename(const std::string& from, const std::string& to) override {
         Pass(Call::Rename);
         Disk::Rename(from, to);
+    }
+    void MakeFolder(const std::string& folder) override {
+        Pass(Call::MakeFolder);
+        Disk::MakeFolder(folder);
+    }
+    void SyncFolder(const std::string& folder) override {
+        Pass(Call::SyncFolder);
+        Disk::SyncFolder(folder);
     }
 
 private:

@@ -53,8 +53,9 @@ struct Batch {
     std::size_t created = 0;
     std::size_t changed = 0;
     std::size_t deleted = 0;
-    // The intent is whole. Without it Begin() never returned, so that nothing was written for it.
-    bool begun = false;
+    // The intent was cut off while it was being written: Begin() never returned, so that nothing
+    // was done. It has its problem, too, unless it is still being written.
+    bool neverBegun = false;
     // A program is at it: between its Begin() and its End().
     bool running = false;
     // Nothing: unfinished.

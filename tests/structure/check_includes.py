@@ -41,6 +41,7 @@ ALLOWED = {
                               "adapters/output/layout"],
     "adapters/output": ["platform", "controls", "adapters/output/*"],
     "adapters/tables": ["platform"],
+    "adapters/journal": ["platform", "adapters/output/files"],
     "adapters/desktop": ["platform", "controls", "adapters/drive"],
     "adapters/com": ["platform"],
     # Nothing outside includes the host.
@@ -68,6 +69,9 @@ PRODUCTS = {
     "libxml/": ["adapters/output", "adapters/tables"],
     "minizip/": ["adapters/output", "adapters/tables"],
     "xlsxwriter": ["adapters/output"],
+    "nlohmann/": ["adapters/journal", "host/commands"],
+    "glib.h": ["adapters/journal"],
+    "bcrypt.h": ["adapters/journal"],
     "ole": ["adapters/com"],
     "dispex.h": ["adapters/com"],
 }

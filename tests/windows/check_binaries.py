@@ -25,7 +25,7 @@ EXPORTS = ["DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterSer
 
 # Part of every Windows that the component is for.
 SYSTEM = {
-    "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll",
+    "advapi32.dll", "bcrypt.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll",
     "msvcrt.dll", "odbc32.dll", "ole32.dll", "oleacc.dll", "oleaut32.dll", "rpcrt4.dll",
     "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "version.dll", "winmm.dll",
     "winspool.drv",
@@ -33,7 +33,7 @@ SYSTEM = {
 
 # What is linked into them, or compiled in, by the names of the notices.
 LINKED = ["wxWidgets", "nanosvg", "libxml2", "libxlsxwriter", "minizip", "zlib", "SQLite", "CLI11",
-          "libstdc++ and libgcc", "mingw-w64", "winpthreads", "Unicode"]
+          "JSON for Modern C++", "libstdc++ and libgcc", "mingw-w64", "winpthreads", "Unicode"]
 
 BINARIES = ("Kelvane.dll", "kelvane.exe", "samples/host.exe")
 # Bits of a binary's header, and what the guards say before they end the process.

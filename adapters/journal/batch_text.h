@@ -1,0 +1,27 @@
+// What a batch's lines say, as JSON: the intent's head, its changes one by one, how many they were,
+// and the outcome. A text that is no UTF-8 is kept byte by byte, as {"hex": "c3"}.
+#pragma once
+
+#include <cstddef>
+
+#include "adapters/journal/line_chain.h"
+#include "platform/batch_journal.h"
+
+namespace kelvane::journal {
+
+// All of `intent` but its changes.
+Json HeadLine(const platform::BatchIntent& intent);
+Json ChangeLine(const platform::BatchChange& change);
+// Behind the changes: how many there are. Without it the intent is not whole.
+Json ChangesEndLine(std::size_t changes);
+Json OutcomeLine(platform::BatchOutcome outcome);
+
+// The same read from lines. They throw nlohmann::json::exception when a line says something else,
+// `HeadOf` throws Fault when a later version wrote it.
+platform::BatchIntent HeadOf(const Json& line);
+bool IsChange(const Json& line);
+platform::BatchChange ChangeOf(const Json& line);
+std::size_t ChangesIn(const Json& line);
+platform::BatchOutcome OutcomeOf(const Json& line);
+
+}  // namespace kelvane::journal

@@ -1,0 +1,50 @@
+// LineChain: the lines of a batch's file, one JSON object each, of which every one says which line
+// of which batch it is, behind which line it stands, and its own checksum. So a line that is
+// damaged, missing, in another place or from elsewhere is found.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+namespace kelvane::journal {
+
+using Json = nlohmann::ordered_json;
+
+// What is wrong with a file, in Chinese.
+struct Fault {
+    std::string text;
+};
+
+// No line is longer, so that a damaged file cannot fill the memory.
+inline constexpr std::size_t kMaxLineLength = std::size_t{64} << 20U;
+
+class LineChain {
+public:
+    explicit LineChain(int batch) : mBatch(batch) {}
+
+    // Which line comes next, from 1.
+    int NextLine() const { return mLine; }
+
+    // The next line, with the members of `content`; ends in a line break. Throws Fault when it is
+    // too long.
+    std::string Seal(const Json& content);
+
+    // Reads the next line, which comes without its line break. Throws Fault when it is another one
+    // or damaged.
+    Json Open(std::string_view line);
+
+    // Whether `text` ends in a checksum as a whole line does.
+    static bool EndsLine(std::string_view text);
+
+    [[noreturn]] void Fail(const std::string& what) const;
+
+private:
+    void Advance(std::string_view checksum);
+
+    int mBatch;
+    int mLine = 1;
+    std::string mPrevious = "00000000";
+};
+
+}  // namespace kelvane::journal

@@ -7,6 +7,7 @@
 
 #include "adapters/tables/limits.h"
 #include "adapters/tables/refusal.h"
+#include "platform/formula_guard.h"
 
 namespace kelvane::tables {
 
@@ -79,6 +80,7 @@ void CsvParser::Finish() {
 void CsvParser::EndField() {
     ++mFields;
     if (mFields > kMaxColumn) Refuse(mRow.number, "列太多");
+    if (platform::IsGuarded(mField)) mField.erase(0, 1);
     if (!mField.empty()) mRow.cells.push_back({mFields, CellKind::Text, mField, {}});
     mField.clear();
     mState = State::FieldBegin;

@@ -1,33 +1,20 @@
 // The grid as a spreadsheet: dates as dates, amounts as numbers with the money format, the header
 // row frozen, widths from the grid.
-#include <xlsxwriter.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <filesystem>
 #include <map>
 #include <string>
-#include <system_error>
 
 #include "adapters/output/formats/table_export.h"
-#include "adapters/output/formats/xlsx_check.h"
+#include "adapters/output/formats/xlsx_book.h"
 #include "adapters/output/layout/number_text.h"
-#include "platform/native_path.h"
-#include "platform/utf8.h"
 
 namespace kelvane::output {
 
 using platform::ColumnAlignment;
 
 namespace {
-
-constexpr std::size_t kMaxRows = LXW_ROW_MAX - 1;
-// Longer lists are written row by row and not kept in memory.
-constexpr std::size_t kLongList = 5'000;
-// A spreadsheet's numbers have no more exact digits; a longer amount stays a text.
-constexpr int kExactDigits = 15;
-constexpr int kFirstYear = 1900;
 
 constexpr std::array kAlignments{LXW_ALIGN_LEFT, LXW_ALIGN_CENTER, LXW_ALIGN_RIGHT};
 
@@ -47,41 +34,23 @@ double WidthOfTwips(int twips) {
     return std::clamp((twips / kTwipsPerPixel - 5) / 7, 0.5, kMaxWidth);
 }
 
-// What a sheet may be called.
-std::string SheetName(std::string_view title) {
-    std::string name(platform::FirstCharacters(title, LXW_SHEETNAME_MAX));
-    for (char& c : name) {
-        if (std::string_view("[]:*?/\\'").find(c) != std::string_view::npos) c = ' ';
-    }
-    return name.empty() ? "Sheet1" : name;
-}
-
 class XlsxFile {
 public:
     XlsxFile(const Export& data, SafeFile& file);
-    ~XlsxFile() {
-        if (mBook != nullptr) lxw_workbook_free(mBook);
-    }
-    XlsxFile(const XlsxFile&) = delete;
-    XlsxFile& operator=(const XlsxFile&) = delete;
 
     void Write();
 
 private:
-    void Check(lxw_error error) const {
-        if (error != LXW_NO_ERROR) mFile.Fail(lxw_strerror(error));
-    }
+    void Check(lxw_error error) const { mBook.Check(error); }
     void WriteHeader();
     void WriteRow(lxw_row_t row, const std::vector<std::string_view>& cells);
     void WriteCell(lxw_row_t row, std::size_t place, std::string_view cell);
     void SetUpPrinting();
     lxw_format* AlignedFormat(ColumnAlignment alignment);
     lxw_format* NumberFormat(int decimals);
-    lxw_format* NewFormat();
 
     const Export& mData;
-    SafeFile& mFile;
-    lxw_workbook* mBook = nullptr;
+    XlsxBook mBook;
     lxw_worksheet* mSheet = nullptr;
     lxw_format* mDateFormat = nullptr;
     std::map<ColumnAlignment, lxw_format*> mAligned;
@@ -89,40 +58,17 @@ private:
     std::string mText;
 };
 
-// Where the library keeps what it has not packed yet, in files that nobody else sees. Killed
-// between making one and hiding it, the program would leave it there: not among the operator's
-// files.
-std::string ScratchFolder() {
-    std::error_code none;
-    const std::filesystem::path folder = std::filesystem::temp_directory_path(none);
-    return none ? std::string() : platform::Utf8Of(folder);
-}
-
-XlsxFile::XlsxFile(const Export& data, SafeFile& file) : mData(data), mFile(file) {
-    std::string folder = ScratchFolder();
-    lxw_workbook_options options{};
-    options.constant_memory = data.Rows() > kLongList ? LXW_TRUE : LXW_FALSE;
-    options.tmpdir = folder.empty() ? nullptr : folder.data();
-    mBook = workbook_new_opt(file.Draft().c_str(), &options);
-    if (mBook == nullptr) file.Fail("the spreadsheet cannot be begun");
-    mSheet = workbook_add_worksheet(mBook, SheetName(data.title).c_str());
-    if (mSheet == nullptr) mSheet = workbook_add_worksheet(mBook, nullptr);
-    if (mSheet == nullptr) file.Fail("the spreadsheet cannot be begun");
-    mDateFormat = NewFormat();
+XlsxFile::XlsxFile(const Export& data, SafeFile& file) : mData(data), mBook(file, data.Rows()) {
+    mSheet = mBook.AddSheet(data.title);
+    mDateFormat = mBook.NewFormat();
     format_set_num_format(mDateFormat, "yyyy-mm-dd");
     format_set_align(mDateFormat, LXW_ALIGN_LEFT);
-}
-
-lxw_format* XlsxFile::NewFormat() {
-    lxw_format* format = workbook_add_format(mBook);
-    if (format == nullptr) mFile.Fail("out of memory");
-    return format;
 }
 
 lxw_format* XlsxFile::AlignedFormat(ColumnAlignment alignment) {
     lxw_format*& format = mAligned[alignment];
     if (format == nullptr) {
-        format = NewFormat();
+        format = mBook.NewFormat();
         format_set_align(format, kAlignments[static_cast<std::size_t>(alignment)]);
     }
     return format;
@@ -131,7 +77,7 @@ lxw_format* XlsxFile::AlignedFormat(ColumnAlignment alignment) {
 lxw_format* XlsxFile::NumberFormat(int decimals) {
     lxw_format*& format = mNumbers[decimals];
     if (format == nullptr) {
-        format = NewFormat();
+        format = mBook.NewFormat();
         const std::string fraction(static_cast<std::size_t>(decimals), '0');
         format_set_num_format(format, ("#,##0" + (decimals > 0 ? "." + fraction : "")).c_str());
     }
@@ -150,11 +96,7 @@ void XlsxFile::SetUpPrinting() {
 }
 
 void XlsxFile::WriteHeader() {
-    lxw_format* header = NewFormat();
-    format_set_bold(header);
-    format_set_align(header, LXW_ALIGN_CENTER);
-    format_set_bg_color(header, 0xEDEDED);
-    format_set_border(header, LXW_BORDER_THIN);
+    lxw_format* header = mBook.HeaderFormat();
     for (std::size_t place = 0; place < mData.shown.size(); ++place) {
         const platform::ColumnText& column = mData.Column(place);
         const auto col = static_cast<lxw_col_t>(place);
@@ -189,7 +131,6 @@ void XlsxFile::WriteCell(lxw_row_t row, std::size_t place, std::string_view cell
 }
 
 void XlsxFile::Write() {
-    if (mData.Rows() > kMaxRows) mFile.Fail("a spreadsheet has no room for so many rows");
     WriteHeader();
     SetUpPrinting();
     WorkMeter meter = mData.Meter(mData.Rows());
@@ -201,10 +142,7 @@ void XlsxFile::Write() {
         }
         meter.Step();
     }
-    lxw_workbook* book = mBook;
-    mBook = nullptr;
-    Check(workbook_close(book));
-    CheckXlsx(mFile);
+    mBook.Close();
 }
 
 }  // namespace

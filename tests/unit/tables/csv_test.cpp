@@ -36,6 +36,11 @@ TEST(Csv, TheLastRowNeedsNoLineBreak) {
     EXPECT_EQ(ShownBytes("\n\r\n"), "");
 }
 
+TEST(Csv, TheApostropheThatKeptAFormulaATextIsTakenAway) {
+    EXPECT_EQ(ShownBytes("'=1,\"'-7\",''+1,'＝1,'=,'a,'\n"),
+              "1 A:t =1|B:t -7|C:t '+1|D:t ＝1|E:t =|F:t 'a|G:t '\n");
+}
+
 TEST(Csv, BlanksStay) {
     EXPECT_EQ(ShownBytes(" a , \n"), "1 A:t  a |B:t  \n");
 }

@@ -134,6 +134,25 @@ void AddExport(CLI::App& program, int& status) {
     });
 }
 
+void AddTemplate(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
+    auto arguments = std::make_shared<TemplateArguments>();
+    auto* command = program.add_subcommand(
+        "template", Translated("Write an empty table of entries, to be filled in"));
+    AddAccount(*command, *account);
+    command
+        ->add_option("--to", arguments->file,
+                     Translated("The file: a workbook (.xlsx) with lists to choose from, or its "
+                                "titles alone (.csv). An existing one is replaced"))
+        ->type_name("FILE")
+        ->required();
+    AddLogin(*command, arguments->login);
+    command->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunTemplate(*arguments);
+    });
+}
+
 int Refuse(const WrongUsage& wrong) {
     const bool isProgram = wrong.command->get_parent() == nullptr;
     const std::string name = isProgram ? kProgram : kProgram + (' ' + wrong.command->get_name());
@@ -158,6 +177,7 @@ int RunCommandLine(int argc, char** argv) {
     AddOpen(program, status);
     AddDrive(program, status);
     AddExport(program, status);
+    AddTemplate(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);
         const WrongUsage wrong = WrongNames(program, arguments);

@@ -31,6 +31,12 @@ struct ExportArguments {
     LoginRequest login;
 };
 
+struct TemplateArguments {
+    AccountPlace account = AccountPlace::File({});
+    std::string file;
+    LoginRequest login;
+};
+
 int RunInit(const AccountPlace& account, const NewAccount& content);
 int RunOpen(const OpenArguments& arguments);
 // Reads the script from standard input and writes the transcript to standard output.
@@ -39,6 +45,9 @@ int RunDrive(const DriveArguments& arguments);
 // Writes the entry list, or an entry's detail lines, to a file by its extension. What the operator
 // would be told goes to standard error.
 int RunExport(const ExportArguments& arguments);
+
+// Writes an empty table to fill in and import, by the file's extension.
+int RunTemplate(const TemplateArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

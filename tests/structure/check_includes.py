@@ -49,7 +49,8 @@ ALLOWED = {
     "host/account": ["*", "host/surroundings"],
     "host/sample": ["*", "host/account"],
     "host/creation": ["*", "host/account", "host/sample", "host/surroundings"],
-    "host/commands": ["*", "host/account", "host/creation", "host/surroundings"],
+    "host/bulk": ["*", "host/account", "host/surroundings"],
+    "host/commands": ["*", "host/account", "host/bulk", "host/creation", "host/surroundings"],
     "host/com_server": ["*", "host/surroundings"],
     "host": ["*", "host/commands"],
 }

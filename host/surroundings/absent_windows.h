@@ -1,4 +1,5 @@
-// The windows outside Show: the component asks for none then, but the service is always there.
+// The windows where none are shown: the component asks for none then, but the service is always
+// there.
 #pragma once
 
 #include <stdexcept>
@@ -20,7 +21,7 @@ public:
     int ScreenHeight() const override { Refuse(); }
 
 private:
-    [[noreturn]] static void Refuse() { throw std::logic_error("there are windows in Show alone"); }
+    [[noreturn]] static void Refuse() { throw std::logic_error("AbsentWindows"); }
 };
 
 }  // namespace kelvane::host

@@ -1,0 +1,116 @@
+#include "host/bulk/bulk_sheets.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "data/login_context.h"
+#include "platform/host.h"
+#include "platform/statement_text.h"
+
+namespace kelvane::host {
+
+using entries::CellUse;
+using entries::TableColumn;
+using entries::TableShape;
+using platform::ColumnUse;
+using platform::TableFileColumn;
+using platform::TableFileSheet;
+
+namespace {
+
+constexpr int kWideColumn = 30;
+constexpr int kUsualColumn = 16;
+constexpr int kNarrowColumn = 12;
+
+int WidthOf(ColumnUse use, const TableColumn& column) {
+    const bool isName = column.use == CellUse::Text && column.titles.front().ends_with("名称");
+    if (isName || column.titles.front() == "摘要") return kWideColumn;
+    return use == ColumnUse::Date ? kNarrowColumn : kUsualColumn;
+}
+
+// A column that an operator has no business with.
+bool IsHidden(const TableShape& shape, int column) {
+    return shape.firstMark == entries::kDateColumn &&
+           (column == entries::kIdentityColumn || column == entries::kCheckColumn);
+}
+
+template <typename Offer>
+TableFileSheet SheetOf(const TableShape& shape, const AccountTitles& titles, int last,
+                       const Offer& offer) {
+    TableFileSheet sheet;
+    sheet.name = shape.sheet;
+    for (const TableColumn& column : WrittenColumns(shape, last)) {
+        const ColumnUse use = UseOf(column);
+        sheet.columns.push_back({.title = TitleOf(column, titles),
+                                 .use = use,
+                                 .width = WidthOf(use, column),
+                                 .hidden = IsHidden(shape, column.column),
+                                 .choices = offer(column.column)});
+    }
+    return sheet;
+}
+
+}  // namespace
+
+AccountTitles TitlesOfAccount() {
+    // What the loading traps would leave titles out.
+    std::string trapped;
+    auto outer =
+        std::exchange(data::gTrapListener, [&trapped](std::string_view place) { trapped = place; });
+    data::LoadItemKeyFields();
+    data::gTrapListener = std::move(outer);
+    if (!trapped.empty()) throw platform::HostError("不能读取项目大类的关键字");
+
+    AccountTitles titles;
+    const int keywords = data::gItemKeyCount;
+    if (keywords == 1 || keywords == 2) titles.keywords.push_back(data::gItemKeyField1);
+    if (keywords == 2) titles.keywords.push_back(data::gItemKeyField2);
+    const auto caption = data::gEnv->DataAccess().Query(platform::StatementText(
+        "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'"));
+    if (!caption->EndOfFile()) titles.itemName = caption->Field(0).ToText();
+    return titles;
+}
+
+std::string TitleOf(const TableColumn& column, const AccountTitles& titles) {
+    const bool named = column.column == entries::kItemNameColumn && column.titles.size() > 1;
+    return named ? titles.itemName : column.titles.front();
+}
+
+ColumnUse UseOf(const TableColumn& column) {
+    switch (column.use) {
+        case CellUse::Code:
+            return ColumnUse::Code;
+        case CellUse::Date:
+            return ColumnUse::Date;
+        case CellUse::Number:
+            // Prices and quantities are shown with the decimals that they have.
+            return column.column == entries::kLinePriceColumn ||
+                           column.column == entries::kLineQuantityColumn
+                       ? ColumnUse::Number
+                       : ColumnUse::Amount;
+        case CellUse::Text:
+        case CellUse::Label:
+            break;
+    }
+    return ColumnUse::Text;
+}
+
+std::vector<TableColumn> WrittenColumns(const TableShape& shape, int last) {
+    std::vector<TableColumn> columns = shape.columns;
+    std::erase_if(columns, [last](const TableColumn& column) { return column.column > last; });
+    std::ranges::sort(columns, {}, &TableColumn::column);
+    return columns;
+}
+
+TableFileSheet EntrySheet(const AccountTitles& titles, const AccountChoices& choices, int last) {
+    return SheetOf(entries::EntryTableShape(titles.itemName, titles.keywords, true), titles, last,
+                   [&](int column) { return ForEntryColumn(choices, column); });
+}
+
+TableFileSheet LineSheet(const AccountChoices& choices) {
+    return SheetOf(entries::LineTableShape(), {}, entries::kLineAmountColumn,
+                   [&](int column) { return ForLineColumn(choices, column); });
+}
+
+}  // namespace kelvane::host

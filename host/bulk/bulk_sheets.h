@@ -1,0 +1,38 @@
+// The sheets of entries and of detail lines as they are written: the window's titles in its order,
+// each column for what is typed into it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "entries/bulk/table_shape.h"
+#include "host/bulk/account_choices.h"
+#include "platform/table_file.h"
+
+namespace kelvane::host {
+
+// What the account itself names: how its windows call an item's name, and the keyword fields of its
+// item class, at most two.
+struct AccountTitles {
+    std::string itemName;
+    std::vector<std::string> keywords;
+};
+
+// Of the account that is logged in to. Over gEnv; throws platform::DatabaseError.
+AccountTitles TitlesOfAccount();
+
+// What a column is called when it is written: as the windows show it.
+std::string TitleOf(const entries::TableColumn& column, const AccountTitles& titles);
+
+platform::ColumnUse UseOf(const entries::TableColumn& column);
+
+// 期初 with its columns up to `last`, an entries::EntryTableColumn; without rows.
+platform::TableFileSheet EntrySheet(const AccountTitles& titles, const AccountChoices& choices,
+                                    int last);
+// 明细; without rows.
+platform::TableFileSheet LineSheet(const AccountChoices& choices);
+
+// The shape's columns up to `last` in the order in which they are written.
+std::vector<entries::TableColumn> WrittenColumns(const entries::TableShape& shape, int last);
+
+}  // namespace kelvane::host

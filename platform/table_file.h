@@ -24,31 +24,26 @@ struct TableFileColumn {
     std::vector<std::string> choices;  // what its list offers; empty: it has none
 };
 
-// A cell is what it is, whatever its column is for. A formula without a result becomes blank, an
-// error its text.
-struct TableFileCell {
-    CellKind kind = CellKind::Blank;
-    std::string text;  // of a number its digits, of a date that stands for no day likewise
-    DateTime date;     // of a date
-};
-
-// Blank when `text` is empty.
-inline TableFileCell TextCell(std::string text) {
+// Cells for a file that is written; each is what it is, whatever its column is for. A text that is
+// empty is blank.
+inline TableCell TextCell(int column, std::string text) {
     const CellKind kind = text.empty() ? CellKind::Blank : CellKind::Text;
-    return {kind, std::move(text), {}};
+    return {column, kind, std::move(text), {}};
 }
-// `digits`: a plain decimal number.
-inline TableFileCell NumberCell(std::string digits) {
-    return {CellKind::Number, std::move(digits), {}};
+// `digits`: a decimal number.
+inline TableCell NumberCell(int column, std::string digits) {
+    return {column, CellKind::Number, std::move(digits), {}};
 }
-inline TableFileCell DateCell(const DateTime& date) {
-    return {CellKind::Date, {}, date};
+inline TableCell DateCell(int column, const DateTime& date) {
+    return {column, CellKind::Date, {}, date};
 }
 
 struct TableFileSheet {
     std::string name;
     std::vector<TableFileColumn> columns;
-    std::vector<std::vector<TableFileCell>> rows;  // cells by column; those that lack are blank
+    // Cells by column, from 1; those that lack are blank. A formula without a result is written as
+    // a blank, an error as its text.
+    std::vector<std::vector<TableCell>> rows;
     bool hidden = false;
     bool frozenTitles = true;  // the titles stay when the rows are moved
 };

@@ -13,7 +13,7 @@ namespace kelvane::output {
 
 using platform::CellKind;
 using platform::ColumnUse;
-using platform::TableFileCell;
+using platform::TableCell;
 
 namespace {
 
@@ -33,7 +33,7 @@ std::string PlainNumber(const std::string& digits) {
     return number ? number->Text() : digits;
 }
 
-void AppendCell(std::string& line, ColumnUse use, const TableFileCell& cell) {
+void AppendCell(std::string& line, ColumnUse use, const TableCell& cell) {
     const platform::DateTime& date = cell.date;
     switch (cell.kind) {
         case CellKind::Blank:
@@ -64,6 +64,12 @@ void AppendCell(std::string& line, ColumnUse use, const TableFileCell& cell) {
 
 }  // namespace
 
+std::size_t PlaceOf(const platform::TableFileSheet& sheet, const TableCell& cell) {
+    const auto place = static_cast<std::size_t>(cell.column - 1);
+    if (place < sheet.columns.size()) return place;
+    throw std::out_of_range("a cell beyond the sheet's columns");
+}
+
 std::optional<TableFormat> TableFormatOf(std::string_view path) {
     const std::string extension =
         platform::LowerAscii(platform::Utf8Of(platform::PathOf(path).extension()));
@@ -82,10 +88,13 @@ void WriteTableText(const platform::TableFileSheet& sheet, SafeFile& file) {
     file.Write(line.append(kCsvLineEnd));
     for (const auto& row : sheet.rows) {
         line.clear();
-        for (std::size_t column = 0; column < sheet.columns.size(); ++column) {
-            if (column > 0) line += ',';
-            if (column < row.size()) AppendCell(line, sheet.columns[column].use, row[column]);
+        std::size_t column = 0;
+        for (const TableCell& cell : row) {
+            const std::size_t place = PlaceOf(sheet, cell);
+            for (; column < place; ++column) line += ',';
+            AppendCell(line, sheet.columns[place].use, cell);
         }
+        for (; column + 1 < sheet.columns.size(); ++column) line += ',';
         file.Write(line.append(kCsvLineEnd));
     }
 }

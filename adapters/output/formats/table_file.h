@@ -21,6 +21,9 @@ std::optional<TableFormat> TableFormatOf(std::string_view path);
 void WriteTableFile(const std::string& path, const platform::TableFile& file,
                     Disk& disk = SystemDisk());
 
+// The place among the sheet's columns, from 0. Throws std::out_of_range.
+std::size_t PlaceOf(const platform::TableFileSheet& sheet, const platform::TableCell& cell);
+
 // The draft of it, without SafeFile::Finish().
 void WriteTableWorkbook(const platform::TableFile& tables, SafeFile& file);
 void WriteTableText(const platform::TableFileSheet& sheet, SafeFile& file);

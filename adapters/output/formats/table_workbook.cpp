@@ -14,8 +14,8 @@ namespace kelvane::output {
 
 using platform::CellKind;
 using platform::ColumnUse;
+using platform::TableCell;
 using platform::TableFile;
-using platform::TableFileCell;
 using platform::TableFileColumn;
 using platform::TableFileSheet;
 
@@ -86,9 +86,9 @@ private:
     void WriteSheet(const TableFileSheet& sheet);
     void SetUpColumn(lxw_worksheet* sheet, lxw_col_t place, const TableFileColumn& column);
     void OfferChoices(lxw_worksheet* sheet, lxw_col_t place, const TableFileColumn& column);
-    void WriteCell(const TableFileColumn& column, const TableFileCell& cell);
+    void WriteCell(const TableFileColumn& column, const TableCell& cell);
     void WriteNumber(const TableFileColumn& column, const std::string& digits, const char* format);
-    void WriteDate(const TableFileColumn& column, const TableFileCell& cell);
+    void WriteDate(const TableFileColumn& column, const TableCell& cell);
     void WriteText(const std::string& text, const char* format);
     void WriteLists();
     lxw_format* Format(const char* format);
@@ -172,7 +172,7 @@ void Workbook::WriteNumber(const TableFileColumn& column, const std::string& dig
                                  format == nullptr ? nullptr : Format(format)));
 }
 
-void Workbook::WriteDate(const TableFileColumn& column, const TableFileCell& cell) {
+void Workbook::WriteDate(const TableFileColumn& column, const TableCell& cell) {
     const platform::DateTime& date = cell.date;
     if (!date.IsValid()) return WriteNumber(column, cell.text, kDateFormat);
     const bool isDay = date == platform::DateTime{date.year, date.month, date.day};
@@ -190,7 +190,7 @@ void Workbook::WriteDate(const TableFileColumn& column, const TableFileCell& cel
                                    Format(isDay ? kDateFormat : kTimeFormat)));
 }
 
-void Workbook::WriteCell(const TableFileColumn& column, const TableFileCell& cell) {
+void Workbook::WriteCell(const TableFileColumn& column, const TableCell& cell) {
     switch (cell.kind) {
         case CellKind::Blank:
         case CellKind::NoResult:
@@ -222,10 +222,10 @@ void Workbook::WriteSheet(const TableFileSheet& sheet) {
     mRow = 0;
     for (const auto& row : sheet.rows) {
         ++mRow;
-        const std::size_t cells = std::min(row.size(), sheet.columns.size());
-        for (std::size_t column = 0; column < cells; ++column) {
+        for (const TableCell& cell : row) {
+            const std::size_t column = PlaceOf(sheet, cell);
             mPlace = static_cast<lxw_col_t>(column);
-            WriteCell(sheet.columns[column], row[column]);
+            WriteCell(sheet.columns[column], cell);
         }
     }
 }

@@ -22,8 +22,8 @@ using platform::ColumnUse;
 using platform::DateCell;
 using platform::DateTime;
 using platform::NumberCell;
+using platform::TableCell;
 using platform::TableFile;
-using platform::TableFileCell;
 using platform::TableFileSheet;
 using platform::TextCell;
 
@@ -57,16 +57,16 @@ std::string Shown(const std::filesystem::path& path) {
 }
 
 // One column of `use` with these cells.
-TableFile Column(ColumnUse use, std::vector<TableFileCell> cells) {
+TableFile Column(ColumnUse use, std::vector<TableCell> cells) {
     TableFileSheet sheet;
     sheet.name = "表";
     sheet.columns.push_back({.title = "列", .use = use, .choices = {}});
-    for (TableFileCell& cell : cells) sheet.rows.push_back({std::move(cell)});
+    for (TableCell& cell : cells) sheet.rows.push_back({std::move(cell)});
     return {{std::move(sheet)}, {}};
 }
 
 // The rows that a file of that column reads as.
-std::string ReadAgain(const std::string& name, ColumnUse use, std::vector<TableFileCell> cells) {
+std::string ReadAgain(const std::string& name, ColumnUse use, std::vector<TableCell> cells) {
     const TemporaryFolder folder;
     WriteTableFile((folder / name).string(), Column(use, std::move(cells)));
     const std::string shown = Shown(folder / name);
@@ -77,15 +77,15 @@ TEST(TableFileWorkbook, CellsAreWhatTheyAreInAnyColumn) {
     for (const ColumnUse use : {ColumnUse::Anything, ColumnUse::Text, ColumnUse::Code,
                                 ColumnUse::Date, ColumnUse::Amount, ColumnUse::Number}) {
         EXPECT_EQ(ReadAgain("a.xlsx", use,
-                            {TextCell("007"),
-                             NumberCell("38169"),
-                             DateCell({2004, 7, 1}),
-                             DateCell({2004, 7, 1, 12, 30, 15}),
-                             TextCell(""),
-                             NumberCell("-0.5"),
-                             {CellKind::Error, "#DIV/0!", {}},
-                             {CellKind::NoResult, "", {}},
-                             {CellKind::Date, "-1", {0, 0, 0}}}),
+                            {TextCell(1, "007"),
+                             NumberCell(1, "38169"),
+                             DateCell(1, {2004, 7, 1}),
+                             DateCell(1, {2004, 7, 1, 12, 30, 15}),
+                             TextCell(1, ""),
+                             NumberCell(1, "-0.5"),
+                             {1, CellKind::Error, "#DIV/0!", {}},
+                             {1, CellKind::NoResult, "", {}},
+                             {1, CellKind::Date, "-1", {0, 0, 0}}}),
                   "2 A:t 007\n3 A:n 38169\n4 A:d 2004-07-01 00:00:00.000\n"
                   "5 A:d 2004-07-01 12:30:15.000\n7 A:n -0.5\n8 A:t #DIV/0!\n10 A:d none\n")
             << static_cast<int>(use);
@@ -98,30 +98,32 @@ TEST(TableFileWorkbook, TextsStayTheTextsThatTheyAre) {
                                    "a\x01"
                                    "b",
                                    "<b>&amp;\"</b>", "1,234.50", "'=1"}) {
-        EXPECT_EQ(ReadAgain("a.xlsx", ColumnUse::Text, {TextCell(text)}), "2 A:t " + text + "\n");
-        EXPECT_EQ(ReadAgain("a.csv", ColumnUse::Text, {TextCell(text)}), "2 A:t " + text + "\n");
+        EXPECT_EQ(ReadAgain("a.xlsx", ColumnUse::Text, {TextCell(1, text)}),
+                  "2 A:t " + text + "\n");
+        EXPECT_EQ(ReadAgain("a.csv", ColumnUse::Text, {TextCell(1, text)}), "2 A:t " + text + "\n");
     }
 }
 
 TEST(TableFileWorkbook, NumbersOfMoreDigitsThanASpreadsheetKeepsAreTexts) {
-    EXPECT_EQ(ReadAgain("a.xlsx", ColumnUse::Amount,
-                        {NumberCell("123456789012345"), NumberCell("900000000000123.4500"),
-                         NumberCell("1E+20"), NumberCell("0.0000000000000012"),
-                         NumberCell("1234567890.12345"), NumberCell("-922337203685477.5808")}),
-              "2 A:n 123456789012345\n3 A:t 900000000000123.4500\n4 A:n 1E+20\n5 A:n 1.2E-15\n"
-              "6 A:n 1234567890.12345\n7 A:t -922337203685477.5808\n");
+    EXPECT_EQ(
+        ReadAgain("a.xlsx", ColumnUse::Amount,
+                  {NumberCell(1, "123456789012345"), NumberCell(1, "900000000000123.4500"),
+                   NumberCell(1, "1E+20"), NumberCell(1, "0.0000000000000012"),
+                   NumberCell(1, "1234567890.12345"), NumberCell(1, "-922337203685477.5808")}),
+        "2 A:n 123456789012345\n3 A:t 900000000000123.4500\n4 A:n 1E+20\n5 A:n 1.2E-15\n"
+        "6 A:n 1234567890.12345\n7 A:t -922337203685477.5808\n");
 }
 
 TEST(TableFileWorkbook, DaysThatASpreadsheetDoesNotHaveAreTexts) {
     EXPECT_EQ(ReadAgain("a.xlsx", ColumnUse::Date,
-                        {DateCell({1899, 12, 31}), DateCell({1900, 2, 28}), DateCell({1900, 3, 1}),
-                         DateCell({9999, 12, 31})}),
+                        {DateCell(1, {1899, 12, 31}), DateCell(1, {1900, 2, 28}),
+                         DateCell(1, {1900, 3, 1}), DateCell(1, {9999, 12, 31})}),
               "2 A:t 1899-12-31\n3 A:d 1900-02-28 00:00:00.000\n4 A:d 1900-03-01 00:00:00.000\n"
               "5 A:d 9999-12-31 00:00:00.000\n");
 }
 
 TEST(TableFileWorkbook, ListsStandInASheetThatIsNotShown) {
-    TableFile file = Column(ColumnUse::Code, {TextCell("02")});
+    TableFile file = Column(ColumnUse::Code, {TextCell(1, "02")});
     file.sheets[0].columns.push_back({.title = "无", .choices = {}});
     file.sheets[0].columns.push_back({.title = "要素", .choices = {"材料", "人工"}});
     file.sheets[0].columns[0].choices = {"01", "02", "03"};
@@ -138,7 +140,7 @@ TEST(TableFileWorkbook, LongTablesAreTheSame) {
     constexpr int kRows = 6'000;
     TableFile file = Column(ColumnUse::Code, {});
     for (int row = 0; row < kRows; ++row) {
-        file.sheets[0].rows.push_back({TextCell("_x0041_\x01" + std::to_string(row))});
+        file.sheets[0].rows.push_back({TextCell(1, "_x0041_\x01" + std::to_string(row))});
     }
     file.sheets[0].columns[0].choices = {"01"};
     const TemporaryFolder folder;
@@ -155,12 +157,12 @@ TEST(TableFileWorkbook, LongTablesAreTheSame) {
 }
 
 TEST(TableFileText, IsCsvThatSpreadsheetsRead) {
-    TableFile file = Column(ColumnUse::Date, {DateCell({2004, 7, 1})});
+    TableFile file = Column(ColumnUse::Date, {DateCell(1, {2004, 7, 1})});
     file.sheets[0].columns.push_back({.title = "金额", .use = ColumnUse::Amount, .choices = {}});
     file.sheets[0].columns.push_back({.title = "摘要", .choices = {}});
-    file.sheets[0].rows[0].push_back(NumberCell("-1.50E2"));
-    file.sheets[0].rows[0].push_back(TextCell("=1\"2"));
-    file.sheets[0].rows.push_back({DateCell({2004, 7, 1, 8}), TextCell("-1,234.50")});
+    file.sheets[0].rows[0].push_back(NumberCell(2, "-1.50E2"));
+    file.sheets[0].rows[0].push_back(TextCell(3, "=1\"2"));
+    file.sheets[0].rows.push_back({DateCell(1, {2004, 7, 1, 8}), TextCell(2, "-1,234.50")});
     const TemporaryFolder folder;
     WriteTableFile((folder / "A.CSV").string(), file);
     EXPECT_EQ(ReadText(folder / "A.CSV"),
@@ -181,7 +183,7 @@ TEST(TableFileText, HasRoomForOneTableAlone) {
 }
 
 std::string FailureOf(const std::string& path, output::Disk& disk = output::SystemDisk()) try {
-    WriteTableFile(path, Column(ColumnUse::Text, {TextCell("a")}), disk);
+    WriteTableFile(path, Column(ColumnUse::Text, {TextCell(1, "a")}), disk);
     return "written";
 } catch (const FileFailure& failure) {
     return failure.what();
@@ -215,7 +217,7 @@ TEST(TableFile, ATextThatNoCellHoldsIsAFailure) {
     const TemporaryFolder folder;
     const std::string path = (folder / "a.xlsx").string();
     EXPECT_THROW(
-        WriteTableFile(path, Column(ColumnUse::Text, {TextCell(std::string(40'000, 'a'))})),
+        WriteTableFile(path, Column(ColumnUse::Text, {TextCell(1, std::string(40'000, 'a'))})),
         FileFailure);
     EXPECT_EQ(folder.FileCount(), 0U);
 }

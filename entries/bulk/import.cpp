@@ -147,7 +147,7 @@ void Importing::CheckFormerImports() {
         });
     };
     for (const Batch& batch : batches) {
-        if (!batch.begun || batch.intent.kind != "import") continue;
+        if (batch.neverBegun || batch.intent.kind != "import") continue;
         if (batch.intent.hash != mRequest.head.hash || isUndone(batch.number)) continue;
         if (OutcomeOf(batch) == BatchOutcome::NotWritten) continue;
         const std::string told = "该文件已于 " + batch.intent.time.FullText().substr(0, 19) +

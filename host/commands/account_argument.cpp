@@ -1,6 +1,9 @@
 #include "host/commands/account_argument.h"
 
+#include <algorithm>
+
 #include "host/commands/argument_values.h"
+#include "host/commands/help_text.h"
 #include "host/surroundings/password.h"
 #include "host/surroundings/translation.h"
 #include "platform/connection_string.h"
@@ -10,6 +13,7 @@ namespace kelvane::host {
 namespace {
 
 constexpr int kMaxTimeout = 3600;
+constexpr const char* kDatabase = "--database";
 
 std::string RefusalOfFile(const std::string& text) {
     if (!platform::HoldsPassword(text)) return {};
@@ -31,7 +35,7 @@ void AddAccount(CLI::App& command, AccountArgument& account) {
         ->check(RefusalOfFile, "", "");
     auto* database =
         place
-            ->add_option("--database", account.database,
+            ->add_option(kDatabase, account.database,
                          Translated("Instead of a file, the database on a server: an ODBC "
                                     "connection string. A password that it lacks is "
                                     "KELVANE_DATABASE_PASSWORD or asked for"))
@@ -51,6 +55,32 @@ void AddAccount(CLI::App& command, AccountArgument& account) {
                ToTranslate("How long to wait for its answer to a statement"));
     addTimeout("--lock-timeout", account.timeouts.lock,
                ToTranslate("How long to wait there for what another operator holds"));
+}
+
+CLI::Option* AddBehindAccount(CLI::App& command, const std::string& name, std::string& value,
+                              const char* description) {
+    const CLI::App* account = GroupsOf(command).front();
+    // An argument that is refused goes to the account.
+    command.validate_positionals();
+    return command.add_option(name, value, description)
+        ->check(
+            [account](const std::string& /*text*/) {
+                return account->count_all() == 0 ? Translated("the account comes first")
+                                                 : std::string();
+            },
+            "", "")
+        ->required();
+}
+
+void PutDatabaseFirst(std::vector<std::string>& arguments) {
+    if (arguments.empty()) return;
+    const auto end = std::ranges::find(arguments, "--");
+    const auto option = std::find_if(arguments.begin(), end, [](const std::string& each) {
+        return each == kDatabase || each.starts_with(std::string(kDatabase) + '=');
+    });
+    if (option == end) return;
+    const auto behind = option + (*option == kDatabase && option + 1 != arguments.end() ? 2 : 1);
+    std::rotate(arguments.begin() + 1, option, behind);
 }
 
 }  // namespace kelvane::host

@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <string>
+#include <vector>
 
 #include "host/account/account_place.h"
 
@@ -19,5 +20,14 @@ struct AccountArgument {
 
 // Gives `command` the arguments that fill `account`, which outlives it.
 void AddAccount(CLI::App& command, AccountArgument& account);
+
+// Gives it one more argument that has to be there, behind the account; the account of `account` was
+// added before.
+CLI::Option* AddBehindAccount(CLI::App& command, const std::string& name, std::string& value,
+                              const char* description);
+
+// `arguments` of a command with its --database in front of all others, so that it is known where
+// the other arguments stand.
+void PutDatabaseFirst(std::vector<std::string>& arguments);
 
 }  // namespace kelvane::host

@@ -1,9 +1,14 @@
 #include "host/commands/argument_values.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 
+#include "adapters/tables/text_decoder.h"
+#include "entries/bulk/cell_text.h"
 #include "host/surroundings/translation.h"
 #include "platform/date_time.h"
+#include "platform/money.h"
 
 namespace kelvane::host {
 
@@ -29,6 +34,40 @@ CLI::Validator DateText() {
                 return platform::DateTime::Parse(text, date)
                            ? std::string()
                            : Told("\"%1\" is no date (yyyy.mm.dd)", {text});
+            },
+            ""};
+}
+
+CLI::Validator AmountValue() {
+    return {[](const std::string& text) {
+                const auto amount = entries::AmountText(text);
+                try {
+                    if (amount) platform::Money::FromText(*amount);
+                } catch (const platform::MoneyOverflow&) {
+                    return Told("\"%1\" is beyond what an amount can be", {text});
+                }
+                return amount ? std::string() : Told("\"%1\" is no amount", {text});
+            },
+            ""};
+}
+
+CLI::Validator EncodingName() {
+    return {[](const std::string& text) {
+                return tables::FindEncoding(text)
+                           ? std::string()
+                           : Told("\"%1\" is no encoding; known are UTF-8 and GB18030", {text});
+            },
+            ""};
+}
+
+CLI::Validator OneOf(std::vector<std::string> choices) {
+    return {[choices = std::move(choices)](const std::string& text) {
+                if (std::ranges::find(choices, text) != choices.end()) return std::string();
+                std::string known;
+                for (const std::string& choice : choices) {
+                    known += (known.empty() ? "" : Translated(", ")) + choice;
+                }
+                return Told("\"%1\" is none of these: %2", {text, known});
             },
             ""};
 }

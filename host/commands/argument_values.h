@@ -3,6 +3,8 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace kelvane::host {
 
@@ -11,5 +13,14 @@ CLI::Validator NumberBetween(std::int64_t low, std::int64_t high);
 
 // A date that platform::DateTime::Parse() reads. For CLI::Option::check().
 CLI::Validator DateText();
+
+// An amount as entries::AmountText() and the account's money take it.
+CLI::Validator AmountValue();
+
+// The name of an encoding that tables::FindEncoding() knows.
+CLI::Validator EncodingName();
+
+// One of `choices`.
+CLI::Validator OneOf(std::vector<std::string> choices);
 
 }  // namespace kelvane::host

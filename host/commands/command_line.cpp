@@ -6,6 +6,8 @@
 #include <iostream>
 #include <limits>
 
+#include "adapters/tables/text_decoder.h"
+#include "entries/bulk/cell_text.h"
 #include "host/account/item_class.h"
 #include "host/commands/account_argument.h"
 #include "host/commands/argument_values.h"
@@ -24,6 +26,15 @@ constexpr const char* kProgram = "kelvane";
 constexpr int kWrongUsage = 2;
 constexpr int kMaxYear = 9999;
 constexpr std::int64_t kMaxEntries = 10000000;
+
+// Where the batches are written down.
+void AddJournal(CLI::App& command, std::string& folder) {
+    command
+        .add_option("--journal", folder,
+                    Translated("The folder of the journal of imports; the account's own if not "
+                               "given"))
+        ->type_name("FOLDER");
+}
 
 // Who logs in where, as far as a command lets the operator say it.
 void AddLogin(CLI::App& command, LoginRequest& login) {
@@ -153,6 +164,83 @@ void AddTemplate(CLI::App& program, int& status) {
     });
 }
 
+// What whoever made the file says of it: a difference stops the import.
+void AddTotals(CLI::App& command, ImportArguments& arguments) {
+    command
+        .add_option("--expect-rows", arguments.expectedRows,
+                    Translated("How many rows the file has; another number stops the import"))
+        ->transform(NumberBetween(0, kMaxEntries))
+        ->type_name("NUMBER");
+    command
+        .add_option_function<std::string>(
+            "--expect-sum",
+            [&arguments](const std::string& text) {
+                arguments.expectedSum = platform::Money::FromText(*entries::AmountText(text));
+            },
+            Translated("What its amounts come to; another sum stops the import"))
+        ->check(AmountValue())
+        ->type_name("AMOUNT");
+}
+
+void AddImport(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
+    auto arguments = std::make_shared<ImportArguments>();
+    auto* command = program.add_subcommand(
+        "import", Translated("Put a table of entries into an account, all of its rows or none"));
+    AddAccount(*command, *account);
+    AddBehindAccount(*command, "FILE", arguments->files.entries,
+                     Translated("The table: a workbook (.xlsx) or a text (.csv)"));
+    command
+        ->add_option("--lines", arguments->files.lines,
+                     Translated("The table of detail lines, when it is a file of its own"))
+        ->type_name("FILE");
+    command
+        ->add_option("--sheet", arguments->files.sheet,
+                     Translated("The workbook's sheet of entries; the usual one if not given"))
+        ->type_name("NAME");
+    command->add_flag("--dry-run", arguments->dryRun,
+                      Translated("Check everything and write nothing"));
+    command
+        ->add_option("--rejects", arguments->rejects,
+                     Translated("Write the refused rows with their reasons to this file "
+                                "(.xlsx, .csv)"))
+        ->type_name("FILE");
+    command
+        ->add_option("--report", arguments->report,
+                     Translated("Write a report to this file (.xlsx, .json)"))
+        ->type_name("FILE");
+    command
+        ->add_option_function<std::string>(
+            "--hidden",
+            [arguments](const std::string& text) {
+                arguments->files.hidden =
+                    text == "skip" ? entries::HiddenRows::Skip : entries::HiddenRows::Take;
+            },
+            Translated("What becomes of rows that the table hides: skip or take"))
+        ->check(OneOf({"skip", "take"}))
+        ->type_name("CHOICE");
+    AddTotals(*command, *arguments);
+    command->add_flag("--again", arguments->again,
+                      Translated("Also when the file was imported before"));
+    command
+        ->add_option_function<std::string>(
+            "--encoding",
+            [arguments](const std::string& name) {
+                arguments->files.encoding = *tables::FindEncoding(name);
+            },
+            Translated("A text's encoding: UTF-8 or GB18030; found out if not given"))
+        ->check(EncodingName())
+        ->type_name("NAME");
+    command->add_flag("--json", arguments->json,
+                      Translated("Tell what was found as one JSON object"));
+    AddJournal(*command, arguments->journal);
+    AddLogin(*command, arguments->login);
+    command->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunImport(*arguments);
+    });
+}
+
 int Refuse(const WrongUsage& wrong) {
     const bool isProgram = wrong.command->get_parent() == nullptr;
     const std::string name = isProgram ? kProgram : kProgram + (' ' + wrong.command->get_name());
@@ -177,11 +265,13 @@ int RunCommandLine(int argc, char** argv) {
     AddOpen(program, status);
     AddDrive(program, status);
     AddExport(program, status);
+    AddImport(program, status);
     AddTemplate(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);
         const WrongUsage wrong = WrongNames(program, arguments);
         if (!wrong.reason.empty()) return Refuse(wrong);
+        PutDatabaseFirst(arguments);
         std::ranges::reverse(arguments);  // as parse() takes them
         program.parse(arguments);
         return status;

@@ -2,13 +2,16 @@
 // on standard error.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
 #include "host/account/account_host.h"
 #include "host/account/account_place.h"
+#include "host/bulk/bulk_source.h"
 #include "host/creation/account_creation.h"
 #include "platform/date_time.h"
+#include "platform/money.h"
 
 namespace kelvane::host {
 
@@ -37,6 +40,20 @@ struct TemplateArguments {
     LoginRequest login;
 };
 
+struct ImportArguments {
+    AccountPlace account = AccountPlace::File({});
+    BulkFiles files;
+    bool dryRun = false;
+    bool again = false;
+    bool json = false;
+    std::string rejects;  // where the refused rows go; empty: nowhere
+    std::string report;   // where the report goes; empty: nowhere
+    std::optional<std::int64_t> expectedRows;
+    std::optional<platform::Money> expectedSum;
+    std::string journal;  // the folder of batches; empty: the account's own
+    LoginRequest login;
+};
+
 int RunInit(const AccountPlace& account, const NewAccount& content);
 int RunOpen(const OpenArguments& arguments);
 // Reads the script from standard input and writes the transcript to standard output.
@@ -48,6 +65,10 @@ int RunExport(const ExportArguments& arguments);
 
 // Writes an empty table to fill in and import, by the file's extension.
 int RunTemplate(const TemplateArguments& arguments);
+
+// Checks the rows of a table and puts all of them into the account, or none. Returns 3 when rows
+// are refused.
+int RunImport(const ImportArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

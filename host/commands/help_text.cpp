@@ -52,8 +52,11 @@ std::string EntryOf(const CLI::Option& option) {
 // One line for each way to name the account.
 std::string Usage(const CLI::App& command, const std::string& name) {
     std::string begins = name + " [" + Translated("OPTIONS") + "]";
+    std::string behind;
     for (const CLI::Option* option : command.get_options()) {
-        if (option->get_required()) begins += ' ' + NameOf(*option);
+        if (option->get_required()) {
+            (option->get_positional() ? behind : begins) += ' ' + NameOf(*option);
+        }
     }
     std::vector<std::string> ends;
     for (const CLI::App* group : GroupsOf(command)) {
@@ -65,7 +68,7 @@ std::string Usage(const CLI::App& command, const std::string& name) {
     for (const std::string& end : ends) {
         usage += usage.empty() ? label : std::string(ColumnsOf(label), ' ');
         usage += begins;
-        usage += ' ' + end + '\n';
+        usage += ' ' + end + behind + '\n';
     }
     return usage;
 }

@@ -1,0 +1,151 @@
+#include "host/bulk/bulk_source.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "adapters/tables/open_table.h"
+#include "entries/bulk/cell_text.h"
+#include "entries/bulk/title_row.h"
+#include "platform/decimal.h"
+
+namespace kelvane::host {
+
+using entries::BulkTable;
+using entries::BulkTableKind;
+using entries::PlacedFinding;
+using entries::TableReading;
+using entries::TableShape;
+using platform::CellKind;
+using platform::Decimal;
+using platform::Money;
+using platform::TableCell;
+using platform::TableReader;
+using platform::TableRefused;
+using platform::TableRow;
+
+namespace {
+
+constexpr std::string_view kTotalsSheet = "合计";
+constexpr std::string_view kRowsTitle = "行数";
+constexpr std::string_view kAmountTitle = "未结转期初";
+
+std::optional<std::size_t> SheetNamed(const TableReader& reader, std::string_view name) {
+    const auto& sheets = reader.Sheets();
+    const auto found = std::ranges::find(sheets, name, &platform::TableSheet::name);
+    if (found == sheets.end()) return std::nullopt;
+    return static_cast<std::size_t>(std::distance(sheets.begin(), found));
+}
+
+bool HasRows(TableReader& reader, std::size_t sheet) {
+    bool found = false;
+    reader.Read(sheet, [&](const TableRow& row) {
+        found = !row.cells.empty();
+        return !found;
+    });
+    return found;
+}
+
+// The digits of a cell that is a number or is written like one; empty for a blank one.
+std::string DigitsIn(const TableReader& reader, std::size_t sheet, int row, const TableCell& cell) {
+    if (cell.kind == CellKind::Blank) return {};
+    auto digits = cell.kind == CellKind::Number ? std::optional(cell.text)
+                  : cell.kind == CellKind::Text ? entries::AmountText(cell.text)
+                                                : std::nullopt;
+    if (!digits || !Decimal::FromText(*digits)) {
+        throw TableRefused(reader.Place(sheet, row, cell.column, {}) + "：控制总数不是数字");
+    }
+    return *digits;
+}
+
+}  // namespace
+
+BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
+                       const BulkProposals& proposals)
+    : mEntriesReader(tables::OpenTable(files.entries, files.encoding)) {
+    ReadLines(files, proposals.lines);
+    const bool hasLines = mLines && (!mLines->rows.empty() || !mLines->findings.empty());
+    const TableShape shape = entries::EntryTableShape(titles.itemName, titles.keywords, hasLines);
+    mEntries = entries::ReadBulkTable(*mEntriesReader, shape,
+                                      {files.sheet, files.hidden, proposals.entries});
+    ReadTotals();
+}
+
+void BulkSource::ReadLines(const BulkFiles& files, const entries::CodeProposal& propose) {
+    const TableShape shape = entries::LineTableShape();
+    const TableReading how{{}, files.hidden, propose};
+    if (!files.lines.empty()) {
+        mLinesReader = tables::OpenTable(files.lines, files.encoding);
+        mLines = entries::ReadBulkTable(*mLinesReader, shape, how);
+        return;
+    }
+    TableReader& workbook = *mEntriesReader;
+    if (!workbook.HasTypedCells()) return;
+    BulkTable lines = entries::ReadBulkTable(workbook, shape, how);
+    const auto own = SheetNamed(workbook, shape.sheet);
+    const bool isMeant = lines.titleRow > 0 || (own && HasRows(workbook, *own));
+    if (isMeant) mLines = std::move(lines);
+}
+
+// Titles in the sheet's first row that has cells, what they say in the one below.
+void BulkSource::ReadTotals() {
+    TableReader& workbook = *mEntriesReader;
+    const auto sheet = SheetNamed(workbook, kTotalsSheet);
+    if (!sheet || *sheet == mEntries.sheet || !workbook.HasTypedCells()) return;
+    int rowsColumn = 0;
+    int amountColumn = 0;
+    workbook.Read(*sheet, [&](const TableRow& row) {
+        if (rowsColumn == 0 && amountColumn == 0) {
+            for (const TableCell& cell : row.cells) {
+                const std::string title = entries::PlainTitle(cell.text);
+                if (title == kRowsTitle) rowsColumn = cell.column;
+                if (title == kAmountTitle) amountColumn = cell.column;
+            }
+            return true;
+        }
+        const auto digits = [&](int column) {
+            return column == 0 ? std::string()
+                               : DigitsIn(workbook, *sheet, row.number, row.At(column));
+        };
+        const std::string rows = digits(rowsColumn);
+        const std::string amount = digits(amountColumn);
+        if (!rows.empty()) {
+            const auto count = Decimal::FromText(rows)->Scaled(0, platform::Rounding::HalfToEven);
+            mExpectedRows.push_back(count.value_or(-1));
+        }
+        if (!amount.empty()) mExpectedSums.push_back(Money::FromText(amount));
+        return false;
+    });
+}
+
+std::vector<PlacedFinding> BulkSource::Place(const std::vector<entries::BulkFinding>& found) const {
+    std::vector<PlacedFinding> ofEntries = mEntries.findings;
+    std::vector<PlacedFinding> ofLines;
+    if (mLines) ofLines = mLines->findings;
+    for (const entries::BulkFinding& each : found) {
+        if (each.table == BulkTableKind::Entries) {
+            ofEntries.push_back(
+                entries::Placed(*mEntriesReader, mEntries, each.row, each.column, each.finding));
+        } else {
+            const TableReader& reader = mLinesReader ? *mLinesReader : *mEntriesReader;
+            ofLines.push_back(
+                entries::Placed(reader, *mLines, each.row, each.column, each.finding));
+        }
+    }
+    for (auto* placed : {&ofEntries, &ofLines}) {
+        std::ranges::stable_sort(*placed, [](const PlacedFinding& a, const PlacedFinding& b) {
+            return std::pair(a.row, a.column) < std::pair(b.row, b.column);
+        });
+    }
+    ofEntries.insert(ofEntries.end(), std::make_move_iterator(ofLines.begin()),
+                     std::make_move_iterator(ofLines.end()));
+    return ofEntries;
+}
+
+std::vector<entries::TableNote> BulkSource::Notes() const {
+    std::vector<entries::TableNote> notes = mEntries.notes;
+    if (mLines) notes.insert(notes.end(), mLines->notes.begin(), mLines->notes.end());
+    return notes;
+}
+
+}  // namespace kelvane::host

@@ -1,0 +1,66 @@
+// BulkSource: the file or files of an import, opened and read: entries, their lines, and what the
+// file itself says of its totals.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "adapters/tables/text_decoder.h"
+#include "entries/bulk/bulk_entry.h"
+#include "entries/bulk/table_reading.h"
+#include "host/bulk/bulk_sheets.h"
+#include "platform/money.h"
+#include "platform/table.h"
+
+namespace kelvane::host {
+
+struct BulkFiles {
+    std::string entries;
+    std::string lines;  // empty: the workbook's own sheet, if it has one
+    std::string sheet;  // of the entries; empty: the usual one
+    tables::TextEncoding encoding = tables::TextEncoding::Detect;
+    entries::HiddenRows hidden = entries::HiddenRows::Refuse;
+};
+
+// What may have stood where a table has a number in place of a code.
+struct BulkProposals {
+    entries::CodeProposal entries;
+    entries::CodeProposal lines;
+};
+
+class BulkSource {
+public:
+    // Reads everything. Throws platform::TableRefused.
+    BulkSource(const BulkFiles& files, const AccountTitles& titles, const BulkProposals& proposals);
+
+    const entries::BulkTable& Entries() const { return mEntries; }
+    // Null where there are none.
+    const entries::BulkTable* Lines() const { return mLines ? &*mLines : nullptr; }
+    platform::TableReader& EntriesReader() { return *mEntriesReader; }
+    platform::TableReader& LinesReader() { return mLinesReader ? *mLinesReader : *mEntriesReader; }
+
+    // What the sheet of totals says; empty without one.
+    const std::vector<std::int64_t>& ExpectedRows() const { return mExpectedRows; }
+    const std::vector<platform::Money>& ExpectedSums() const { return mExpectedSums; }
+
+    // All findings, those of reading and `found`, each at its place, in the order of the file.
+    std::vector<entries::PlacedFinding> Place(const std::vector<entries::BulkFinding>& found) const;
+    // What was not read and is no fault.
+    std::vector<entries::TableNote> Notes() const;
+
+private:
+    void ReadLines(const BulkFiles& files, const entries::CodeProposal& propose);
+    void ReadTotals();
+
+    std::unique_ptr<platform::TableReader> mEntriesReader;
+    std::unique_ptr<platform::TableReader> mLinesReader;  // of a file of their own
+    entries::BulkTable mEntries;
+    std::optional<entries::BulkTable> mLines;
+    std::vector<std::int64_t> mExpectedRows;
+    std::vector<platform::Money> mExpectedSums;
+};
+
+}  // namespace kelvane::host

@@ -4,9 +4,11 @@
 
 #include "host/commands/argument_values.h"
 #include "host/commands/help_text.h"
+#include "host/surroundings/batch_folder.h"
 #include "host/surroundings/password.h"
 #include "host/surroundings/translation.h"
 #include "platform/connection_string.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -81,6 +83,20 @@ void PutDatabaseFirst(std::vector<std::string>& arguments) {
     if (option == end) return;
     const auto behind = option + (*option == kDatabase && option + 1 != arguments.end() ? 2 : 1);
     std::rotate(arguments.begin() + 1, option, behind);
+}
+
+void AddJournal(CLI::App& command, std::string& folder) {
+    command
+        .add_option("--journal", folder,
+                    Translated("The folder of the account's batches, instead of ACCOUNT.batches or "
+                               "one among your files"))
+        ->type_name("FOLDER");
+}
+
+std::filesystem::path BatchFolderOf(const AccountArgument& account, const std::string& folder) {
+    if (!folder.empty()) return platform::PathOf(folder);
+    return account.database.empty() ? BatchFolderOfFile(account.file)
+                                    : BatchFolderOfServer(account.database);
 }
 
 }  // namespace kelvane::host

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -29,5 +30,11 @@ CLI::Option* AddBehindAccount(CLI::App& command, const std::string& name, std::s
 // `arguments` of a command with its --database in front of all others, so that it is known where
 // the other arguments stand.
 void PutDatabaseFirst(std::vector<std::string>& arguments);
+
+// The option that says where the account's batches are, for BatchFolderOf().
+void AddJournal(CLI::App& command, std::string& folder);
+// `folder`, or where the account's batches usually are when that is empty. Asks for no password;
+// throws std::runtime_error like BatchFolderOfServer().
+std::filesystem::path BatchFolderOf(const AccountArgument& account, const std::string& folder);
 
 }  // namespace kelvane::host

@@ -27,15 +27,6 @@ constexpr int kWrongUsage = 2;
 constexpr int kMaxYear = 9999;
 constexpr std::int64_t kMaxEntries = 10000000;
 
-// Where the batches are written down.
-void AddJournal(CLI::App& command, std::string& folder) {
-    command
-        .add_option("--journal", folder,
-                    Translated("The folder of the journal of imports; the account's own if not "
-                               "given"))
-        ->type_name("FOLDER");
-}
-
 // Who logs in where, as far as a command lets the operator say it.
 void AddLogin(CLI::App& command, LoginRequest& login) {
     command
@@ -185,6 +176,7 @@ void AddTotals(CLI::App& command, ImportArguments& arguments) {
 void AddImport(CLI::App& program, int& status) {
     auto account = std::make_shared<AccountArgument>();
     auto arguments = std::make_shared<ImportArguments>();
+    auto journal = std::make_shared<std::string>();
     auto* command = program.add_subcommand(
         "import", Translated("Put a table of entries into an account, all of its rows or none"));
     AddAccount(*command, *account);
@@ -233,11 +225,31 @@ void AddImport(CLI::App& program, int& status) {
         ->type_name("NAME");
     command->add_flag("--json", arguments->json,
                       Translated("Tell what was found as one JSON object"));
-    AddJournal(*command, arguments->journal);
+    AddJournal(*command, *journal);
     AddLogin(*command, arguments->login);
-    command->callback([account, arguments, &status] {
+    command->callback([account, arguments, journal, &status] {
         arguments->account = account->Place();
+        arguments->batches = BatchFolderOf(*account, *journal);
         status = RunImport(*arguments);
+    });
+}
+
+void AddBatches(CLI::App& program, int& status) {
+    struct Arguments {
+        AccountArgument account;
+        std::string journal;
+        bool json = false;
+    };
+    auto arguments = std::make_shared<Arguments>();
+    auto* batches = program.add_subcommand(
+        "batches", Translated("List what was imported at one go, and taken back"));
+    AddAccount(*batches, arguments->account);
+    batches->add_flag("--json", arguments->json, Translated("As one JSON object"));
+    AddJournal(*batches, arguments->journal);
+    batches->callback([arguments, &status] {
+        status = RunBatches({.account = arguments->account.file,
+                             .folder = BatchFolderOf(arguments->account, arguments->journal),
+                             .json = arguments->json});
     });
 }
 
@@ -265,8 +277,9 @@ int RunCommandLine(int argc, char** argv) {
     AddOpen(program, status);
     AddDrive(program, status);
     AddExport(program, status);
-    AddImport(program, status);
     AddTemplate(program, status);
+    AddImport(program, status);
+    AddBatches(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);
         const WrongUsage wrong = WrongNames(program, arguments);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -50,8 +51,14 @@ struct ImportArguments {
     std::string report;   // where the report goes; empty: nowhere
     std::optional<std::int64_t> expectedRows;
     std::optional<platform::Money> expectedSum;
-    std::string journal;  // the folder of batches; empty: the account's own
+    std::filesystem::path batches;  // the folder of their journal
     LoginRequest login;
+};
+
+struct BatchesArguments {
+    std::string account;  // the account's file; empty: it is on a server
+    std::filesystem::path folder;
+    bool json = false;
 };
 
 int RunInit(const AccountPlace& account, const NewAccount& content);
@@ -69,6 +76,9 @@ int RunTemplate(const TemplateArguments& arguments);
 // Checks the rows of a table and puts all of them into the account, or none. Returns 3 when rows
 // are refused.
 int RunImport(const ImportArguments& arguments);
+
+// Lists the batches that are written down in the folder.
+int RunBatches(const BatchesArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

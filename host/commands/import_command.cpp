@@ -17,13 +17,11 @@
 #include "host/bulk/bulk_source.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/absent_windows.h"
-#include "host/surroundings/batch_folder.h"
 #include "host/surroundings/interruption.h"
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/progress_line.h"
 #include "host/surroundings/terminal.h"
 #include "host/surroundings/translation.h"
-#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -89,12 +87,6 @@ private:
     std::optional<AccountChoices> mChoices;
 };
 
-std::filesystem::path JournalFolder(const AccountPlace& account, const std::string& named) {
-    if (!named.empty()) return platform::PathOf(named);
-    return account.IsOnServer() ? BatchFolderOfServer(account.ConnectionString())
-                                : BatchFolderOfFile(account.Name());
-}
-
 // A finding is one line, whatever stands in the file.
 std::string OneLine(std::string text) {
     std::ranges::replace_if(
@@ -137,7 +129,7 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
     BulkSource source(arguments.files, TitlesOfAccount(), proposals.Make());
     const entries::BulkEntries file = entries::JoinTables(source.Entries(), source.Lines());
 
-    journal::FolderJournal journal(JournalFolder(account, arguments.journal));
+    journal::FolderJournal journal(arguments.batches);
     entries::ImportRequest request;
     request.head = HeadOf(arguments);
     request.journal = &journal;

@@ -1,6 +1,8 @@
 // Batches for the journal's tests, and what they are compared by.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 

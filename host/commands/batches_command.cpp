@@ -1,0 +1,129 @@
+// kelvane batches
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "adapters/journal/folder_journal.h"
+#include "host/commands/commands.h"
+#include "host/surroundings/translation.h"
+#include "platform/native_path.h"
+
+namespace kelvane::host {
+
+namespace {
+
+using platform::Batch;
+using platform::BatchOutcome;
+using Json = nlohmann::ordered_json;
+
+struct OutcomeText {
+    BatchOutcome outcome;
+    const char* text;
+};
+constexpr std::array kOutcomes{OutcomeText{BatchOutcome::Written, ToTranslate("written")},
+                               OutcomeText{BatchOutcome::NotWritten, ToTranslate("not written")},
+                               OutcomeText{BatchOutcome::InDoubt, ToTranslate("in doubt")}};
+
+// How it went, in a word.
+const char* StateOf(const Batch& batch) {
+    if (batch.running) return ToTranslate("running");
+    if (batch.neverBegun) return ToTranslate("never begun");
+    if (!batch.problem.empty()) return ToTranslate("damaged");
+    const auto* const known = std::ranges::find_if(
+        kOutcomes, [&](const OutcomeText& each) { return batch.outcome == each.outcome; });
+    return known == kOutcomes.end() ? ToTranslate("unfinished") : known->text;
+}
+
+// Whatever names hold, a batch is one line.
+std::string OneLine(std::string text) {
+    constexpr char kBlank = ' ';
+    constexpr char kDelete = '\x7f';
+    std::ranges::replace_if(
+        text,
+        [](char byte) { return static_cast<unsigned char>(byte) < kBlank || byte == kDelete; },
+        kBlank);
+    return text;
+}
+
+std::string SourceOf(const platform::BatchIntent& intent) {
+    if (intent.undoes != 0) return Told("batch %1", {std::to_string(intent.undoes)});
+    if (intent.linesFile.empty()) return intent.file;
+    return intent.file + Translated(", ") + intent.linesFile;
+}
+
+std::string LineOf(const Batch& batch) {
+    const auto& intent = batch.intent;
+    std::string state = Translated(StateOf(batch));
+    if (!batch.problem.empty()) state = Told("%1: %2", {state, batch.problem});
+    const std::string number = std::to_string(batch.number);
+    // Nothing could be read.
+    if (intent.kind.empty()) return Told("%1: %2", {number, state});
+    constexpr std::size_t kToTheSecond = 19;
+    std::string line = number;
+    for (const std::string& part :
+         {std::string(
+              Translated(intent.kind == "undo" ? ToTranslate("undo") : ToTranslate("import"))),
+          intent.time.FullText().substr(0, kToTheSecond), intent.user, SourceOf(intent)}) {
+        line += ' ' + part;
+    }
+    return Told("%1: new %2, changed %3, deleted %4: %5",
+                {line, std::to_string(batch.created), std::to_string(batch.changed),
+                 std::to_string(batch.deleted), state});
+}
+
+Json JsonOf(const Batch& batch) {
+    const auto& intent = batch.intent;
+    return {{"number", batch.number},
+            {"kind", intent.kind},
+            {"undoes", intent.undoes},
+            {"time", intent.kind.empty() ? "" : intent.time.FullText()},
+            {"user", intent.user},
+            {"file", intent.file},
+            {"hash", intent.hash},
+            {"linesFile", intent.linesFile},
+            {"linesHash", intent.linesHash},
+            {"new", batch.created},
+            {"changed", batch.changed},
+            {"deleted", batch.deleted},
+            {"outcome", StateOf(batch)},
+            {"problem", batch.problem}};
+}
+
+void Print(const std::vector<Batch>& batches, bool json) {
+    if (!json) {
+        for (const Batch& batch : batches) std::cout << OneLine(LineOf(batch)) << '\n';
+        return;
+    }
+    Json list = Json::array();
+    for (const Batch& batch : batches) list.push_back(JsonOf(batch));
+    // What is no UTF-8 is told by replacement characters.
+    std::cout << Json::object({{"batches", std::move(list)}})
+                     .dump(-1, ' ', false, Json::error_handler_t::replace)
+              << '\n';
+}
+
+}  // namespace
+
+int RunBatches(const BatchesArguments& arguments) {
+    std::error_code unknown;
+    if (!arguments.account.empty() && !std::filesystem::exists(arguments.folder, unknown) &&
+        !std::filesystem::exists(platform::PathOf(arguments.account), unknown)) {
+        return Fail(Told("there is no account file %1", {arguments.account}));
+    }
+    std::vector<Batch> batches;
+    try {
+        batches = journal::FolderJournal(arguments.folder).Batches();
+    } catch (const platform::JournalFailed& failed) {
+        return Fail(failed.what());
+    }
+    Print(batches, arguments.json);
+    const auto damaged =
+        std::ranges::count_if(batches, [](const Batch& batch) { return !batch.problem.empty(); });
+    if (damaged == 0) return 0;
+    return Fail(Told("%1 of %2 batches cannot be read whole",
+                     {std::to_string(damaged), std::to_string(batches.size())}));
+}
+
+}  // namespace kelvane::host

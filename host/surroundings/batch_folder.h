@@ -1,0 +1,19 @@
+// Where the batches of an account are written down (docs/batches.md).
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace kelvane::host {
+
+// Of an account file (UTF-8): beside it, under its name; where `path` is a link, beside the file
+// that it leads to.
+std::filesystem::path BatchFolderOfFile(const std::string& path);
+
+// Of a database on a server: among the user's own files, a folder for each server and database that
+// an ODBC connection string can name. User and password make no difference. Throws
+// std::runtime_error when the string names none, or when nothing is known of the user's files.
+std::filesystem::path BatchFolderOfServer(std::string_view connectionString);
+
+}  // namespace kelvane::host

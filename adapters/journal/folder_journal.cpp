@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
+#include "adapters/journal/batch_file.h"
 #include "adapters/journal/batch_text.h"
 #include "adapters/journal/failures.h"
 #include "platform/native_path.h"
@@ -37,14 +38,31 @@ std::optional<int> NumberOf(const fs::path& name) {
 
 }  // namespace
 
-OpenFile::~OpenFile() {
-    try {
-        if (mFile >= 0) mDisk->Close(mFile);
-    } catch (const std::exception& failed) {
-        // What counts was synced before.
-        mFile = -1;
+// A batch whose file is open here and locked for others.
+struct FolderJournal::Running {
+    Running(output::Disk& ownDisk, int openFile, int ownNumber)
+        : disk(ownDisk), file(openFile), number(ownNumber), chain(ownNumber) {}
+    ~Running() {
+        try {
+            disk.Close(file);
+        } catch (const std::exception& failed) {
+            // What counts was synced before.
+            return;
+        }
     }
-}
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+    output::Disk& disk;
+    int file;
+    int number;
+    LineChain chain;
+};
+
+FolderJournal::FolderJournal(fs::path folder, output::Disk& disk)
+    : mFolder(std::move(folder)), mDisk(disk) {}
+
+FolderJournal::~FolderJournal() = default;
 
 fs::path FolderJournal::FileOf(int number) const {
     return mFolder / (std::to_string(number) + std::string(kExtension));
@@ -62,14 +80,15 @@ std::vector<int> FolderJournal::Numbers() const {
     });
 }
 
-OpenFile FolderJournal::CreateNext(int& number) {
+std::unique_ptr<FolderJournal::Running> FolderJournal::CreateNext() {
     const auto numbers = Numbers();
-    number = numbers.empty() ? 0 : numbers.back();
+    int number = numbers.empty() ? 0 : numbers.back();
     for (;;) {
         if (number == std::numeric_limits<int>::max()) Fail(mFolder, "的编号已经用完");
         ++number;
         try {
-            return {mDisk, mDisk.Create(platform::Utf8Of(FileOf(number)))};
+            const int file = mDisk.Create(platform::Utf8Of(FileOf(number)));
+            return std::make_unique<Running>(mDisk, file, number);
         } catch (const std::system_error& refused) {
             // Another program has just begun that one.
             if (refused.code() == std::errc::file_exists) continue;
@@ -78,62 +97,68 @@ OpenFile FolderJournal::CreateNext(int& number) {
     }
 }
 
-void FolderJournal::WriteIntent(int file, LineChain& chain, const BatchIntent& intent) {
-    std::string buffer = chain.Seal(HeadLine(intent));
+std::unique_ptr<FolderJournal::Running> FolderJournal::Reopen(int number) {
+    const int file =
+        Guarded(FileOf(number), [&] { return mDisk.Reopen(platform::Utf8Of(FileOf(number))); });
+    return std::make_unique<Running>(mDisk, file, number);
+}
+
+void FolderJournal::WriteIntent(Running& batch, const BatchIntent& intent) {
+    std::string buffer = batch.chain.Seal(HeadLine(intent));
     const auto add = [&](const std::string& line) {
         buffer += line;
         if (buffer.size() < kBufferSize) return;
-        mDisk.Write(file, buffer);
+        mDisk.Write(batch.file, buffer);
         buffer.clear();
     };
-    for (const auto& change : intent.changes) add(chain.Seal(ChangeLine(change)));
-    add(chain.Seal(ChangesEndLine(intent.changes.size())));
-    mDisk.Write(file, buffer);
-    mDisk.Sync(file);
+    for (const auto& change : intent.changes) add(batch.chain.Seal(ChangeLine(change)));
+    add(batch.chain.Seal(ChangesEndLine(intent.changes.size())));
+    mDisk.Write(batch.file, buffer);
+    mDisk.Sync(batch.file);
     mDisk.SyncFolder(platform::Utf8Of(mFolder));
 }
 
 int FolderJournal::Begin(const BatchIntent& intent) {
     Guarded(mFolder, [&] { mDisk.MakeFolder(platform::Utf8Of(mFolder)); });
-    int number = 0;
-    OpenFile file = CreateNext(number);
-    LineChain chain(number);
+    auto batch = CreateNext();
+    const int number = batch->number;
+    const fs::path path = FileOf(number);
     std::error_code ignored;
     try {
-        Guarded(FileOf(number), [&] { WriteIntent(file.Descriptor(), chain, intent); });
+        Guarded(path, [&] { WriteIntent(*batch, intent); });
+        mRunning.emplace(number, std::move(batch));
     } catch (const Fault& fault) {
-        fs::remove(FileOf(number), ignored);
-        Fail(FileOf(number), fault.text);
+        fs::remove(path, ignored);
+        Fail(path, fault.text);
     } catch (...) {
-        fs::remove(FileOf(number), ignored);
+        fs::remove(path, ignored);
         throw;
     }
-    mRunning.emplace(number, Running{std::move(file), std::move(chain)});
     return number;
 }
 
-void FolderJournal::WriteOutcome(int number, int file, LineChain& chain, BatchOutcome outcome) {
-    Guarded(FileOf(number), [&] {
-        mDisk.Write(file, chain.Seal(OutcomeLine(outcome)));
-        mDisk.Sync(file);
+void FolderJournal::WriteOutcome(Running& batch, BatchOutcome outcome) {
+    Guarded(FileOf(batch.number), [&] {
+        mDisk.Write(batch.file, batch.chain.Seal(OutcomeLine(outcome)));
+        mDisk.Sync(batch.file);
     });
 }
 
 void FolderJournal::End(int number, BatchOutcome outcome) {
     if (auto own = mRunning.extract(number)) {
-        WriteOutcome(number, own.mapped().file.Descriptor(), own.mapped().chain, outcome);
+        WriteOutcome(*own.mapped(), outcome);
         return;
     }
+    const auto batch = Reopen(number);
     const fs::path path = FileOf(number);
-    const std::string name = platform::Utf8Of(path);
-    const OpenFile file(mDisk, Guarded(path, [&] { return mDisk.Reopen(name); }));
-    BatchFile found = ReadBatchFile(path, number, false);
+    const BatchFile found = ReadBatchFile(path, number, false);
     if (!found.batch.problem.empty()) Fail(path, found.batch.problem);
     const auto& known = found.batch.outcome;
     if (known == outcome) return;
     if (known && known != BatchOutcome::InDoubt) Fail(path, "已经有另一个结果");
-    Guarded(path, [&] { mDisk.CutOff(file.Descriptor(), found.end); });
-    WriteOutcome(number, file.Descriptor(), found.chain, outcome);
+    Guarded(path, [&] { mDisk.CutOff(batch->file, found.end); });
+    batch->chain = found.chain;
+    WriteOutcome(*batch, outcome);
 }
 
 void FolderJournal::Remove(int number) {
@@ -149,10 +174,9 @@ void FolderJournal::Withdraw(int number) {
         mRunning.erase(number);
         return;
     }
+    // While it is open here nobody else ends it.
+    const auto batch = Reopen(number);
     const fs::path path = FileOf(number);
-    const std::string name = platform::Utf8Of(path);
-    // While it is locked nobody else ends it.
-    const OpenFile file(mDisk, Guarded(path, [&] { return mDisk.Reopen(name); }));
     const Batch found = ReadBatchFile(path, number, false).batch;
     if (!found.problem.empty() && !found.neverBegun) Fail(path, found.problem);
     if (found.outcome == BatchOutcome::Written) Fail(path, "已经写入账套");

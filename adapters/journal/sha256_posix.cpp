@@ -8,7 +8,7 @@ namespace kelvane::journal {
 
 struct Sha256::State {
     struct Free {
-        void operator()(GChecksum* checksum) const { g_checksum_free(checksum); }
+        void operator()(GChecksum* used) const { g_checksum_free(used); }
     };
     std::unique_ptr<GChecksum, Free> checksum{g_checksum_new(G_CHECKSUM_SHA256)};
 };

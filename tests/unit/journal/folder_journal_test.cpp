@@ -7,6 +7,7 @@
 #include <set>
 #include <thread>
 
+#include "adapters/journal/line_chain.h"
 #include "tests/unit/host/temporary_folder.h"
 #include "tests/unit/journal/sample_batch.h"
 #include "tests/unit/output/failing_disk.h"

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -83,6 +84,9 @@ public:
     // behind rows that were given already, and passes on what `take` throws.
     virtual std::vector<CellRange> Read(std::size_t sheet,
                                         const std::function<bool(const TableRow&)>& take) = 0;
+    // What the program that made a workbook noted in it, by name; nothing in a text. Throws
+    // TableRefused.
+    virtual std::map<std::string, std::string> Properties() { return {}; }
     // Where an operator finds a cell: "期初!C7", or "FILE:7:TITLE" in a text. `row`: a row's
     // number. Without column and title the row is meant, without row the whole sheet or file.
     virtual std::string Place(std::size_t sheet, int row, int column,

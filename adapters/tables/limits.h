@@ -19,6 +19,7 @@ inline constexpr std::size_t kMaxSharedTexts = 4'000'000;
 
 inline constexpr std::size_t kMaxParts = 10'000;
 inline constexpr std::size_t kMaxSheets = 1'024;
+inline constexpr std::size_t kMaxProperties = 1'000;
 inline constexpr std::size_t kMaxFormats = 65'536;
 inline constexpr std::size_t kMaxMergedRanges = 100'000;
 

@@ -7,6 +7,7 @@
 
 #include "adapters/tables/cell_reference.h"
 #include "adapters/tables/cell_styles.h"
+#include "adapters/tables/custom_properties.h"
 #include "adapters/tables/limits.h"
 #include "adapters/tables/refusal.h"
 #include "adapters/tables/relationships.h"
@@ -64,6 +65,11 @@ public:
         return WithName(mName, [&] { return ReadSheet(mArchive, part, Content(), take); });
     }
 
+    std::map<std::string, std::string> Properties() override {
+        if (mProperties.empty()) return {};
+        return WithName(mName, [&] { return ReadProperties(mArchive, mProperties); });
+    }
+
     std::string Place(std::size_t sheet, int row, int column,
                       std::string_view /*title*/) const override {
         std::string place = mSheets.at(sheet).name;
@@ -83,6 +89,7 @@ private:
     std::vector<Relationship> mRelationships;
     std::vector<TableSheet> mSheets;
     std::vector<std::string> mParts;
+    std::string mProperties;  // the part that has them; empty: there are none
     DateSystem mDates = DateSystem::From1900;
     std::optional<WorkbookContent> mContent;
 };
@@ -105,6 +112,7 @@ void Workbook::ReadParts() {
     if (book == nullptr || book->external || !mArchive.Has(book->target)) {
         throw Refusal("不是 .xlsx 工作簿");
     }
+    mProperties = PartOfProperties(roots);
     mRelationships = ReadRelationships(mArchive, book->target);
     WorkbookHandler handler;
     ReadXml(mArchive, book->target, "workbook", handler);

@@ -130,7 +130,8 @@ bool Stream::GoesInto(std::string_view name, const xmlChar* space,
         return true;
     }
     // The library keeps each namespace's name once.
-    return space == mSpace && mHandler.Begin(name, attributes);
+    const bool known = space == mSpace || mHandler.Knows(ViewOf(space));
+    return known && mHandler.Begin(name, attributes);
 }
 
 void Stream::Begin(void* stream, const xmlChar* name, const xmlChar* /*prefix*/,

@@ -32,11 +32,12 @@ bool IsTrue(std::string_view value);
 int NumberOf(std::string_view value, int most);
 
 // Gets what is read. Elements of other namespaces than the root's are passed over with all that is
-// in them.
+// in them, unless the handler knows the namespace.
 class XmlHandler {
 public:
     virtual ~XmlHandler() = default;
 
+    virtual bool Knows(std::string_view /*space*/) { return false; }
     // An element within the root. False: it is passed over with all that is in it.
     virtual bool Begin(std::string_view name, const XmlAttributes& attributes) = 0;
     // The end of an element that was gone into.

@@ -43,6 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     try {
         const auto reader = tables::OpenTableBytes(content, "a");
         ReadAll(*reader);
+        reader->Properties();
         ReadAsEntries(*reader);
     } catch (const platform::TableRefused&) {
     }

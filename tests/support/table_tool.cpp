@@ -6,6 +6,8 @@
 //                                    behind the number "h" where the row is hidden; at the end the
 //                                    "merged A1 B2" cells; a line break in a text is "\n"
 //   kelvane_table_tool --count FILE  how many rows and cells there are
+//   kelvane_table_tool --properties FILE
+//                                    what a program noted in it, "NAME=TEXT" a line
 //
 // What cannot be read is told on standard error, with exit status 1.
 #include <iostream>
@@ -70,15 +72,27 @@ void CountCells(platform::TableReader& reader) {
     std::cout << rows << " " << cells << "\n";
 }
 
+void ShowProperties(platform::TableReader& reader) {
+    for (const auto& [name, text] : reader.Properties()) {
+        std::cout << name << "=" << OnOneLine(text) << "\n";
+    }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
-    const bool counts = count == 3 && std::string_view(arguments[1]) == "--count";
-    if (count != 2 && !counts) return 2;
+    const std::string_view option = count == 3 ? arguments[1] : "";
+    const bool counts = option == "--count";
+    const bool showsProperties = option == "--properties";
+    if (count != 2 && !counts && !showsProperties) return 2;
     try {
         const auto reader = tables::OpenTable(arguments[count - 1]);
         if (counts) {
             CountCells(*reader);
+            return 0;
+        }
+        if (showsProperties) {
+            ShowProperties(*reader);
             return 0;
         }
         for (std::size_t sheet = 0; sheet < reader->Sheets().size(); ++sheet) {

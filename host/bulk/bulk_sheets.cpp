@@ -23,6 +23,25 @@ constexpr int kWideColumn = 30;
 constexpr int kUsualColumn = 16;
 constexpr int kNarrowColumn = 12;
 
+ColumnUse UseOf(const TableColumn& column) {
+    switch (column.use) {
+        case CellUse::Code:
+            return ColumnUse::Code;
+        case CellUse::Date:
+            return ColumnUse::Date;
+        case CellUse::Number:
+            // Prices and quantities are shown with the decimals that they have.
+            return column.column == entries::kLinePriceColumn ||
+                           column.column == entries::kLineQuantityColumn
+                       ? ColumnUse::Number
+                       : ColumnUse::Amount;
+        case CellUse::Text:
+        case CellUse::Label:
+            break;
+    }
+    return ColumnUse::Text;
+}
+
 int WidthOf(ColumnUse use, const TableColumn& column) {
     const bool isName = column.use == CellUse::Text && column.titles.front().ends_with("名称");
     if (isName || column.titles.front() == "摘要") return kWideColumn;
@@ -41,12 +60,9 @@ TableFileSheet SheetOf(const TableShape& shape, const AccountTitles& titles, int
     TableFileSheet sheet;
     sheet.name = shape.sheet;
     for (const TableColumn& column : WrittenColumns(shape, last)) {
-        const ColumnUse use = UseOf(column);
-        sheet.columns.push_back({.title = TitleOf(column, titles),
-                                 .use = use,
-                                 .width = WidthOf(use, column),
-                                 .hidden = IsHidden(shape, column.column),
-                                 .choices = offer(column.column)});
+        TableFileColumn written = FileColumnOf(shape, column, TitleOf(column, titles));
+        written.choices = offer(column.column);
+        sheet.columns.push_back(std::move(written));
     }
     return sheet;
 }
@@ -77,23 +93,14 @@ std::string TitleOf(const TableColumn& column, const AccountTitles& titles) {
     return named ? titles.itemName : column.titles.front();
 }
 
-ColumnUse UseOf(const TableColumn& column) {
-    switch (column.use) {
-        case CellUse::Code:
-            return ColumnUse::Code;
-        case CellUse::Date:
-            return ColumnUse::Date;
-        case CellUse::Number:
-            // Prices and quantities are shown with the decimals that they have.
-            return column.column == entries::kLinePriceColumn ||
-                           column.column == entries::kLineQuantityColumn
-                       ? ColumnUse::Number
-                       : ColumnUse::Amount;
-        case CellUse::Text:
-        case CellUse::Label:
-            break;
-    }
-    return ColumnUse::Text;
+TableFileColumn FileColumnOf(const TableShape& shape, const TableColumn& column,
+                             std::string title) {
+    const ColumnUse use = UseOf(column);
+    return {.title = std::move(title),
+            .use = use,
+            .width = WidthOf(use, column),
+            .hidden = IsHidden(shape, column.column),
+            .choices = {}};
 }
 
 std::vector<TableColumn> WrittenColumns(const TableShape& shape, int last) {

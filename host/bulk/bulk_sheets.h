@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "entries/bulk/table_shape.h"
@@ -10,6 +11,12 @@
 #include "platform/table_file.h"
 
 namespace kelvane::host {
+
+// What a workbook of stored entries notes of itself: which account it is of, and the version of its
+// layout.
+inline constexpr std::string_view kAccountProperty = "kelvane.account";
+inline constexpr std::string_view kLayoutProperty = "kelvane.layout";
+inline constexpr std::string_view kLayoutVersion = "1";
 
 // What the account itself names: how its windows call an item's name, and the keyword fields of its
 // item class, at most two.
@@ -24,7 +31,9 @@ AccountTitles TitlesOfAccount();
 // What a column is called when it is written: as the windows show it.
 std::string TitleOf(const entries::TableColumn& column, const AccountTitles& titles);
 
-platform::ColumnUse UseOf(const entries::TableColumn& column);
+// The column as it is written under `title`, without a list.
+platform::TableFileColumn FileColumnOf(const entries::TableShape& shape,
+                                       const entries::TableColumn& column, std::string title);
 
 // 期初 with its columns up to `last`, an entries::EntryTableColumn; without rows.
 platform::TableFileSheet EntrySheet(const AccountTitles& titles, const AccountChoices& choices,

@@ -70,7 +70,7 @@ PRODUCTS = {
     "libxml/": ["adapters/output", "adapters/tables"],
     "minizip/": ["adapters/output", "adapters/tables"],
     "xlsxwriter": ["adapters/output"],
-    "nlohmann/": ["adapters/journal", "host/commands"],
+    "nlohmann/": ["adapters/journal", "host/bulk", "host/commands"],
     "glib.h": ["adapters/journal"],
     "bcrypt.h": ["adapters/journal"],
     "ole": ["adapters/com"],

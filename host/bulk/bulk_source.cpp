@@ -15,7 +15,6 @@ using entries::BulkTable;
 using entries::BulkTableKind;
 using entries::PlacedFinding;
 using entries::TableReading;
-using entries::TableShape;
 using platform::CellKind;
 using platform::Decimal;
 using platform::Money;
@@ -65,24 +64,23 @@ BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
     : mEntriesReader(tables::OpenTable(files.entries, files.encoding)) {
     ReadLines(files, proposals.lines);
     const bool hasLines = mLines && (!mLines->rows.empty() || !mLines->findings.empty());
-    const TableShape shape = entries::EntryTableShape(titles.itemName, titles.keywords, hasLines);
-    mEntries = entries::ReadBulkTable(*mEntriesReader, shape,
+    mEntryShape = entries::EntryTableShape(titles.itemName, titles.keywords, hasLines);
+    mEntries = entries::ReadBulkTable(*mEntriesReader, mEntryShape,
                                       {files.sheet, files.hidden, proposals.entries});
     ReadTotals();
 }
 
 void BulkSource::ReadLines(const BulkFiles& files, const entries::CodeProposal& propose) {
-    const TableShape shape = entries::LineTableShape();
     const TableReading how{{}, files.hidden, propose};
     if (!files.lines.empty()) {
         mLinesReader = tables::OpenTable(files.lines, files.encoding);
-        mLines = entries::ReadBulkTable(*mLinesReader, shape, how);
+        mLines = entries::ReadBulkTable(*mLinesReader, mLineShape, how);
         return;
     }
     TableReader& workbook = *mEntriesReader;
     if (!workbook.HasTypedCells()) return;
-    BulkTable lines = entries::ReadBulkTable(workbook, shape, how);
-    const auto own = SheetNamed(workbook, shape.sheet);
+    BulkTable lines = entries::ReadBulkTable(workbook, mLineShape, how);
+    const auto own = SheetNamed(workbook, mLineShape.sheet);
     const bool isMeant = lines.titleRow > 0 || (own && HasRows(workbook, *own));
     if (isMeant) mLines = std::move(lines);
 }
@@ -118,28 +116,30 @@ void BulkSource::ReadTotals() {
     });
 }
 
-std::vector<PlacedFinding> BulkSource::Place(const std::vector<entries::BulkFinding>& found) const {
-    std::vector<PlacedFinding> ofEntries = mEntries.findings;
-    std::vector<PlacedFinding> ofLines;
-    if (mLines) ofLines = mLines->findings;
+PlacedFindings BulkSource::PlaceByTable(const std::vector<entries::BulkFinding>& found) const {
+    PlacedFindings placed{mEntries.findings, {}};
+    if (mLines) placed.lines = mLines->findings;
+    const TableReader& linesReader = mLinesReader ? *mLinesReader : *mEntriesReader;
     for (const entries::BulkFinding& each : found) {
         if (each.table == BulkTableKind::Entries) {
-            ofEntries.push_back(
+            placed.entries.push_back(
                 entries::Placed(*mEntriesReader, mEntries, each.row, each.column, each.finding));
         } else {
-            const TableReader& reader = mLinesReader ? *mLinesReader : *mEntriesReader;
-            ofLines.push_back(
-                entries::Placed(reader, *mLines, each.row, each.column, each.finding));
+            placed.lines.push_back(
+                entries::Placed(linesReader, *mLines, each.row, each.column, each.finding));
         }
     }
-    for (auto* placed : {&ofEntries, &ofLines}) {
-        std::ranges::stable_sort(*placed, [](const PlacedFinding& a, const PlacedFinding& b) {
-            return std::pair(a.row, a.column) < std::pair(b.row, b.column);
-        });
+    for (auto* table : {&placed.entries, &placed.lines}) {
+        std::ranges::stable_sort(
+            *table, {}, [](const PlacedFinding& each) { return std::pair(each.row, each.column); });
     }
-    ofEntries.insert(ofEntries.end(), std::make_move_iterator(ofLines.begin()),
-                     std::make_move_iterator(ofLines.end()));
-    return ofEntries;
+    return placed;
+}
+
+std::vector<PlacedFinding> BulkSource::Place(const std::vector<entries::BulkFinding>& found) const {
+    PlacedFindings placed = PlaceByTable(found);
+    std::ranges::move(placed.lines, std::back_inserter(placed.entries));
+    return std::move(placed.entries);
 }
 
 std::vector<entries::TableNote> BulkSource::Notes() const {

@@ -11,6 +11,7 @@
 #include "adapters/tables/text_decoder.h"
 #include "entries/bulk/bulk_entry.h"
 #include "entries/bulk/table_reading.h"
+#include "entries/bulk/table_shape.h"
 #include "host/bulk/bulk_sheets.h"
 #include "platform/money.h"
 #include "platform/table.h"
@@ -31,12 +32,20 @@ struct BulkProposals {
     entries::CodeProposal lines;
 };
 
+// Findings at their places, each table's in its order.
+struct PlacedFindings {
+    std::vector<entries::PlacedFinding> entries;
+    std::vector<entries::PlacedFinding> lines;
+};
+
 class BulkSource {
 public:
     // Reads everything. Throws platform::TableRefused.
     BulkSource(const BulkFiles& files, const AccountTitles& titles, const BulkProposals& proposals);
 
     const entries::BulkTable& Entries() const { return mEntries; }
+    const entries::TableShape& EntryShape() const { return mEntryShape; }
+    const entries::TableShape& LineShape() const { return mLineShape; }
     // Null where there are none.
     const entries::BulkTable* Lines() const { return mLines ? &*mLines : nullptr; }
     platform::TableReader& EntriesReader() { return *mEntriesReader; }
@@ -46,7 +55,9 @@ public:
     const std::vector<std::int64_t>& ExpectedRows() const { return mExpectedRows; }
     const std::vector<platform::Money>& ExpectedSums() const { return mExpectedSums; }
 
-    // All findings, those of reading and `found`, each at its place, in the order of the file.
+    // All findings, those of reading and `found`, each at its place; by tables, or one after the
+    // other in the order of the file.
+    PlacedFindings PlaceByTable(const std::vector<entries::BulkFinding>& found) const;
     std::vector<entries::PlacedFinding> Place(const std::vector<entries::BulkFinding>& found) const;
     // What was not read and is no fault.
     std::vector<entries::TableNote> Notes() const;
@@ -55,6 +66,8 @@ private:
     void ReadLines(const BulkFiles& files, const entries::CodeProposal& propose);
     void ReadTotals();
 
+    entries::TableShape mEntryShape;
+    entries::TableShape mLineShape = entries::LineTableShape();
     std::unique_ptr<platform::TableReader> mEntriesReader;
     std::unique_ptr<platform::TableReader> mLinesReader;  // of a file of their own
     entries::BulkTable mEntries;

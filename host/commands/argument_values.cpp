@@ -72,4 +72,11 @@ CLI::Validator OneOf(std::vector<std::string> choices) {
             ""};
 }
 
+CLI::Validator FileOfKind(bool (*takes)(const std::string& path)) {
+    return {[takes](const std::string& path) {
+                return takes(path) ? std::string() : Told("\"%1\" has another extension", {path});
+            },
+            ""};
+}
+
 }  // namespace kelvane::host

@@ -23,4 +23,7 @@ CLI::Validator EncodingName();
 // One of `choices`.
 CLI::Validator OneOf(std::vector<std::string> choices);
 
+// A file whose name `takes` accepts, by its extension.
+CLI::Validator FileOfKind(bool (*takes)(const std::string& path));
+
 }  // namespace kelvane::host

@@ -6,9 +6,11 @@
 #include <iostream>
 #include <limits>
 
+#include "adapters/output/formats/table_file.h"
 #include "adapters/tables/text_decoder.h"
 #include "entries/bulk/cell_text.h"
 #include "host/account/item_class.h"
+#include "host/bulk/report.h"
 #include "host/commands/account_argument.h"
 #include "host/commands/argument_values.h"
 #include "host/commands/commands.h"
@@ -196,10 +198,13 @@ void AddImport(CLI::App& program, int& status) {
         ->add_option("--rejects", arguments->rejects,
                      Translated("Write the refused rows with their reasons to this file "
                                 "(.xlsx, .csv)"))
+        ->check(FileOfKind(
+            [](const std::string& path) { return output::TableFormatOf(path).has_value(); }))
         ->type_name("FILE");
     command
         ->add_option("--report", arguments->report,
                      Translated("Write a report to this file (.xlsx, .json)"))
+        ->check(FileOfKind(IsReportFile))
         ->type_name("FILE");
     command
         ->add_option_function<std::string>(

@@ -1,10 +1,13 @@
 // kelvane import
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
-#include <iterator>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <system_error>
+#include <vector>
 
 #include "adapters/journal/file_hash.h"
 #include "adapters/journal/folder_journal.h"
@@ -15,6 +18,8 @@
 #include "host/account/session.h"
 #include "host/bulk/account_choices.h"
 #include "host/bulk/bulk_source.h"
+#include "host/bulk/rejects.h"
+#include "host/bulk/report.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/absent_windows.h"
 #include "host/surroundings/interruption.h"
@@ -22,6 +27,7 @@
 #include "host/surroundings/progress_line.h"
 #include "host/surroundings/terminal.h"
 #include "host/surroundings/translation.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -94,15 +100,76 @@ std::string OneLine(std::string text) {
     return text;
 }
 
-void WriteText(const std::vector<PlacedFinding>& findings, const entries::ImportPlan& plan) {
-    for (const PlacedFinding& each : findings) {
+void Tell(const std::string& text) {
+    std::cerr << OneLine(text) << '\n';
+}
+
+void WriteText(const ImportReport& report) {
+    for (const PlacedFinding& each : report.findings) {
         std::cout << OneLine(each.place) << ": " << each.finding.id << ": "
                   << OneLine(each.finding.text) << '\n';
     }
-    std::cout << "rows " << plan.rows.size() << ": new " << plan.Count(RowFate::New) << ", changed "
-              << plan.Count(RowFate::Changed) << ", deleted " << plan.Count(RowFate::Deleted)
-              << ", unchanged " << plan.Count(RowFate::Unchanged) << ", refused "
-              << plan.Count(RowFate::Refused) << '\n';
+    std::cout << "rows " << report.rows << ": new " << report.added << ", changed "
+              << report.changed << ", deleted " << report.deleted << ", unchanged "
+              << report.unchanged << ", refused " << report.refused << '\n';
+}
+
+ImportReport ReportOf(const ImportArguments& arguments, const AccountPlace& account,
+                      const BulkSource& source, const entries::ImportRequest& request,
+                      const entries::ImportResult& result) {
+    const entries::ImportPlan& plan = result.plan;
+    ImportReport report;
+    report.account = account.Name();
+    report.file = arguments.files.entries;
+    report.time = request.head.time;
+    report.operatorName = data::gOperatorName;
+    report.dryRun = arguments.dryRun;
+    report.rows = plan.rows.size();
+    report.added = plan.Count(RowFate::New);
+    report.changed = plan.Count(RowFate::Changed);
+    report.deleted = plan.Count(RowFate::Deleted);
+    report.unchanged = plan.Count(RowFate::Unchanged);
+    report.refused = plan.Count(RowFate::Refused);
+    report.sum = result.sum;
+    report.findings = source.Place(plan.findings);
+    report.notes = source.Notes();
+    for (const std::string& note : result.notes) report.notes.push_back({{}, note});
+    report.budgets = plan.budgets;
+    report.batch = result.batch;
+    return report;
+}
+
+Reasons ReasonsOf(const std::vector<PlacedFinding>& findings) {
+    Reasons reasons;
+    for (const PlacedFinding& each : findings) {
+        if (each.row > 0) reasons[each.row].push_back(each.finding.text);
+    }
+    return reasons;
+}
+
+// The files beside the account: what was done stays done when one cannot be written.
+template <typename Write>
+void WriteBeside(const std::string& path, const Write& write) {
+    if (path.empty()) return;
+    try {
+        write();
+    } catch (const std::exception& failure) {
+        Tell(failure.what());
+    }
+}
+
+void WriteRejected(const std::string& path, BulkSource& source,
+                   const entries::ImportResult& result) {
+    const PlacedFindings found = source.PlaceByTable(result.plan.findings);
+    const RefusedTable entries{source.EntriesReader(), source.EntryShape(), source.Entries(),
+                               ReasonsOf(found.entries)};
+    if (source.Lines() == nullptr) {
+        WriteRejects(path, entries, nullptr);
+        return;
+    }
+    const RefusedTable lines{source.LinesReader(), source.LineShape(), *source.Lines(),
+                             ReasonsOf(found.lines)};
+    WriteRejects(path, entries, &lines);
 }
 
 platform::BatchIntent HeadOf(const ImportArguments& arguments) {
@@ -135,6 +202,7 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
     request.journal = &journal;
     request.dryRun = arguments.dryRun;
     request.again = arguments.again;
+    request.tellBudgets = arguments.json || !arguments.report.empty();
     request.expectedRows = source.ExpectedRows();
     request.expectedSums = source.ExpectedSums();
     if (arguments.expectedRows) request.expectedRows.push_back(*arguments.expectedRows);
@@ -148,13 +216,36 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
     const entries::ImportResult result = entries::RunImport(file, masterData, request);
     terminal.End();
 
-    const std::vector<PlacedFinding> findings = source.Place(result.plan.findings);
-    for (const entries::TableNote& note : source.Notes()) {
-        std::cerr << OneLine(note.place + ": " + note.text) << '\n';
+    const ImportReport report = ReportOf(arguments, account, source, request, result);
+    for (const entries::TableNote& note : report.notes) {
+        Tell(note.place.empty() ? note.text : note.place + ": " + note.text);
     }
-    for (const std::string& note : result.notes) std::cerr << OneLine(note) << '\n';
-    WriteText(findings, result.plan);
-    return findings.empty() ? 0 : kRefused;
+    if (report.refused > 0) {
+        WriteBeside(arguments.rejects, [&] { WriteRejected(arguments.rejects, source, result); });
+    }
+    WriteBeside(arguments.report, [&] { WriteReport(arguments.report, report); });
+    if (arguments.json) {
+        std::cout << JsonOf(report) << '\n';
+    } else {
+        WriteText(report);
+    }
+    return report.findings.empty() ? 0 : kRefused;
+}
+
+// What is written beside must not take the place of what is read.
+void CheckFiles(const ImportArguments& arguments) {
+    for (const std::string* written : {&arguments.rejects, &arguments.report}) {
+        for (const std::string* read :
+             {&arguments.files.entries, &arguments.files.lines, &arguments.account.Name()}) {
+            std::error_code unknown;
+            const bool isSame = !written->empty() && !read->empty() &&
+                                std::filesystem::equivalent(platform::PathOf(*written),
+                                                            platform::PathOf(*read), unknown);
+            if (isSame) {
+                throw std::runtime_error(Told("%1 is read and cannot be written", {*written}));
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -163,6 +254,7 @@ int RunImport(const ImportArguments& arguments) {
     const AccountPlace account =
         arguments.dryRun ? arguments.account.ForReading() : arguments.account;
     try {
+        CheckFiles(arguments);
         return Import(arguments, account);
     } catch (const std::exception& failed) {
         return Fail(account.AboutAccount(failed.what()));

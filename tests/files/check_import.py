@@ -1,0 +1,189 @@
+#!/usr/bin/env python3
+"""Imports tables that are good, however they are written, and looks at what is in the account.
+
+  check_import.py PROGRAM
+"""
+
+import datetime
+import random
+import subprocess
+import sys
+import time
+import unittest
+from decimal import Decimal
+
+import openpyxl
+
+from account_files import (SAMPLE_ENTRIES, counter, entry, line, new_entries, query, table_of, text,
+                           LINE_TITLES, TITLES)
+from import_test import FIRST, Imports, stored
+
+MANY = 3000
+KILLS = 12
+
+
+class GoodTables(Imports):
+    def test_a_workbook(self):
+        rows = [entry(日期=datetime.date(2004, 6, 1)),
+                entry(**{"项目编号": "X02", "项目名称": None, "要素": "现场管理费", "未结转期初": 0}),
+                entry(**{"责任中心": "0101", "项目编号": "0007", "项目名称": "七号楼",
+                         "未结转期初": Decimal("-0.005")})]
+        self.assert_written(self.accounts.new(), self.book(rows), rows=[
+            stored(FIRST), stored(FIRST + 1, item="X02", element="E02", amount="0.0000"),
+            stored(FIRST + 2, center="0101", item="0007", amount="-0.0100")])
+
+    def test_texts(self):
+        rows = [entry(摘要='带"引号"，和,逗号;\t分号'), entry(未结转期初="1,234.50")]
+        expected = [stored(FIRST, digest='带"引号"，和,逗号;\t分号'), stored(FIRST + 1)]
+        for separator in ",;\t":
+            for encoding in ("utf-8", "utf-8-sig", "gb18030"):
+                with self.subTest(separator=separator, encoding=encoding):
+                    path = self.csv(rows, separator=separator, encoding=encoding)
+                    self.assert_written(self.accounts.new(), path, rows=expected)
+
+    def test_an_encoding_that_is_named(self):
+        path = self.csv([entry()], encoding="gb18030")
+        self.assert_written(self.accounts.new(), path, "--encoding", "gb18030", rows=[stored(FIRST)])
+        self.assert_not_done(self.accounts.new(), path, "--encoding", "utf-8", reason=str(path))
+        self.assert_not_done(self.accounts.new(), path, "--encoding", "latin-7", reason="latin-7",
+                             status=2)
+
+    def test_dates_as_they_are_written(self):
+        forms = ["2004-06-01", "2004-6-1", "2004.6.1", "2004/6/1", "04-6-1", "04.06.01", "04/6/1",
+                 "２００４－０６－０１", datetime.date(2004, 6, 1), datetime.datetime(2004, 6, 1)]
+        expected = [stored(FIRST + at) for at in range(len(forms))]
+        self.assert_written(self.accounts.new(), self.book([entry(日期=form) for form in forms]),
+                            rows=expected)
+        years = ["29.1.1", "30.1.1", "95-1-1", "99/1/1", "00.1.1"]
+        account = self.accounts.new()
+        done = self.run_import(account, self.csv([entry(日期=form) for form in years]))
+        self.assertEqual(done.stdout.splitlines()[0].split(": ")[1], "date.bound")
+        self.assert_written(account, self.csv([entry(日期=form) for form in years[1:]]), rows=[
+            stored(FIRST + at, date=date) for at, date in
+            enumerate(["1930-01-01", "1995-01-01", "1999-01-01", "2000-01-01"])])
+
+    def test_amounts_as_they_are_written(self):
+        forms = {"1,234.50": "1234.5000", "¥1234.5": "1234.5000", "￥1,234.5": "1234.5000",
+                 "１，２３４．５０": "1234.5000", " 1234.5 ": "1234.5000", "-1,234.50": "-1234.5000",
+                 ".5": "0.5000", "0": "0.0000", "+7": "7.0000", "1234.565": "1234.5700", " ": "0.0000"}
+        expected = [stored(FIRST + at, amount=amount) for at, amount in enumerate(forms.values())]
+        for make in (self.book, self.csv):
+            rows = [entry(未结转期初=form) for form in forms]
+            self.assert_written(self.accounts.new(), make(rows), rows=expected)
+
+    def test_numbers_are_what_the_file_says(self):
+        numbers = [Decimal("0.30000000000000004"), Decimal("922337203685477.58"), Decimal("1E3"),
+                   Decimal("1.005")]
+        expected = ["0.3000", "922337203685477.5800", "1000.0000", "1.0100"]
+        self.assert_written(self.accounts.new(), self.book([entry(未结转期初=number) for number in numbers]),
+                            rows=[stored(FIRST + at, amount=amount)
+                                  for at, amount in enumerate(expected)])
+
+    def test_any_order_and_other_columns(self):
+        book = openpyxl.Workbook()
+        sheet = book.active
+        sheet.title = "别的名字"
+        sheet.append(["某公司期初余额表"])
+        sheet.append(["单位：元", None, "制表：张三"])
+        sheet.append([])
+        titles = [*reversed(TITLES), "备注", "经办"]
+        titles[titles.index("标段 (关键字)")] = " 标段"
+        titles[titles.index("未结转期初")] = "未结转\n期初"
+        sheet.append(titles)
+        row = entry()
+        cells = [row[title] for title in reversed(TITLES)]
+        sheet.append([*cells, "不读", None])
+        sheet.append([])
+        sheet.append([None, None, "  "])
+        sheet.append([*cells, None, "不读"])
+        path = self.path("xlsx")
+        book.save(path)
+        done = self.assert_written(self.accounts.new(), path, rows=[stored(FIRST), stored(FIRST + 1)])
+        self.assertIn("别的名字!I4: 没有读入列“备注”", done.stderr)
+        self.assertIn("别的名字!J4: 没有读入列“经办”", done.stderr)
+        self.assertIn("别的名字!A1: 没有读入标题以上的 2 行", done.stderr)
+
+    def test_the_sheet_that_is_named(self):
+        path = self.book([entry(摘要="第一张")])
+        book = openpyxl.load_workbook(path)
+        other = book.create_sheet("二月")
+        for cells in table_of([entry(摘要="第二张")]):
+            other.append(cells)
+        book.save(path)
+        self.assert_written(self.accounts.new(), path, rows=[stored(FIRST, digest="第一张")])
+        self.assert_written(self.accounts.new(), path, "--sheet", "二月",
+                            rows=[stored(FIRST, digest="第二张")])
+        self.assert_not_done(self.accounts.new(), path, "--sheet", "三月",
+                             reason="没有名为“三月”的工作表")
+
+    def test_hidden_rows(self):
+        path = self.book([entry(摘要="可见"), entry(摘要="隐藏"), entry(摘要="末行")])
+        book = openpyxl.load_workbook(path)
+        book["期初"].row_dimensions[3].hidden = True
+        book.save(path)
+        refused = self.run_import(self.accounts.new(), path)
+        self.assertEqual(refused.returncode, 3)
+        self.assertEqual(refused.stdout.splitlines()[0], "期初!A3: file.hidden: 有 1 个隐藏行，须指明略过"
+                         "（--hidden skip）还是读入（--hidden take）")
+        for how, digests in (("skip", ["可见", "末行"]), ("take", ["可见", "隐藏", "末行"])):
+            self.assert_written(self.accounts.new(), path, "--hidden", how, rows=[
+                stored(FIRST + at, digest=digest) for at, digest in enumerate(digests)])
+
+    def test_detail_lines(self):
+        machines = {"要素": "机械使用费", "未结转期初": None, "行号": "甲"}
+        steel = {"要素": "钢材费", "未结转期初": "3,500", "行号": 2}
+        rows = [entry(**machines), entry(**steel), entry(行号=None)]
+        lines = [line("甲", "0201", "12.345", "1.2345"), line(2, "010101", Decimal("3500"), 1),
+                 line("甲", "0202", 1000, 2, 名称="汽车起重机", 余额="2,000.00")]
+        written = [stored(FIRST, element="E21", amount="2015.2500"),
+                   stored(FIRST + 1, element="E12", amount="3500.0000"), stored(FIRST + 2)]
+        # As the editor keeps them: two decimals of a price, three of a quantity.
+        line_rows = [(FIRST, "0201", "12.3500", 1.235, "15.2500"),
+                     (FIRST, "0202", "1000.0000", 2.0, "2000.0000"),
+                     (FIRST + 1, "010101", "3500.0000", 1.0, "3500.0000")]
+        account = self.accounts.new()
+        self.assert_written(account, self.book(rows, lines), rows=written)
+        self.assertEqual(new_entries(account)[1], line_rows)
+        for title in ("编码", "设备编码", "存货编码"):
+            account = self.accounts.new()
+            table = table_of(lines, LINE_TITLES)
+            table[0][1] = title
+            self.assert_written(account, self.csv(rows), "--lines", text(self.path("csv"), table),
+                                rows=written)
+            self.assertEqual(new_entries(account)[1], line_rows)
+
+    def test_lines_of_a_workbook_from_another(self):
+        rows = [entry(**{"要素": "机械使用费", "未结转期初": None, "行号": 1})]
+        lines = [line(1, "0201", 5, 3)]
+        account = self.accounts.new()
+        self.assert_written(account, self.book(rows), "--lines", self.book([], lines),
+                            rows=[stored(FIRST, element="E21", amount="15.0000")])
+        self.assertEqual(new_entries(account)[1], [(FIRST, "0201", "5.0000", 3.0, "15.0000")])
+
+    def test_killed(self):
+        """All of the file's entries are there or none; the counter fits."""
+        path = self.csv([entry(摘要=f"第{number}行") for number in range(MANY)])
+        started = time.monotonic()
+        account = self.accounts.new()
+        self.assertEqual(self.run_import(account, path).returncode, 0)
+        self.assertEqual(len(new_entries(account)[0]), MANY)
+        whole = time.monotonic() - started
+        chance = random.Random(13)
+        for _ in range(KILLS):
+            account = self.accounts.new()
+            process = subprocess.Popen([self.accounts.program, "import", account, path],
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                       env=self.accounts.environment)
+            try:
+                process.wait(chance.uniform(0, whole * 1.1))
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+            count = len(new_entries(account)[0])
+            self.assertIn(count, (0, MANY))
+            self.assertEqual(counter(account), SAMPLE_ENTRIES + count)
+            self.assertEqual(query(account, "pragma integrity_check"), [("ok",)])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

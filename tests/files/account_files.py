@@ -94,17 +94,20 @@ def text(path, table, separator=",", encoding="utf-8"):
 
 
 class Accounts:
-    """The accounts of a test, in a folder of their own."""
+    """The accounts of a test, in a folder of their own. Without keyword fields there is the sample
+    alone."""
 
-    def __init__(self, program, folder):
+    def __init__(self, program, folder, keywords=1):
         self.program = program
         self.folder = Path(folder)
         self.environment = dict(os.environ, HOME=str(folder), XDG_DATA_HOME=str(folder),
                                 XDG_CONFIG_HOME=str(folder))
         self.model = self.folder / "model.kelvane"
         self.number = 0
-        self.run("init", self.model, "--sample", "--entries", SAMPLE_ENTRIES, check=True)
-        execute(self.model, COMPANY)
+        self.run("init", self.model, "--sample", "--entries", SAMPLE_ENTRIES, "--keywords", keywords,
+                 check=True)
+        if keywords:
+            execute(self.model, COMPANY)
         # Opening the list brings the sample's amounts up to their lines.
         self.run("drive", self.model, input="init\nshow\nclose\n", check=True)
 

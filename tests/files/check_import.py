@@ -11,12 +11,13 @@ import sys
 import time
 import unittest
 from decimal import Decimal
+from pathlib import Path
 
 import openpyxl
 
-from account_files import (SAMPLE_ENTRIES, counter, entry, line, new_entries, query, table_of, text,
-                           LINE_TITLES, TITLES)
-from import_test import FIRST, Imports, stored
+from account_files import (SAMPLE_ENTRIES, TIMEOUT_SECONDS, Accounts, counter, dump, entry, line,
+                           new_entries, query, table_of, text, LINE_TITLES, TITLES)
+from import_test import FIRST, Imports, count_line, stored
 
 MANY = 3000
 KILLS = 12
@@ -152,6 +153,70 @@ class GoodTables(Imports):
                                 rows=written)
             self.assertEqual(new_entries(account)[1], line_rows)
 
+    def accounts_of_class(self, keywords):
+        folder = self.folder / f"keywords{keywords}"
+        folder.mkdir()
+        return Accounts(self.accounts.program, folder, keywords)
+
+    def test_two_keywords(self):
+        account = self.accounts_of_class(2).new(
+            "update PM_DutycenterSub set cKeyWord2 = '1' where cItemCode = 'X01';"
+            "update fitemss97sub set 期次 = 1 where citemcode = 'X01';")
+        # The second one is a number in this class.
+        rows = [entry(**{"期次 (关键字)": "1"}), entry(**{"期次 (关键字)": 1})]
+        self.assert_written(account, self.book(rows), rows=[
+            (*stored(identity)[:5], "1", *stored(identity)[6:]) for identity in (FIRST, FIRST + 1)])
+
+    def test_no_keywords(self):
+        account = self.accounts_of_class(0).new()
+        center, item = query(account, "select cCenterCode, cItemCode from PM_DutycenterSub where cItemCode"
+                                      " = 'P001'")[0]
+        table = table_of([entry(责任中心=center, 项目编号=item, 项目名称="")])
+        del table[0][4], table[1][4]
+        self.assert_written(account, text(self.path("csv"), table),
+                            rows=[stored(FIRST, center=center, item=item, key="")])
+
+    def test_the_title_of_the_name(self):
+        account = self.accounts.new("update fitemstructure set ctext = '工程名称' where cfield_name ="
+                                    " 'citemname';")
+        for title in ("工程名称", "项目名称"):
+            table = table_of([entry(项目名称="样板楼")])
+            table[0][3] = title
+            path = text(self.path("csv"), table)
+            self.assert_refused(account, path, count=count_line(1, refused=1), findings=[
+                f"{path}:2:{title}: item.name: 项目名称与项目编号不符，该编号的项目是“试验楼”"])
+
+    def test_no_rows(self):
+        account = self.accounts.new()
+        before = dump(account)
+        done = self.run_import(account, self.book([]))
+        self.assertEqual((done.returncode, done.stdout), (0, count_line(0) + "\n"), done.stderr)
+        self.assert_nothing_written(account, before)
+
+    def test_saved_by_a_spreadsheet_program(self):
+        path = self.book([entry(日期=datetime.date(2004, 6, 1), 未结转期初="=1000+234.5"),
+                          entry(**{"要素": "机械使用费", "未结转期初": None, "行号": 1})],
+                         [line(1, "0201", 5, 3)])
+        folder = self.folder / "office"
+        subprocess.run(["soffice", f"-env:UserInstallation=file://{self.folder}/profile", "--headless",
+                        "--convert-to", "xlsx", "--outdir", folder, path], check=True,
+                       capture_output=True, timeout=300)
+        self.assert_written(self.accounts.new(), folder / path.name, rows=[
+            stored(FIRST), stored(FIRST + 1, element="E21", amount="15.0000")])
+
+    def test_the_journal(self):
+        account = self.accounts.new()
+        folder = self.folder / "journal"
+        path = self.book([entry()])
+        self.assertEqual(self.run_import(account, path, "--journal", folder).returncode, 0)
+        self.assertEqual([each.name for each in folder.iterdir()], ["1.jsonl"])
+        self.assertFalse(Path(f"{account}.batches").exists())
+        self.assertEqual(self.run_import(account, path, "--journal", folder).returncode, 3)
+        account = self.accounts.new()
+        Path(f"{account}.batches").write_text("a file")
+        self.assertEqual(self.run_import(account, path).returncode, 1)
+        self.assertEqual(new_entries(account)[0], [])
+
     def test_lines_of_a_workbook_from_another(self):
         rows = [entry(**{"要素": "机械使用费", "未结转期初": None, "行号": 1})]
         lines = [line(1, "0201", 5, 3)]
@@ -159,6 +224,27 @@ class GoodTables(Imports):
         self.assert_written(account, self.book(rows), "--lines", self.book([], lines),
                             rows=[stored(FIRST, element="E21", amount="15.0000")])
         self.assertEqual(new_entries(account)[1], [(FIRST, "0201", "5.0000", 3.0, "15.0000")])
+
+    def test_two_at_once(self):
+        """Each of them wholly or, when it gives up, not at all."""
+        account = self.accounts.new()
+        running = []
+        for digest in ("甲", "乙"):
+            path = self.csv([entry(摘要=digest) for _ in range(300)])
+            running.append((digest, subprocess.Popen(
+                [self.accounts.program, "import", account, path], env=self.accounts.environment,
+                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)))
+        for _, process in running:
+            self.assertIn(process.wait(TIMEOUT_SECONDS), (0, 1))
+        written = 0
+        for digest, process in running:
+            count = query(account, "select count(*) from PM_ItemQC where cDigest = ?", digest)[0][0]
+            self.assertEqual(count, 0 if process.returncode else 300)
+            written += count
+        self.assertGreaterEqual(written, 300)
+        identities = [row[0] for row in new_entries(account)[0]]
+        self.assertEqual(identities, list(range(FIRST, FIRST + written)))
+        self.assertEqual(counter(account), SAMPLE_ENTRIES + written)
 
     def test_killed(self):
         """All of the file's entries are there or none; the counter fits."""

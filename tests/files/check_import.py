@@ -104,6 +104,10 @@ class GoodTables(Imports):
         self.assertIn("别的名字!J4: 没有读入列“经办”", done.stderr)
         self.assertIn("别的名字!A1: 没有读入标题以上的 2 行", done.stderr)
 
+    def test_columns_that_are_called_like_those_of_lines(self):
+        rows = [entry(行号=1, 数量=3, 单价=411.5), entry(行号=2, 数量=1, 单价=1234.5)]
+        self.assert_written(self.accounts.new(), self.book(rows), rows=[stored(FIRST), stored(FIRST + 1)])
+
     def test_the_sheet_that_is_named(self):
         path = self.book([entry(摘要="第一张")])
         book = openpyxl.load_workbook(path)

@@ -10,6 +10,7 @@ import subprocess
 import sys
 import time
 import unittest
+import zipfile
 from decimal import Decimal
 from pathlib import Path
 
@@ -73,12 +74,22 @@ class GoodTables(Imports):
             self.assert_written(self.accounts.new(), make(rows), rows=expected)
 
     def test_numbers_are_what_the_file_says(self):
-        numbers = [Decimal("0.30000000000000004"), Decimal("922337203685477.58"), Decimal("1E3"),
-                   Decimal("1.005")]
-        expected = ["0.3000", "922337203685477.5800", "1000.0000", "1.0100"]
-        self.assert_written(self.accounts.new(), self.book([entry(未结转期初=number) for number in numbers]),
-                            rows=[stored(FIRST + at, amount=amount)
-                                  for at, amount in enumerate(expected)])
+        """Also those with more digits than a binary number keeps."""
+        written = {"0.30000000000000004": "0.3000", "922337203685477.58": "922337203685477.5800",
+                   "-922337203685477.57": "-922337203685477.5700", "1.005": "1.0100",
+                   "1E3": "1000.0000", "1.2345E-1": "0.1200"}
+        placeholders = [111111111 + at for at in range(len(written))]
+        model = self.book([entry(未结转期初=placeholder) for placeholder in placeholders])
+        path = self.path("xlsx")
+        with zipfile.ZipFile(model) as book, zipfile.ZipFile(path, "w") as copy:
+            for part in book.namelist():
+                content = book.read(part)
+                for placeholder, number in zip(placeholders, written):
+                    content = content.replace(f"<v>{placeholder}</v>".encode(),
+                                              f"<v>{number}</v>".encode())
+                copy.writestr(part, content)
+        self.assert_written(self.accounts.new(), path, rows=[
+            stored(FIRST + at, amount=amount) for at, amount in enumerate(written.values())])
 
     def test_any_order_and_other_columns(self):
         book = openpyxl.Workbook()

@@ -75,21 +75,30 @@ class GoodTables(Imports):
 
     def test_numbers_are_what_the_file_says(self):
         """Also those with more digits than a binary number keeps."""
-        written = {"0.30000000000000004": "0.3000", "922337203685477.58": "922337203685477.5800",
-                   "-922337203685477.57": "-922337203685477.5700", "1.005": "1.0100",
-                   "1E3": "1000.0000", "1.2345E-1": "0.1200"}
+        written = [("人工费", "0.30000000000000004", "E01", "0.3000"), ("人工费", "1.005", "E01", "1.0100"),
+                   ("人工费", "1E3", "E01", "1000.0000"), ("人工费", "1.2345E-1", "E01", "0.1200"),
+                   ("现场管理费", "922337203685477.58", "E02", "922337203685477.5800"),
+                   ("临时设施费", "-922337203685477.57", "E03", "-922337203685477.5700")]
         placeholders = [111111111 + at for at in range(len(written))]
-        model = self.book([entry(未结转期初=placeholder) for placeholder in placeholders])
+        model = self.book([entry(要素=element, 未结转期初=placeholder)
+                           for placeholder, (element, *_) in zip(placeholders, written)])
         path = self.path("xlsx")
         with zipfile.ZipFile(model) as book, zipfile.ZipFile(path, "w") as copy:
             for part in book.namelist():
                 content = book.read(part)
-                for placeholder, number in zip(placeholders, written):
+                for placeholder, (_, number, *_) in zip(placeholders, written):
                     content = content.replace(f"<v>{placeholder}</v>".encode(),
                                               f"<v>{number}</v>".encode())
                 copy.writestr(part, content)
         self.assert_written(self.accounts.new(), path, rows=[
-            stored(FIRST + at, amount=amount) for at, amount in enumerate(written.values())])
+            stored(FIRST + at, element=element, amount=amount)
+            for at, (_, _, element, amount) in enumerate(written)])
+
+    def test_amounts_that_come_to_more_than_an_amount_can_be(self):
+        """No budget controls them, so nobody adds them up."""
+        great = "900,000,000,000,000.00"
+        self.assert_written(self.accounts.new(), self.book([entry(未结转期初=great)] * 3), rows=[
+            stored(FIRST + at, amount="900000000000000.0000") for at in range(3)])
 
     def test_any_order_and_other_columns(self):
         book = openpyxl.Workbook()

@@ -16,7 +16,7 @@ from account_files import entry, line, new_entries, table_of, text, LINE_TITLES,
 from import_test import FIRST, Imports, stored
 
 MACHINES = {"要素": "机械使用费", "未结转期初": None}
-ROWS = [entry(摘要="好", 行号=None, 备注="一"), entry(摘要="", 未结转期初="abc", 行号=2, 备注="二"),
+ROWS = [entry(摘要="好", 行号=1, 备注="一"), entry(摘要="", 未结转期初="abc", 行号=2, 备注="二"),
         entry(**MACHINES, 摘要="明细有误", 行号=3, 备注="三"), entry(**MACHINES, 摘要="也好", 行号=4)]
 LINES = [line(3, "0201", 0, 3), line(4, "0201", 5, 3), line(3, "0202", 10, 1), line(9, "0201", 5, 1)]
 REASONS = ["摘要不能为空；请输入数字", "单价不能为空或0", "没有行号为“9”的期初"]

@@ -47,12 +47,24 @@ struct BatchIntent {
 // InDoubt: the answer to the commit was lost.
 enum class BatchOutcome { Written, NotWritten, InDoubt };
 
-struct Batch {
-    int number = 0;
-    BatchIntent intent;
+// How many rows are new, changed and deleted.
+struct BatchCounts {
     std::size_t created = 0;
     std::size_t changed = 0;
     std::size_t deleted = 0;
+
+    std::size_t All() const { return created + changed + deleted; }
+    void Add(const BatchChange& change) {
+        ++(!change.before ? created : !change.after ? deleted : changed);
+    }
+    friend bool operator==(const BatchCounts&, const BatchCounts&) = default;
+};
+
+struct Batch {
+    int number = 0;
+    BatchIntent intent;
+    // Known once the intent is whole.
+    BatchCounts counts;
     // The intent was cut off while it was being written: Begin() never returned, so that nothing
     // was done. It has its problem, too, unless it is still being written.
     bool neverBegun = false;

@@ -86,7 +86,7 @@ private:
         if (MayNotGoOn()) chain.Fail("在结果之后，不该有");
         // Said of this line, while the chain is at the next one.
         const LineChain before = chain;
-        const Json line = chain.Open(text);
+        const std::string line = chain.Open(text);
         try {
             TakeContent(line, before);
         } catch (const nlohmann::json::exception& strange) {
@@ -94,7 +94,14 @@ private:
         }
     }
 
-    void TakeContent(const Json& line, const LineChain& place) {
+    void TakeContent(const std::string& text, const LineChain& place) {
+        const bool mayBeChange = !mWhole && place.NextLine() > 1;
+        // A list needs to know of a change that there is one; reading all of them takes long.
+        if (mayBeChange && !mWithChanges && IsChange(text, place.Start())) {
+            ++mChanges;
+            return;
+        }
+        const Json line = LineChain::Parsed(text);
         if (place.NextLine() == 1) {
             Known().intent = HeadOf(line);
         } else if (mWhole) {
@@ -102,15 +109,22 @@ private:
         } else if (IsChange(line)) {
             TakeChange(ChangeOf(line));
         } else {
-            const std::size_t changes = Known().created + Known().changed + Known().deleted;
-            if (ChangesIn(line) != changes) place.Fail("与改动的数目不符");
-            mWhole = true;
+            TakeCounts(CountsOf(line), place);
         }
     }
 
     void TakeChange(platform::BatchChange&& change) {
-        ++(!change.before ? Known().created : !change.after ? Known().deleted : Known().changed);
+        ++mChanges;
+        mCounted.Add(change);
         if (mWithChanges) Known().intent.changes.push_back(std::move(change));
+    }
+
+    void TakeCounts(const platform::BatchCounts& counts, const LineChain& place) {
+        if (counts.All() != mChanges || (mWithChanges && counts != mCounted)) {
+            place.Fail("与改动的数目不符");
+        }
+        Known().counts = counts;
+        mWhole = true;
     }
 
     bool MayNotGoOn() const {
@@ -140,6 +154,8 @@ private:
     BatchFile mFile;
     bool mWithChanges;
     bool mWhole = false;
+    std::size_t mChanges = 0;
+    platform::BatchCounts mCounted;
 };
 
 }  // namespace

@@ -140,12 +140,20 @@ BatchChange ChangeOf(const Json& line) {
             .after = ImageOf(change.at("after"))};
 }
 
-Json ChangesEndLine(std::size_t changes) {
-    return {{"changes", changes}};
+bool IsChange(std::string_view text, std::string_view start) {
+    return text.starts_with(start) && text.substr(start.size()).starts_with(R"(,"change":)");
 }
 
-std::size_t ChangesIn(const Json& line) {
-    return line.at("changes").get<std::size_t>();
+Json CountsLine(const platform::BatchCounts& counts) {
+    return {{"changes",
+             {{"new", counts.created}, {"changed", counts.changed}, {"deleted", counts.deleted}}}};
+}
+
+platform::BatchCounts CountsOf(const Json& line) {
+    const Json& counts = line.at("changes");
+    return {.created = counts.at("new").get<std::size_t>(),
+            .changed = counts.at("changed").get<std::size_t>(),
+            .deleted = counts.at("deleted").get<std::size_t>()};
 }
 
 Json OutcomeLine(BatchOutcome outcome) {

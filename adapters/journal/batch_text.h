@@ -2,7 +2,7 @@
 // and the outcome. A text that is no UTF-8 is kept byte by byte, as {"hex": "c3"}.
 #pragma once
 
-#include <cstddef>
+#include <string_view>
 
 #include "adapters/journal/line_chain.h"
 #include "platform/batch_journal.h"
@@ -13,15 +13,17 @@ namespace kelvane::journal {
 Json HeadLine(const platform::BatchIntent& intent);
 Json ChangeLine(const platform::BatchChange& change);
 // Behind the changes: how many there are. Without it the intent is not whole.
-Json ChangesEndLine(std::size_t changes);
+Json CountsLine(const platform::BatchCounts& counts);
 Json OutcomeLine(platform::BatchOutcome outcome);
 
 // The same read from lines. They throw nlohmann::json::exception when a line says something else,
 // `HeadOf` throws Fault when a later version wrote it.
 platform::BatchIntent HeadOf(const Json& line);
 bool IsChange(const Json& line);
+// The same of a line's text, which stands behind `start`.
+bool IsChange(std::string_view text, std::string_view start);
 platform::BatchChange ChangeOf(const Json& line);
-std::size_t ChangesIn(const Json& line);
+platform::BatchCounts CountsOf(const Json& line);
 platform::BatchOutcome OutcomeOf(const Json& line);
 
 }  // namespace kelvane::journal

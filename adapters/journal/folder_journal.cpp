@@ -111,8 +111,12 @@ void FolderJournal::WriteIntent(Running& batch, const BatchIntent& intent) {
         mDisk.Write(batch.file, buffer);
         buffer.clear();
     };
-    for (const auto& change : intent.changes) add(batch.chain.Seal(ChangeLine(change)));
-    add(batch.chain.Seal(ChangesEndLine(intent.changes.size())));
+    platform::BatchCounts counts;
+    for (const auto& change : intent.changes) {
+        add(batch.chain.Seal(ChangeLine(change)));
+        counts.Add(change);
+    }
+    add(batch.chain.Seal(CountsLine(counts)));
     mDisk.Write(batch.file, buffer);
     mDisk.Sync(batch.file);
     mDisk.SyncFolder(platform::Utf8Of(mFolder));

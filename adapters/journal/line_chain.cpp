@@ -27,8 +27,18 @@ std::string_view ChecksumIn(std::string_view line) {
 
 }  // namespace
 
+Json LineChain::Place() const {
+    return {{"batch", mBatch}, {"line", mLine}, {"previous", mPrevious}};
+}
+
+std::string LineChain::Start() const {
+    std::string text = Place().dump();
+    text.pop_back();
+    return text;
+}
+
 std::string LineChain::Seal(const Json& content) {
-    Json line = {{"batch", mBatch}, {"line", mLine}, {"previous", mPrevious}};
+    Json line = Place();
     line.update(content);
     std::string text = line.dump();
     const std::string checksum = ChecksumOf(text);
@@ -39,19 +49,28 @@ std::string LineChain::Seal(const Json& content) {
     return text + '\n';
 }
 
-Json LineChain::Open(std::string_view line) try {
+std::string LineChain::Open(std::string_view line) {
     if (!EndsLine(line)) Fail("已损坏（没有校验值）");
-    const std::string unsealed = std::string(line.substr(0, line.size() - kSealLength)) + '}';
+    std::string text = std::string(line.substr(0, line.size() - kSealLength)) + '}';
     const std::string_view checksum = ChecksumIn(line);
-    if (ChecksumOf(unsealed) != checksum) Fail("已损坏（校验值不符）");
-    Json content = Json::parse(unsealed);
-    const int batch = content.at("batch").get<int>();
-    const int place = content.at("line").get<int>();
+    if (ChecksumOf(text) != checksum) Fail("已损坏（校验值不符）");
+    NeedPlace(text);
+    Advance(checksum);
+    return text;
+}
+
+Json LineChain::Parsed(const std::string& text) {
+    return Json::parse(text);
+}
+
+void LineChain::NeedPlace(const std::string& text) const try {
+    if (text.starts_with(Start())) return;
+    const Json line = Parsed(text);
+    const int batch = line.at("batch").get<int>();
+    const int place = line.at("line").get<int>();
     if (batch != mBatch) Fail("是第 " + std::to_string(batch) + " 批的");
     if (place != mLine) Fail("不在其位：这是第 " + std::to_string(place) + " 行");
-    if (content.at("previous").get<std::string>() != mPrevious) Fail("与上一行不相接");
-    Advance(checksum);
-    return content;
+    if (line.at("previous").get<std::string>() != mPrevious) Fail("与上一行不相接");
 } catch (const nlohmann::json::exception& strange) {
     Fail("的内容看不懂");
 }

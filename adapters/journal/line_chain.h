@@ -30,9 +30,14 @@ public:
     // too long.
     std::string Seal(const Json& content);
 
-    // Reads the next line, which comes without its line break. Throws Fault when it is another one
-    // or damaged.
-    Json Open(std::string_view line);
+    // How the next line begins: with its place.
+    std::string Start() const;
+
+    // The text of the next line, which comes without its line break, without its checksum. Throws
+    // Fault when it is another one or damaged.
+    std::string Open(std::string_view line);
+    // The same as JSON; throws nlohmann::json::exception when it is none.
+    static Json Parsed(const std::string& text);
 
     // Whether `text` ends in a checksum as a whole line does.
     static bool EndsLine(std::string_view text);
@@ -40,6 +45,9 @@ public:
     [[noreturn]] void Fail(const std::string& what) const;
 
 private:
+    Json Place() const;
+    // Throws Fault when `text` does not say that it is the next line.
+    void NeedPlace(const std::string& text) const;
     void Advance(std::string_view checksum);
 
     int mBatch;

@@ -68,9 +68,10 @@ std::string LineOf(const Batch& batch) {
           intent.time.FullText().substr(0, kToTheSecond), intent.user, SourceOf(intent)}) {
         line += ' ' + part;
     }
+    if (batch.neverBegun || !batch.problem.empty()) return Told("%1: %2", {line, state});
     return Told("%1: new %2, changed %3, deleted %4: %5",
-                {line, std::to_string(batch.created), std::to_string(batch.changed),
-                 std::to_string(batch.deleted), state});
+                {line, std::to_string(batch.counts.created), std::to_string(batch.counts.changed),
+                 std::to_string(batch.counts.deleted), state});
 }
 
 Json JsonOf(const Batch& batch) {
@@ -84,9 +85,9 @@ Json JsonOf(const Batch& batch) {
             {"hash", intent.hash},
             {"linesFile", intent.linesFile},
             {"linesHash", intent.linesHash},
-            {"new", batch.created},
-            {"changed", batch.changed},
-            {"deleted", batch.deleted},
+            {"new", batch.counts.created},
+            {"changed", batch.counts.changed},
+            {"deleted", batch.counts.deleted},
             {"outcome", StateOf(batch)},
             {"problem", batch.problem}};
 }

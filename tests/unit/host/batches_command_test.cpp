@@ -77,6 +77,10 @@ TEST_F(BatchesCommandTest, EveryStateHasItsWord) {
     EXPECT_EQ(Batches().output, "1 import" + state + "in doubt\n");
     journal.End(running, BatchOutcome::NotWritten);
     EXPECT_EQ(Batches().output, "1 import" + state + "not written\n");
+    const std::string whole = ReadText(mPlace / "1.jsonl");
+    WriteText(mPlace / "1.jsonl", whole.substr(0, whole.find('\n') + 1));
+    EXPECT_EQ(Batches().output,
+              "1 import" + std::string(kSample) + ": never begun: 没有写完，断在第 2 行\n");
     WriteText(mPlace / "1.jsonl", "");
     EXPECT_EQ(Batches().output, "1: never begun: 没有写完，断在第 1 行\n");
 }

@@ -4,9 +4,11 @@
 #include <sys/stat.h>
 
 #include <functional>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <thread>
 
+#include "adapters/journal/batch_text.h"
 #include "adapters/journal/line_chain.h"
 #include "tests/unit/host/temporary_folder.h"
 #include "tests/unit/journal/sample_batch.h"
@@ -104,9 +106,7 @@ TEST_F(FolderJournalTest, AListHasTheNumbersOfChangesAndNoChanges) {
         EXPECT_EQ(batch.number, static_cast<int>(at) + 1);
         EXPECT_EQ(batch.intent.user, "张三");
         EXPECT_TRUE(batch.intent.changes.empty());
-        EXPECT_EQ(batch.created, 1U);
-        EXPECT_EQ(batch.changed, 1U);
-        EXPECT_EQ(batch.deleted, 1U);
+        EXPECT_EQ(batch.counts, (platform::BatchCounts{.created = 1, .changed = 1, .deleted = 1}));
         EXPECT_EQ(batch.problem, "");
     }
     EXPECT_EQ(batches[1].outcome, BatchOutcome::NotWritten);
@@ -314,6 +314,7 @@ TEST_F(FolderJournalTest, DamageOfAnyByteIsFound) {
                 WriteText(mPlace / "1.jsonl", damaged);
                 const Batch read = journal.Read(1);
                 EXPECT_NE(read.problem, "") << at;
+                EXPECT_EQ(journal.Batches().front().problem, read.problem) << at;
                 EXPECT_FALSE(read.neverBegun) << at;
                 EXPECT_FALSE(read.outcome) << at;
             }
@@ -372,6 +373,36 @@ TEST_F(FolderJournalTest, ALineThatIsMissingStrangeOrTooMuchIsNamed) {
               "批次日志 a.kelvane.batches/1.jsonl 第 2 行与上一行不相接");
     EXPECT_EQ(Failure([&] { journal.Withdraw(1); }),
               "批次日志 a.kelvane.batches/1.jsonl 第 2 行与上一行不相接");
+}
+
+// Lines that are sealed, but say what none of this program says.
+TEST_F(FolderJournalTest, WhatASealedLineSaysIsChecked) {
+    FolderJournal journal(mPlace);
+    const auto problem = [&](const std::vector<journal::Json>& contents) {
+        journal::LineChain chain(1);
+        std::string text;
+        for (const auto& content : contents) text += chain.Seal(content);
+        WriteText(mPlace / "1.jsonl", text);
+        const std::string found = journal.Read(1).problem;
+        EXPECT_EQ(journal.Batches().front().problem, found);
+        return found;
+    };
+    fs::create_directory(mPlace);
+    const platform::BatchIntent intent = SampleIntent();
+    const auto head = journal::HeadLine(intent);
+    const auto change = journal::ChangeLine(intent.changes.front());
+    const auto one = journal::CountsLine({.created = 1, .changed = 0, .deleted = 0});
+    const auto outcome = journal::OutcomeLine(BatchOutcome::Written);
+    EXPECT_EQ(problem({head, change, one, outcome}), "");
+    EXPECT_EQ(problem({change, one}), "第 1 行的内容看不懂");
+    EXPECT_EQ(problem({head, head}), "第 2 行的内容看不懂");
+    EXPECT_EQ(problem({head, change, change, one}), "第 4 行与改动的数目不符");
+    EXPECT_EQ(problem({head, one}), "第 2 行与改动的数目不符");
+    EXPECT_EQ(problem({head, change, one, change}), "第 4 行的内容看不懂");
+    EXPECT_EQ(problem({head, change, one, {{"outcome", "perhaps"}}}), "第 4 行的内容看不懂");
+    auto later = head;
+    later["intent"]["version"] = 2;
+    EXPECT_EQ(problem({later, change, one}), "由更新的版本写成");
 }
 
 TEST_F(FolderJournalTest, ALineThatNeverEndsIsNotReadWhole) {

@@ -54,6 +54,12 @@ protected:
         return ReadText(mPlace / (std::to_string(number) + ".jsonl"));
     }
 
+    // Puts another file in batch 1's place. Writing over the old one would wait for the disk.
+    void Replace(const std::string& text) const {
+        fs::remove(mPlace / "1.jsonl");
+        WriteText(mPlace / "1.jsonl", text);
+    }
+
     TemporaryFolder mFolder;
     fs::path mPlace = mFolder / "a.kelvane.batches";
 };
@@ -274,7 +280,7 @@ TEST_F(FolderJournalTest, AnOutcomeThatWasCutOffIsWrittenAnew) {
     journal.End(1, BatchOutcome::Written);
     const std::string whole = ReadText(mPlace / "1.jsonl");
     for (std::size_t length = intent.size(); length < whole.size(); ++length) {
-        WriteText(mPlace / "1.jsonl", whole.substr(0, length));
+        Replace(whole.substr(0, length));
         const Batch torn = journal.Read(1);
         EXPECT_FALSE(torn.outcome) << length;
         EXPECT_EQ(torn.problem, "") << length;
@@ -288,7 +294,7 @@ TEST_F(FolderJournalTest, AnIntentThatWasCutOffNeverBegan) {
     const std::string intent = Written({});
     FolderJournal journal(mPlace);
     for (std::size_t length = 0; length < intent.size(); ++length) {
-        WriteText(mPlace / "1.jsonl", intent.substr(0, length));
+        Replace(intent.substr(0, length));
         const Batch torn = journal.Read(1);
         EXPECT_TRUE(torn.neverBegun) << length;
         EXPECT_TRUE(torn.problem.starts_with("没有写完，断在第 ")) << length << torn.problem;
@@ -311,14 +317,14 @@ TEST_F(FolderJournalTest, DamageOfAnyByteIsFound) {
             for (const char flipped : {'\x01', '\x20', '\x80'}) {
                 std::string damaged = whole;
                 damaged[at] = static_cast<char>(damaged[at] ^ flipped);
-                WriteText(mPlace / "1.jsonl", damaged);
+                Replace(damaged);
                 const Batch read = journal.Read(1);
                 EXPECT_NE(read.problem, "") << at;
                 EXPECT_EQ(journal.Batches().front().problem, read.problem) << at;
                 EXPECT_FALSE(read.neverBegun) << at;
                 EXPECT_FALSE(read.outcome) << at;
             }
-            WriteText(mPlace / "1.jsonl", whole.substr(0, at) + whole.substr(at + 1));
+            Replace(whole.substr(0, at) + whole.substr(at + 1));
             const Batch shorter = journal.Read(1);
             const bool wasLast = at + 1 == whole.size();
             EXPECT_EQ(shorter.problem.empty(), wasLast && outcome.has_value()) << at;
@@ -343,7 +349,7 @@ TEST_F(FolderJournalTest, ALineThatIsMissingStrangeOrTooMuchIsNamed) {
     const auto problem = [&](const std::vector<std::string>& changed) {
         std::string text;
         for (const auto& line : changed) text += line;
-        WriteText(mPlace / "1.jsonl", text);
+        Replace(text);
         return journal.Read(1).problem;
     };
     EXPECT_EQ(problem(lines), "");
@@ -382,7 +388,7 @@ TEST_F(FolderJournalTest, WhatASealedLineSaysIsChecked) {
         journal::LineChain chain(1);
         std::string text;
         for (const auto& content : contents) text += chain.Seal(content);
-        WriteText(mPlace / "1.jsonl", text);
+        Replace(text);
         const std::string found = journal.Read(1).problem;
         EXPECT_EQ(journal.Batches().front().problem, found);
         return found;
@@ -407,7 +413,7 @@ TEST_F(FolderJournalTest, WhatASealedLineSaysIsChecked) {
 
 TEST_F(FolderJournalTest, ALineThatNeverEndsIsNotReadWhole) {
     fs::create_directory(mPlace);
-    WriteText(mPlace / "1.jsonl", "");
+    Replace("");
     fs::resize_file(mPlace / "1.jsonl", 2 * journal::kMaxLineLength);
     const Batch read = FolderJournal(mPlace).Read(1);
     EXPECT_EQ(read.problem, "第 1 行太长");

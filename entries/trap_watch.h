@@ -15,7 +15,8 @@ namespace kelvane::entries {
 class TrapWatch {
 public:
     TrapWatch()
-        : mFormer(std::exchange(data::gTrapListener, [this](std::string_view) { Keep(); })) {}
+        : mFormer(std::exchange(data::gTrapListener,
+                                [this](std::string_view place) { Keep(place); })) {}
     ~TrapWatch() { data::gTrapListener = std::move(mFormer); }
     TrapWatch(const TrapWatch&) = delete;
     TrapWatch& operator=(const TrapWatch&) = delete;
@@ -26,11 +27,17 @@ public:
     }
 
 private:
-    void Keep() {
+    // That a budget cannot be read is a finding by itself, unless nothing can.
+    void Keep(std::string_view place) {
         if (mTrapped || !std::current_exception()) return;
         try {
             throw;
+        } catch (const platform::ConnectionLost&) {
+            mTrapped = std::current_exception();
+        } catch (const platform::DatabaseBusy&) {
+            mTrapped = std::current_exception();
         } catch (const platform::DatabaseError&) {
+            if (place == "GetItemBudget") return;
             mTrapped = std::current_exception();
         } catch (...) {
             // What the windows, too, pass over.

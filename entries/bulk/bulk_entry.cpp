@@ -81,6 +81,8 @@ std::map<std::string, std::size_t> ByRowNumber(BulkEntries& joined) {
             joined.findings.push_back(
                 {BulkTableKind::Entries, row, kRowNumberColumn,
                  Found(Rule::EntryRowNumberTwice, number, std::to_string(other))});
+            // Whose the lines are nobody can tell, nor what they come to.
+            joined.entries[at[i]].unread.Add(kAmountColumn);
         }
     }
     return first;

@@ -115,14 +115,15 @@ std::optional<EntryRecord> RowCheck::Run() {
                        std::move(mLines)};
 }
 
-// A text that no statement can carry reaches none: its cell counts as empty from here on.
+// A text that no statement can carry reaches none: its cell counts as empty from here on. A centre
+// of such a text is an unknown one, as it is in the windows.
 void RowCheck::TakeTexts() {
     mTexts = mEntry.texts;
     for (int column = kDateColumn; column <= kAmountColumn; ++column) {
         std::string& text = mTexts.cells[static_cast<std::size_t>(column)];
         if (text != " ") text = data::Trim(text);
         const bool isCarried =
-            column >= kCenterColumn && column <= kDigestColumn && column != kItemNameColumn;
+            column > kCenterColumn && column <= kDigestColumn && column != kItemNameColumn;
         if (!isCarried || FitsStatement(text)) continue;
         Find(column, Found(Rule::TextQuote));
         text.clear();
@@ -152,9 +153,14 @@ void RowCheck::CheckLineTexts(LineRules& rules) {
             continue;
         }
         const LineTexts texts = CompleteLine(rules, line);
-        for (Finding& finding : rules.CheckLine(texts, codes)) {
-            const int column = LineTableColumnOf(static_cast<LineColumn>(finding.column));
-            if (!line.unread.Has(column)) FindInLine(line, column, std::move(finding));
+        try {
+            for (Finding& finding : rules.CheckLine(texts, codes)) {
+                const int column = LineTableColumnOf(static_cast<LineColumn>(finding.column));
+                if (!line.unread.Has(column)) FindInLine(line, column, std::move(finding));
+            }
+        } catch (const platform::MoneyOverflow&) {
+            // Together with what the budget has been used for.
+            FindInLine(line, kLineAmountColumn, Found(Rule::AmountRange));
         }
         codes.push_back(texts.code);
         if (mFindings.size() == before && !HasAny(line.unread, kLineTableColumnCount)) {

@@ -18,6 +18,11 @@ auto& Known(Map& known, const typename Map::key_type& key, const Ask& ask) {
     return known.emplace(key, ask()).first->second;
 }
 
+Money AmountKnown(const std::optional<Money>& used) {
+    if (!used) throw platform::MoneyOverflow("金额溢出");
+    return *used;
+}
+
 // No entry of the account has it: everybody is another one.
 constexpr std::int32_t kNobody = 0;
 
@@ -46,14 +51,21 @@ void FileMasterData::Take(const EntryRecord& row) {
 }
 
 void FileMasterData::Count(const EntryRecord& row, int sign) {
-    const auto amountOf = [&](Money amount) { return sign < 0 ? Money() - amount : amount; };
+    const auto add = [&](std::optional<Money>& used, Money amount) {
+        try {
+            if (used) used = sign < 0 ? *used - amount : *used + amount;
+        } catch (const platform::MoneyOverflow&) {
+            used.reset();
+        }
+    };
     const Entry& entry = row.entry;
-    const auto [taken, isFirst] = mTaken.try_emplace(KeyOf(entry.itemCode, row.elementCode));
+    const auto [taken, isFirst] =
+        mTaken.try_emplace(KeyOf(entry.itemCode, row.elementCode), Money());
     if (isFirst) mUses.push_back({kNobody, entry.itemCode, entry.elementName});
-    taken->second += amountOf(entry.amount);
+    add(taken->second, entry.amount);
     for (const DetailLine& line : row.lines) {
         UsedLines& used = mTakenLines[KeyOf(entry.itemCode, row.elementCode, line.code)];
-        used.amount += amountOf(line.amount);
+        add(used.amount, line.amount);
         used.quantity += sign * line.quantity;
     }
 }
@@ -66,7 +78,11 @@ std::vector<BudgetUse> FileMasterData::Budgets() {
         use.itemName = ItemName(entry.itemCode);
         use.elementName = entry.elementName;
         const std::string code = ElementCode(entry.elementName);
-        use.after = RecordedByOthers(entry, code);
+        try {
+            use.after = RecordedByOthers(entry, code);
+        } catch (const platform::MoneyOverflow&) {
+            use.after.reset();
+        }
         use.before = mRecorded.at(KeyOf(entry.itemCode, code));
         try {
             const Budget budget = BudgetOf(entry.itemCode, code, {});
@@ -140,7 +156,7 @@ Money FileMasterData::RecordedByOthers(const BudgetedEntry& entry, const std::st
         return answer;
     });
     const auto taken = mTaken.find(key);
-    return taken == mTaken.end() ? recorded : recorded + taken->second;
+    return taken == mTaken.end() ? recorded : recorded + AmountKnown(taken->second);
 }
 
 RecordedLines FileMasterData::LinesOfOthers(const BudgetedEntry& entry,
@@ -156,7 +172,7 @@ RecordedLines FileMasterData::LinesOfOthers(const BudgetedEntry& entry,
     const auto found = mTakenLines.find(key);
     const UsedLines taken = found == mTakenLines.end() ? UsedLines() : found->second;
     return {
-        .amount = recorded.amount + taken.amount,
+        .amount = recorded.amount + AmountKnown(taken.amount),
         .quantity = static_cast<float>(static_cast<double>(recorded.quantity) + taken.quantity)};
 }
 

@@ -22,7 +22,7 @@ struct BudgetUse {
     std::string elementName;
     std::optional<platform::Money> budget;  // none: nothing controls them
     platform::Money before;                 // recorded in the account
-    platform::Money after;
+    std::optional<platform::Money> after;   // none: more than an amount can be
 };
 
 // What the account had recorded of an item and element, or of a detail code below them, when a row
@@ -44,7 +44,7 @@ public:
 
     // A row of the account that the file changes or deletes no longer counts.
     void Release(const EntryRecord& stored);
-    // A row of the file counts from now on. Throws platform::MoneyOverflow.
+    // A row of the file counts from now on.
     void Take(const EntryRecord& row);
 
     // Of every item and element of a row that was taken or released, in the order of the rows. To
@@ -81,7 +81,7 @@ private:
         std::string unreadable;
     };
     struct UsedLines {
-        platform::Money amount;
+        std::optional<platform::Money> amount = platform::Money();
         double quantity = 0;
     };
 
@@ -100,7 +100,8 @@ private:
     std::map<std::string, std::string> mElementCodes;
     std::map<Key, KnownBudget> mBudgets;
     std::map<Key, platform::Money> mRecorded;  // in the account
-    std::map<Key, platform::Money> mTaken;     // by the file, less what it releases
+    // By the file, less what it releases; none: more than an amount can be.
+    std::map<Key, std::optional<platform::Money>> mTaken;
     std::map<Key, RecordedLines> mRecordedLines;
     std::map<Key, UsedLines> mTakenLines;
     std::map<std::tuple<DetailKind, LineField, std::string, std::string, std::string>,

@@ -47,14 +47,14 @@ std::optional<Money> AmountIn(const BulkEntry& entry) try {
     return std::nullopt;
 }
 
-Money SumOf(const BulkEntries& file) try {
+std::optional<Money> SumOf(const BulkEntries& file) try {
     Money sum;
     for (const BulkEntry& entry : file.entries) {
         if (!IsDeletion(entry)) sum += AmountIn(entry).value_or(Money());
     }
     return sum;
 } catch (const platform::MoneyOverflow&) {
-    return {};
+    return std::nullopt;
 }
 
 class Importing {
@@ -128,7 +128,8 @@ void Importing::CheckTotals() {
     if (isUnread) return;
     for (const Money expected : mRequest.expectedSums) {
         if (expected == mResult.sum) continue;
-        Find(Rule::FileTotalAmount, MoneyText(expected), MoneyText(mResult.sum));
+        Find(Rule::FileTotalAmount, MoneyText(expected),
+             mResult.sum ? MoneyText(*mResult.sum) : "超出范围的金额");
     }
 }
 

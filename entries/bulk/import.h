@@ -30,7 +30,9 @@ struct ImportRequest {
 
 struct ImportResult {
     ImportPlan plan;
-    platform::Money sum;  // of the rows that the file brings, as far as their amounts can be read
+    // Of the rows that the file brings, as far as their amounts can be read; none: more than an
+    // amount can be.
+    std::optional<platform::Money> sum;
     // Each new row's identity, in their order; those that they would get in a dry run.
     std::int32_t firstIdentity = 0;
     std::optional<int> batch;

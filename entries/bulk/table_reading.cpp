@@ -128,7 +128,7 @@ void Reading::TellHidden() {
 }
 
 BulkTable Reading::Run() {
-    mTable.sheet = ChooseSheet(mReader, mShape, mHow.sheet);
+    mTable.sheet = ChooseSheet(mReader, mShape, mHow.sheet, mHow.taken);
     const auto merged =
         mReader.Read(mTable.sheet, [this](const TableRow& row) { return TakeRow(row); });
     if (mTable.titleRow == 0) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,8 @@ struct TableReading {
     std::string sheet;  // the one to read; empty: the shape's own, or the first that has the titles
     HiddenRows hidden = HiddenRows::Refuse;
     CodeProposal propose;  // may be empty
+    // A sheet that is another table, whatever its titles are.
+    std::optional<std::size_t> taken = {};
 };
 
 // A finding and where an operator finds what it is about.

@@ -20,7 +20,7 @@ void IndexTitles(TableShape& shape) {
 
 }  // namespace
 
-TableShape EntryTableShape(std::string_view itemName, std::span<const std::string> keywords,
+TableShape EntryTableShape(std::string_view itemName, std::span<const KeywordField> keywords,
                            bool withLines) {
     TableShape shape;
     shape.sheet = "期初";
@@ -47,9 +47,10 @@ TableShape EntryTableShape(std::string_view itemName, std::span<const std::strin
     if (!itemName.empty()) itemNameColumn->titles.emplace_back(itemName);
     constexpr int kMostKeywords = 2;
     int column = kKey1Column;
-    for (const std::string& name : keywords) {
+    for (const auto& [name, isNumber] : keywords) {
         if (column == kKey1Column + kMostKeywords) break;
-        shape.columns.push_back({column++, CellUse::Code, true, {name + " (关键字)", name}});
+        const CellUse use = isNumber ? CellUse::Label : CellUse::Code;
+        shape.columns.push_back({column++, use, true, {name + " (关键字)", name}});
     }
     IndexTitles(shape);
     return shape;

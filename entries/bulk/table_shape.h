@@ -55,9 +55,15 @@ struct TableShape {
     Rule noNumber = Rule::AmountNumber;  // what a number is refused by that is none
 };
 
-// `itemName`: what the windows call the item's name; `keywords`: the names of the item class's
-// keyword fields, at most two; `withLines`: whether a table of lines refers to the entries.
-TableShape EntryTableShape(std::string_view itemName, std::span<const std::string> keywords,
+// A keyword field of the item class; what is a number by its type loses nothing as one.
+struct KeywordField {
+    std::string name;
+    bool isNumber = false;
+};
+
+// `itemName`: what the windows call the item's name; `keywords`: the item class's keyword fields,
+// at most two; `withLines`: whether a table of lines refers to the entries.
+TableShape EntryTableShape(std::string_view itemName, std::span<const KeywordField> keywords,
                            bool withLines);
 TableShape LineTableShape();
 

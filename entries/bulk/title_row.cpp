@@ -74,7 +74,8 @@ bool TakeTitles(const TableReader& reader, const TableRow& row, const TableShape
     return table.findings.size() == before;
 }
 
-std::size_t ChooseSheet(TableReader& reader, const TableShape& shape, const std::string& named) {
+std::size_t ChooseSheet(TableReader& reader, const TableShape& shape, const std::string& named,
+                        std::optional<std::size_t> taken) {
     const std::vector<TableSheet>& sheets = reader.Sheets();
     const auto find = [&](const std::string& name) {
         const auto found = std::find_if(sheets.begin(), sheets.end(),
@@ -93,7 +94,8 @@ std::size_t ChooseSheet(TableReader& reader, const TableShape& shape, const std:
     // One that is not shown was hardly meant.
     for (const bool hidden : {false, true}) {
         for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
-            if (sheets[sheet].hidden == hidden && HasTitles(reader, sheet, shape)) return sheet;
+            const bool isCandidate = sheets[sheet].hidden == hidden && sheet != taken;
+            if (isCandidate && HasTitles(reader, sheet, shape)) return sheet;
         }
     }
     return 0;

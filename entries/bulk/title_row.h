@@ -1,6 +1,8 @@
 // Finds the row of a table in which its titles stand, and what stands there beside them.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,8 +25,9 @@ std::string TitleMarks(const TableShape& shape);
 bool TakeTitles(const platform::TableReader& reader, const platform::TableRow& row,
                 const TableShape& shape, BulkTable& table);
 
-// The sheet to be read, the first when none has the titles. Throws as ReadBulkTable().
+// The sheet to be read, the first when none has the titles; one that is `taken` is passed over.
+// Throws as ReadBulkTable().
 std::size_t ChooseSheet(platform::TableReader& reader, const TableShape& shape,
-                        const std::string& named);
+                        const std::string& named, std::optional<std::size_t> taken = {});
 
 }  // namespace kelvane::entries

@@ -67,6 +67,11 @@ TableFileSheet SheetOf(const TableShape& shape, const AccountTitles& titles, int
     return sheet;
 }
 
+// The type codes of the item class's fields that are numbers.
+bool IsNumber(std::int16_t type) {
+    return type == 1 || type == 2;
+}
+
 }  // namespace
 
 AccountTitles TitlesOfAccount() {
@@ -80,8 +85,10 @@ AccountTitles TitlesOfAccount() {
 
     AccountTitles titles;
     const int keywords = data::gItemKeyCount;
-    if (keywords == 1 || keywords == 2) titles.keywords.push_back(data::gItemKeyField1);
-    if (keywords == 2) titles.keywords.push_back(data::gItemKeyField2);
+    if (keywords == 1 || keywords == 2)
+        titles.keywords.push_back({data::gItemKeyField1, IsNumber(data::gItemKeyType1)});
+    if (keywords == 2)
+        titles.keywords.push_back({data::gItemKeyField2, IsNumber(data::gItemKeyType2)});
     const auto caption = data::gEnv->DataAccess().Query(platform::StatementText(
         "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'"));
     if (!caption->EndOfFile()) titles.itemName = caption->Field(0).ToText();

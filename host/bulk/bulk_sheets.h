@@ -22,7 +22,7 @@ inline constexpr std::string_view kLayoutVersion = "1";
 // item class, at most two.
 struct AccountTitles {
     std::string itemName;
-    std::vector<std::string> keywords;
+    std::vector<entries::KeywordField> keywords;
 };
 
 // Of the account that is logged in to. Over gEnv; throws platform::DatabaseError.

@@ -62,26 +62,35 @@ std::string DigitsIn(const TableReader& reader, std::size_t sheet, int row, cons
 BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
                        const BulkProposals& proposals)
     : mEntriesReader(tables::OpenTable(files.entries, files.encoding)) {
-    ReadLines(files, proposals.lines);
+    // Whether rows need a number depends on the lines, but which sheet has the entries does not.
+    const auto shape = [&](bool withLines) {
+        return entries::EntryTableShape(titles.itemName, titles.keywords, withLines);
+    };
+    const std::size_t sheet = entries::ChooseSheet(*mEntriesReader, shape(false), files.sheet);
+    ReadLines(files, sheet, proposals.lines);
     const bool hasLines = mLines && (!mLines->rows.empty() || !mLines->findings.empty());
-    mEntryShape = entries::EntryTableShape(titles.itemName, titles.keywords, hasLines);
+    mEntryShape = shape(hasLines);
     mEntries = entries::ReadBulkTable(*mEntriesReader, mEntryShape,
                                       {files.sheet, files.hidden, proposals.entries});
     ReadTotals();
 }
 
-void BulkSource::ReadLines(const BulkFiles& files, const entries::CodeProposal& propose) {
-    const TableReading how{{}, files.hidden, propose};
+// Lines of a workbook stand in a sheet of their own, beside the entries'.
+void BulkSource::ReadLines(const BulkFiles& files, std::size_t entriesSheet,
+                           const entries::CodeProposal& propose) {
+    TableReading how{{}, files.hidden, propose};
     if (!files.lines.empty()) {
         mLinesReader = tables::OpenTable(files.lines, files.encoding);
         mLines = entries::ReadBulkTable(*mLinesReader, mLineShape, how);
         return;
     }
     TableReader& workbook = *mEntriesReader;
-    if (!workbook.HasTypedCells()) return;
+    if (!workbook.HasTypedCells() || workbook.Sheets().size() == 1) return;
+    how.taken = entriesSheet;
     BulkTable lines = entries::ReadBulkTable(workbook, mLineShape, how);
     const auto own = SheetNamed(workbook, mLineShape.sheet);
-    const bool isMeant = lines.titleRow > 0 || (own && HasRows(workbook, *own));
+    const bool isMeant =
+        lines.sheet != entriesSheet && (lines.titleRow > 0 || (own && HasRows(workbook, *own)));
     if (isMeant) mLines = std::move(lines);
 }
 

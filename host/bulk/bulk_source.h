@@ -2,6 +2,7 @@
 // file itself says of its totals.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -63,7 +64,8 @@ public:
     std::vector<entries::TableNote> Notes() const;
 
 private:
-    void ReadLines(const BulkFiles& files, const entries::CodeProposal& propose);
+    void ReadLines(const BulkFiles& files, std::size_t entriesSheet,
+                   const entries::CodeProposal& propose);
     void ReadTotals();
 
     entries::TableShape mEntryShape;

@@ -60,17 +60,25 @@ Json NotesOf(const ImportReport& report) {
     return all;
 }
 
+Json JsonOf(const std::optional<platform::Money>& amount) {
+    return amount ? Json(amount->ToText()) : Json();
+}
+
 Json BudgetsOf(const ImportReport& report) {
     Json all = Json::array();
     for (const entries::BudgetUse& each : report.budgets) {
         all.push_back({{"item", each.itemCode},
                        {"itemName", each.itemName},
                        {"element", each.elementName},
-                       {"budget", each.budget ? Json(each.budget->ToText()) : Json()},
+                       {"budget", JsonOf(each.budget)},
                        {"before", each.before.ToText()},
-                       {"after", each.after.ToText()}});
+                       {"after", JsonOf(each.after)}});
     }
     return all;
+}
+
+TableCell AmountCell(int column, const std::optional<platform::Money>& amount) {
+    return amount ? NumberCell(column, amount->ToText()) : TextCell(column, "超出金额范围");
 }
 
 TableFileSheet ResultSheet(const ImportReport& report) {
@@ -89,7 +97,7 @@ TableFileSheet ResultSheet(const ImportReport& report) {
     for (const Count& each : kCounts) {
         add(each.title, NumberCell(2, std::to_string(report.*each.count)));
     }
-    add("未结转期初合计", NumberCell(2, report.sum.ToText()));
+    add("未结转期初合计", AmountCell(2, report.sum));
     add("批次",
         report.batch ? NumberCell(2, std::to_string(*report.batch)) : TextCell(2, "没有写入"));
     return sheet;
@@ -137,7 +145,7 @@ TableFileSheet BudgetSheet(const ImportReport& report) {
         row.push_back(TextCell(3, each.elementName));
         if (each.budget) row.push_back(NumberCell(4, each.budget->ToText()));
         row.push_back(NumberCell(5, each.before.ToText()));
-        row.push_back(NumberCell(6, each.after.ToText()));
+        row.push_back(AmountCell(6, each.after));
     }
     return sheet;
 }
@@ -157,7 +165,7 @@ std::string JsonOf(const ImportReport& report) {
                    {"operator", report.operatorName},
                    {"dryRun", report.dryRun}};
     for (const Count& each : kCounts) object[each.key] = report.*each.count;
-    object["sum"] = report.sum.ToText();
+    object["sum"] = JsonOf(report.sum);
     object["findings"] = FindingsOf(report);
     object["notes"] = NotesOf(report);
     object["budgets"] = BudgetsOf(report);

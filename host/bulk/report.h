@@ -25,7 +25,7 @@ struct ImportReport {
     std::size_t deleted = 0;
     std::size_t unchanged = 0;
     std::size_t refused = 0;
-    platform::Money sum;
+    std::optional<platform::Money> sum;  // none: more than an amount can be
     std::vector<entries::PlacedFinding> findings;
     std::vector<entries::TableNote> notes;
     std::vector<entries::BudgetUse> budgets;

@@ -23,8 +23,9 @@ bool Contains(const std::string& text, const std::string& part) {
 }
 
 TEST_F(CommandLineTest, HelpAndVersionAreNoErrors) {
-    for (const char* arguments : {"--help", "init --help", "open --help", "drive --help",
-                                  "export --help", "template --help", "import --help", "batches --help", "-h", "init -h"}) {
+    for (const char* arguments :
+         {"--help", "init --help", "open --help", "drive --help", "export --help",
+          "template --help", "import --help", "batches --help", "-h", "init -h"}) {
         const auto result = RunProgram(arguments);
         EXPECT_EQ(result.status, 0) << arguments;
         EXPECT_TRUE(Contains(result.output, "Usage: kelvane")) << result.output;
@@ -76,7 +77,9 @@ TEST_F(CommandLineTest, WhatIsWrongIsNamedWithWhatMayHaveBeenMeant) {
         std::string command;
     } wrong[] = {
         {"inti x", "unknown command \"inti\"; did you mean \"init\"?", ""},
-        {"make", "unknown command \"make\"; the commands are init, open, drive, export, template, import, batches",
+        {"make",
+         "unknown command \"make\"; the commands are init, open, drive, export, template, import, "
+         "batches",
          ""},
         {"", "a command is missing: init, open, drive, export, template, import, batches", ""},
         {"--verison", "unknown option --verison; did you mean --version?", ""},

@@ -24,7 +24,7 @@ using platform::TableFileSheet;
 using platform::TextCell;
 
 TableShape EntryShape() {
-    const std::vector<std::string> keywords{"标段"};
+    const std::vector<entries::KeywordField> keywords{{"标段"}};
     return entries::EntryTableShape("项目名称", keywords, true);
 }
 

@@ -72,7 +72,9 @@ TEST_F(TemplateCommandTest, IsReadWithoutAFindingAndWithoutARow) {
     for (std::size_t count = 0; count <= keywords.size(); ++count) {
         Make("--keywords " + std::to_string(count));
         const Texts named(keywords.begin(), keywords.begin() + static_cast<std::ptrdiff_t>(count));
-        const auto shape = entries::EntryTableShape("项目名称", named, true);
+        std::vector<entries::KeywordField> fields;
+        for (const std::string& name : named) fields.push_back({name});
+        const auto shape = entries::EntryTableShape("项目名称", fields, true);
         for (const char* name : {"a.xlsx", "a.csv"}) {
             ExpectWritten(name);
             EXPECT_EQ(ReadAs(PathOf(name), shape), "1 0 0 0") << name << count;

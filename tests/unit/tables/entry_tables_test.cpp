@@ -11,7 +11,7 @@ namespace {
 
 using entries::BulkTable;
 
-const std::vector<std::string> kKeywords{"标段"};
+const std::vector<entries::KeywordField> kKeywords{{"标段"}};
 
 // Each row's texts, then each finding.
 std::string Read(platform::TableReader& reader) {

@@ -129,6 +129,16 @@ TEST_F(BulkRulesTest, AmountsStayInTheRangeOfMoney) {
     EXPECT_EQ(Check(), beyond);
 }
 
+TEST_F(BulkRulesTest, RowsThatNobodyAddsUpMayComeToMoreThanAnAmountCanBe) {
+    entry.texts[kAmountColumn] = "900000000000000";
+    EXPECT_EQ(Check(), Told{});
+    master.Take(*record);
+    master.Take(*record);
+    EXPECT_EQ(Check(), Told{});
+    ASSERT_EQ(master.Budgets().size(), 1U);
+    EXPECT_FALSE(master.Budgets()[0].after);
+}
+
 TEST_F(BulkRulesTest, AnAmountThatIsNotGivenIsWhatItsLinesComeTo) {
     MakeInventory();
     EXPECT_EQ(Check(), Told{});

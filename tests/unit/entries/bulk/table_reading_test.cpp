@@ -15,7 +15,7 @@ using entries::ReadBulkTable;
 using entries::TableReading;
 using entries::TableShape;
 
-const std::vector<std::string> kKeywords{"标段"};
+const std::vector<entries::KeywordField> kKeywords{{"标段"}};
 const std::vector<std::string> kTitles{"日期", "责任中心", "项目编号",  "标段",
                                        "要素", "摘要",     "未结转期初"};
 
@@ -124,7 +124,7 @@ TEST(TableReading, AsManyKeywordsAsTheClassHas) {
     table.AddTexts(kTitles).Add(Row("一"));
     EXPECT_EQ(Read(table, {}, EntryTableShape("", {}, false)),
               "2|2004-07-01|01|P1|材料|一|1234.5\n期初!1:4:标段 没有读入列“标段”\n");
-    const std::vector<std::string> two{"标段", "部位"};
+    const std::vector<entries::KeywordField> two{{"标段"}, {"部位"}};
     EXPECT_EQ(Read(table, {}, EntryTableShape("", two, false)),
               "期初!1:0:部位 (关键字) file.column 缺少列“部位 (关键字)”\n");
     EXPECT_EQ(Read(table, {}, EntryTableShape("", kKeywords, true)),

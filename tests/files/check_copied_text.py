@@ -8,21 +8,14 @@ and dates recognised, as when it is pasted.
 """
 
 import datetime
-import os
-import shutil
-import sqlite3
-import subprocess
 import sys
-import tempfile
 import unittest
-from contextlib import closing
 from decimal import Decimal
-from pathlib import Path
 
 import openpyxl
 
-PROGRAM = ""
-ENTRIES = 30
+from program_files import AccountCase, convert
+
 TITLES = ["日期", "责任中心", "项目编号", "项目名称", "标段 (关键字)", "要素", "摘要", "未结转期初"]
 # Tab, double quote, UTF-8, from the first line, recognising numbers and dates.
 READER = "CSV:9,34,76,1,,0,false,true"
@@ -30,49 +23,34 @@ QUOTED = '3" 钢管，"甲供"'
 PRINT = "> print clipboard\n"
 
 
-def run(*command, **options):
-    return subprocess.run(command, check=True, capture_output=True, encoding="utf-8", timeout=300,
-                          **options).stdout
+class CopiedText(AccountCase):
+    ENTRIES = 30
 
-
-class CopiedText(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-copied-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        cls.environment = dict(os.environ, HOME=str(cls.folder), XDG_DATA_HOME=str(cls.folder),
-                               XDG_CONFIG_HOME=str(cls.folder))
-        account = cls.folder / "a.kelvane"
-        run(PROGRAM, "init", str(account), "--sample", "--entries", str(ENTRIES),
-            env=cls.environment)
-        with closing(sqlite3.connect(account)) as database:
-            entries = [row[0] for row in database.execute(
-                "select iEleVid from PM_ItemQC order by iEleVid limit 2")]
-            database.execute("update PM_ItemQC set cDigest = ? where iEleVid = ?",
-                             (QUOTED, entries[0]))
-            database.execute("update PM_ItemQC set cDigest = '两行' || char(10) || '摘要',"
-                             " mQC = '-1234567.8900' where iEleVid = ?", (entries[1],))
-            database.commit()
+        super().setUpClass()
+        first, second = [row[0] for row in cls.ask(
+            "select iEleVid from PM_ItemQC order by iEleVid limit 2")]
+        cls.ask("update PM_ItemQC set cDigest = ? where iEleVid = ?", QUOTED, first)
+        cls.ask("update PM_ItemQC set cDigest = '两行' || char(10) || '摘要',"
+                " mQC = '-1234567.8900' where iEleVid = ?", second)
         script = "init\nshow\ngo 1 1\nkey Ctrl+A\nmenu 复制（带标题）\nprint clipboard\nclose\n"
-        transcript = run(PROGRAM, "drive", str(account), input=script, env=cls.environment)
+        transcript = cls.kelvane("drive", cls.account, input=script)
         # Opening the list corrects amounts that their lines do not come to.
-        with closing(sqlite3.connect(account)) as database:
-            cls.rows = [
-                (datetime.datetime.strptime(row[0][:10], "%Y-%m-%d"), *row[1:4], Decimal(row[4]))
-                for row in database.execute(
-                    "select dDate, cCenterCode, cItemCode, cDigest, mQC from PM_ItemQC")]
+        cls.rows = [
+            (datetime.datetime.strptime(row[0][:10], "%Y-%m-%d"), *row[1:4], Decimal(row[4]))
+            for row in cls.ask(
+                "select dDate, cCenterCode, cItemCode, cDigest, mQC from PM_ItemQC")]
         lines = transcript.split(PRINT)[1].split("> close")[0]
         copied = cls.folder / "copied.csv"
         copied.write_text(lines.replace("\\t", "\t").rstrip("\n"), encoding="utf-8")
-        run("soffice", "--headless", f"-env:UserInstallation=file://{cls.folder}/office",
-            f"--infilter={READER}", "--convert-to", "xlsx", "--outdir", str(cls.folder / "calc"),
-            str(copied))
-        sheet = openpyxl.load_workbook(cls.folder / "calc" / "copied.xlsx").active
+        calc = convert(cls.folder, copied, "xlsx", f"--infilter={READER}")
+        sheet = openpyxl.load_workbook(calc).active
         cls.cells = list(sheet.iter_rows())
 
     def test_it_is_one_table_with_its_titles(self):
         self.assertEqual([cell.value for cell in self.cells[0]], TITLES)
-        self.assertEqual(len(self.cells), ENTRIES + 1)
+        self.assertEqual(len(self.cells), self.ENTRIES + 1)
 
     def test_dates_are_dates_and_amounts_are_numbers(self):
         for row in self.cells[1:]:
@@ -93,5 +71,5 @@ class CopiedText(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM = sys.argv.pop(1)
+    AccountCase.PROGRAM = sys.argv.pop(1)
     unittest.main(verbosity=2)

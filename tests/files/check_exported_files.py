@@ -9,12 +9,8 @@ Python's csv, XML with Python's parser.
 
 import csv
 import datetime
-import os
-import shutil
 import sqlite3
-import subprocess
 import sys
-import tempfile
 import unittest
 import xml.etree.ElementTree
 from contextlib import closing
@@ -23,28 +19,20 @@ from pathlib import Path
 
 import openpyxl
 
-PROGRAM = ""
-ENTRIES = 400
+from program_files import SHOWN_AS_CSV, AccountCase, convert, run
+
 TITLES = ["日期", "责任中心", "项目编号", "项目名称", "标段 (关键字)", "要素", "摘要", "未结转期初"]
 # Texts that a spreadsheet could take for a formula or a number, or that need quotes.
 AWKWARD = ["=1+1", "+49", "-7", "@SUM(A1)", "＝1+1", 'a,"b"', "007", "1,234.50", "<b>&amp;</b>", "逗号，句号。"]
 LONG_AMOUNT = "900000000000123.4500"
 
 
-def run(*command, **options):
-    return subprocess.run(command, check=True, capture_output=True, encoding="utf-8", timeout=300,
-                          **options).stdout
+class ExportedFiles(AccountCase):
+    ENTRIES = 400
 
-
-class ExportedFiles(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-files-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        cls.environment = dict(os.environ, HOME=str(cls.folder), XDG_DATA_HOME=str(cls.folder),
-                               XDG_CONFIG_HOME=str(cls.folder))
-        cls.account = cls.folder / "a.kelvane"
-        cls.kelvane("init", cls.account, "--sample", "--entries", str(ENTRIES))
+        super().setUpClass()
         with closing(sqlite3.connect(cls.account)) as database:
             plain = [row[0] for row in database.execute(
                 "select iEleVid from PM_ItemQC where iEleVid not in (select iEleVid from"
@@ -69,20 +57,16 @@ class ExportedFiles(unittest.TestCase):
             cls.detailed = database.execute(
                 "select iEleVid, count(*) from PM_ItemQCsub group by 1 order by 1").fetchone()
 
-    @classmethod
-    def kelvane(cls, *arguments):
-        return run(PROGRAM, *map(str, arguments), env=cls.environment)
-
     def assert_same_rows(self, rows):
         """The list's order among equal items is the engine's."""
-        self.assertEqual(len(self.rows), ENTRIES)
+        self.assertEqual(len(self.rows), self.ENTRIES)
         self.assertEqual(sorted(rows, key=str), sorted(self.rows, key=str))
 
     def test_csv(self):
         raw = (self.folder / "list.csv").read_bytes()
         self.assertTrue(raw.startswith(b"\xef\xbb\xbf"))
-        self.assertEqual(raw.count(b"\r\n"), ENTRIES + 1)
-        self.assertEqual(raw.count(b"\n"), ENTRIES + 1)
+        self.assertEqual(raw.count(b"\r\n"), self.ENTRIES + 1)
+        self.assertEqual(raw.count(b"\n"), self.ENTRIES + 1)
         with open(self.folder / "list.csv", encoding="utf-8-sig", newline="") as file:
             rows = list(csv.reader(file, strict=True))
         self.assertEqual(rows[0], TITLES)
@@ -128,10 +112,7 @@ class ExportedFiles(unittest.TestCase):
         self.assertAlmostEqual(widths["A"].width, (1300 / 15 - 5) / 7 + 0.71, delta=0.1)
 
     def test_xlsx_by_libreoffice(self):
-        run("soffice", "--headless", f"-env:UserInstallation=file://{self.folder}/office",
-            "--convert-to", "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false",
-            "--outdir", str(self.folder / "converted"), str(self.folder / "list.xlsx"))
-        converted = self.folder / "converted" / "list.csv"
+        converted = convert(self.folder, self.folder / "list.xlsx", SHOWN_AS_CSV)
         with open(converted, encoding="utf-8", newline="") as file:
             rows = list(csv.reader(file))
         self.assertEqual(rows[0], TITLES)
@@ -172,7 +153,7 @@ class ExportedFiles(unittest.TestCase):
         for row in self.rows:
             self.assertIn(f"{row[7]:,.2f}", words)
         self.assertEqual(sum(words.count(f"{date:%Y-%m-%d}") for date in
-                             {datetime.date.fromisoformat(row[0]) for row in self.rows}), ENTRIES)
+                             {datetime.date.fromisoformat(row[0]) for row in self.rows}), self.ENTRIES)
 
     def test_pdf_fonts_are_embedded(self):
         fonts = run("pdffonts", str(self.folder / "list.pdf")).splitlines()[2:]
@@ -223,5 +204,5 @@ class ExportedFiles(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM = str(Path(sys.argv[1]).resolve())
+    AccountCase.PROGRAM = str(Path(sys.argv[1]).resolve())
     unittest.main(argv=sys.argv[:1])

@@ -22,6 +22,8 @@ from pathlib import Path
 
 import openpyxl
 
+from program_files import convert
+
 TOOL = ""
 PROGRAM = ""
 FUZZ_TARGET = ""
@@ -122,11 +124,7 @@ class ForeignTables(unittest.TestCase):
         return outcome.lines
 
     def convert(self, path, kind, *more):
-        folder = self.folder / kind.split(":")[0]
-        subprocess.run(["soffice", f"-env:UserInstallation=file://{self.folder}/office",
-                        "--headless", "--convert-to", kind, *more, "--outdir", folder, path],
-                       check=True, capture_output=True, timeout=300)
-        return folder / (path.stem + "." + kind.split(":")[0])
+        return convert(self.folder, path, kind, *more)
 
     def test_openpyxl(self):
         self.assertEqual(self.read(self.book), [

@@ -1,0 +1,56 @@
+"""What the tests of files have in common: a folder with an account of the sample company, the
+program that writes files of it, and LibreOffice, which converts them."""
+
+import os
+import shutil
+import sqlite3
+import subprocess
+import tempfile
+import unittest
+from contextlib import closing
+from pathlib import Path
+
+# A spreadsheet as csv, with each cell as it is shown: comma, double quote, UTF-8.
+SHOWN_AS_CSV = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false"
+
+
+def run(*command, **options):
+    return subprocess.run(list(map(str, command)), check=True, capture_output=True, encoding="utf-8",
+                          timeout=300, **options).stdout
+
+
+def convert(folder, path, kind, *more):
+    """Has LibreOffice make another kind of file of `path`, in a folder below `folder`."""
+    extension = kind.split(":")[0]
+    place = folder / extension
+    run("soffice", f"-env:UserInstallation=file://{folder}/office", "--headless", *more,
+        "--convert-to", kind, "--outdir", place, path)
+    return place / f"{path.stem}.{extension}"
+
+
+class AccountCase(unittest.TestCase):
+    """Tests of one account, which is made once with so many entries."""
+
+    PROGRAM = ""
+    ENTRIES = 25
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-files-"))
+        cls.addClassCleanup(shutil.rmtree, cls.folder)
+        cls.environment = dict(os.environ, HOME=str(cls.folder), XDG_DATA_HOME=str(cls.folder),
+                               XDG_CONFIG_HOME=str(cls.folder))
+        cls.account = cls.folder / "a.kelvane"
+        cls.kelvane("init", cls.account, "--sample", "--entries", cls.ENTRIES)
+
+    @classmethod
+    def kelvane(cls, *arguments, **options):
+        return run(cls.PROGRAM, *arguments, env=cls.environment, **options)
+
+    @classmethod
+    def ask(cls, query, *values):
+        """The rows of a query, which may also change the account."""
+        with closing(sqlite3.connect(cls.account)) as database:
+            rows = database.execute(query, values).fetchall()
+            database.commit()
+        return rows

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "data/login_context.h"
-#include "platform/host.h"
+#include "entries/trap_watch.h"
 #include "platform/statement_text.h"
 
 namespace kelvane::host {
@@ -76,13 +76,9 @@ bool IsNumber(std::int16_t type) {
 
 AccountTitles TitlesOfAccount() {
     // What the loading traps would leave titles out.
-    std::string trapped;
-    auto outer =
-        std::exchange(data::gTrapListener, [&trapped](std::string_view place) { trapped = place; });
+    const entries::TrapWatch trapped;
     data::LoadItemKeyFields();
-    data::gTrapListener = std::move(outer);
-    if (!trapped.empty()) throw platform::HostError("不能读取项目大类的关键字");
-
+    trapped.Rethrow();
     AccountTitles titles;
     const int keywords = data::gItemKeyCount;
     if (keywords == 1 || keywords == 2)

@@ -125,16 +125,19 @@ void AddExport(CLI::App& program, int& status) {
                        ".xml. An existing one is replaced"))
         ->type_name("FILE")
         ->required();
+    auto* details = command->add_option(
+        "--details", arguments->details,
+        Translated("Instead of the list, the detail lines of the entry with this identity"));
+    details->transform(NumberBetween(1, std::numeric_limits<int>::max()))->type_name("NUMBER");
     command
-        ->add_option("--details", arguments->details,
-                     Translated("Instead of the list, the detail lines of the entry with this "
-                                "identity"))
-        ->transform(NumberBetween(1, std::numeric_limits<int>::max()))
-        ->type_name("NUMBER");
+        ->add_flag("--editable", arguments->editable,
+                   Translated("Instead of the list, a workbook (.xlsx) of all entries with their "
+                              "detail lines, to be changed and imported"))
+        ->excludes(details);
     AddLogin(*command, arguments->login);
     command->callback([account, arguments, &status] {
         arguments->account = account->Place();
-        status = RunExport(*arguments);
+        status = arguments->editable ? RunEditableExport(*arguments) : RunExport(*arguments);
     });
 }
 

@@ -32,6 +32,7 @@ struct ExportArguments {
     AccountPlace account = AccountPlace::File({});
     std::string file;
     std::optional<int> details;  // an entry's identity; without one, the list
+    bool editable = false;       // instead of what the window shows, a workbook to be imported
     LoginRequest login;
 };
 
@@ -69,6 +70,9 @@ int RunDrive(const DriveArguments& arguments);
 // Writes the entry list, or an entry's detail lines, to a file by its extension. What the operator
 // would be told goes to standard error.
 int RunExport(const ExportArguments& arguments);
+
+// The same for a workbook that can be changed and imported again.
+int RunEditableExport(const ExportArguments& arguments);
 
 // Writes an empty table to fill in and import, by the file's extension.
 int RunTemplate(const TemplateArguments& arguments);

@@ -42,18 +42,15 @@ TableFile Template(output::TableFormat format) {
 }  // namespace
 
 int RunTemplate(const TemplateArguments& arguments) {
-    const auto format = output::TableFormatOf(arguments.file);
     const AccountPlace account = arguments.account.ForReading();
     try {
-        TableFile file;
-        // Of another extension nothing is read; writing it says why.
-        if (format) {
-            AbsentWindows windows;
-            Session session(account, windows, nullptr);
-            session.LogIn(arguments.login, {});
-            file = Template(*format);
-        }
-        output::WriteTableFile(arguments.file, file);
+        AbsentWindows windows;
+        Session session(account, windows, nullptr);
+        session.LogIn(arguments.login, {});
+        // Whatever the extension is, writing says whether it is one.
+        const auto format = output::TableFormatOf(arguments.file);
+        output::WriteTableFile(arguments.file,
+                               Template(format.value_or(output::TableFormat::Text)));
     } catch (const std::exception& failed) {
         return Fail(account.AboutAccount(failed.what()));
     }

@@ -118,6 +118,18 @@ std::string LackingNeed(const CLI::App& command) {
     return {};
 }
 
+// The first two options of `command` that cannot stand together.
+std::string Clash(const CLI::App& command) {
+    for (const CLI::Option* option : OptionsOf(command)) {
+        for (const CLI::Option* other : option->get_excludes()) {
+            if (option->count() == 0 || other->count() == 0) continue;
+            return Told("only one of these can be given: %1",
+                        {Joined({option->get_name(), other->get_name()})});
+        }
+    }
+    return {};
+}
+
 std::string WhatIsMissing(const CLI::App& command) {
     for (const CLI::Option* option : OptionsOf(command)) {
         if (option->get_required() && option->count() == 0) {
@@ -176,6 +188,8 @@ WrongUsage WrongUsageOf(const CLI::App& program, const CLI::ParseError& stopped)
         reason = WhatIsMissing(*command);
     } else if (dynamic_cast<const CLI::RequiresError*>(&stopped) != nullptr) {
         reason = LackingNeed(*command);
+    } else if (dynamic_cast<const CLI::ExcludesError*>(&stopped) != nullptr) {
+        reason = Clash(*command);
     } else if (dynamic_cast<const CLI::ExtrasError*>(&stopped) != nullptr) {
         reason = Told("\"%1\" is one argument too many", {program.remaining(true).front()});
     }

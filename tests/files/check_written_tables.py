@@ -150,6 +150,84 @@ class Templates(AccountCase):
             self.assertEqual(list(csv.reader(file, strict=True)), [ENTRY_TITLES])
 
 
+class EditableBooks(AccountCase):
+    ENTRIES = 200
+    NOTHING = "rows 200: new 0, changed 0, deleted 0, unchanged 200, refused 0"
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        plain = [row[0] for row in cls.ask(
+            "select iEleVid from PM_ItemQC where iEleVid not in (select iEleVid from PM_ItemQCsub)"
+            " order by iEleVid limit 4")]
+        for entry, change in zip(plain, ("mQC = '9.95'", "mQC = '900000000000123.4567'",
+                                         "cDigest = '=1+1'", "cDigest = '第一行' || char(10) || '007'")):
+            cls.ask(f"update PM_ItemQC set {change} where iEleVid = ?", entry)
+        cls.free = {row[0] for row in cls.ask(
+            "select iEleVid from PM_ItemQC q join PM_ItemElement e on e.cElementCode ="
+            " q.cElementCode where iElementDetail = 0 and cItemCode not in"
+            " (select citemcode from fitemss97sub where iclose = 1)")}.difference(plain)
+        cls.book = cls.folder / "entries.xlsx"
+        cls.kelvane("export", cls.account, "--to", cls.book, "--editable")
+
+    def dry_run(self, path):
+        return self.kelvane("import", self.account, path, "--dry-run").split("\n")[-2]
+
+    def saved(self, change=lambda book: None):
+        """The workbook, changed and saved by openpyxl."""
+        book = openpyxl.load_workbook(self.book)
+        change(book)
+        path = self.folder / "saved.xlsx"
+        book.save(path)
+        return path
+
+    def test_identity_and_check_are_hidden(self):
+        sheet = openpyxl.load_workbook(self.book)["期初"]
+        self.assertEqual(titles_of(sheet), [*ENTRY_TITLES, "操作", "编号", "校验"])
+        hidden = [each.hidden for _, each in sorted(sheet.column_dimensions.items())]
+        self.assertEqual(hidden, [False] * 10 + [True, True])
+        offered = {str(rule.sqref)[0]: rule for rule in sheet.data_validations.dataValidation}
+        self.assertEqual(sorted(offered), ["B", "C", "E", "F", "J"])
+
+    def test_it_holds_what_the_account_holds(self):
+        sheet = openpyxl.load_workbook(self.book)["期初"]
+        found = [(row[0].strftime("%Y-%m-%d"), *row[1:7], Decimal(str(row[7])), row[8], row[10])
+                 for row in sheet.iter_rows(min_row=2, values_only=True)]
+        expected = [(row[0][:10], *row[1:7], Decimal(row[7]).normalize(), str(row[8]), str(row[8]))
+                    for row in self.ask(
+                        "select dDate, cCenterCode, q.cItemCode, citemname, cKeyCode1, cElementName,"
+                        " cDigest, mQC, iEleVid from PM_ItemQC q join fitemss97 i on i.citemcode ="
+                        " q.cItemCode join PM_ItemElement e on e.cElementCode = q.cElementCode"
+                        " order by q.cItemCode, iEleVid")]
+        self.assertEqual(len(found), self.ENTRIES)
+        self.assertEqual([(*row[:7], row[7].normalize(), *row[8:]) for row in found], expected)
+
+    def test_what_others_saved_changes_nothing(self):
+        office = convert(self.folder, self.book, "xlsx")
+        for path in (self.book, office, self.saved(), convert(self.folder, self.saved(), "xlsx")):
+            self.assertEqual(self.dry_run(path), self.NOTHING, path)
+        self.assertEqual(run(TOOL, "--properties", office),
+                         "kelvane.account=a.kelvane\nkelvane.layout=1\n")
+
+    def test_changes_are_seen(self):
+        def change(book):
+            sheet = book["期初"]
+            # Of these the account has no lines, and their items are not settled.
+            first, second, third, fourth, fifth = [
+                row for row in range(2, sheet.max_row + 1)
+                if int(sheet.cell(row, 11).value) in self.free][:5]
+            sheet.cell(first, 7).value = sheet.cell(second, 7).value = "改过的摘要"
+            sheet.cell(third, 10).value = "删除"
+            # Whatever the budget leaves.
+            sheet.append([cell.value for cell in sheet[fourth]][:7] + [-0.01])
+            sheet.delete_rows(fifth)
+
+        path = self.saved(change)
+        for each in (path, convert(self.folder, path, "xlsx")):
+            self.assertEqual(self.dry_run(each),
+                             "rows 200: new 1, changed 2, deleted 1, unchanged 196, refused 0")
+
+
 if __name__ == "__main__":
     AccountCase.PROGRAM, TOOL = sys.argv[1:3]
     del sys.argv[1:3]

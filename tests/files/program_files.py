@@ -15,8 +15,10 @@ SHOWN_AS_CSV = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false"
 
 
 def run(*command, **options):
-    return subprocess.run(list(map(str, command)), check=True, capture_output=True, encoding="utf-8",
-                          timeout=300, **options).stdout
+    done = subprocess.run(list(map(str, command)), capture_output=True, encoding="utf-8",
+                          timeout=300, **options)
+    assert done.returncode == 0, f"{done.args} ended with {done.returncode}:\n{done.stdout}{done.stderr}"
+    return done.stdout
 
 
 def convert(folder, path, kind, *more):

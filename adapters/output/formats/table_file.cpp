@@ -101,9 +101,10 @@ void WriteTableText(const platform::TableFileSheet& sheet, SafeFile& file) {
 
 void WriteTableFile(const std::string& path, const platform::TableFile& file, Disk& disk) {
     const auto format = TableFormatOf(path);
-    if (!format) throw FileFailure(path + ": the name must end in one of these: .xlsx, .csv");
-    if (*format == TableFormat::Text && (file.sheets.size() != 1 || !file.properties.empty())) {
-        throw std::invalid_argument("a text has room for one table alone");
+    const bool isOneTable = file.sheets.size() == 1 && file.properties.empty();
+    if (!format || (*format == TableFormat::Text && !isOneTable)) {
+        throw FileFailure(path + ": the name must end in one of these: " +
+                          (isOneTable ? ".xlsx, .csv" : ".xlsx"));
     }
     SafeFile draft(path, disk);
     if (*format == TableFormat::Text) {

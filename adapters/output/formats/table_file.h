@@ -15,9 +15,9 @@ enum class TableFormat { Workbook, Text };
 // The format of a file (UTF-8) by its extension, whatever the case; none when it is not written.
 std::optional<TableFormat> TableFormatOf(std::string_view path);
 
-// Puts `file` in the place of `path` (UTF-8). A text takes a file of one sheet alone, and no
+// Puts `file` in the place of `path` (UTF-8). A text has room for one sheet alone, without
 // properties. Numbers of more digits than a spreadsheet keeps are written as texts. Throws
-// FileFailure, also for another extension, and std::invalid_argument for what a text cannot take.
+// FileFailure, also for an extension that is not written or has no room for the file.
 void WriteTableFile(const std::string& path, const platform::TableFile& file,
                     Disk& disk = SystemDisk());
 

@@ -89,6 +89,8 @@ TEST_F(CommandLineTest, WhatIsWrongIsNamedWithWhatMayHaveBeenMeant) {
         {"open -x a", "unknown option -x", "open "},
         {"open", "one of these is missing: ACCOUNT, --database", "open "},
         {"open a --database b", "only one of these can be given: ACCOUNT, --database", "open "},
+        {"export a --to b.xlsx --editable --details 3",
+         "only one of these can be given: --details, --editable", "export "},
         {"open a b", "\"b\" is one argument too many", "open "},
         {"export a", "--to is missing", "export "},
         {"export a --to", "--to lacks its value", "export "},

@@ -138,7 +138,7 @@ TEST_F(TemplateCommandTest, WritesNothingWhenItCannot) {
     ExpectRefused(Write("a.csv", "--user nobody"), "kelvane: 帐套中没有操作员 nobody\n");
     ExpectRefused(Write("a.csv", "--year 1999"), "kelvane: 帐套中没有 1999 年度的会计期间\n");
     PlainSqlite(mAccount).Rows("alter table fitemstructure rename column bPrimaryKey to x");
-    ExpectRefused(Write("a.csv"), "kelvane: 不能读取项目大类的关键字\n");
+    ExpectRefused(Write("a.csv"), "kelvane: Invalid column name 'bPrimaryKey'.\n");
     EXPECT_EQ(mFolder.FileCount(), 1U);
     std::filesystem::remove(mAccount);
     ExpectRefused(Write("a.csv"), "kelvane: 账套文件 " + mAccount.string() + " 不存在\n");

@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "adapters/output/formats/table_file.h"
 #include "adapters/tables/cell_reference.h"
 #include "adapters/tables/open_table.h"
@@ -170,30 +168,33 @@ TEST(TableFileText, IsCsvThatSpreadsheetsRead) {
               "2004-07-01 08:00:00.000,\"-1,234.50\",\r\n");
 }
 
-TEST(TableFileText, HasRoomForOneTableAlone) {
-    const TemporaryFolder folder;
-    const std::string path = (folder / "a.csv").string();
-    TableFile file = Column(ColumnUse::Text, {});
-    file.properties["a"] = "b";
-    EXPECT_THROW(WriteTableFile(path, file), std::invalid_argument);
-    file.properties.clear();
-    file.sheets.push_back(file.sheets.front());
-    EXPECT_THROW(WriteTableFile(path, file), std::invalid_argument);
-    EXPECT_EQ(folder.FileCount(), 0U);
-}
-
-std::string FailureOf(const std::string& path, output::Disk& disk = output::SystemDisk()) try {
-    WriteTableFile(path, Column(ColumnUse::Text, {TextCell(1, "a")}), disk);
+std::string FailureOf(const std::string& path, const TableFile& file,
+                      output::Disk& disk = output::SystemDisk()) try {
+    WriteTableFile(path, file, disk);
     return "written";
 } catch (const FileFailure& failure) {
     return failure.what();
+}
+
+TEST(TableFileText, HasRoomForOneTableAlone) {
+    const TemporaryFolder folder;
+    const std::string path = (folder / "a.csv").string();
+    const std::string refused = path + ": the name must end in one of these: .xlsx";
+    TableFile file = Column(ColumnUse::Text, {});
+    file.properties["a"] = "b";
+    EXPECT_EQ(FailureOf(path, file), refused);
+    file.properties.clear();
+    file.sheets.push_back(file.sheets.front());
+    EXPECT_EQ(FailureOf(path, file), refused);
+    EXPECT_EQ(folder.FileCount(), 0U);
 }
 
 TEST(TableFile, OtherExtensionsAreRefused) {
     const TemporaryFolder folder;
     for (const char* name : {"a.xls", "a", "a.xlsx.pdf", ".xlsx", "a.json"}) {
         const std::string path = (folder / name).string();
-        EXPECT_EQ(FailureOf(path), path + ": the name must end in one of these: .xlsx, .csv");
+        EXPECT_EQ(FailureOf(path, Column(ColumnUse::Text, {})),
+                  path + ": the name must end in one of these: .xlsx, .csv");
     }
     EXPECT_EQ(folder.FileCount(), 0U);
 }
@@ -203,11 +204,12 @@ TEST(TableFile, IsWrittenWholeOrNotAtAll) {
         const TemporaryFolder folder;
         const std::string path = (folder / name).string();
         WriteText(path, "old");
+        const TableFile file = Column(ColumnUse::Text, {TextCell(1, "a")});
         FailingDisk disk(FailingDisk::Call::Rename);
-        EXPECT_EQ(FailureOf(path, disk), path + ": No space left on device");
+        EXPECT_EQ(FailureOf(path, file, disk), path + ": No space left on device");
         EXPECT_EQ(ReadText(path), "old");
         EXPECT_EQ(folder.FileCount(), 1U);
-        EXPECT_EQ(FailureOf(path), "written");
+        EXPECT_EQ(FailureOf(path, file), "written");
         EXPECT_NE(ReadText(path), "old");
         EXPECT_EQ(folder.FileCount(), 1U);
     }

@@ -7,6 +7,7 @@ them again.
 
 import csv
 import datetime
+import json
 import sys
 import unittest
 from decimal import Decimal
@@ -24,6 +25,11 @@ LAST_ROW = 1048576
 
 def titles_of(sheet):
     return [cell.value for cell in sheet[1]]
+
+
+def read_csv(path):
+    with open(path, encoding="utf-8-sig", newline="") as file:
+        return list(csv.reader(file, strict=True))
 
 
 class Templates(AccountCase):
@@ -115,8 +121,7 @@ class Templates(AccountCase):
 
     def test_libreoffice_shows_what_was_filled_in(self):
         shown = convert(self.folder, self.filled, SHOWN_AS_CSV)
-        with open(shown, encoding="utf-8", newline="") as file:
-            rows = list(csv.reader(file))
+        rows = read_csv(shown)
         center, item, key, element = self.entry
         begin = ["2003-01-05", center, item, "", key, element, "=摘要"]
         self.assertEqual(rows[1:4], [begin + ["8.41", "002"], begin + ["0.01", "003"],
@@ -146,8 +151,7 @@ class Templates(AccountCase):
     def test_titles_as_csv(self):
         path = self.folder / "template.csv"
         self.kelvane("template", self.account, "--to", path)
-        with open(path, encoding="utf-8-sig", newline="") as file:
-            self.assertEqual(list(csv.reader(file, strict=True)), [ENTRY_TITLES])
+        self.assertEqual(read_csv(path), [ENTRY_TITLES])
 
 
 class EditableBooks(AccountCase):
@@ -226,6 +230,131 @@ class EditableBooks(AccountCase):
         for each in (path, convert(self.folder, path, "xlsx")):
             self.assertEqual(self.dry_run(each),
                              "rows 200: new 1, changed 2, deleted 1, unchanged 196, refused 0")
+
+
+class Rejects(AccountCase):
+    """What is refused is written, corrected there by openpyxl or as it comes out of LibreOffice, and
+    imported."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        plain, = cls.ask(
+            "select q.cCenterCode, q.cItemCode, q.cKeyCode1, e.cElementName from PM_ItemQC q"
+            " join PM_ItemElement e on e.cElementCode = q.cElementCode"
+            " where e.iElementDetail = 0 order by iEleVid limit 1")
+        lined, = cls.ask(
+            "select q.cCenterCode, q.cItemCode, q.cKeyCode1, e.cElementName, s.cCodeMx"
+            " from PM_ItemQC q join PM_ItemElement e on e.cElementCode = q.cElementCode"
+            " join PM_ItemQCsub s on s.iEleVid = q.iEleVid order by q.iEleVid limit 1")
+        cls.good = cls.row(*plain, "好", -5)
+        cls.bad_amount = cls.row(*plain, "坏金额", "12,34")
+        cls.bad_code = cls.row(7, *plain[1:], "坏编号", -1.5)
+        cls.bad_line = cls.row(*lined[:4], "坏明细", None)
+        cls.refused = cls.folder / "in.xlsx"
+        book = openpyxl.Workbook()
+        entries, lines = book.active, book.create_sheet("明细")
+        entries.title = "期初"
+        entries.append(["期初余额表"])
+        entries.append(["备注", "原因", *ENTRY_TITLES])
+        for number, row in enumerate((cls.good, cls.bad_amount, cls.bad_code, cls.bad_line), 1):
+            entries.append([number * 10, "从前的", *row, f"r{number}"])
+        lines.append(["行号", "编码", "单价", "数量"])
+        lines.append(["r4", lined[4], 0.01, 2])
+        lines.append(["r4", "没有的", 0.02, 4])
+        book.save(cls.refused)
+        cls.center, cls.code = plain[0], lined[4]
+
+    @staticmethod
+    def row(center, item, key, element, digest, amount):
+        return [datetime.datetime(2003, 1, 5), center, item, None, key, element, digest, amount]
+
+    def refuse(self, path, *more):
+        return self.kelvane("import", self.account, path, "--dry-run", *more, status=3)
+
+    def rejects(self, name):
+        path = self.folder / name
+        told = self.refuse(self.refused, "--rejects", path)
+        self.assertTrue(told.endswith(
+            "rows 4: new 1, changed 0, deleted 0, unchanged 0, refused 3\n"), told)
+        return path, told
+
+    def test_they_have_the_same_layout(self):
+        path, told = self.rejects("out.xlsx")
+        book = openpyxl.load_workbook(path)
+        self.assertEqual(book.sheetnames, ["期初", "明细"])
+        cells = list(book["期初"].iter_rows(values_only=True))
+        self.assertEqual(cells[0], ("备注", *ENTRY_TITLES, "原因"))
+        self.assertEqual([row[:-1] for row in cells[1:]], [
+            (20, *self.bad_amount, "r2"), (30, *self.bad_code, "r3"), (40, *self.bad_line, "r4")])
+        for row in cells[1:3]:
+            self.assertIn(f": {row[-1]}\n", told)
+        lines = list(book["明细"].iter_rows(values_only=True))
+        self.assertEqual(lines[0], ("行号", "编码", "单价", "数量", "原因"))
+        self.assertEqual([row[:-1] for row in lines[1:]],
+                         [("r4", self.code, 0.01, 2), ("r4", "没有的", 0.02, 4)])
+        self.assertIsNone(lines[1][-1])
+        self.assertIn(f": {lines[2][-1]}\n", told)
+        # What is typed into a code's cell stays what it is.
+        self.assertEqual(book["期初"]["C3"].number_format, "@")
+
+    def test_what_was_not_corrected_is_refused_again(self):
+        path, told = self.rejects("again.xlsx")
+        findings = lambda text: sorted(line.split(": ", 1)[1] for line in text.split("\n")[:-2])
+        for each in (path, convert(self.folder, path, "xlsx")):
+            self.assertEqual(findings(self.refuse(each)), findings(told))
+        self.assertEqual(findings(self.refuse(self.refused)), findings(told))
+
+    def correct(self, path):
+        book = openpyxl.load_workbook(path)
+        book["期初"]["I2"] = 0.01
+        book["期初"]["C3"] = self.center
+        book["明细"]["B3"] = self.code
+        # One code stands in one line of an entry.
+        book["明细"].delete_rows(2)
+        book.save(path)
+        return self.kelvane("import", self.account, path, "--dry-run")
+
+    def test_what_was_corrected_is_taken(self):
+        path, _ = self.rejects("corrected.xlsx")
+        office = convert(self.folder, path, "xlsx")
+        for each in (path, office):
+            self.assertEqual(self.correct(each),
+                             "rows 3: new 3, changed 0, deleted 0, unchanged 0, refused 0\n")
+
+    def test_as_csv_the_lines_have_a_file_of_their_own(self):
+        path, _ = self.rejects("out.csv")
+        rows, lines = [read_csv(each) for each in (path, self.folder / "out.明细.csv")]
+        self.assertEqual(rows[0], ["备注", *ENTRY_TITLES, "原因"])
+        self.assertEqual(rows[1][:9], ["20", "2003-01-05", *self.bad_amount[1:3], "",
+                                       *self.bad_amount[4:]])
+        rows[1][8] = "0.01"
+        rows[2][2] = self.center
+        lines[2][1] = self.code
+        for each, table in ((path, rows), (self.folder / "out.明细.csv", [lines[0], lines[2]])):
+            with open(each, "w", encoding="utf-8", newline="") as file:
+                csv.writer(file).writerows(table)
+        told = self.kelvane("import", self.account, path, "--lines", self.folder / "out.明细.csv",
+                            "--dry-run")
+        self.assertEqual(told, "rows 3: new 3, changed 0, deleted 0, unchanged 0, refused 0\n")
+
+    def test_reports(self):
+        paths = [self.folder / name for name in ("report.json", "report.xlsx")]
+        told = self.refuse(self.refused, "--report", paths[0], "--json")
+        report = json.loads(told)
+        self.assertEqual(told, paths[0].read_text(encoding="utf-8"))
+        counts = ("rows", "new", "changed", "deleted", "unchanged", "refused", "batch")
+        self.assertEqual([report[key] for key in counts], [4, 1, 0, 0, 0, 3, None])
+        self.refuse(self.refused, "--report", paths[1])
+        book = openpyxl.load_workbook(paths[1])
+        self.assertEqual(book.sheetnames, ["结果", "问题", "预算"])
+        findings = [[each[key] or None for key in ("place", "row", "column", "rule", "text")]
+                    for each in report["findings"]]
+        self.assertEqual([list(row) for row in book["问题"].iter_rows(min_row=2, values_only=True)
+                          if row[3]], findings)
+        self.assertIn(["期初!D5", 5, "责任中心", "cell.code.number"], [each[:4] for each in findings])
+        result = {row[0]: row[1] for row in book["结果"].iter_rows(values_only=True)}
+        self.assertEqual((result["行数"], result["拒绝"], result["方式"]), (4, 3, "试导入"))
 
 
 if __name__ == "__main__":

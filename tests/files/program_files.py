@@ -14,10 +14,11 @@ from pathlib import Path
 SHOWN_AS_CSV = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false"
 
 
-def run(*command, **options):
+def run(*command, status=0, **options):
+    """What the command writes; it has to end with `status`."""
     done = subprocess.run(list(map(str, command)), capture_output=True, encoding="utf-8",
                           timeout=300, **options)
-    assert done.returncode == 0, f"{done.args} ended with {done.returncode}:\n{done.stdout}{done.stderr}"
+    assert done.returncode == status, f"{done.args} ended with {done.returncode}:\n{done.stdout}{done.stderr}"
     return done.stdout
 
 

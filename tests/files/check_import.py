@@ -271,7 +271,7 @@ class GoodTables(Imports):
         self.assertEqual(counter(account), SAMPLE_ENTRIES + written)
 
     def test_killed(self):
-        """All of the file's entries are there or none; the counter fits."""
+        """All of the file's entries are there or none, and the next import knows which."""
         path = self.csv([entry(摘要=f"第{number}行") for number in range(MANY)])
         started = time.monotonic()
         account = self.accounts.new()
@@ -293,6 +293,9 @@ class GoodTables(Imports):
             self.assertIn(count, (0, MANY))
             self.assertEqual(counter(account), SAMPLE_ENTRIES + count)
             self.assertEqual(query(account, "pragma integrity_check"), [("ok",)])
+            again = self.run_import(account, path)
+            self.assertEqual(again.returncode, 3 if count else 0, again.stdout + again.stderr)
+            self.assertEqual(len(new_entries(account)[0]), MANY)
 
 
 if __name__ == "__main__":

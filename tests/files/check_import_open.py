@@ -10,6 +10,8 @@ import subprocess
 import sys
 import unittest
 
+import openpyxl
+
 from account_files import dump, entry, line, table_of, text
 from import_cases import MACHINES, NO_CENTER, one
 from import_test import FIRST, Imports, count_line, stored
@@ -104,6 +106,36 @@ class Open(Imports):
                                self.book(rows, [line(None, "0201", 5, 1), line("1", "0201", 5, 1)]))
         self.assertTrue(done.stdout.startswith("明细!A2: line.entry: "), done.stdout)
         self.assertNotIn("“”", done.stdout)
+
+    def changed_book(self, rows, lines, change):
+        path = self.book(rows, lines)
+        book = openpyxl.load_workbook(path)
+        change(book)
+        book.save(path)
+        return path
+
+    def test_a_line_that_is_hidden(self):
+        """Until it is decided what becomes of it, nothing can be said of the entry's amount."""
+        def change(book):
+            book["明细"].row_dimensions[2].hidden = True
+        path = self.changed_book([entry(**MACHINES)], [line("1", "0201", 5, 1)], change)
+        done = self.run_import(self.accounts.new(), path)
+        self.assertEqual([said.split(": ")[1] for said in done.stdout.splitlines()[:-1]], ["file.hidden"])
+
+    def test_lines_without_titles(self):
+        """What the sheet of lines lacks is no fault of the sheet of entries."""
+        def change(book):
+            book.create_sheet("明细").append(["随便"])
+        done = self.run_import(self.accounts.new(), self.changed_book([entry()], None, change))
+        self.assertEqual(done.stdout.splitlines()[:-1], [
+            "明细: file.column: 前 20 行中没有标题行（须有“行号”和“数量”）"])
+
+    def test_totals_without_titles(self):
+        """Totals that are there and not compared are told."""
+        def change(book):
+            book.create_sheet("合计").append(["共几行", 5])
+        done = self.run_import(self.accounts.new(), self.changed_book([entry()], None, change))
+        self.assertIn("合计", done.stderr + done.stdout)
 
     def test_refused_rows_of_a_former_import(self):
         """A file of refused rows that is there although none is refused would be taken for this one's."""

@@ -123,6 +123,9 @@ Findings EntryRules::CheckEntry(EntryTexts& entry, std::int16_t& detail) const {
     } catch (const platform::MoneyOverflow&) {
         // By itself, or together with what the budget has been used for.
         accepts(Found(Rule::AmountRange));
+    } catch (const platform::MoneyTextError&) {
+        // A sum below zero is no amount that the budget could be compared with.
+        accepts(Found(Rule::BudgetFailed, "已录入的期初合计小于 0，不能检查预算"));
     }
     return found;
 }

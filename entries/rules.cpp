@@ -128,6 +128,7 @@ constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules
     {Rule::EntryOperation, "file.column", kAnyColumn, "“操作”只能是空白或“删除”，此处是“{}”",
      kPromptCaption},
     {Rule::EntryDeletion, "entry.gone", kWholeEntry, "没有编号的行不能删除", kPromptCaption},
+    {Rule::LineEntryNone, "line.entry", kCode, "没有行号，不知道属于哪一行期初", kModuleCaption},
     {Rule::LineEntryMissing, "line.entry", kCode, "没有行号为“{}”的期初", kModuleCaption},
     {Rule::LineEntryPlain, "line.entry", kCode, "要素“{}”没有明细", kModuleCaption},
 }};

@@ -77,6 +77,7 @@ enum class Rule {
     EntryRowNumberTwice,
     EntryOperation,
     EntryDeletion,
+    LineEntryNone,
     LineEntryMissing,
     LineEntryPlain,
     Count,

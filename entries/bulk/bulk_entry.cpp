@@ -88,6 +88,12 @@ std::map<std::string, std::size_t> ByRowNumber(BulkEntries& joined) {
     return first;
 }
 
+bool HasUndecidedRows(const BulkTable& table) {
+    return std::ranges::any_of(table.findings, [](const PlacedFinding& each) {
+        return each.finding.rule == Rule::FileHidden;
+    });
+}
+
 }  // namespace
 
 BulkEntries JoinTables(const BulkTable& entries, const BulkTable* lines) {
@@ -100,6 +106,12 @@ BulkEntries JoinTables(const BulkTable& entries, const BulkTable* lines) {
     }
     const auto byNumber = ByRowNumber(joined);
     if (lines == nullptr) return joined;
+    if (HasUndecidedRows(*lines)) {
+        // Nothing can be said of what lines come to while some of them may be left out.
+        for (BulkEntry& entry : joined.entries) {
+            if (!entry.rowNumber.empty()) entry.unread.Add(kAmountColumn);
+        }
+    }
     const auto refusedLines = RefusedCells(*lines);
     for (const BulkRow& row : lines->rows) {
         BulkLine line = LineIn(row);
@@ -111,7 +123,9 @@ BulkEntries JoinTables(const BulkTable& entries, const BulkTable* lines) {
         }
         if (!line.unread.Has(kLineRowNumberColumn)) {
             joined.findings.push_back({BulkTableKind::Lines, line.row, kLineRowNumberColumn,
-                                       Found(Rule::LineEntryMissing, line.rowNumber)});
+                                       line.rowNumber.empty()
+                                           ? Found(Rule::LineEntryNone)
+                                           : Found(Rule::LineEntryMissing, line.rowNumber)});
         }
         joined.strayLines.push_back(std::move(line));
     }

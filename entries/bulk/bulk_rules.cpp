@@ -238,7 +238,10 @@ void RowCheck::CheckKeywords() {
 
 void RowCheck::CheckItemName() {
     const std::string& given = Text(kItemNameColumn);
-    if (given.empty() || IsFound(kItemColumn) || IsFound(kItemNameColumn)) return;
+    if (given.empty() || IsFound(kCenterColumn) || IsFound(kItemColumn) ||
+        IsFound(kItemNameColumn)) {
+        return;
+    }
     const std::string name = data::Trim(mMasterData.ItemName(Text(kItemColumn)));
     if (given != name) Find(kItemNameColumn, Found(Rule::ItemName, name));
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "data/text_conversion.h"
 #include "platform/ascii.h"
 
 namespace kelvane::entries {
@@ -78,12 +79,13 @@ std::vector<BudgetUse> FileMasterData::Budgets() {
         use.itemName = ItemName(entry.itemCode);
         use.elementName = entry.elementName;
         const std::string code = ElementCode(entry.elementName);
+        const Key key = KeyOf(entry.itemCode, code);
+        use.before = Recorded(key, entry, code);
         try {
-            use.after = RecordedByOthers(entry, code);
+            use.after = use.before + AmountKnown(mTaken.at(key));
         } catch (const platform::MoneyOverflow&) {
             use.after.reset();
         }
-        use.before = mRecorded.at(KeyOf(entry.itemCode, code));
         try {
             const Budget budget = BudgetOf(entry.itemCode, code, {});
             if (budget.controlled) use.budget = budget.money;
@@ -147,16 +149,23 @@ Budget FileMasterData::BudgetOf(const std::string& itemCode, const std::string& 
     return known.budget;
 }
 
-Money FileMasterData::RecordedByOthers(const BudgetedEntry& entry, const std::string& elementCode) {
-    const Key key = KeyOf(entry.itemCode, elementCode);
-    const Money recorded = Known(mRecorded, key, [&] {
+Money FileMasterData::Recorded(const Key& key, const BudgetedEntry& entry,
+                               const std::string& elementCode) {
+    return Known(mRecorded, key, [&] {
         const BudgetedEntry asked{kNobody, entry.itemCode, entry.elementName};
         const Money answer = mAccount.RecordedByOthers(asked, elementCode);
         mTotals.push_back({asked, elementCode, {}, {answer, 0}});
         return answer;
     });
+}
+
+Money FileMasterData::RecordedByOthers(const BudgetedEntry& entry, const std::string& elementCode) {
+    const Key key = KeyOf(entry.itemCode, elementCode);
+    const Money recorded = Recorded(key, entry, elementCode);
     const auto taken = mTaken.find(key);
-    return taken == mTaken.end() ? recorded : recorded + AmountKnown(taken->second);
+    if (taken == mTaken.end()) return recorded;
+    // What the account itself would answer.
+    return data::MoneyOfDisplay((recorded + AmountKnown(taken->second)).ToText());
 }
 
 RecordedLines FileMasterData::LinesOfOthers(const BudgetedEntry& entry,

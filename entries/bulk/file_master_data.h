@@ -88,6 +88,8 @@ private:
     static Key KeyOf(const std::string& itemCode, const std::string& elementCode,
                      const std::string& detailCode = {});
     void Count(const EntryRecord& row, int sign);
+    platform::Money Recorded(const Key& key, const BudgetedEntry& entry,
+                             const std::string& elementCode);
 
     MasterData& mAccount;
     std::optional<platform::DateTime> mBound;

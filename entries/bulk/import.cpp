@@ -40,7 +40,9 @@ std::optional<Money> AmountIn(const BulkEntry& entry) try {
     if (!amount.empty()) return Money::FromText(amount);
     Money total;
     for (const BulkLine& line : entry.lines) {
-        total += AmountOf(line.texts.price, line.texts.quantity);
+        const std::string price = LineNumberText(line.texts.price, data::kPriceKind);
+        const std::string quantity = LineNumberText(line.texts.quantity, data::kQuantityKind);
+        total += data::MoneyOfDisplay(LineAmountText(price, quantity));
     }
     return total;
 } catch (const std::exception&) {

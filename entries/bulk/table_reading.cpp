@@ -79,6 +79,10 @@ bool Reading::HasContent(const TableRow& row) const {
 }
 
 void Reading::TakeEntry(const TableRow& row) {
+    if (mShape.mostRows > 0 && mTable.rows.size() == mShape.mostRows) {
+        throw platform::TableRefused("多于 " + std::to_string(mShape.mostRows) +
+                                     " 行，期初没有这么多编号");
+    }
     BulkRow& taken = mTable.rows.emplace_back();
     taken.number = row.number;
     taken.texts.resize(static_cast<std::size_t>(mShape.columnCount));

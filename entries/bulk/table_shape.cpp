@@ -28,6 +28,8 @@ TableShape EntryTableShape(std::string_view itemName, std::span<const KeywordFie
     shape.firstMark = kDateColumn;
     shape.secondMark = kAmountColumn;
     shape.noNumber = Rule::AmountNumber;
+    // There are no more identities.
+    shape.mostRows = 65536;
     shape.columns = {
         {kDateColumn, CellUse::Date, true, {"日期"}},
         {kCenterColumn, CellUse::Code, true, {"责任中心"}},

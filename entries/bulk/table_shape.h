@@ -52,6 +52,7 @@ struct TableShape {
     // The row that has both of these is the titles' row.
     int firstMark = 0;
     int secondMark = 0;
+    std::size_t mostRows = 0;            // 0: any number of them
     Rule noNumber = Rule::AmountNumber;  // what a number is refused by that is none
 };
 

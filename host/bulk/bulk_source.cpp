@@ -68,7 +68,8 @@ BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
     };
     const std::size_t sheet = entries::ChooseSheet(*mEntriesReader, shape(false), files.sheet);
     ReadLines(files, sheet, proposals.lines);
-    const bool hasLines = mLines && (!mLines->rows.empty() || !mLines->findings.empty());
+    const bool hasLines =
+        mLines && mLines->titleRow > 0 && (!mLines->rows.empty() || !mLines->findings.empty());
     mEntryShape = shape(hasLines);
     mEntries = entries::ReadBulkTable(*mEntriesReader, mEntryShape,
                                       {files.sheet, files.hidden, proposals.entries});
@@ -101,7 +102,9 @@ void BulkSource::ReadTotals() {
     if (!sheet || *sheet == mEntries.sheet || !workbook.HasTypedCells()) return;
     int rowsColumn = 0;
     int amountColumn = 0;
+    bool hasCells = false;
     workbook.Read(*sheet, [&](const TableRow& row) {
+        hasCells = hasCells || !row.cells.empty();
         if (rowsColumn == 0 && amountColumn == 0) {
             for (const TableCell& cell : row.cells) {
                 const std::string title = entries::PlainTitle(cell.text);
@@ -123,6 +126,10 @@ void BulkSource::ReadTotals() {
         if (!amount.empty()) mExpectedSums.push_back(Money::FromText(amount));
         return false;
     });
+    if (hasCells && rowsColumn == 0 && amountColumn == 0) {
+        mEntries.notes.push_back(
+            {workbook.Place(*sheet, 0, 0, {}), "没有读入控制总数：没有标题“行数”和“未结转期初”"});
+    }
 }
 
 PlacedFindings BulkSource::PlaceByTable(const std::vector<entries::BulkFinding>& found) const {

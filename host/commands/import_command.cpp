@@ -14,6 +14,7 @@
 #include "data/login_context.h"
 #include "entries/account_master_data.h"
 #include "entries/bulk/import.h"
+#include "entries/failure_reason.h"
 #include "entries/trap_watch.h"
 #include "host/account/session.h"
 #include "host/bulk/account_choices.h"
@@ -222,6 +223,8 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
     }
     if (report.refused > 0) {
         WriteBeside(arguments.rejects, [&] { WriteRejected(arguments.rejects, source, result); });
+    } else if (!arguments.rejects.empty()) {
+        Tell(Told("No row was refused; %1 is not written.", {arguments.rejects}));
     }
     WriteBeside(arguments.report, [&] { WriteReport(arguments.report, report); });
     if (arguments.json) {
@@ -257,7 +260,8 @@ int RunImport(const ImportArguments& arguments) {
         CheckFiles(arguments);
         return Import(arguments, account);
     } catch (const std::exception& failed) {
-        return Fail(account.AboutAccount(failed.what()));
+        const std::string reason = entries::ReasonOfFailure();
+        return Fail(account.AboutAccount(reason.empty() ? failed.what() : reason));
     }
 }
 

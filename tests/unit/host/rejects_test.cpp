@@ -160,7 +160,7 @@ TEST_F(RejectsTest, OfAWorkbookKeepEachCellAsItWas) {
 }
 
 TEST_F(RejectsTest, NumbersHaveTheDigitsThatASpreadsheetShows) {
-    TableFile file{{host::EntrySheet({"项目名称", {"标段"}}, {}, entries::kRowNumberColumn)}, {}};
+    TableFile file{{host::EntrySheet({"项目名称", {{"标段"}}}, {}, entries::kRowNumberColumn)}, {}};
     file.sheets[0].rows.push_back({NumberCell(8, "9.95"), TextCell(9, "1")});
     output::WriteTableFile(PathOf("in.xlsx"), file);
     Imported entries(PathOf("in.xlsx"), EntryShape(), {{2, {"一"}}});

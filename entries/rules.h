@@ -73,6 +73,8 @@ enum class Rule {
     TextLength,
     EntryChanged,
     EntryLinesChanged,
+    EntryKept,
+    EntryIdentityUsed,
     EntryIdentityTwice,
     EntryRowNumberTwice,
     EntryOperation,

@@ -1,30 +1,19 @@
 #include "entries/bulk/import.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
-#include "data/login_context.h"
 #include "data/number_format.h"
 #include "data/text_conversion.h"
-#include "entries/bulk/import_write.h"
-#include "entries/bulk/record_image.h"
-#include "entries/entry_counter.h"
-#include "entries/entry_store.h"
-#include "entries/failure_reason.h"
-#include "entries/opening_period.h"
 
 namespace kelvane::entries {
 
-using data::gConn;
 using platform::Batch;
-using platform::BatchJournal;
 using platform::BatchOutcome;
 using platform::Money;
 
 namespace {
-
-// Other operators may write while the rows are checked; who never comes to an end gives up.
-constexpr int kMostTries = 5;
 
 std::string MoneyText(Money amount) {
     return data::NumFormatText(platform::Value(amount), data::kMoneyKind, true);
@@ -70,18 +59,9 @@ private:
     void Find(Rule rule, std::string_view first, std::string_view second = {}) {
         mResult.plan.findings.push_back({BulkTableKind::Entries, 0, 0, Found(rule, first, second)});
     }
-    void CheckFile();
     void CheckTotals();
-    void CheckLocks();
     void CheckFormerImports();
-    std::optional<BatchOutcome> OutcomeOf(const Batch& batch);
-    bool IsRefused() const { return mFile.isRefused || mResult.HasFindings(); }
-    void RefuseAll();
-    void Plan();
-    void FindNumbers();
-    WriteOutcome Write();
-    WriteOutcome WriteInTransaction();
-    platform::BatchIntent Intent() const;
+    ImportPlan Plan() const;
 
     const BulkEntries& mFile;
     MasterData& mMasterData;
@@ -91,31 +71,18 @@ private:
 
 ImportResult Importing::Run() {
     mResult.sum = SumOf(mFile);
-    CheckFile();
+    // What stops everything before any row is looked at.
+    CheckTotals();
+    std::ranges::move(LocksFound(), std::back_inserter(mResult.plan.findings));
+    CheckFormerImports();
     if (mResult.HasFindings()) {
-        RefuseAll();
+        mResult.plan.rows.resize(mFile.entries.size());
         return std::move(mResult);
     }
-    for (int tries = 1;; ++tries) {
-        Plan();
-        if (IsRefused() || !mResult.plan.WritesAny()) return std::move(mResult);
-        const WriteOutcome outcome = Write();
-        if (outcome == WriteOutcome::Done) return std::move(mResult);
-        if (tries == kMostTries) {
-            throw platform::DatabaseBusy("其他操作员正在录入期初，没有导入，请稍后再试");
-        }
-    }
-}
-
-void Importing::RefuseAll() {
-    mResult.plan.rows.assign(mFile.entries.size(), {});
-}
-
-// What stops everything before any row is looked at.
-void Importing::CheckFile() {
-    CheckTotals();
-    CheckLocks();
-    CheckFormerImports();
+    BatchResult batch = RunBatch([this] { return Plan(); }, mMasterData, mRequest);
+    batch.notes.insert(batch.notes.begin(), mResult.notes.begin(), mResult.notes.end());
+    static_cast<BatchResult&>(mResult) = std::move(batch);
+    return std::move(mResult);
 }
 
 void Importing::CheckTotals() {
@@ -135,24 +102,16 @@ void Importing::CheckTotals() {
     }
 }
 
-void Importing::CheckLocks() {
-    for (Finding& lock : LocksOfList()) {
-        mResult.plan.findings.push_back({BulkTableKind::Entries, 0, 0, std::move(lock)});
-    }
-}
-
 void Importing::CheckFormerImports() {
     if (mRequest.journal == nullptr) return;
-    const std::vector<Batch> batches = mRequest.journal->Batches();
-    const auto isUndone = [&](int number) {
-        return std::ranges::any_of(batches, [&](const Batch& each) {
-            return each.intent.undoes == number && each.outcome == BatchOutcome::Written;
-        });
-    };
+    const std::vector<Batch> batches = DecidedBatches(*mRequest.journal, mRequest.dryRun);
     for (const Batch& batch : batches) {
-        if (batch.neverBegun || batch.intent.kind != "import") continue;
-        if (batch.intent.hash != mRequest.head.hash || isUndone(batch.number)) continue;
-        if (OutcomeOf(batch) == BatchOutcome::NotWritten) continue;
+        const bool isSameFile = !batch.neverBegun && batch.intent.kind == "import" &&
+                                batch.intent.hash == mRequest.head.hash;
+        if (!isSameFile || batch.outcome == BatchOutcome::NotWritten ||
+            IsUndone(batches, batch.number)) {
+            continue;
+        }
         const std::string told = "该文件已于 " + batch.intent.time.FullText().substr(0, 19) +
                                  " 由 " + batch.intent.user + " 导入（批次 " +
                                  std::to_string(batch.number) + "）";
@@ -161,105 +120,12 @@ void Importing::CheckFormerImports() {
     }
 }
 
-// How a batch ended; of one that was cut short the account tells.
-std::optional<BatchOutcome> Importing::OutcomeOf(const Batch& batch) {
-    const bool isOpen = !batch.outcome || *batch.outcome == BatchOutcome::InDoubt;
-    if (!isOpen || batch.running || !batch.problem.empty()) return batch.outcome;
-    const auto outcome = OutcomeInAccount(mRequest.journal->Read(batch.number));
-    if (outcome && !mRequest.dryRun) mRequest.journal->End(batch.number, *outcome);
-    return outcome;
-}
-
-void Importing::Plan() {
-    mResult.plan = PlanImport(mFile, mMasterData, mRequest.tellBudgets, mRequest.progress);
-    auto& findings = mResult.plan.findings;
-    findings.insert(findings.begin(), mFile.findings.begin(), mFile.findings.end());
-    RefuseFoundRows(mFile, mResult.plan);
-    FindNumbers();
-    RefuseFoundRows(mFile, mResult.plan);
-}
-
-// Whether there is a number for each new row.
-void Importing::FindNumbers() {
-    ImportPlan& plan = mResult.plan;
-    if (plan.Count(RowFate::New) == 0) return;
-    std::optional<Finding> missing;
-    std::int64_t left = 0;
-    try {
-        mResult.firstIdentity = NextNumber(kEntryCounter, *gConn);
-        left = std::int64_t{kIdentities.largest} - mResult.firstIdentity + 1;
-        if (mResult.firstIdentity < kIdentities.smallest) {
-            missing = Found(Rule::IdentityBelowRange, std::to_string(kIdentities.smallest));
-        }
-    } catch (const platform::ConnectionLost&) {
-        throw;
-    } catch (const platform::DatabaseBusy&) {
-        throw;
-    } catch (const std::exception&) {
-        missing = Found(Rule::CounterMissing);
-    }
-    for (std::size_t at = 0; at < plan.rows.size(); ++at) {
-        if (plan.rows[at].fate != RowFate::New) continue;
-        if (!missing && left-- > 0) continue;
-        const Finding finding =
-            missing ? *missing
-                    : Found(Rule::IdentityExhausted, std::to_string(kIdentities.largest));
-        plan.findings.push_back({BulkTableKind::Entries, mFile.entries[at].row, 0, finding});
-    }
-}
-
-platform::BatchIntent Importing::Intent() const {
-    platform::BatchIntent intent = mRequest.head;
-    std::int32_t identity = mResult.firstIdentity;
-    for (const PlannedRow& row : mResult.plan.rows) {
-        if (row.fate == RowFate::Refused || row.fate == RowFate::Unchanged) continue;
-        platform::BatchChange change;
-        if (row.before) change.before = ImageOf(*row.before);
-        if (row.after) change.after = ImageOf(*row.after);
-        change.identity = row.before ? row.before->entry.identity : identity++;
-        intent.changes.push_back(std::move(change));
-    }
-    return intent;
-}
-
-// The journal knows what is meant before anything is written, and how it ended after that.
-WriteOutcome Importing::Write() {
-    if (mRequest.dryRun) return WriteInTransaction();
-    BatchJournal& journal = *mRequest.journal;
-    const int batch = journal.Begin(Intent());
-    WriteOutcome outcome{};
-    try {
-        outcome = WriteInTransaction();
-    } catch (const platform::CommitInDoubt&) {
-        journal.End(batch, BatchOutcome::InDoubt);
-        throw;
-    } catch (...) {
-        journal.Withdraw(batch);
-        throw;
-    }
-    if (outcome != WriteOutcome::Done) {
-        journal.Withdraw(batch);
-        return outcome;
-    }
-    mResult.batch = batch;
-    try {
-        journal.End(batch, BatchOutcome::Written);
-    } catch (const platform::JournalFailed& failure) {
-        mResult.notes.push_back("已经导入，但批次 " + std::to_string(batch) +
-                                " 的结果没有记入日志：" + failure.what());
-    }
-    return outcome;
-}
-
-WriteOutcome Importing::WriteInTransaction() {
-    platform::Transaction transaction(*gConn);
-    const WriteOutcome outcome = WriteRows(mResult.plan, mResult.firstIdentity, mMasterData);
-    if (outcome == WriteOutcome::Done && !mRequest.dryRun) {
-        transaction.Commit();
-    } else {
-        transaction.RollBack();
-    }
-    return outcome;
+ImportPlan Importing::Plan() const {
+    ImportPlan plan = PlanImport(mFile, mMasterData, mRequest.tellBudgets, mRequest.progress);
+    plan.findings.insert(plan.findings.begin(), mFile.findings.begin(), mFile.findings.end());
+    plan.isRefused = mFile.isRefused;
+    RefuseFoundRows(mFile, plan);
+    return plan;
 }
 
 }  // namespace

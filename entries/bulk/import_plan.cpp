@@ -66,6 +66,7 @@ ImportPlan Planning::Run(bool tellBudgets) {
     if (refersToStored) mStored = ReadEntryRecords();
     FindIdentitiesTwice();
     for (std::size_t at = 0; at < mPlan.rows.size(); ++at) {
+        mPlan.rows[at].row = mFile.entries[at].row;
         MeetStored(mFile.entries[at], mPlan.rows[at]);
     }
     for (std::size_t at = 0; at < mPlan.rows.size(); ++at) {
@@ -205,6 +206,10 @@ void Planning::CheckRow(const BulkEntry& entry, PlannedRow& row) {
 std::size_t ImportPlan::Count(RowFate fate) const {
     return static_cast<std::size_t>(
         std::ranges::count(rows, fate, [](const PlannedRow& row) { return row.fate; }));
+}
+
+std::size_t ImportPlan::CountNumbers() const {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, &PlannedRow::NeedsNumber));
 }
 
 bool ImportPlan::WritesAny() const {

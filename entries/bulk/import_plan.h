@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <stdexcept>
@@ -17,9 +18,18 @@ namespace kelvane::entries {
 enum class RowFate { Refused, New, Changed, Deleted, Unchanged };
 
 struct PlannedRow {
+    int row = 0;  // as the table counts
     RowFate fate = RowFate::Refused;
     std::optional<EntryRecord> before;  // of a row to be changed or deleted
-    std::optional<EntryRecord> after;   // of a new row, without its identity, and of a changed one
+    // Of a new and of a changed row. A new one that has an identity, as one that is put back, keeps
+    // it; the others get the counter's next number.
+    std::optional<EntryRecord> after;
+
+    bool NeedsNumber() const { return fate == RowFate::New && after && after->entry.identity == 0; }
+    // Of a row that needs no number.
+    std::int32_t Identity() const {
+        return before ? before->entry.identity : after->entry.identity;
+    }
 };
 
 struct ImportPlan {
@@ -27,8 +37,12 @@ struct ImportPlan {
     std::vector<BulkFinding> findings;
     std::vector<BudgetUse> budgets;  // when they were asked for
     std::vector<RecordedTotal> totals;
+    // Nothing is written, though it may be that nothing was found here.
+    bool isRefused = false;
 
     std::size_t Count(RowFate fate) const;
+    // How many rows need a number.
+    std::size_t CountNumbers() const;
     // Whether any row is to be written.
     bool WritesAny() const;
 };

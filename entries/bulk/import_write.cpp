@@ -45,8 +45,8 @@ void Insert(const EntryRecord& record, std::int32_t identity) {
 }  // namespace
 
 WriteOutcome WriteRows(const ImportPlan& plan, std::int32_t firstIdentity, MasterData& masterData) {
-    const auto newRows = static_cast<std::int32_t>(plan.Count(RowFate::New));
-    if (newRows > 0 && TakeNumbers(kEntryCounter, *gConn, newRows, kIdentities) != firstIdentity) {
+    const auto numbers = static_cast<std::int32_t>(plan.CountNumbers());
+    if (numbers > 0 && TakeNumbers(kEntryCounter, *gConn, numbers, kIdentities) != firstIdentity) {
         return WriteOutcome::NumbersMoved;
     }
     const bool holds =
@@ -60,7 +60,8 @@ WriteOutcome WriteRows(const ImportPlan& plan, std::int32_t firstIdentity, Maste
     for (const PlannedRow& row : plan.rows) {
         if (row.fate == RowFate::Deleted) Delete(row.before->entry.identity);
         if (row.fate == RowFate::Changed) Change(*row.before, *row.after);
-        if (row.fate == RowFate::New) Insert(*row.after, identity++);
+        if (row.fate != RowFate::New) continue;
+        Insert(*row.after, row.NeedsNumber() ? identity++ : row.Identity());
     }
     return WriteOutcome::Done;
 }

@@ -11,9 +11,9 @@ namespace kelvane::entries {
 // the transaction has to be rolled back.
 enum class WriteOutcome { Done, NumbersMoved, AccountMoved };
 
-// Writes all of `plan` over gConn; new entries get the identities from `firstIdentity` on, which
-// the counter has to give. `masterData`: the account's own, not one that remembers. Errors are
-// thrown.
+// Writes all of `plan` over gConn; rows that need a number get those from `firstIdentity` on,
+// which the counter has to give. `masterData`: the account's own, not one that remembers. Errors
+// are thrown.
 WriteOutcome WriteRows(const ImportPlan& plan, std::int32_t firstIdentity, MasterData& masterData);
 
 }  // namespace kelvane::entries

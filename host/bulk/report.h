@@ -13,18 +13,21 @@
 
 namespace kelvane::host {
 
-struct ImportReport {
-    std::string account;  // fit to be shown
-    std::string file;
-    platform::DateTime time;
-    std::string operatorName;
-    bool dryRun = false;
+struct RowCounts {
     std::size_t rows = 0;
     std::size_t added = 0;
     std::size_t changed = 0;
     std::size_t deleted = 0;
     std::size_t unchanged = 0;
     std::size_t refused = 0;
+};
+
+struct ImportReport : RowCounts {
+    std::string account;  // fit to be shown
+    std::string file;
+    platform::DateTime time;
+    std::string operatorName;
+    bool dryRun = false;
     std::optional<platform::Money> sum;  // none: more than an amount can be
     std::vector<entries::PlacedFinding> findings;
     std::vector<entries::TableNote> notes;

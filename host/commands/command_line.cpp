@@ -242,6 +242,33 @@ void AddImport(CLI::App& program, int& status) {
     });
 }
 
+void AddUndo(CLI::App& program, int& status) {
+    struct Arguments {
+        AccountArgument account;
+        UndoArguments undo;
+        std::string batch;
+        std::string journal;
+    };
+    auto arguments = std::make_shared<Arguments>();
+    auto* command = program.add_subcommand(
+        "undo", Translated("Take a batch back, all of its rows that nobody has changed since"));
+    AddAccount(*command, arguments->account);
+    AddBehindAccount(*command, "BATCH", arguments->batch,
+                     Translated("The batch's number, as \"kelvane batches\" tells it"))
+        ->transform(NumberBetween(1, std::numeric_limits<int>::max()));
+    command->add_flag("--dry-run", arguments->undo.dryRun,
+                      Translated("Check everything and write nothing"));
+    AddJournal(*command, arguments->journal);
+    AddLogin(*command, arguments->undo.login);
+    command->callback([arguments, &status] {
+        UndoArguments& undo = arguments->undo;
+        undo.account = arguments->account.Place();
+        undo.batch = std::stoi(arguments->batch);
+        undo.batches = BatchFolderOf(arguments->account, arguments->journal);
+        status = RunUndo(undo);
+    });
+}
+
 void AddBatches(CLI::App& program, int& status) {
     struct Arguments {
         AccountArgument account;
@@ -288,6 +315,7 @@ int RunCommandLine(int argc, char** argv) {
     AddTemplate(program, status);
     AddImport(program, status);
     AddBatches(program, status);
+    AddUndo(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);
         const WrongUsage wrong = WrongNames(program, arguments);

@@ -56,6 +56,14 @@ struct ImportArguments {
     LoginRequest login;
 };
 
+struct UndoArguments {
+    AccountPlace account = AccountPlace::File({});
+    int batch = 0;
+    bool dryRun = false;
+    std::filesystem::path batches;  // the folder of their journal
+    LoginRequest login;
+};
+
 struct BatchesArguments {
     std::string account;  // the account's file; empty: it is on a server
     std::filesystem::path folder;
@@ -80,6 +88,9 @@ int RunTemplate(const TemplateArguments& arguments);
 // Checks the rows of a table and puts all of them into the account, or none. Returns 3 when rows
 // are refused.
 int RunImport(const ImportArguments& arguments);
+
+// Takes a batch back, but for rows that were changed since. Returns 3 when rows are refused.
+int RunUndo(const UndoArguments& arguments);
 
 // Lists the batches that are written down in the folder.
 int RunBatches(const BatchesArguments& arguments);

@@ -15,63 +15,23 @@
 #include "entries/account_master_data.h"
 #include "entries/bulk/import.h"
 #include "entries/failure_reason.h"
-#include "entries/trap_watch.h"
 #include "host/account/session.h"
 #include "host/bulk/account_choices.h"
 #include "host/bulk/bulk_source.h"
 #include "host/bulk/rejects.h"
 #include "host/bulk/report.h"
+#include "host/commands/bulk_output.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/absent_windows.h"
-#include "host/surroundings/interruption.h"
 #include "host/surroundings/local_time.h"
-#include "host/surroundings/progress_line.h"
-#include "host/surroundings/terminal.h"
 #include "host/surroundings/translation.h"
 #include "platform/native_path.h"
 
 namespace kelvane::host {
 
 using entries::PlacedFinding;
-using entries::RowFate;
 
 namespace {
-
-constexpr int kRefused = 3;
-
-// How far the work is, on a terminal that somebody sees.
-class Terminal {
-public:
-    Terminal() {
-        if (!ErrorsAreSeen()) return;
-        mLine.emplace(std::cerr).Begin(Translated("Reading the file"));
-        mTicker.emplace(*mLine);
-    }
-
-    void Begin(const std::string& work) {
-        if (mLine) mLine->Begin(work);
-    }
-    bool Count(std::size_t done, std::size_t total) {
-        if (mLine && total > 0) mLine->Count(done, total);
-        return !Interruption::IsAsked();
-    }
-    void End() {
-        mTicker.reset();
-        mLine.reset();
-    }
-
-private:
-    std::optional<ProgressLine> mLine;
-    std::optional<ProgressTicker> mTicker;
-};
-
-// The login context as the windows have it when they open.
-void LoadContext() {
-    const entries::TrapWatch trapped;
-    data::LoadPmStartDate();
-    data::LoadItemKeyFields();
-    trapped.Rethrow();
-}
 
 // The account is asked for its codes when the first number stands in place of one.
 class Proposals {
@@ -94,25 +54,9 @@ private:
     std::optional<AccountChoices> mChoices;
 };
 
-// A finding is one line, whatever stands in the file.
-std::string OneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-    return text;
-}
-
-void Tell(const std::string& text) {
-    std::cerr << OneLine(text) << '\n';
-}
-
 void WriteText(const ImportReport& report) {
-    for (const PlacedFinding& each : report.findings) {
-        std::cout << OneLine(each.place) << ": " << each.finding.id << ": "
-                  << OneLine(each.finding.text) << '\n';
-    }
-    std::cout << "rows " << report.rows << ": new " << report.added << ", changed "
-              << report.changed << ", deleted " << report.deleted << ", unchanged "
-              << report.unchanged << ", refused " << report.refused << '\n';
+    for (const PlacedFinding& each : report.findings) WriteFinding(each.place, each.finding);
+    WriteCounts(report);
 }
 
 ImportReport ReportOf(const ImportArguments& arguments, const AccountPlace& account,
@@ -125,12 +69,7 @@ ImportReport ReportOf(const ImportArguments& arguments, const AccountPlace& acco
     report.time = request.head.time;
     report.operatorName = data::gOperatorName;
     report.dryRun = arguments.dryRun;
-    report.rows = plan.rows.size();
-    report.added = plan.Count(RowFate::New);
-    report.changed = plan.Count(RowFate::Changed);
-    report.deleted = plan.Count(RowFate::Deleted);
-    report.unchanged = plan.Count(RowFate::Unchanged);
-    report.refused = plan.Count(RowFate::Refused);
+    static_cast<RowCounts&>(report) = CountsOf(plan);
     report.sum = result.sum;
     report.findings = source.Place(plan.findings);
     report.notes = source.Notes();
@@ -188,7 +127,7 @@ platform::BatchIntent HeadOf(const ImportArguments& arguments) {
 }
 
 int Import(const ImportArguments& arguments, const AccountPlace& account) {
-    Terminal terminal;
+    BulkTerminal terminal(Translated("Reading the file"));
     AbsentWindows windows;
     Session session(account, windows, nullptr);
     session.LogIn(arguments.login, {});
@@ -212,7 +151,6 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
         return terminal.Count(done, total);
     };
     terminal.Begin(Translated("Checking the rows"));
-    const Interruption interruption;
     entries::AccountMasterData masterData;
     const entries::ImportResult result = entries::RunImport(file, masterData, request);
     terminal.End();

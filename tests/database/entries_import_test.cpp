@@ -431,7 +431,7 @@ TEST_F(ImportTest, AJournalThatCannotSayHowItEndedIsTold) {
     Add("一", "1");
     journal.endFails = true;
     EXPECT_EQ(Import(), Lines{});
-    EXPECT_EQ(result.notes, Lines{"已经导入，但批次 1 的结果没有记入日志：模拟的日志错误"});
+    EXPECT_EQ(result.notes, Lines{"已经写入帐套，但批次 1 的结果没有记入日志：模拟的日志错误"});
     EXPECT_EQ(Stored(), std::string(kBefore) + "10一1 ");
 }
 

@@ -1,0 +1,75 @@
+#include "host/commands/bulk_output.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "data/login_context.h"
+#include "entries/trap_watch.h"
+#include "host/surroundings/terminal.h"
+
+namespace kelvane::host {
+
+using entries::RowFate;
+
+namespace {
+
+// Whatever stands in the file.
+std::string OneLine(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return text;
+}
+
+}  // namespace
+
+BulkTerminal::BulkTerminal(const std::string& work) {
+    if (!ErrorsAreSeen()) return;
+    mLine.emplace(std::cerr).Begin(work);
+    mTicker.emplace(*mLine);
+}
+
+void BulkTerminal::Begin(const std::string& work) {
+    if (mLine) mLine->Begin(work);
+}
+
+bool BulkTerminal::Count(std::size_t done, std::size_t total) {
+    if (mLine && total > 0) mLine->Count(done, total);
+    return !Interruption::IsAsked();
+}
+
+void BulkTerminal::End() {
+    mTicker.reset();
+    mLine.reset();
+}
+
+void LoadContext() {
+    const entries::TrapWatch trapped;
+    data::LoadPmStartDate();
+    data::LoadItemKeyFields();
+    trapped.Rethrow();
+}
+
+RowCounts CountsOf(const entries::ImportPlan& plan) {
+    return {.rows = plan.rows.size(),
+            .added = plan.Count(RowFate::New),
+            .changed = plan.Count(RowFate::Changed),
+            .deleted = plan.Count(RowFate::Deleted),
+            .unchanged = plan.Count(RowFate::Unchanged),
+            .refused = plan.Count(RowFate::Refused)};
+}
+
+void Tell(const std::string& text) {
+    std::cerr << OneLine(text) << '\n';
+}
+
+void WriteFinding(const std::string& place, const entries::Finding& finding) {
+    std::cout << OneLine(place) << ": " << finding.id << ": " << OneLine(finding.text) << '\n';
+}
+
+void WriteCounts(const RowCounts& counts) {
+    std::cout << "rows " << counts.rows << ": new " << counts.added << ", changed "
+              << counts.changed << ", deleted " << counts.deleted << ", unchanged "
+              << counts.unchanged << ", refused " << counts.refused << '\n';
+}
+
+}  // namespace kelvane::host

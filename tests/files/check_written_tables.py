@@ -328,6 +328,9 @@ class Rejects(AccountCase):
         self.assertEqual(rows[0], ["备注", *ENTRY_TITLES, "原因"])
         self.assertEqual(rows[1][:9], ["20", "2003-01-05", *self.bad_amount[1:3], "",
                                        *self.bad_amount[4:]])
+        self.assertEqual(rows[2][2], "7E+0")
+        told = self.refuse(path, "--lines", self.folder / "out.明细.csv")
+        self.assertIn("out.csv:3:责任中心: cell.code.number: ", told)
         rows[1][8] = "0.01"
         rows[2][2] = self.center
         lines[2][1] = self.code

@@ -41,6 +41,8 @@ void AppendCell(std::string& line, ColumnUse use, const TableCell& cell) {
             break;
         case CellKind::Number:
             line += PlainNumber(cell.text);
+            // Plain digits would pass for the code that they are not.
+            if (use == ColumnUse::Code) line += "E+0";
             break;
         case CellKind::Date:
             if (!date.IsValid()) {

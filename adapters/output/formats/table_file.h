@@ -16,7 +16,8 @@ enum class TableFormat { Workbook, Text };
 std::optional<TableFormat> TableFormatOf(std::string_view path);
 
 // Puts `file` in the place of `path` (UTF-8). A text has room for one sheet alone, without
-// properties. Numbers of more digits than a spreadsheet keeps are written as texts. Throws
+// properties. Numbers of more digits than a spreadsheet keeps are written as texts; in a
+// text a number among codes has an exponent, by which it is told from one. Throws
 // FileFailure, also for an extension that is not written or has no room for the file.
 void WriteTableFile(const std::string& path, const platform::TableFile& file,
                     Disk& disk = SystemDisk());

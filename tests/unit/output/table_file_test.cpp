@@ -176,6 +176,11 @@ std::string FailureOf(const std::string& path, const TableFile& file,
     return failure.what();
 }
 
+TEST(TableFileText, TellsANumberFromACode) {
+    EXPECT_EQ(ReadAgain("a.csv", ColumnUse::Code, {NumberCell(1, "101"), TextCell(1, "101")}),
+              "2 A:t 101E+0\n3 A:t 101\n");
+}
+
 TEST(TableFileText, HasRoomForOneTableAlone) {
     const TemporaryFolder folder;
     const std::string path = (folder / "a.csv").string();

@@ -8,8 +8,10 @@ them again.
 import csv
 import datetime
 import json
+import re
 import sys
 import unittest
+import zipfile
 from decimal import Decimal
 
 import openpyxl
@@ -84,6 +86,14 @@ class Templates(AccountCase):
                                            "@"])
         self.assertEqual(formats("明细"), ["@", "@", "@", "@", "@", "General", "General",
                                            "#,##0.00##"])
+
+    def test_nothing_offers_to_make_numbers_of_codes(self):
+        """openpyxl does not know of it."""
+        with zipfile.ZipFile(self.template) as parts:
+            sheet = parts.read("xl/worksheets/sheet1.xml").decode()
+        ignored = re.search('<ignoredError sqref="([^"]*)" numberStoredAsText="1"/>', sheet)
+        self.assertEqual(ignored.group(1).split(" "),
+                         [f"{column}2:{column}{LAST_ROW}" for column in "BCDEFGI"])
 
     def lists_of(self, book, name):
         """Column -> what its list offers, from wherever it refers to."""

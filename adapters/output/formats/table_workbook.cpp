@@ -85,6 +85,7 @@ private:
 
     void WriteSheet(const TableFileSheet& sheet);
     void SetUpColumn(lxw_worksheet* sheet, lxw_col_t place, const TableFileColumn& column);
+    void KeepCodesTexts(const TableFileSheet& sheet);
     void OfferChoices(lxw_worksheet* sheet, lxw_col_t place, const TableFileColumn& column);
     void WriteCell(const TableFileColumn& column, const TableCell& cell);
     void WriteNumber(const TableFileColumn& column, const std::string& digits, const char* format);
@@ -149,6 +150,20 @@ void Workbook::SetUpColumn(lxw_worksheet* sheet, lxw_col_t place, const TableFil
     Check(worksheet_set_column_opt(sheet, place, place, column.width,
                                    format == kPlainFormat ? nullptr : Format(format), &options));
     if (!column.choices.empty()) OfferChoices(sheet, place, column);
+}
+
+// A spreadsheet marks texts of digits as faults and offers to make numbers of them.
+void Workbook::KeepCodesTexts(const TableFileSheet& sheet) {
+    std::string ranges;
+    for (std::size_t column = 0; column < sheet.columns.size(); ++column) {
+        if (FormatOf(sheet.columns[column].use) != kTextFormat) continue;
+        char name[LXW_MAX_COL_NAME_LENGTH];
+        lxw_col_to_name(name, static_cast<lxw_col_t>(column), 0);
+        if (!ranges.empty()) ranges += ' ';
+        ranges.append(name).append("2:").append(name) += std::to_string(LXW_ROW_MAX);
+    }
+    if (ranges.empty()) return;
+    Check(worksheet_ignore_errors(mSheet, LXW_IGNORE_NUMBER_STORED_AS_TEXT, ranges.c_str()));
 }
 
 void Workbook::WriteText(const std::string& text, const char* format) {
@@ -219,6 +234,7 @@ void Workbook::WriteSheet(const TableFileSheet& sheet) {
                                      WithoutWrittenCharacters(sheet.columns[column].title).c_str(),
                                      mBook.HeaderFormat()));
     }
+    KeepCodesTexts(sheet);
     mRow = 0;
     for (const auto& row : sheet.rows) {
         ++mRow;

@@ -61,7 +61,7 @@ TEST(Report, IsOneJsonObject) {
                   "      \"after\": \"-1234.5678\"\n    },\n    {\n      \"item\": \"P2\",\n"
                   "      \"itemName\": \"\",\n      \"element\": \"人工\",\n"
                   "      \"budget\": null,\n      \"before\": \"0\",\n"
-                  "      \"after\": \"0\"\n    }\n  ],\n  \"batch\": null\n}");
+                  "      \"after\": null\n    }\n  ],\n  \"batch\": null\n}");
     report = {};
     report.batch = 7;
     report.dryRun = true;
@@ -96,17 +96,18 @@ TEST(Report, IsAWorkbookOfThreeSheets) {
     const std::string path = (folder / "a.XLSX").string();
     const ImportReport report = Sample();
     WriteReport(path, report);
-    EXPECT_EQ(Shown(path),
-              "[结果]\nA 项目|B 内容|\nA 账套|B 账.kelvane|\nA 文件|B 期初.xlsx|\n"
-              "A 时间|B 2004-07-01 08:30:05.000|\nA 操作员|B u1|\nA 方式|B 导入|\nA 行数|B 6|\n"
-              "A 新增|B 1|\nA 修改|B 2|\nA 删除|B 0|\nA 未变|B 1|\nA 拒绝|B 2|\n"
-              "A 未结转期初合计|B 900000000000123.45|\nA 批次|B 没有写入|\n"
-              "[问题]\nA 位置|B 行|C 列|D 规则|E 内容|\nA 期初!C7|B 7|C 项目编号|D item.empty|E " +
-                  report.findings[0].finding.text +
-                  "|\nA 期初|D file.column|E 缺少列“\"摘\n要\"”|\n"
-                  "A 期初!A1|E 没有读入列“备注”|\n"
-                  "[预算]\nA 项目编号|B 项目名称|C 要素|D 预算|E 导入前|F 导入后|\n"
-                  "A P1|B 一号楼|C 材料|D 1000|E 0.05|F -1234.5678|\nA P2|C 人工|E 0|F 0|\n");
+    EXPECT_EQ(
+        Shown(path),
+        "[结果]\nA 项目|B 内容|\nA 账套|B 账.kelvane|\nA 文件|B 期初.xlsx|\n"
+        "A 时间|B 2004-07-01 08:30:05.000|\nA 操作员|B u1|\nA 方式|B 导入|\nA 行数|B 6|\n"
+        "A 新增|B 1|\nA 修改|B 2|\nA 删除|B 0|\nA 未变|B 1|\nA 拒绝|B 2|\n"
+        "A 未结转期初合计|B 900000000000123.45|\nA 批次|B 没有写入|\n"
+        "[问题]\nA 位置|B 行|C 列|D 规则|E 内容|\nA 期初!C7|B 7|C 项目编号|D item.empty|E " +
+            report.findings[0].finding.text +
+            "|\nA 期初|D file.column|E 缺少列“\"摘\n要\"”|\n"
+            "A 期初!A1|E 没有读入列“备注”|\n"
+            "[预算]\nA 项目编号|B 项目名称|C 要素|D 预算|E 导入前|F 导入后|\n"
+            "A P1|B 一号楼|C 材料|D 1000|E 0.05|F -1234.5678|\nA P2|C 人工|E 0|F 超出金额范围|\n");
 }
 
 TEST(Report, IsWrittenByItsExtension) {

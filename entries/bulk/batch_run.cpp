@@ -164,11 +164,15 @@ std::vector<BulkFinding> LocksFound() {
     return found;
 }
 
+bool IsOpen(const Batch& batch) {
+    const bool isDecided = batch.outcome && *batch.outcome != BatchOutcome::InDoubt;
+    return !isDecided && !batch.running && !batch.neverBegun && batch.problem.empty();
+}
+
 std::vector<Batch> DecidedBatches(BatchJournal& journal, bool dryRun) {
     std::vector<Batch> batches = journal.Batches();
     for (Batch& batch : batches) {
-        const bool isOpen = !batch.outcome || *batch.outcome == BatchOutcome::InDoubt;
-        if (!isOpen || batch.running || batch.neverBegun || !batch.problem.empty()) continue;
+        if (!IsOpen(batch)) continue;
         batch.outcome = OutcomeInAccount(journal.Read(batch.number));
         if (batch.outcome && !dryRun) journal.End(batch.number, *batch.outcome);
     }

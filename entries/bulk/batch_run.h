@@ -45,9 +45,12 @@ BatchResult RunBatch(const Planner& plan, MasterData& masterData, const BatchReq
 // What forbids any writing, as findings of the table as a whole. Over gEnv; errors are thrown.
 std::vector<BulkFinding> LocksFound();
 
-// The journal's batches; of one that was cut short, and of one in doubt, the account tells how it
-// ended, and the journal is told unless `dryRun`. What cannot be told either way keeps no outcome.
-// Over gConn; errors are thrown.
+// Whether nothing in the journal tells how `batch` ended, though it is over.
+bool IsOpen(const platform::Batch& batch);
+
+// The journal's batches; of one that is open the account tells how it ended, and the journal is
+// told unless `dryRun`. What cannot be told either way keeps no outcome. Over gConn; errors are
+// thrown.
 std::vector<platform::Batch> DecidedBatches(platform::BatchJournal& journal, bool dryRun);
 
 // Whether one of `batches` took that one back.

@@ -6,7 +6,11 @@
 #include <nlohmann/json.hpp>
 
 #include "adapters/journal/folder_journal.h"
+#include "entries/bulk/batch_run.h"
+#include "host/account/session.h"
+#include "host/commands/bulk_output.h"
 #include "host/commands/commands.h"
+#include "host/surroundings/absent_windows.h"
 #include "host/surroundings/translation.h"
 #include "platform/native_path.h"
 
@@ -105,6 +109,23 @@ void Print(const std::vector<Batch>& batches, bool json) {
               << '\n';
 }
 
+// Asks the account how batches ended that were cut short. Where it cannot be asked they stay so.
+std::vector<Batch> Decided(platform::BatchJournal& journal, const BatchesArguments& arguments) {
+    std::vector<Batch> batches = journal.Batches();
+    if (std::ranges::none_of(batches, entries::IsOpen)) return batches;
+    try {
+        AbsentWindows windows;
+        Session session(arguments.place(), windows, nullptr);
+        session.LogIn({}, {});
+        return entries::DecidedBatches(journal, false);
+    } catch (const platform::JournalFailed&) {
+        throw;
+    } catch (const std::exception& failed) {
+        Tell(failed.what());
+        return batches;
+    }
+}
+
 }  // namespace
 
 int RunBatches(const BatchesArguments& arguments) {
@@ -115,7 +136,8 @@ int RunBatches(const BatchesArguments& arguments) {
     }
     std::vector<Batch> batches;
     try {
-        batches = journal::FolderJournal(arguments.folder).Batches();
+        journal::FolderJournal journal(arguments.folder);
+        batches = Decided(journal, arguments);
     } catch (const platform::JournalFailed& failed) {
         return Fail(failed.what());
     }

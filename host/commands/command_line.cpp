@@ -254,14 +254,18 @@ void AddUndo(CLI::App& program, int& status) {
         "undo", Translated("Take a batch back, all of its rows that nobody has changed since"));
     AddAccount(*command, arguments->account);
     AddBehindAccount(*command, "BATCH", arguments->batch,
-                     Translated("The batch's number, as \"kelvane batches\" tells it"))
-        ->transform(NumberBetween(1, std::numeric_limits<int>::max()));
+                     Translated("The batch's number, as \"kelvane batches\" tells it"));
     command->add_flag("--dry-run", arguments->undo.dryRun,
                       Translated("Check everything and write nothing"));
     AddJournal(*command, arguments->journal);
     AddLogin(*command, arguments->undo.login);
     command->callback([arguments, &status] {
         UndoArguments& undo = arguments->undo;
+        // As a check of the argument it would make an account of what is no number.
+        const auto isNumber = NumberBetween(1, std::numeric_limits<int>::max());
+        if (const std::string wrong = isNumber(arguments->batch); !wrong.empty()) {
+            throw CLI::ValidationError("BATCH", wrong);
+        }
         undo.account = arguments->account.Place();
         undo.batch = std::stoi(arguments->batch);
         undo.batches = BatchFolderOf(arguments->account, arguments->journal);
@@ -283,6 +287,7 @@ void AddBatches(CLI::App& program, int& status) {
     AddJournal(*batches, arguments->journal);
     batches->callback([arguments, &status] {
         status = RunBatches({.account = arguments->account.file,
+                             .place = [arguments] { return arguments->account.Place(); },
                              .folder = BatchFolderOf(arguments->account, arguments->journal),
                              .json = arguments->json});
     });

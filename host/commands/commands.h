@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -66,6 +67,8 @@ struct UndoArguments {
 
 struct BatchesArguments {
     std::string account;  // the account's file; empty: it is on a server
+    // Gives the account for asking how a batch ended that was cut short.
+    std::function<AccountPlace()> place;
     std::filesystem::path folder;
     bool json = false;
 };

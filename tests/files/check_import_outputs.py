@@ -76,6 +76,17 @@ class Outputs(Imports):
         self.assertEqual([row[:4] for row in rows], [
             LINE_TITLES, ["3", "0201", "0", "3"], ["3", "0202", "10", "1"], ["9", "0201", "5", "1"]])
 
+    def test_refused_rows_of_a_former_import(self):
+        """A file of refused rows that is there although none is refused would be taken for this one's."""
+        rejects = self.path("xlsx")
+        account = self.accounts.new()
+        self.assertEqual(self.run_import(account, self.book([entry(摘要="")]), "--rejects",
+                                         rejects).returncode, 3)
+        self.assertTrue(rejects.exists())
+        done = self.run_import(account, self.book([entry()]), "--rejects", rejects)
+        self.assertEqual(done.returncode, 0)
+        self.assertTrue(not rejects.exists() or str(rejects) in done.stderr, done.stderr)
+
     def test_report_for_programs(self):
         account = self.accounts.new()
         path, report = self.book([entry(项目编号="X05", 项目名称="预算楼", 未结转期初=600), entry()]), \

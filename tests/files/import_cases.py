@@ -25,6 +25,12 @@ SPOILED = "编码 {} 已被电子表格改写，原来的编码无法得知"
 MACHINES = {"要素": "机械使用费", "未结转期初": None, "行号": "1"}
 STEEL = {"要素": "钢材费", "未结转期初": None, "行号": "1"}
 BUDGETED = {**MACHINES, "项目编号": "X06", "项目名称": "明细楼"}
+BUDGETED_PLAIN = {"项目编号": "X05", "项目名称": "预算楼"}
+BELOW_ZERO = """
+insert into PM_ItemQC values (41, '2004-06-01 00:00:00.000', 'T01', 'X05', '一标段', '', 'E01', '红字',
+    '-5.0000');
+update PM_SettingInf set cValue = '41' where cName = 'NumMax_EleQc';
+"""
 
 
 def one(name, place, rule, text, user="demo", changes="", **cells):
@@ -68,6 +74,9 @@ ENTRY_CASES = [
         "编码应为文本，此处是数字 12345，可能缺少前面的 0", **NUMERIC, 项目编号=12345),
     one("an exponent", "C2", "cell.code.number", SPOILED.format("1.23457E+11"), **NUMERIC,
         项目编号="1.23457E+11"),
+    # Nothing can be said of the name of an item that is not known to be one.
+    one("a name beside an unknown centre", "B2", "center.unknown", NO_CENTER, 责任中心="T99",
+        项目编号="X99"),
     one("another item's name", "D2", "item.name", "项目名称与项目编号不符，该编号的项目是“试验楼”",
         项目名称="样板楼"),
     one("keywords of nobody", "E2", "key.mismatch", "该责任中心下此项目没有这样的关键字",

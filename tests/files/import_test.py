@@ -8,6 +8,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
+import openpyxl
+
 from account_files import (SAMPLE_ENTRIES, Accounts, counter, dump, new_entries, table_of, text,
                            workbook)
 
@@ -40,6 +42,14 @@ class Imports(unittest.TestCase):
 
     def book(self, rows, lines=None, totals=None):
         return workbook(self.path("xlsx"), rows, lines, totals)
+
+    def changed_book(self, rows, lines, change):
+        """`change` is called with the workbook before it is saved."""
+        path = self.book(rows, lines)
+        book = openpyxl.load_workbook(path)
+        change(book)
+        book.save(path)
+        return path
 
     def csv(self, rows, **how):
         return text(self.path("csv"), table_of(rows), **how)

@@ -83,22 +83,26 @@ std::optional<Finding> LineRules::CheckBudget(const LineTexts& line) const {
 
 Findings LineRules::CheckLine(const LineTexts& line, std::span<const std::string> others) const {
     Findings found;
-    for (const auto& [number, column] : {std::pair(&line.price, LineColumn::Price),
-                                         std::pair(&line.quantity, LineColumn::Quantity)}) {
-        if (auto wrong = CheckNumber(*number)) {
+    const auto checkNumber = [&](const std::string& number, LineColumn column, Rule whenZero) {
+        if (auto wrong = CheckNumber(number)) {
             wrong->column = static_cast<int>(column);
             found.push_back(*std::move(wrong));
+        } else if (MoneyOfDisplay(number).IsZero()) {
+            found.push_back(Found(whenZero));
         }
+    };
+    if (data::Trim(line.code).empty()) {
+        found.push_back(Found(Rule::LineCodeEmpty));
+    } else {
+        if (auto twice = CheckCodeOnce(line.code, others)) found.push_back(*std::move(twice));
+        const auto item = Find(LineField::Code, line.code, line.code);
+        if (const auto* unknown = std::get_if<Finding>(&item)) found.push_back(*unknown);
+        if (data::Trim(line.name).empty()) found.push_back(Found(Rule::LineNameEmpty));
     }
+    checkNumber(line.price, LineColumn::Price, Rule::LinePriceZero);
+    checkNumber(line.quantity, LineColumn::Quantity, Rule::LineQuantityZero);
     if (!found.empty()) return found;
-    if (auto missing = CheckComplete(line)) return {*std::move(missing)};
-    if (auto twice = CheckCodeOnce(line.code, others)) found.push_back(*std::move(twice));
-    const auto item = Find(LineField::Code, line.code, line.code);
-    if (const auto* unknown = std::get_if<Finding>(&item)) {
-        found.push_back(*unknown);
-    } else if (auto beyond = CheckBudget(line)) {
-        found.push_back(*std::move(beyond));
-    }
+    if (auto beyond = CheckBudget(line)) found.push_back(*std::move(beyond));
     return found;
 }
 

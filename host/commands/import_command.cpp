@@ -175,15 +175,17 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
 
 // What is written beside must not take the place of what is read.
 void CheckFiles(const ImportArguments& arguments) {
-    for (const std::string* written : {&arguments.rejects, &arguments.report}) {
-        for (const std::string* read :
-             {&arguments.files.entries, &arguments.files.lines, &arguments.account.Name()}) {
+    const std::string rejectedLines =
+        arguments.rejects.empty() ? std::string() : LinesPathOf(arguments.rejects);
+    for (const std::string& written : {arguments.rejects, rejectedLines, arguments.report}) {
+        for (const std::string& read :
+             {arguments.files.entries, arguments.files.lines, arguments.account.Name()}) {
             std::error_code unknown;
-            const bool isSame = !written->empty() && !read->empty() &&
-                                std::filesystem::equivalent(platform::PathOf(*written),
-                                                            platform::PathOf(*read), unknown);
+            const bool isSame = !written.empty() && !read.empty() &&
+                                std::filesystem::equivalent(platform::PathOf(written),
+                                                            platform::PathOf(read), unknown);
             if (isSame) {
-                throw std::runtime_error(Told("%1 is read and cannot be written", {*written}));
+                throw std::runtime_error(Told("%1 is read and cannot be written", {written}));
             }
         }
     }

@@ -33,15 +33,26 @@ TEST_F(LineRulesTest, AGoodLine) {
 
 TEST_F(LineRulesTest, WhatALineNeedsIsAskedInOrder) {
     LineTexts line;
-    EXPECT_THAT(IdsOf(line), ElementsAre("line.code.empty"));
+    const auto missing = [&] { return std::string(LineRules::CheckComplete(line)->id); };
+    EXPECT_EQ(missing(), "line.code.empty");
     line.code = "M01";
-    EXPECT_THAT(IdsOf(line), ElementsAre("line.name.empty"));
+    EXPECT_EQ(missing(), "line.name.empty");
     line.name = "钢筋";
-    EXPECT_THAT(IdsOf(line), ElementsAre("line.price.zero"));
+    EXPECT_EQ(missing(), "line.price.zero");
     line.price = "1";
-    EXPECT_THAT(IdsOf(line), ElementsAre("line.quantity.zero"));
+    EXPECT_EQ(missing(), "line.quantity.zero");
     line.quantity = "1";
-    EXPECT_THAT(IdsOf(line), IsEmpty());
+    EXPECT_FALSE(LineRules::CheckComplete(line));
+}
+
+TEST_F(LineRulesTest, AWholeLineTellsAllThatIsWrong) {
+    LineTexts line;
+    EXPECT_THAT(IdsOf(line),
+                ElementsAre("line.code.empty", "line.price.zero", "line.quantity.zero"));
+    line.code = "X";
+    line.price = "-1";
+    EXPECT_THAT(IdsOf(line), ElementsAre("line.code.unknown", "line.name.empty", "line.number",
+                                         "line.quantity.zero"));
 }
 
 TEST_F(LineRulesTest, NumbersHaveNoSign) {

@@ -22,8 +22,9 @@ TEST(Rules, HaveTheseIds) {
         "item.empty",          "item.settled",    "line.budget.amount", "line.budget.quantity",
         "line.code.duplicate", "line.code.empty", "line.code.unknown",  "line.name.empty",
         "line.number",         "line.price.zero", "line.quantity.zero", "list.locked",
-        "file.again", "file.total", "key.mismatch", "item.name", "amount.range", "amount.lines",
-        "text.quote", "text.length", "entry.changed", "entry.duplicate", "line.entry"};
+        "file.again",          "file.total",      "key.mismatch",       "item.name",
+        "amount.range",        "amount.lines",    "text.quote",         "text.length",
+        "entry.changed",       "entry.duplicate", "line.entry"};
     std::set<std::string_view> declared;
     for (const DeclaredRule& rule : DeclaredRules()) declared.insert(rule.id);
     EXPECT_EQ(declared, expected);

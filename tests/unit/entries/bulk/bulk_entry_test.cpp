@@ -64,8 +64,8 @@ TEST(BulkEntry, ALineWithoutAnEntryIsFound) {
     Add(lines, 2, {{kLineRowNumberColumn, "z"}});
     Add(lines, 3, {{kLineCodeColumn, "M01"}});
     const BulkEntries joined = JoinTables(entries, &lines);
-    EXPECT_EQ(TextsOf(joined.findings),
-              (Told{"2.1 line.entry 没有行号为“z”的期初", "3.1 line.entry 没有行号，不知道属于哪一行期初"}));
+    EXPECT_EQ(TextsOf(joined.findings), (Told{"2.1 line.entry 没有行号为“z”的期初",
+                                              "3.1 line.entry 没有行号，不知道属于哪一行期初"}));
     EXPECT_EQ(joined.strayLines.size(), 2U);
 }
 

@@ -102,9 +102,11 @@ TEST_F(BulkRulesTest, TheNameBesideTheCodeIsThatItems) {
 TEST_F(BulkRulesTest, TextsThatTheStatementsCannotTakeReachNone) {
     entry.texts[kDigestColumn] = "it's";
     entry.texts[kCenterColumn] = "D'01";
+    entry.texts[kItemColumn] = "P'01";
     EXPECT_EQ(Check(),
-              (Told{"7.2 text.quote 不能含有单引号（'）", "7.8 text.quote 不能含有单引号（'）"}));
-    EXPECT_TRUE(account.asked.empty());
+              (Told{"7.3 text.quote 不能含有单引号（'）", "7.8 text.quote 不能含有单引号（'）",
+                    "7.2 center.unknown 此责任中心不存在或操作员没有权限，须重新输入！"}));
+    EXPECT_EQ(account.asked, Told{"center D'01"});
 }
 
 TEST_F(BulkRulesTest, LengthsAreThoseOfTheAccount) {

@@ -8,6 +8,7 @@
 #include "host/account/item_class.h"
 #include "host/surroundings/server_name.h"
 #include "platform/connection_string.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -53,6 +54,10 @@ AccountPlace AccountPlace::ForReading() const {
 
 std::string AccountPlace::AboutAccount(const std::string& text) const {
     return mCopy ? mCopy->AboutAccount(text) : text;
+}
+
+std::string AccountPlace::ShortName() const {
+    return mOnServer ? mName : platform::Utf8Of(platform::PathOf(mName).filename());
 }
 
 std::shared_ptr<platform::Connection> AccountPlace::NewConnection() const {

@@ -34,6 +34,8 @@ public:
     bool IsOnServer() const { return mOnServer; }
     // The file's path; of a server, what ServerNameOf() says. Fit to be shown.
     const std::string& Name() const { return mName; }
+    // What it is called wherever its file lies.
+    std::string ShortName() const;
     // May have been given with a password in it: for the account's own connections alone, never for
     // anything that is shown or written.
     const std::string& ConnectionString() const { return mConnectionString; }

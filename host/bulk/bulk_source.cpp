@@ -62,6 +62,7 @@ std::string DigitsIn(const TableReader& reader, std::size_t sheet, int row, cons
 BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
                        const BulkProposals& proposals)
     : mEntriesReader(tables::OpenTable(files.entries, files.encoding)) {
+    ReadOrigin();
     // Whether rows need a number depends on the lines, but which sheet has the entries does not.
     const auto shape = [&](bool withLines) {
         return entries::EntryTableShape(titles.itemName, titles.keywords, withLines);
@@ -74,6 +75,17 @@ BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
     mEntries = entries::ReadBulkTable(*mEntriesReader, mEntryShape,
                                       {files.sheet, files.hidden, proposals.entries});
     ReadTotals();
+}
+
+// A layout that a later program made may mean something else.
+void BulkSource::ReadOrigin() {
+    const auto properties = mEntriesReader->Properties();
+    const auto layout = properties.find(std::string(kLayoutProperty));
+    if (layout != properties.end() && layout->second != kLayoutVersion) {
+        throw TableRefused("该工作簿的版式（" + layout->second + "）是较新版本的程序写成的");
+    }
+    const auto account = properties.find(std::string(kAccountProperty));
+    if (account != properties.end()) mOrigin = account->second;
 }
 
 // Lines of a workbook stand in a sheet of their own, beside the entries'.

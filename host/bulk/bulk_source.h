@@ -52,6 +52,9 @@ public:
     platform::TableReader& EntriesReader() { return *mEntriesReader; }
     platform::TableReader& LinesReader() { return mLinesReader ? *mLinesReader : *mEntriesReader; }
 
+    // The account that an editable workbook was written from; empty for any other table.
+    const std::string& Origin() const { return mOrigin; }
+
     // What the sheet of totals says; empty without one.
     const std::vector<std::int64_t>& ExpectedRows() const { return mExpectedRows; }
     const std::vector<platform::Money>& ExpectedSums() const { return mExpectedSums; }
@@ -66,6 +69,7 @@ public:
 private:
     void ReadLines(const BulkFiles& files, std::size_t entriesSheet,
                    const entries::CodeProposal& propose);
+    void ReadOrigin();
     void ReadTotals();
 
     entries::TableShape mEntryShape;
@@ -74,6 +78,7 @@ private:
     std::unique_ptr<platform::TableReader> mLinesReader;  // of a file of their own
     entries::BulkTable mEntries;
     std::optional<entries::BulkTable> mLines;
+    std::string mOrigin;
     std::vector<std::int64_t> mExpectedRows;
     std::vector<platform::Money> mExpectedSums;
 };

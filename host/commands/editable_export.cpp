@@ -8,17 +8,10 @@
 #include "host/commands/commands.h"
 #include "host/surroundings/absent_windows.h"
 #include "host/surroundings/translation.h"
-#include "platform/native_path.h"
 
 namespace kelvane::host {
 
 namespace {
-
-// What an account is called wherever its file lies.
-std::string ShortName(const AccountPlace& account) {
-    if (account.IsOnServer()) return account.Name();
-    return platform::Utf8Of(platform::PathOf(account.Name()).filename());
-}
 
 std::string Joined(const std::vector<std::int32_t>& identities) {
     std::string joined;
@@ -38,7 +31,7 @@ int RunEditableExport(const ExportArguments& arguments) {
         AbsentWindows windows;
         Session session(account, windows, nullptr);
         session.LogIn(arguments.login, {});
-        book = MakeEditableBook(TitlesOfAccount(), ChoicesOfAccount(), ShortName(account));
+        book = MakeEditableBook(TitlesOfAccount(), ChoicesOfAccount(), account.ShortName());
         output::WriteTableFile(arguments.file, book.file);
     } catch (const std::exception& failed) {
         return Fail(account.AboutAccount(failed.what()));

@@ -73,6 +73,9 @@ ImportReport ReportOf(const ImportArguments& arguments, const AccountPlace& acco
     report.sum = result.sum;
     report.findings = source.Place(plan.findings);
     report.notes = source.Notes();
+    if (!source.Origin().empty() && source.Origin() != account.ShortName()) {
+        report.notes.push_back({{}, "该工作簿是从帐套 " + source.Origin() + " 导出的"});
+    }
     for (const std::string& note : result.notes) report.notes.push_back({{}, note});
     report.budgets = plan.budgets;
     report.batch = result.batch;

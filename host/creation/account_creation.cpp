@@ -7,7 +7,9 @@
 #include "host/account/new_file.h"
 #include "host/creation/base_rows.h"
 #include "host/sample/sample_rows.h"
+#include "host/surroundings/batch_folder.h"
 #include "platform/database.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -43,8 +45,11 @@ void CreateAccountFile(const std::filesystem::path& path, const NewAccount& acco
         transaction.Commit();
         connection->Close();
         file.Finish();
+        if (replace) SetBatchesAside(platform::Utf8Of(path));
     } catch (const FileRefused& refused) {
         throw CreationError(refused.what());
+    } catch (const std::filesystem::filesystem_error& failed) {
+        throw CreationError(failed.what());
     } catch (const platform::DatabaseError& failed) {
         throw CreationError(path.string() + ": " + failed.what());
     }

@@ -11,7 +11,7 @@
 
 namespace kelvane::host {
 
-// The account was not created; says why and names the file or the database. Nothing was changed.
+// The account was not created; says why and names the file or the database. Nothing was changed, unless
 class CreationError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

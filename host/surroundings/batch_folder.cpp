@@ -59,6 +59,18 @@ fs::path BatchFolderOfFile(const std::string& path) {
     return account;
 }
 
+void SetBatchesAside(const std::string& path) {
+    const fs::path folder = BatchFolderOfFile(path);
+    if (!fs::exists(folder)) return;
+    for (int number = 1;; ++number) {
+        fs::path former = folder;
+        former += "." + std::to_string(number);
+        if (fs::exists(former)) continue;
+        fs::rename(folder, former);
+        return;
+    }
+}
+
 fs::path BatchFolderOfServer(std::string_view connectionString) {
     const std::string account = AccountOfConnection(connectionString);
     if (account.empty()) {

@@ -11,6 +11,10 @@ namespace kelvane::host {
 // that it leads to.
 std::filesystem::path BatchFolderOfFile(const std::string& path);
 
+// Gives the batches of an account file that another account takes the place of a name of their own:
+// they tell nothing of the new one. Throws std::filesystem::filesystem_error.
+void SetBatchesAside(const std::string& path);
+
 // Of a database on a server: among the user's own files, a folder for each server and database that
 // an ODBC connection string can name. User and password make no difference. Throws
 // std::runtime_error when the string names none, or when nothing is known of the user's files.

@@ -172,7 +172,12 @@ TEST_F(CommandLineTest, InitKeepsAnExistingFileUnlessForced) {
     EXPECT_EQ(kept.output, "");
     EXPECT_EQ(kept.errors, "kelvane: " + mPath.string() + " exists already; --force replaces it\n");
     EXPECT_EQ(ReadText(mPath), "precious");
+    // Imports into the account that goes tell nothing of the one that comes.
+    std::filesystem::create_directory(mPath.string() + ".batches");
+    std::filesystem::create_directory(mPath.string() + ".batches.1");
     EXPECT_EQ(RunProgram("init --force " + Account()).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(mPath.string() + ".batches"));
+    EXPECT_TRUE(std::filesystem::exists(mPath.string() + ".batches.2"));
     EXPECT_EQ(PlainSqlite(mPath).One("select count(*) from Host_Unit"), "1");
 }
 

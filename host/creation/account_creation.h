@@ -11,7 +11,8 @@
 
 namespace kelvane::host {
 
-// The account was not created; says why and names the file or the database. Nothing was changed, unless
+// The account was not created; says why and names the file or the database. Nothing was changed;
+// where only a former account's batches could not be set aside, the new account is there.
 class CreationError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -8,7 +8,6 @@
 #include "adapters/journal/folder_journal.h"
 #include "entries/bulk/batch_run.h"
 #include "host/account/session.h"
-#include "host/commands/bulk_output.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/absent_windows.h"
 #include "host/surroundings/translation.h"
@@ -121,7 +120,7 @@ std::vector<Batch> Decided(platform::BatchJournal& journal, const BatchesArgumen
     } catch (const platform::JournalFailed&) {
         throw;
     } catch (const std::exception& failed) {
-        Tell(failed.what());
+        Fail(failed.what());
         return batches;
     }
 }

@@ -62,10 +62,11 @@ TEST_F(BatchesCommandTest, EachBatchIsALineAndADamagedOneHidesNoOther) {
                   "2 undo 2026-11-22 09:30:00 a b batch 1: new 1, changed 1, deleted "
                   "0: unfinished\n"
                   "3: damaged: 第 1 行已损坏（没有校验值）\n");
-    EXPECT_EQ(result.errors, "kelvane: 1 of 3 batches cannot be read whole\n");
+    const std::string noAccount = "kelvane: 账套文件 " + mAccount.string() + " 不是账套文件\n";
+    EXPECT_EQ(result.errors, noAccount + "kelvane: 1 of 3 batches cannot be read whole\n");
     fs::remove(mPlace / "3.jsonl");
     EXPECT_EQ(Batches().status, 0);
-    EXPECT_EQ(Batches().errors, "");
+    EXPECT_EQ(Batches().errors, noAccount);
 }
 
 TEST_F(BatchesCommandTest, EveryStateHasItsWord) {

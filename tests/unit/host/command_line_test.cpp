@@ -79,7 +79,7 @@ TEST_F(CommandLineTest, WhatIsWrongIsNamedWithWhatMayHaveBeenMeant) {
         {"inti x", "unknown command \"inti\"; did you mean \"init\"?", ""},
         {"make",
          "unknown command \"make\"; the commands are init, open, drive, export, template, import, "
-         "batches",
+         "batches, undo",
          ""},
         {"", "a command is missing: init, open, drive, export, template, import, batches, undo",
          ""},

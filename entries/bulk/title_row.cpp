@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "data/text_conversion.h"
+
 namespace kelvane::entries {
 
 using platform::TableCell;
@@ -16,6 +18,13 @@ const std::string& NameOf(const TableShape& shape, int column) {
         std::find_if(shape.columns.begin(), shape.columns.end(),
                      [column](const TableColumn& each) { return each.column == column; });
     return found->titles.front();
+}
+
+// A title as it stands there, in one line.
+std::string ShownTitle(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return data::Trim(text);
 }
 
 bool HasTitles(TableReader& reader, std::size_t sheet, const TableShape& shape) {
@@ -54,8 +63,8 @@ bool TakeTitles(const TableReader& reader, const TableRow& row, const TableShape
                                   column, title, Found(rule, title)});
     };
     for (const TableCell& cell : row.cells) {
-        const std::string title = PlainTitle(cell.text);
-        if (title.empty()) continue;
+        if (PlainTitle(cell.text).empty()) continue;
+        const std::string title = ShownTitle(cell.text);
         const TableColumn* column = FindColumn(shape, title);
         if (column == nullptr) {
             table.notes.push_back({reader.Place(table.sheet, row.number, cell.column, title),

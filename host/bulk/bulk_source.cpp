@@ -166,8 +166,11 @@ PlacedFindings BulkSource::PlaceByTable(const std::vector<entries::BulkFinding>&
 
 std::vector<PlacedFinding> BulkSource::Place(const std::vector<entries::BulkFinding>& found) const {
     PlacedFindings placed = PlaceByTable(found);
-    std::ranges::move(placed.lines, std::back_inserter(placed.entries));
-    return std::move(placed.entries);
+    // In a workbook the sheet of lines may be the first.
+    const bool linesAreFirst = mLines && !mLinesReader && mLines->sheet < mEntries.sheet;
+    auto& first = linesAreFirst ? placed.lines : placed.entries;
+    std::ranges::move(linesAreFirst ? placed.entries : placed.lines, std::back_inserter(first));
+    return std::move(first);
 }
 
 std::vector<entries::TableNote> BulkSource::Notes() const {

@@ -35,6 +35,17 @@ class Findings(Imports):
                 f"{path}:5:项目编号: item.settled: 项目已经完工结算，不能在启用后对该项目录入期初！",
                 f"{lines}:2:行号: line.entry: 没有行号为“9”的期初"])
 
+    def test_a_title_in_a_place_stands_as_in_the_file(self):
+        path = self.csv([entry(**{"标段 (关键字)": "无"})])
+        self.assert_refused(self.accounts.new(), path, count=count_line(1, refused=1), findings=[
+            f"{path}:2:标段 (关键字): key.mismatch: 该责任中心下此项目没有这样的关键字"])
+
+    def test_sheets_in_their_order(self):
+        path = self.changed_book([entry(摘要="", 行号="1")], [line("9", "0201", 5, 1)],
+                                 lambda book: book.move_sheet("明细", -1))
+        self.assert_refused(self.accounts.new(), path, count=count_line(1, refused=1), findings=[
+            "明细!A2: line.entry: 没有行号为“9”的期初", "期初!G2: digest.empty: 摘要不能为空"])
+
     def test_merged_cells(self):
         path = self.book([entry(), entry(), entry()])
         book = openpyxl.load_workbook(path)

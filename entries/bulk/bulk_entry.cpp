@@ -94,28 +94,47 @@ bool HasUndecidedRows(const BulkTable& table) {
     });
 }
 
+// The rows of a table, each with the cells that are refused.
+template <typename Row>
+std::vector<Row> RowsOf(const BulkTable& table, Row (*make)(const BulkRow&)) {
+    const auto refused = RefusedCells(table);
+    std::vector<Row> rows;
+    rows.reserve(table.rows.size());
+    for (const BulkRow& row : table.rows) {
+        rows.push_back(make(row));
+        rows.back().unread = RefusedIn(refused, row.number);
+    }
+    return rows;
+}
+
 }  // namespace
 
+std::vector<BulkEntry> EntriesOf(const BulkTable& table) {
+    return RowsOf(table, EntryIn);
+}
+
+std::vector<BulkLine> LinesOf(const BulkTable& table) {
+    return RowsOf(table, LineIn);
+}
+
 BulkEntries JoinTables(const BulkTable& entries, const BulkTable* lines) {
-    BulkEntries joined;
+    BulkEntries joined =
+        JoinRows(EntriesOf(entries), lines == nullptr ? std::vector<BulkLine>() : LinesOf(*lines));
     joined.isRefused = !entries.findings.empty() || (lines != nullptr && !lines->findings.empty());
-    const auto refusedEntries = RefusedCells(entries);
-    for (const BulkRow& row : entries.rows) {
-        joined.entries.push_back(EntryIn(row));
-        joined.entries.back().unread = RefusedIn(refusedEntries, row.number);
-    }
-    const auto byNumber = ByRowNumber(joined);
-    if (lines == nullptr) return joined;
-    if (HasUndecidedRows(*lines)) {
+    if (lines != nullptr && HasUndecidedRows(*lines)) {
         // Nothing can be said of what lines come to while some of them may be left out.
         for (BulkEntry& entry : joined.entries) {
             if (!entry.rowNumber.empty()) entry.unread.Add(kAmountColumn);
         }
     }
-    const auto refusedLines = RefusedCells(*lines);
-    for (const BulkRow& row : lines->rows) {
-        BulkLine line = LineIn(row);
-        line.unread = RefusedIn(refusedLines, row.number);
+    return joined;
+}
+
+BulkEntries JoinRows(std::vector<BulkEntry> entries, std::vector<BulkLine> lines) {
+    BulkEntries joined;
+    joined.entries = std::move(entries);
+    const auto byNumber = ByRowNumber(joined);
+    for (BulkLine& line : lines) {
         const auto entry = byNumber.find(line.rowNumber);
         if (entry != byNumber.end()) {
             joined.entries[entry->second].lines.push_back(std::move(line));

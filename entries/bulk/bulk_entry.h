@@ -18,6 +18,7 @@ namespace kelvane::entries {
 class ColumnSet {
 public:
     void Add(int column) { mBits |= Bit(column); }
+    void Remove(int column) { mBits &= ~Bit(column); }
     bool Has(int column) const { return (mBits & Bit(column)) != 0; }
 
 private:
@@ -67,6 +68,12 @@ struct BulkEntries {
 // Brings lines to the entries whose row number they have. Finds row numbers that stand twice and
 // lines without an entry. `lines` is null where there are none.
 BulkEntries JoinTables(const BulkTable& entries, const BulkTable* lines);
+
+// The rows by themselves, and what JoinTables() makes of them. `isRefused` is the caller's to say
+// then.
+std::vector<BulkEntry> EntriesOf(const BulkTable& table);
+std::vector<BulkLine> LinesOf(const BulkTable& table);
+BulkEntries JoinRows(std::vector<BulkEntry> entries, std::vector<BulkLine> lines);
 
 // The column of a table of lines in which a line's column stands.
 int LineTableColumnOf(LineColumn column);

@@ -38,14 +38,21 @@ std::optional<Money> AmountIn(const BulkEntry& entry) try {
     return std::nullopt;
 }
 
-std::optional<Money> SumOf(const BulkEntries& file) try {
-    Money sum;
-    for (const BulkEntry& entry : file.entries) {
-        if (!IsDeletion(entry)) sum += AmountIn(entry).value_or(Money());
+std::vector<std::string> FindFormer(const std::string& hash, platform::BatchJournal& journal,
+                                    bool dryRun) {
+    const std::vector<Batch> batches = DecidedBatches(journal, dryRun);
+    std::vector<std::string> found;
+    for (const Batch& batch : batches) {
+        const bool isSameFile =
+            !batch.neverBegun && batch.intent.kind == "import" && batch.intent.hash == hash;
+        if (!isSameFile || batch.outcome == BatchOutcome::NotWritten ||
+            IsUndone(batches, batch.number)) {
+            continue;
+        }
+        found.push_back("该文件已于 " + batch.intent.time.FullText().substr(0, 19) + " 由 " +
+                        batch.intent.user + " 导入（批次 " + std::to_string(batch.number) + "）");
     }
-    return sum;
-} catch (const platform::MoneyOverflow&) {
-    return std::nullopt;
+    return found;
 }
 
 class Importing {
@@ -104,17 +111,8 @@ void Importing::CheckTotals() {
 
 void Importing::CheckFormerImports() {
     if (mRequest.journal == nullptr) return;
-    const std::vector<Batch> batches = DecidedBatches(*mRequest.journal, mRequest.dryRun);
-    for (const Batch& batch : batches) {
-        const bool isSameFile = !batch.neverBegun && batch.intent.kind == "import" &&
-                                batch.intent.hash == mRequest.head.hash;
-        if (!isSameFile || batch.outcome == BatchOutcome::NotWritten ||
-            IsUndone(batches, batch.number)) {
-            continue;
-        }
-        const std::string told = "该文件已于 " + batch.intent.time.FullText().substr(0, 19) +
-                                 " 由 " + batch.intent.user + " 导入（批次 " +
-                                 std::to_string(batch.number) + "）";
+    for (const std::string& told :
+         FindFormer(mRequest.head.hash, *mRequest.journal, mRequest.dryRun)) {
         if (!mRequest.again) return Find(Rule::FileAgain, told);
         mResult.notes.push_back(told);
     }
@@ -129,6 +127,20 @@ ImportPlan Importing::Plan() const {
 }
 
 }  // namespace
+
+std::optional<Money> SumOf(const BulkEntries& file) try {
+    Money sum;
+    for (const BulkEntry& entry : file.entries) {
+        if (!IsDeletion(entry)) sum += AmountIn(entry).value_or(Money());
+    }
+    return sum;
+} catch (const platform::MoneyOverflow&) {
+    return std::nullopt;
+}
+
+std::vector<std::string> FormerImports(const std::string& hash, platform::BatchJournal& journal) {
+    return FindFormer(hash, journal, true);
+}
 
 ImportResult RunImport(const BulkEntries& file, MasterData& masterData,
                        const ImportRequest& request) {

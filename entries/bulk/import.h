@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "entries/bulk/batch_run.h"
@@ -21,10 +22,16 @@ struct ImportRequest : BatchRequest {
 };
 
 struct ImportResult : BatchResult {
-    // Of the rows that the file brings, as far as their amounts can be read; none: more than an
-    // amount can be.
-    std::optional<platform::Money> sum;
+    std::optional<platform::Money> sum;  // SumOf()
 };
+
+// What the rows that `file` brings come to, as far as their amounts can be read; none: more than an
+// amount can be.
+std::optional<platform::Money> SumOf(const BulkEntries& file);
+
+// When the file of this hash was imported before, a sentence each; imports that were undone do not
+// count. Over gConn. Throws platform::DatabaseError and platform::JournalFailed.
+std::vector<std::string> FormerImports(const std::string& hash, platform::BatchJournal& journal);
 
 // Checks and writes `file`. `masterData`: the account's own. Over gConn and gEnv. Throws
 // platform::DatabaseError and its kin, platform::JournalFailed and ImportCancelled, with nothing

@@ -52,7 +52,9 @@ private:
 
 // False ends the reading.
 bool Reading::TakeRow(const TableRow& row) {
-    if (mTable.titleRow == 0) {
+    if (mHow.columns) {
+        if (row.number <= mTable.titleRow) return true;
+    } else if (mTable.titleRow == 0) {
         if (row.position > kLastTitleRow) return false;
         if (!IsTitleRow(row, mShape)) {
             mAbove.push_back(row.number);
@@ -64,7 +66,7 @@ bool Reading::TakeRow(const TableRow& row) {
         }
         return TakeTitles(mReader, row, mShape, mTable);
     }
-    NoteUntitled(row);
+    if (!mHow.columns) NoteUntitled(row);
     if (!HasContent(row)) return true;
     if (row.hidden && mTable.hiddenRows++ == 0) mFirstHidden = row.number;
     if (!row.hidden || mHow.hidden == HiddenRows::Take) TakeEntry(row);
@@ -94,6 +96,7 @@ void Reading::TakeEntry(const TableRow& row) {
         if (auto* finding = std::get_if<Finding>(&text)) {
             mTable.findings.push_back(
                 Placed(mReader, mTable, row.number, column.column, std::move(*finding)));
+            mTable.findings.back().given = row.At(place).text;
         } else {
             taken.texts[static_cast<std::size_t>(column.column)] =
                 std::get<std::string>(std::move(text));
@@ -133,9 +136,13 @@ void Reading::TellHidden() {
 
 BulkTable Reading::Run() {
     mTable.sheet = ChooseSheet(mReader, mShape, mHow.sheet, mHow.taken);
+    if (mHow.columns) {
+        mTable.titleRow = mHow.columns->titleRow;
+        mTable.places = mHow.columns->places;
+    }
     const auto merged =
         mReader.Read(mTable.sheet, [this](const TableRow& row) { return TakeRow(row); });
-    if (mTable.titleRow == 0) {
+    if (mTable.titleRow == 0 && !mHow.columns) {
         mTable.findings.push_back({mReader.Place(mTable.sheet, 0, 0, {}),
                                    0,
                                    0,
@@ -145,6 +152,11 @@ BulkTable Reading::Run() {
     }
     TellHidden();
     FindMergedRows(mReader, merged, mTable);
+    if (mHow.columns) {
+        // Whatever the titles are: nobody went by them.
+        std::erase_if(mTable.findings,
+                      [this](const PlacedFinding& each) { return each.row == mTable.titleRow; });
+    }
     std::stable_sort(mTable.findings.begin(), mTable.findings.end(),
                      [](const PlacedFinding& a, const PlacedFinding& b) {
                          return std::pair(a.row, a.column) < std::pair(b.row, b.column);

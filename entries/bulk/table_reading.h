@@ -19,14 +19,6 @@ namespace kelvane::entries {
 // What becomes of rows that the table does not show. Refuse: a finding, and none of them is read.
 enum class HiddenRows { Refuse, Skip, Take };
 
-struct TableReading {
-    std::string sheet;  // the one to read; empty: the shape's own, or the first that has the titles
-    HiddenRows hidden = HiddenRows::Refuse;
-    CodeProposal propose;  // may be empty
-    // A sheet that is another table, whatever its titles are.
-    std::optional<std::size_t> taken = {};
-};
-
 // A finding and where an operator finds what it is about.
 struct PlacedFinding {
     std::string place;
@@ -34,6 +26,7 @@ struct PlacedFinding {
     int column = 0;     // likewise; 0: the row as a whole
     std::string title;  // the column's
     Finding finding;
+    std::string given = {};  // what the table has in a cell that was refused
 };
 
 // What is told of a table and is no fault.
@@ -62,6 +55,22 @@ struct BulkTable {
     std::vector<PlacedFinding> findings;  // in the table's order
     std::vector<TableNote> notes;
     int hiddenRows = 0;
+};
+
+// Where the columns stand in a table whose titles do not say it.
+struct GivenColumns {
+    int titleRow = 0;  // rows up to this one, by the table's numbers, are not read
+    std::vector<BulkTable::Place> places;
+};
+
+struct TableReading {
+    // The one to read; empty: the shape's own, or the first that has the titles.
+    std::string sheet = {};
+    HiddenRows hidden = HiddenRows::Refuse;
+    CodeProposal propose = {};  // may be empty
+    // A sheet that is another table, whatever its titles are.
+    std::optional<std::size_t> taken = {};
+    std::optional<GivenColumns> columns = {};
 };
 
 // Throws platform::TableRefused, also when there is no sheet of the name that was given.

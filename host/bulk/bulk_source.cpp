@@ -5,9 +5,7 @@
 #include <utility>
 
 #include "adapters/tables/open_table.h"
-#include "entries/bulk/cell_text.h"
 #include "entries/bulk/title_row.h"
-#include "platform/decimal.h"
 
 namespace kelvane::host {
 
@@ -15,49 +13,8 @@ using entries::BulkTable;
 using entries::BulkTableKind;
 using entries::PlacedFinding;
 using entries::TableReading;
-using platform::CellKind;
-using platform::Decimal;
-using platform::Money;
-using platform::TableCell;
 using platform::TableReader;
 using platform::TableRefused;
-using platform::TableRow;
-
-namespace {
-
-constexpr std::string_view kTotalsSheet = "合计";
-constexpr std::string_view kRowsTitle = "行数";
-constexpr std::string_view kAmountTitle = "未结转期初";
-
-std::optional<std::size_t> SheetNamed(const TableReader& reader, std::string_view name) {
-    const auto& sheets = reader.Sheets();
-    const auto found = std::ranges::find(sheets, name, &platform::TableSheet::name);
-    if (found == sheets.end()) return std::nullopt;
-    return static_cast<std::size_t>(std::distance(sheets.begin(), found));
-}
-
-bool HasRows(TableReader& reader, std::size_t sheet) {
-    bool found = false;
-    reader.Read(sheet, [&](const TableRow& row) {
-        found = !row.cells.empty();
-        return !found;
-    });
-    return found;
-}
-
-// The digits of a cell that is a number or is written like one; empty for a blank one.
-std::string DigitsIn(const TableReader& reader, std::size_t sheet, int row, const TableCell& cell) {
-    if (cell.kind == CellKind::Blank) return {};
-    auto digits = cell.kind == CellKind::Number ? std::optional(cell.text)
-                  : cell.kind == CellKind::Text ? entries::AmountText(cell.text)
-                                                : std::nullopt;
-    if (!digits || !Decimal::FromText(*digits)) {
-        throw TableRefused(reader.Place(sheet, row, cell.column, {}) + "：控制总数不是数字");
-    }
-    return *digits;
-}
-
-}  // namespace
 
 BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
                        const BulkProposals& proposals)
@@ -69,12 +26,10 @@ BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
     };
     const std::size_t sheet = entries::ChooseSheet(*mEntriesReader, shape(false), files.sheet);
     ReadLines(files, sheet, proposals.lines);
-    const bool hasLines =
-        mLines && mLines->titleRow > 0 && (!mLines->rows.empty() || !mLines->findings.empty());
-    mEntryShape = shape(hasLines);
+    mEntryShape = shape(mLines && entries::HasContent(*mLines));
     mEntries = entries::ReadBulkTable(*mEntriesReader, mEntryShape,
                                       {files.sheet, files.hidden, proposals.entries});
-    ReadTotals();
+    mTotals = entries::ReadTotals(*mEntriesReader, mEntries.sheet);
 }
 
 // A layout that a later program made may mean something else.
@@ -91,57 +46,13 @@ void BulkSource::ReadOrigin() {
 // Lines of a workbook stand in a sheet of their own, beside the entries'.
 void BulkSource::ReadLines(const BulkFiles& files, std::size_t entriesSheet,
                            const entries::CodeProposal& propose) {
-    TableReading how{{}, files.hidden, propose};
+    const TableReading how{{}, files.hidden, propose};
     if (!files.lines.empty()) {
         mLinesReader = tables::OpenTable(files.lines, files.encoding);
         mLines = entries::ReadBulkTable(*mLinesReader, mLineShape, how);
         return;
     }
-    TableReader& workbook = *mEntriesReader;
-    if (!workbook.HasTypedCells() || workbook.Sheets().size() == 1) return;
-    how.taken = entriesSheet;
-    BulkTable lines = entries::ReadBulkTable(workbook, mLineShape, how);
-    const auto own = SheetNamed(workbook, mLineShape.sheet);
-    const bool isMeant =
-        lines.sheet != entriesSheet && (lines.titleRow > 0 || (own && HasRows(workbook, *own)));
-    if (isMeant) mLines = std::move(lines);
-}
-
-// Titles in the sheet's first row that has cells, what they say in the one below.
-void BulkSource::ReadTotals() {
-    TableReader& workbook = *mEntriesReader;
-    const auto sheet = SheetNamed(workbook, kTotalsSheet);
-    if (!sheet || *sheet == mEntries.sheet || !workbook.HasTypedCells()) return;
-    int rowsColumn = 0;
-    int amountColumn = 0;
-    bool hasCells = false;
-    workbook.Read(*sheet, [&](const TableRow& row) {
-        hasCells = hasCells || !row.cells.empty();
-        if (rowsColumn == 0 && amountColumn == 0) {
-            for (const TableCell& cell : row.cells) {
-                const std::string title = entries::PlainTitle(cell.text);
-                if (title == kRowsTitle) rowsColumn = cell.column;
-                if (title == kAmountTitle) amountColumn = cell.column;
-            }
-            return true;
-        }
-        const auto digits = [&](int column) {
-            return column == 0 ? std::string()
-                               : DigitsIn(workbook, *sheet, row.number, row.At(column));
-        };
-        const std::string rows = digits(rowsColumn);
-        const std::string amount = digits(amountColumn);
-        if (!rows.empty()) {
-            const auto count = Decimal::FromText(rows)->Scaled(0, platform::Rounding::HalfToEven);
-            mExpectedRows.push_back(count.value_or(-1));
-        }
-        if (!amount.empty()) mExpectedSums.push_back(Money::FromText(amount));
-        return false;
-    });
-    if (hasCells && rowsColumn == 0 && amountColumn == 0) {
-        mEntries.notes.push_back(
-            {workbook.Place(*sheet, 0, 0, {}), "没有读入控制总数：没有标题“行数”和“未结转期初”"});
-    }
+    mLines = entries::ReadLineSheet(*mEntriesReader, entriesSheet, how);
 }
 
 PlacedFindings BulkSource::PlaceByTable(const std::vector<entries::BulkFinding>& found) const {
@@ -175,6 +86,7 @@ std::vector<PlacedFinding> BulkSource::Place(const std::vector<entries::BulkFind
 
 std::vector<entries::TableNote> BulkSource::Notes() const {
     std::vector<entries::TableNote> notes = mEntries.notes;
+    std::ranges::copy(mTotals.notes, std::back_inserter(notes));
     if (mLines) notes.insert(notes.end(), mLines->notes.begin(), mLines->notes.end());
     return notes;
 }

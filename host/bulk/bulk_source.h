@@ -13,6 +13,7 @@
 #include "entries/bulk/bulk_entry.h"
 #include "entries/bulk/table_reading.h"
 #include "entries/bulk/table_shape.h"
+#include "entries/bulk/workbook_sheets.h"
 #include "host/bulk/bulk_sheets.h"
 #include "platform/money.h"
 #include "platform/table.h"
@@ -56,8 +57,8 @@ public:
     const std::string& Origin() const { return mOrigin; }
 
     // What the sheet of totals says; empty without one.
-    const std::vector<std::int64_t>& ExpectedRows() const { return mExpectedRows; }
-    const std::vector<platform::Money>& ExpectedSums() const { return mExpectedSums; }
+    const std::vector<std::int64_t>& ExpectedRows() const { return mTotals.rows; }
+    const std::vector<platform::Money>& ExpectedSums() const { return mTotals.sums; }
 
     // All findings, those of reading and `found`, each at its place; by tables, or one after the
     // other in the order of the file.
@@ -70,7 +71,6 @@ private:
     void ReadLines(const BulkFiles& files, std::size_t entriesSheet,
                    const entries::CodeProposal& propose);
     void ReadOrigin();
-    void ReadTotals();
 
     entries::TableShape mEntryShape;
     entries::TableShape mLineShape = entries::LineTableShape();
@@ -79,8 +79,7 @@ private:
     entries::BulkTable mEntries;
     std::optional<entries::BulkTable> mLines;
     std::string mOrigin;
-    std::vector<std::int64_t> mExpectedRows;
-    std::vector<platform::Money> mExpectedSums;
+    entries::TableTotals mTotals;
 };
 
 }  // namespace kelvane::host

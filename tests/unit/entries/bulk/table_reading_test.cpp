@@ -260,5 +260,29 @@ TEST(TableReading, TheEditableTableHasMoreColumns) {
     EXPECT_TRUE(read.notes.empty());
 }
 
+TEST(TableReading, ColumnsThatAreGivenNeedNoTitles) {
+    auto table = Table();
+    table.AddTexts({"何时", "多少", "谁"}).Add({Date({2004, 7, 1}), Number("5"), Text("01")});
+    entries::GivenColumns given{1, std::vector<BulkTable::Place>(entries::kEntryTableColumnCount)};
+    given.places[entries::kDateColumn] = {1, "何时"};
+    given.places[entries::kAmountColumn] = {2, "多少"};
+    given.places[entries::kCenterColumn] = {3, "谁"};
+    EXPECT_EQ(Read(table, {.columns = given}), "2|2004-07-01|01|5\n");
+
+    given.titleRow = 0;
+    EXPECT_EQ(Read(table, {.columns = given}),
+              "1|何时|谁\n2|2004-07-01|01|5\n期初!1:2:多少 amount.number 请输入数字\n");
+}
+
+TEST(TableReading, ARefusedCellKeepsWhatItHas) {
+    auto table = Table();
+    auto row = Row("一");
+    row[1] = Number("7");
+    table.AddTexts(kTitles).Add(std::move(row));
+    const BulkTable read = ReadBulkTable(table, Shape(), {});
+    ASSERT_EQ(read.findings.size(), 1U);
+    EXPECT_EQ(read.findings.front().given, "7");
+}
+
 }  // namespace
 }  // namespace kelvane::entries_test

@@ -4,6 +4,12 @@
 
 namespace kelvane::controls {
 
+void ComboBox::SetText(const std::string& text) {
+    if (text == mText) return;
+    Assign(mText, text);
+    if (Change) Owner().RunEvent(Name() + "_Change", Change);
+}
+
 void ComboBox::AddItem(std::string_view text) {
     mItems.emplace_back(text);
     Touch();
@@ -11,15 +17,15 @@ void ComboBox::AddItem(std::string_view text) {
 
 void ComboBox::Clear() {
     mItems.clear();
-    mText.clear();
     mListIndex = -1;
+    SetText("");
     Touch();
 }
 
 void ComboBox::SetListIndex(int index) {
     const bool exists = index >= 0 && index < static_cast<int>(mItems.size());
     mListIndex = exists ? index : -1;
-    if (exists) mText = mItems[static_cast<std::size_t>(index)];
+    if (exists) SetText(mItems[static_cast<std::size_t>(index)]);
     Touch();
 }
 

@@ -14,7 +14,9 @@ public:
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     const std::string& Text() const { return mText; }
-    void SetText(const std::string& text) { Assign(mText, text); }
+    void SetText(const std::string& text);
+    // Raised after every change of the text, the operator's and the code's.
+    std::function<void()> Change;
 
     const std::vector<std::string>& Items() const { return mItems; }
     void AddItem(std::string_view text);

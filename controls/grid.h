@@ -48,6 +48,7 @@
 // Zoomed() says how long they are in the window.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -250,6 +251,12 @@ public:
     void MarkRefused(int row, int col) { Assign(mRefused, Place{row, col}); }
     void ForgetRefused() { Assign(mRefused, Place{}); }
 
+    // Cells that the window's code shows to be wrong, however many. They go with their row and stay
+    // until the code takes the mark away. Only the first 32 columns can have one.
+    static constexpr int kFaultColumns = 32;
+    void MarkFault(int row, int col, bool fault);
+    bool HasFault(int row, int col) const;
+
     // What the scroll bars at the grid's lower and right edge take of its size, in twips. Their
     // room is kept whether or not there is anything to scroll.
     static constexpr int kScrollBar = 255;
@@ -379,8 +386,9 @@ private:
         std::string cells;
         int data = 0;
         int height = 0;
-        int colors = 0;  // index into mColorSets
-        int place = 0;   // among the stored rows; greater ones come later
+        int colors = 0;            // index into mColorSets
+        int place = 0;             // among the stored rows; greater ones come later
+        std::uint32_t faults = 0;  // a bit a column
     };
     using ColorSet = std::vector<Color>;
 

@@ -241,6 +241,20 @@ Color Grid::CellColor(int row, int col) const {
     return row < mFixedRows || col < mFixedCols ? mFixedColor : mBackColor;
 }
 
+bool Grid::HasFault(int row, int col) const {
+    ColumnAt(col);
+    return col < kFaultColumns && ((RowAt(row).faults >> col) & 1U) != 0;
+}
+
+void Grid::MarkFault(int row, int col, bool fault) {
+    if (HasFault(row, col) == fault) return;
+    if (col >= kFaultColumns) {
+        throw std::out_of_range(Name() + ": no mark in column " + std::to_string(col));
+    }
+    RowAt(row).faults ^= std::uint32_t{1} << col;
+    Touch();
+}
+
 Alignment Grid::CellAlignment(int row, int col) const {
     const Column& column = ColumnAt(col);
     return row < mFixedRows ? column.fixedAlignment : column.alignment;

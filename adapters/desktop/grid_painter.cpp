@@ -55,7 +55,8 @@ private:
     }
 
     bool IsRefused(int row, int col) const {
-        return row >= mGrid.FixedRows() && mGrid.RefusedCell() == Grid::Place{row, col};
+        return row >= mGrid.FixedRows() &&
+               (mGrid.RefusedCell() == Grid::Place{row, col} || mGrid.HasFault(row, col));
     }
 
     void PaintCell(const GridMetrics::Band& row, const GridMetrics::Band& column) {

@@ -82,6 +82,7 @@ std::string Place(int row, int column) {
 }  // namespace
 
 Grid* FindGrid(const Form& form) {
+    if (auto* active = dynamic_cast<Grid*>(form.ActiveControl())) return active;
     for (Control* control : form.Controls()) {
         if (auto* grid = dynamic_cast<Grid*>(control)) return grid;
     }
@@ -92,8 +93,9 @@ void PrintGrid(const Grid& grid, Transcript& transcript) {
     std::vector<std::string> cells(static_cast<std::size_t>(grid.Cols()));
     for (int row = 0; row < grid.Rows(); ++row) {
         for (int col = 0; col < grid.Cols(); ++col) {
-            const std::string mark = grid.IsLocked(row, col) ? "#" : "";
-            cells[static_cast<std::size_t>(col)] = mark + grid.Text(row, col);
+            const std::string fault = grid.HasFault(row, col) ? "!" : "";
+            const std::string lock = grid.IsLocked(row, col) ? "#" : "";
+            cells[static_cast<std::size_t>(col)] = fault + lock + grid.Text(row, col);
         }
         transcript.Line(Place(row, grid.RowData(row)) + " " + Join(cells, '|'));
     }

@@ -1,4 +1,4 @@
-// What a print control needs of the surroundings it runs in: a file dialog, the system's printing,
+// What a print control needs of the surroundings it runs in: file dialogs, the system's printing,
 // and a place to show how far a long piece of work is. Everything is called on the user-interface
 // thread.
 #pragma once
@@ -40,6 +40,9 @@ public:
     // The file to write to (UTF-8), with the extension of one of the types unless the operator
     // typed another; an existing file may be replaced. Nothing when the operator cancelled.
     virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+
+    // A file that is there, to read from (UTF-8). Nothing when the operator cancelled.
+    virtual std::optional<std::string> ChooseFileToOpen(const FileQuestion& question) = 0;
 
     // Lets the operator choose a printer and prints `pages` on it. False when the operator
     // cancelled. Throws std::runtime_error when it cannot be printed.

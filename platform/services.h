@@ -13,6 +13,7 @@
 #include "platform/printing.h"
 #include "platform/reference_list.h"
 #include "platform/registry.h"
+#include "platform/table_import.h"
 #include "platform/user_settings.h"
 #include "platform/windows.h"
 #include "platform/xml_document.h"
@@ -43,6 +44,9 @@ struct Services {
     std::function<std::unique_ptr<PrintControl>()> createPrintControl;
     std::function<std::unique_ptr<PrintStyleService>()> createPrintStyle;
     std::function<std::unique_ptr<XmlDocument>()> createXmlDocument;
+
+    // Optional: without it no tables are imported.
+    TableImport* tableImport = nullptr;
 };
 
 // Throws MissingService, which names the service, unless all that are required are there.

@@ -68,6 +68,17 @@ std::optional<std::string> DesktopPrinting::ChooseFile(const platform::FileQuest
     }
 }
 
+std::optional<std::string> DesktopPrinting::ChooseFileToOpen(
+    const platform::FileQuestion& question) {
+    wxFileDialog dialog(mStage.TopWindow(), Text(question.title), Text(mFolder),
+                        Text(question.suggestedName), Text(FilterOf(question.types)),
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (Show(dialog) != wxID_OK) return std::nullopt;
+    const wxFileName file(dialog.GetPath());
+    mFolder = Utf8(file.GetPath());
+    return Utf8(dialog.GetPath());
+}
+
 int DesktopPrinting::Show(wxDialog& dialog) {
     const Stage::SystemDialog above(mStage);
     return dialog.ShowModal();

@@ -1,4 +1,4 @@
-// DesktopPrinting: the screen's file dialog, the system's printing and a progress window.
+// DesktopPrinting: the screen's file dialogs, the system's printing and a progress window.
 #pragma once
 
 #include <wx/cmndata.h>
@@ -21,6 +21,7 @@ public:
 
     // Begins in the folder of the last choice. Asks before an existing file is chosen.
     std::optional<std::string> ChooseFile(const platform::FileQuestion& question) override;
+    std::optional<std::string> ChooseFileToOpen(const platform::FileQuestion& question) override;
     // With the system's print dialog, set to the pages' paper and to the printer used last.
     bool PrintPages(const platform::PageSource& pages) override;
     std::unique_ptr<platform::Progress> StartProgress(const std::string& title) override;

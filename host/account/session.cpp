@@ -7,6 +7,7 @@
 #include "component/current_center.h"
 #include "data/login_context.h"
 #include "host/account/account_place.h"
+#include "host/surroundings/batch_folder.h"
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/printing.h"
 #include "host/surroundings/user_folders.h"
@@ -43,7 +44,13 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
             mServices.userSettings,
         });
     };
-    if (printing != nullptr) OfferPrinting(mServices, *printing);
+    if (printing == nullptr) return;
+    OfferPrinting(mServices, *printing);
+    mTableImport.emplace(*printing, [this] {
+        return mAccount.IsOnServer() ? BatchFolderOfServer(mAccount.ConnectionString())
+                                     : BatchFolderOfFile(mAccount.Name());
+    });
+    mServices.tableImport = &*mTableImport;
 }
 
 std::shared_ptr<platform::Connection> Session::CreateConnection() {

@@ -13,6 +13,7 @@
 #include "host/account/account_place.h"
 #include "host/surroundings/diagnostics_log.h"
 #include "host/surroundings/settings_file.h"
+#include "host/surroundings/table_import.h"
 #include "host/surroundings/user_settings_file.h"
 #include "platform/print_surroundings.h"
 #include "platform/services.h"
@@ -49,6 +50,7 @@ private:
     DiagnosticsLog mLog;
     std::optional<platform::DateTime> mToday;
     platform::Services mServices;
+    std::optional<TableImport> mTableImport;
     // Every login so far: the component keeps pointers to the objects of the last one that it took.
     std::vector<std::unique_ptr<AccountHost>> mLogins;
     std::vector<std::unique_ptr<platform::HostDataAccess>> mObservers;

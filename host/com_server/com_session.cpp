@@ -11,8 +11,10 @@
 #include "adapters/reference/reference_list_service.h"
 #include "data/login_context.h"
 #include "host/com_server/show_windows.h"
+#include "host/surroundings/batch_folder.h"
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/printing.h"
+#include "host/surroundings/table_import.h"
 
 namespace kelvane::host {
 
@@ -26,12 +28,16 @@ class ShownServices {
 public:
     ShownServices(platform::Services& services, platform::Windows& windows,
                   platform::PrintSurroundings& printing)
-        : mServices(services), mWindowsBefore(services.windows) {
+        : mServices(services), mWindowsBefore(services.windows), mTableImport(printing, [] {
+              return BatchFolderOfServer(data::gLogin->ConnectionString());
+          }) {
         mServices.windows = &windows;
+        mServices.tableImport = &mTableImport;
         OfferPrinting(mServices, printing);
     }
     ~ShownServices() {
         WithdrawPrinting(mServices);
+        mServices.tableImport = nullptr;
         mServices.windows = mWindowsBefore;
     }
     ShownServices(const ShownServices&) = delete;
@@ -40,6 +46,7 @@ public:
 private:
     platform::Services& mServices;
     platform::Windows* mWindowsBefore;
+    TableImport mTableImport;
 };
 
 }  // namespace

@@ -22,6 +22,9 @@ public:
     std::optional<std::string> ChooseFile(const platform::FileQuestion& question) override {
         return mChooseFile(question);
     }
+    std::optional<std::string> ChooseFileToOpen(const platform::FileQuestion& question) override {
+        return mChooseFile(question);
+    }
     // Nobody chooses a printer; throws std::runtime_error.
     bool PrintPages(const platform::PageSource& /*pages*/) override {
         throw std::runtime_error("nobody is there to choose a printer");

@@ -24,6 +24,10 @@ public:
     std::vector<std::string> progressTitles;
     std::vector<std::string> failures;
 
+    std::optional<std::string> ChooseFileToOpen(
+        const platform::FileQuestion& /*question*/) override {
+        return std::nullopt;
+    }
     std::optional<std::string> ChooseFile(const platform::FileQuestion& question) override {
         questions.push_back(question);
         return file;

@@ -17,6 +17,7 @@ ALLOWED = {
     "entries/bulk": ["platform", "data", "entries"],
     "ui/common": ["platform", "controls", "data", "entries"],
     "ui/find": ["platform", "controls", "data", "entries", "ui/common"],
+    "ui/import": ["platform", "controls", "data", "entries", "entries/bulk", "ui/common"],
     "ui/detail_editor": ["platform", "controls", "data", "entries", "ui/common"],
     "ui/entry_list": ["platform", "controls", "data", "entries", "ui/common"],
     "ui": ["ui/*"],

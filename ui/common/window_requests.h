@@ -1,9 +1,12 @@
-// What the list of entries asks of the two windows that it opens, and what they answer. The windows
+// What the list of entries asks of the windows that it opens, and what they answer. The windows
 // do not know each other: ui/windows.h brings them together.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "entries/detail_line.h"
 #include "entries/entry.h"
@@ -35,6 +38,22 @@ struct FindAnswer {
     std::string itemCode;
     std::string key1;
     std::string key2;
+};
+
+// Entries to be imported: a file, or a text that was copied.
+struct ImportRequest {
+    std::string file;
+    std::string copied;
+};
+
+struct ImportAnswer {
+    std::size_t created = 0;
+    std::size_t changed = 0;
+    std::size_t deleted = 0;
+    std::int32_t firstIdentity = 0;  // of the new entries
+    std::optional<int> batch;        // none: there was nothing to write
+    // What ought to be known besides.
+    std::vector<std::string> notes;
 };
 
 }  // namespace kelvane::ui

@@ -127,6 +127,7 @@ frmPeriodItem::frmPeriodItem()
     OfferWaysBack();
     AddFindActions();
     AddViewActions();
+    AddImportActions();
     controls::AddGridSizeActions(*this, GridPeriodItem);
     AddToolbarActions(*this, Commands());
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };

@@ -1,7 +1,6 @@
 #include "ui/entry_list/entry_grid.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <string>
 
@@ -11,13 +10,11 @@
 #include "entries/entry.h"
 #include "entries/opening_period.h"
 #include "entries/unreadable_rows.h"
+#include "ui/common/entry_columns.h"
 
 namespace kelvane::ui {
 
-using controls::Alignment;
-using controls::ColumnInput;
 using controls::Grid;
-using controls::InputKind;
 using data::gEnv;
 using platform::RecordSet;
 using platform::StatementText;
@@ -25,46 +22,6 @@ using platform::Value;
 using enum entries::EntryColumn;
 
 namespace {
-
-constexpr int kHeaderHeight = 400;
-constexpr int kRowHeight = 300;
-
-struct ColumnLayout {
-    int col;
-    const char* header;
-    int width;
-    Alignment alignment;
-    ColumnInput input;
-    bool reference;
-    bool list;
-};
-
-// Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class. With more
-// than two keyword fields column 5 has its width but no header. Dates and amounts have no greatest
-// length: cut short, they would be other dates and amounts.
-constexpr std::array kColumns{
-    ColumnLayout{0, "", 0, Alignment::Left, {}, false, false},
-    ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 0}, false, false},
-    ColumnLayout{
-        kCenterColumn, "责任中心", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
-    ColumnLayout{
-        kItemColumn, "项目编号", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
-    ColumnLayout{kItemNameColumn, "", 2500, Alignment::Left, {InputKind::Text, 255}, false, false},
-    ColumnLayout{kKey1Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
-    ColumnLayout{kKey2Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
-    ColumnLayout{
-        kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 255}, true, false},
-    ColumnLayout{
-        kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 255}, false, false},
-    ColumnLayout{kAmountColumn,
-                 "未结转期初",
-                 1500,
-                 Alignment::Right,
-                 {InputKind::Number, 0, 2, true},
-                 true,
-                 false},
-};
-constexpr int kKeywordWidth = 1500;
 
 std::unique_ptr<RecordSet> Query(const StatementText& statement) {
     return gEnv->DataAccess().Query(statement);
@@ -107,7 +64,7 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     const std::int64_t detail = known ? element->Field(1).ToInteger() : 0;
     details.Add(identity, static_cast<std::int16_t>(detail));
     const int row = grid.AddItem(cells);
-    grid.SetRowHeight(row, kRowHeight);
+    grid.SetRowHeight(row, kEntryRowHeight);
     grid.SetRowData(row, identity);
 }
 
@@ -133,48 +90,6 @@ void AppendEntries(Grid& grid, ElementDetails& details, RecordSet& rows) {
 }
 
 }  // namespace
-
-void LayOutEntryGrid(Grid& grid) {
-    std::string itemNameCaption;
-    const auto caption = Query(StatementText(
-        "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'"));
-    if (!caption->EndOfFile()) itemNameCaption = caption->Field(0).ToText();
-
-    grid.SetRows(0);
-    grid.SetDefaultRowHeight(kRowHeight);
-    grid.SetCols(kEntryColumnCount);
-    grid.SetRows(2);
-    grid.SetFixedRows(1);
-    grid.SetFixedCols(1);
-    grid.SetBackColor(data::gColorWhite);
-    grid.SetFixedColor(data::gColorPink);
-    grid.SetLockedColor(data::gColorLocked);
-    grid.SetRowHeight(0, kHeaderHeight);
-    for (const ColumnLayout& column : kColumns) {
-        grid.SetText(0, column.col, column.header);
-        grid.SetColumnWidth(column.col, column.width);
-        grid.SetColumnAlignment(column.col, column.alignment);
-        if (column.col > 0) grid.SetFixedRowAlignment(column.col, Alignment::Center);
-        grid.SetColumnInput(column.col, column.input);
-        grid.SetColumnReference(column.col, column.reference);
-        grid.SetColumnList(column.col, column.list);
-    }
-    grid.SumColumn(kAmountColumn);
-    grid.SetText(0, kItemNameColumn, itemNameCaption);
-    const int keywords = data::gItemKeyCount;
-    if (keywords > 0) grid.SetColumnWidth(kKey1Column, kKeywordWidth);
-    if (keywords == 1 || keywords == 2) {
-        grid.SetText(0, kKey1Column, data::gItemKeyField1 + " (关键字)");
-    }
-    if (keywords == 2) {
-        grid.SetText(0, kKey2Column, data::gItemKeyField2 + " (关键字)");
-        grid.SetColumnWidth(kKey2Column, kKeywordWidth);
-    }
-    grid.RemoveItem(1);
-    grid.SetRow(0);
-    grid.SetCol(1);
-    grid.SetTopRow(1);
-}
 
 void FillEntryGrid(Grid& grid, ElementDetails& details) {
     const auto rows = Query(StatementText(

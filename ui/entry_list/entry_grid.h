@@ -1,15 +1,10 @@
-// The entries as rows of a grid: its layout, the account's entries in it, and the cells that are
-// not the operator's.
+// The account's entries as rows of a grid, and the cells that are not the operator's.
 #pragma once
 
 #include "controls/grid.h"
 #include "ui/entry_list/element_details.h"
 
 namespace kelvane::ui {
-
-// Gives the grid its columns and no rows. The caption of the items' names is read over gEnv; errors
-// are thrown.
-void LayOutEntryGrid(controls::Grid& grid);
 
 // Appends a row for every entry whose item exists, and adds the element-detail flags of their
 // elements to `details`. Over gEnv; errors are thrown, with the rows read before them in the grid.

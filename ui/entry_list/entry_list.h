@@ -76,10 +76,12 @@ public:
     WaitingLines mWaiting;
     platform::StatementText& mDetailSql = mWaiting.script;
 
-    // The windows that this one opens: the detail editor, and the find dialog, which answers
-    // nothing when it was not left by OK. Set before the list is shown.
+    // The windows that this one opens: the detail editor, the find dialog, which answers nothing
+    // when it was not left by OK, and the import, which answers nothing when it was given up. Set
+    // before the list is shown.
     std::function<DetailAnswer(const DetailRequest&)> EditDetails;
     std::function<std::optional<FindAnswer>()> AskWhatToFind;
+    std::function<std::optional<ImportAnswer>(const ImportRequest&)> ImportEntries;
 
     // Loading (entry_loading.cpp). Statements run over gEnv; errors end each routine quietly and
     // leave a notice.
@@ -167,6 +169,11 @@ public:
     void RepeatCellAbove();
     void CopyEntry();
 
+    // Entries from a file that the operator chooses, or from `request` (importing.cpp).
+    void ImportFile();
+    void Import(const ImportRequest& request);
+    bool CanImport() const;
+
     // Printing (printing.cpp).
     void CaptureGridLayout();
     // Modes of the print set-up: print or preview, and export.
@@ -200,6 +207,8 @@ private:
     void WireGrid();
     void AddFindActions();
     void AddViewActions();
+    void AddImportActions();
+    void ReloadEntries();
     // A row below the current one, or with -1 above it, that the search looks for; 0: none. `note`
     // receives that the list's end was passed.
     int FindMatch(int step, std::string& note) const;

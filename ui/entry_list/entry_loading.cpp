@@ -2,6 +2,7 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "entries/opening_period.h"
+#include "ui/common/entry_columns.h"
 #include "ui/common/window_layout.h"
 #include "ui/entry_list/entry_grid.h"
 #include "ui/entry_list/entry_list.h"

@@ -26,6 +26,7 @@ constexpr std::string_view kKeywordLists = "读取关键字列表时出错。";
 constexpr std::array kSentences{
     Sentence{"LoadEntryGrid", Work::Load, "读取期初列表时出错，列表可能不完整，请重新打开。"},
     Sentence{"Form_Load", Work::Load, "打开窗口时出错，内容可能不完整，请重新打开。"},
+    Sentence{"ImportEntries", Work::Check, "导入时出错，没有录入任何行。"},
     Sentence{"LoadNumPoints", Work::Load,
              "读取小数位数设置时出错，单价和数量可能没有显示小数，请重新登录后再修改。"},
     Sentence{"LoadItemKeyFields", Work::Load, "读取项目大类的关键字设置时出错。"},
@@ -87,6 +88,12 @@ void FailureNotice::FailedWrite(std::string_view place, const WriteSentences& se
     } catch (...) {
         // ReportTrapped() has put it on the line already, through the trap listener.
     }
+}
+
+void FailureNotice::Tell(const std::string& sentence) {
+    mWork = Work::Check;
+    mShow(sentence);
+    mShown = true;
 }
 
 void FailureNotice::Show(Work work, const std::string& sentence) {

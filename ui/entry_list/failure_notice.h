@@ -1,7 +1,7 @@
 // FailureNotice: the line at the window's lower edge that names the last trapped failure of a save,
 // a load, a check or an export, until the same kind of work succeeds again (loading again is
 // opening the list again). Routines that end a failure without a message box would otherwise leave
-// the operator guessing.
+// the operator guessing. It also names large work that was done.
 #pragma once
 
 #include <functional>
@@ -31,6 +31,8 @@ public:
     // Reports the exception that is being handled as trapped in `place`, and tells what came of the
     // write. For use in a catch block.
     void FailedWrite(std::string_view place, const WriteSentences& sentences);
+    // Tells what was done, until the next thing that is told or succeeds.
+    void Tell(const std::string& sentence);
     // How many failures there were so far: work in which one was trapped is no success.
     int Failures() const { return mFailures; }
     // Clears the line when it speaks of this kind of work; a success of saving clears it in any

@@ -1,12 +1,12 @@
 // What happens while the operator edits the grid: pick lists, cell and row checks, the detail
 // button, and the checks that precede an edit.
-#include <array>
 #include <utility>
 
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/text_conversion.h"
 #include "ui/common/flag_scope.h"
+#include "ui/common/item_pick.h"
 #include "ui/common/opening_budget.h"
 #include "ui/common/reference_pick.h"
 #include "ui/entry_list/entry_list.h"
@@ -65,10 +65,7 @@ void frmPeriodItem::GridPeriodItem_CellReference(std::string& value, int row, in
         value = code;
     } else if (col == kItemColumn) {
         data::gRefCenterCode = CellText(row, kCenterColumn);
-        if (data::Trim(data::gRefCenterCode).empty()) {
-            data::ShowInformation("责任中心不能为空！");
-            return;
-        }
+        if (!HasCenterForItem(data::gRefCenterCode)) return;
         data::gRefByCenter = true;
         value = PickItemWithKeywords(data::gRefCenterCode, row, kItemColumn);
     } else if (col == kElementColumn) {
@@ -114,38 +111,17 @@ void frmPeriodItem::TellElementFirst() {
 }
 
 std::string frmPeriodItem::PickItemWithKeywords(const std::string& centerCode, int row, int col) {
-    const int keywords = data::gItemKeyCount;
-    StatementText statement("select a.citemcode,b.citemname");
-    std::string titles = "项目编码,项目名称";
-    if (keywords > 0) {
-        statement << ",ckeyword1";
-        titles += "," + data::gItemKeyField1 + "(关键字)";
-    }
-    if (keywords == 2) {
-        statement << ",ckeyword2";
-        titles += "," + data::gItemKeyField2 + "(关键字)";
-    }
-    statement << " from pm_dutycentersub a,fitemss97 b where ccentercode='";
-    statement.Inside(centerCode) << "' and a.citemcode=b.citemcode order by a.citemcode";
-    static constexpr std::array kWidths{"2500,3000", "2000,2500,2000", "1500,2500,1500,1500"};
-    const bool known = keywords >= 0 && keywords <= 2;
-    const char* widths = known ? kWidths[static_cast<std::size_t>(keywords)] : "";
-
-    bool chosen = false;
-    const auto service = data::gServices->createReferenceList();
-    service->OpenOn(CellText(row, kItemColumn));
-    const auto record = service->ListOnConnection(gConn, statement, titles, widths, chosen);
-    if (!chosen || record == nullptr) return "";
-    std::string code = record->Field(0).ToText();
+    const std::optional<PickedItem> item = PickItemOfCenter(centerCode, CellText(row, kItemColumn));
+    if (!item) return "";
     // The item can still be refused or given up: its name and keywords then give way to those of
     // the item that stays.
-    mPickedItem.Picked(GridPeriodItem, row, col, code, kItemNameColumn, kKey2Column);
-    GridPeriodItem.SetText(row, col + 1, record->Field(1).ToText());
-    if (keywords > 0) GridPeriodItem.SetText(row, col + 2, record->Field(2).ToText());
-    if (keywords == 2) GridPeriodItem.SetText(row, col + 3, record->Field(3).ToText());
+    mPickedItem.Picked(GridPeriodItem, row, col, item->code, kItemNameColumn, kKey2Column);
+    GridPeriodItem.SetText(row, col + 1, item->name);
+    if (data::gItemKeyCount > 0) GridPeriodItem.SetText(row, col + 2, item->key1);
+    if (data::gItemKeyCount == 2) GridPeriodItem.SetText(row, col + 3, item->key2);
     // With another keyword of the same item the item's cell does not change, but the row does.
     GridPeriodItem.SetRowTouched(true);
-    return code;
+    return item->code;
 }
 
 void frmPeriodItem::GridPeriodItem_CellValidate(std::string& text, GridAnswer& answer, int row,
@@ -190,20 +166,9 @@ void frmPeriodItem::RefuseRow(int row, std::string reason) {
 }
 
 void frmPeriodItem::GridPeriodItem_ComboDropDown(int row, int col, controls::GridDropList& list) {
-    StatementText statement;
-    if (col == kKey1Column && data::gItemKeyCount >= 1) {
-        statement << "select cKeyWord1 from PM_DutycenterSub where cCenterCode = '";
-        statement.Inside(CellText(row, kCenterColumn)) << "' and cItemCode = '";
-    } else if (col == kKey2Column && data::gItemKeyCount == 2) {
-        statement << "select  cKeyWord2 from PM_DutycenterSub where cCenterCode = '";
-        statement.Inside(CellText(row, kCenterColumn)) << "' and  cItemCode = '";
-    } else {
-        return;
-    }
-    statement.Inside(CellText(row, kItemColumn)) << "'";
-    const auto keywords = gConn->OpenRecordSet(statement);
-    for (; !keywords->EndOfFile(); keywords->MoveNext()) {
-        list.AddItem(keywords->Field(0).ToText());
+    for (const std::string& keyword :
+         KeywordsOfItem(CellText(row, kCenterColumn), CellText(row, kItemColumn), col)) {
+        list.AddItem(keyword);
     }
 }
 

@@ -1,0 +1,124 @@
+#include "ui/import/import_reading.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/login_context.h"
+#include "data/messages.h"
+#include "entries/bulk/title_row.h"
+#include "ui/import/columns_dialog.h"
+#include "ui/import/kept_columns.h"
+
+namespace kelvane::ui {
+
+using entries::BulkTable;
+using entries::GivenColumns;
+using entries::HiddenRows;
+using entries::PlacedFinding;
+using entries::Rule;
+using entries::TableReading;
+using entries::TableShape;
+using platform::TableRow;
+
+namespace {
+
+// Whether the titles do not say what stands where.
+bool LacksTitles(const BulkTable& table) {
+    return std::ranges::any_of(table.findings, [&](const PlacedFinding& each) {
+        const Rule rule = each.finding.rule;
+        return rule == Rule::FileNoTitles || rule == Rule::FileColumnMissing ||
+               rule == Rule::FileColumnTwice ||
+               (rule == Rule::CellMerged && each.row == table.titleRow);
+    });
+}
+
+int HiddenRowsOf(const ImportTables& tables) {
+    return tables.table.hiddenRows + (tables.lines ? tables.lines->hiddenRows : 0);
+}
+
+HiddenRows AskForHidden(int rows) {
+    const bool take = data::AskQuestion(
+        "有 " + std::to_string(rows) + " 个隐藏行，要读入吗？选择“否”则略过这些行。",
+        data::kPromptCaption);
+    return take ? HiddenRows::Take : HiddenRows::Skip;
+}
+
+// The list's columns as they stand side by side, those of keywords only where the class has them.
+GivenColumns InListOrder(const TableShape& shape) {
+    GivenColumns given;
+    given.places.resize(static_cast<std::size_t>(shape.columnCount));
+    std::vector<int> columns;
+    for (const entries::TableColumn& each : shape.columns) {
+        if (each.column <= entries::kRowNumberColumn) columns.push_back(each.column);
+    }
+    std::ranges::sort(columns);
+    int place = 0;
+    for (const int column : columns) {
+        given.places[static_cast<std::size_t>(column)].column = ++place;
+    }
+    return given;
+}
+
+}  // namespace
+
+std::optional<ImportTables> ImportReading::Read(bool byHand) {
+    auto tables = ReadAll(byHand, HiddenRows::Refuse);
+    if (!tables || HiddenRowsOf(*tables) == 0) return tables;
+    return ReadAll(false, AskForHidden(HiddenRowsOf(*tables)));
+}
+
+std::optional<ImportTables> ImportReading::ReadAll(bool byHand, HiddenRows hidden) {
+    ImportTables tables;
+    const TableReading how{.hidden = hidden};
+    tables.lines = entries::ReadLineSheet(mReader, how);
+    if (tables.lines) {
+        const TableShape shape = entries::LineTableShape();
+        tables.lines = ReadTable(shape, how, *std::move(tables.lines), false);
+        if (!tables.lines) return std::nullopt;
+    }
+    const bool hasLines = tables.lines && entries::HasContent(*tables.lines);
+    const TableShape shape = entries::EntryTableShape(mTitles.itemName, mTitles.keywords, hasLines);
+    auto table = ReadTable(shape, how, entries::ReadBulkTable(mReader, shape, how), byHand);
+    if (!table) return std::nullopt;
+    tables.table = *std::move(table);
+    tables.totals = entries::ReadTotals(mReader, tables.table.sheet);
+    return tables;
+}
+
+// `table` is what was read by its titles.
+std::optional<BulkTable> ImportReading::ReadTable(const TableShape& shape, TableReading how,
+                                                  BulkTable table, bool byHand) {
+    auto& known = shape.sheet == entries::LineTableShape().sheet ? mLineColumns : mColumns;
+    if (!byHand && !known && !LacksTitles(table)) return table;
+    if (byHand || !known) known = FindColumns(shape, table, byHand);
+    if (!known) return std::nullopt;
+    how.sheet = mReader.Sheets().at(table.sheet).name;
+    how.columns = known;
+    return entries::ReadBulkTable(mReader, shape, how);
+}
+
+std::optional<GivenColumns> ImportReading::FindColumns(const TableShape& shape,
+                                                       const BulkTable& table, bool byHand) {
+    if (!byHand && mIsCopied && table.titleRow == 0) return InListOrder(shape);
+    const std::vector<TableRow> rows = FirstRows(table.sheet);
+    KeptColumns kept(data::gServices->userSettings);
+    const auto former = kept.Find(rows, shape);
+    if (former && !byHand) return former;
+    const auto given = frmImportColumns(shape.sheet, rows, shape).Ask(former);
+    if (!given) return std::nullopt;
+    const auto titles = std::ranges::find(rows, given->titleRow, &TableRow::number);
+    if (titles != rows.end()) kept.Keep(*titles, shape, *given);
+    return given;
+}
+
+std::vector<TableRow> ImportReading::FirstRows(std::size_t sheet) {
+    std::vector<TableRow> rows;
+    mReader.Read(sheet, [&rows](const TableRow& row) {
+        if (row.position > entries::kLastTitleRow) return false;
+        rows.push_back(row);
+        return true;
+    });
+    return rows;
+}
+
+}  // namespace kelvane::ui

@@ -1,0 +1,55 @@
+// Reads the tables that are to be imported, and asks the operator what only he can say: what
+// becomes of hidden rows, and which column is which.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "entries/bulk/table_reading.h"
+#include "entries/bulk/table_shape.h"
+#include "entries/bulk/workbook_sheets.h"
+#include "platform/table.h"
+
+namespace kelvane::ui {
+
+struct ImportTables {
+    entries::BulkTable table;
+    std::optional<entries::BulkTable> lines;
+    entries::TableTotals totals;
+};
+
+// How the windows call an item's name, and the keyword fields of the item class.
+struct ImportTitles {
+    std::string itemName;
+    std::vector<std::string> keywords;
+};
+
+class ImportReading {
+public:
+    // `isCopied`: without titles its columns are those of the list, in their order.
+    ImportReading(platform::TableReader& reader, ImportTitles titles, bool isCopied)
+        : mReader(reader), mTitles(std::move(titles)), mIsCopied(isCopied) {}
+
+    // `byHand`: which column is which is asked though the titles say it. Nothing when the operator
+    // cancelled. Throws platform::TableRefused.
+    std::optional<ImportTables> Read(bool byHand);
+
+private:
+    std::optional<ImportTables> ReadAll(bool byHand, entries::HiddenRows hidden);
+    std::optional<entries::BulkTable> ReadTable(const entries::TableShape& shape,
+                                                entries::TableReading how, entries::BulkTable table,
+                                                bool byHand);
+    std::optional<entries::GivenColumns> FindColumns(const entries::TableShape& shape,
+                                                     const entries::BulkTable& table, bool byHand);
+    std::vector<platform::TableRow> FirstRows(std::size_t sheet);
+
+    platform::TableReader& mReader;
+    ImportTitles mTitles;
+    bool mIsCopied;
+    // Answers that are not asked for twice.
+    std::optional<entries::GivenColumns> mColumns;
+    std::optional<entries::GivenColumns> mLineColumns;
+};
+
+}  // namespace kelvane::ui

@@ -187,7 +187,9 @@ LineTexts RowCheck::CompleteLine(const LineRules& rules, const BulkLine& line) {
     try {
         const Money amount = AmountOf(texts.price, texts.quantity);
         texts.amount = LineAmountText(texts.price, texts.quantity);
-        if (!given.empty() && !SameAmount(given, amount)) {
+        const bool isRead =
+            !line.unread.Has(kLinePriceColumn) && !line.unread.Has(kLineQuantityColumn);
+        if (isRead && !given.empty() && !SameAmount(given, amount)) {
             FindInLine(line, kLineAmountColumn, Found(Rule::LineAmount, texts.amount));
         }
     } catch (const platform::MoneyOverflow&) {

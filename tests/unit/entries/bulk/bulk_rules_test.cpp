@@ -180,6 +180,14 @@ TEST_F(BulkRulesTest, ABadLineRefusesItsEntryAndSaysNothingOfTheAmount) {
                              "line 5.2 text.quote 不能含有单引号（'）"}));
 }
 
+TEST_F(BulkRulesTest, AnAmountBesideARefusedQuantityIsNotHeldAgainstIt) {
+    MakeInventory();
+    entry.lines[1].texts.quantity.clear();
+    entry.lines[1].unread.Add(kLineQuantityColumn);
+    expectRefused = true;
+    EXPECT_EQ(Check(), Told{});
+}
+
 TEST_F(BulkRulesTest, ACodeStandsOnceInAnEntry) {
     MakeInventory();
     AddLine(4, "M01", "1", "1");

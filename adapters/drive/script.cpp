@@ -30,6 +30,7 @@ constexpr std::array kSyntaxes{
     Syntax{"drop", Verb::Drop, 0, 1, false, "drop [NAME]"},
     Syntax{"pick", Verb::Pick, 1, 1, false, "pick N|none"},
     Syntax{"answer", Verb::Answer, 1, 1, false, "answer yes|no"},
+    Syntax{"clipboard", Verb::Clipboard, 0, 0, true, "clipboard TEXT"},
     Syntax{"file", Verb::File, 0, 0, true, "file PATH|none"},
     Syntax{"click", Verb::Click, 1, 1, false, "click KEY"},
     Syntax{"press", Verb::Press, 1, 1, false, "press NAME"},

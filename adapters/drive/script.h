@@ -28,6 +28,7 @@ enum class Verb {
     Drop,
     Pick,
     Answer,
+    Clipboard,
     File,
     Click,
     Press,

@@ -92,7 +92,7 @@ void ScriptOperator::Execute(const Command& command, controls::Form* topmost) {
         if (topmost != nullptr) {
             RunInWindow(command, *topmost,
                         {mTranscript, [this](std::size_t rows) { return Choose(rows); },
-                         mHost.sendKeys, mHost.clipboard});
+                         mHost.sendKeys, mHost.clipboard, mHost.setClipboard});
         } else {
             RunHost(command);
         }

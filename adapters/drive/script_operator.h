@@ -26,6 +26,7 @@ struct ScriptHost {
     StatementLog* statements = nullptr;
     // The text on these windows' clipboard (their ClipboardText).
     std::function<std::string()> clipboard = {};
+    std::function<void(std::string_view text)> setClipboard = {};
 };
 
 class ScriptOperator : public Operator {

@@ -169,6 +169,19 @@ void UseMenu(const Arguments& arguments, Form& form, const CommandSurroundings& 
     throw ScriptError("the menu has no \"" + arguments[0] + "\"");
 }
 
+// "\t" and "\n" in the text stand for a tab and a line's end.
+void SetClipboard(const Arguments& arguments, Form& /*form*/, const CommandSurroundings& around) {
+    std::string text;
+    const std::string& written = arguments[0];
+    for (std::size_t at = 0; at < written.size(); ++at) {
+        const char next = at + 1 < written.size() ? written[at + 1] : ' ';
+        const bool escaped = written[at] == '\\' && (next == 't' || next == 'n');
+        text += !escaped ? written[at] : next == 't' ? '\t' : '\n';
+        if (escaped) ++at;
+    }
+    around.setClipboard(text);
+}
+
 void CloseWindow(const Arguments& /*arguments*/, Form& form,
                  const CommandSurroundings& /*around*/) {
     form.Unload(controls::UnloadMode::CloseBox);
@@ -204,6 +217,7 @@ constexpr std::array kWindowCommands{
     WindowCommand{Verb::Key, PressNamedKey},
     WindowCommand{Verb::Ref, PressReference},
     WindowCommand{Verb::Drop, Drop},
+    WindowCommand{Verb::Clipboard, SetClipboard},
     WindowCommand{Verb::Click, Click},
     WindowCommand{Verb::Press, PressButton},
     WindowCommand{Verb::Set, SetField},

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "adapters/drive/script.h"
@@ -21,6 +22,7 @@ struct CommandSurroundings {
     std::function<void(std::string_view keys)> sendKeys;
     // The text on the clipboard of the windows.
     std::function<std::string()> clipboard;
+    std::function<void(std::string_view text)> setClipboard;
 };
 
 // Does `command` to `form`, as the operator would. Throws ScriptError when it cannot be done there:

@@ -46,7 +46,9 @@ void RunDriven(drive::StatementLog* statements, const WindowsWork& work) {
                         .show = {},
                         .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
                         .statements = statements,
-                        .clipboard = [&windows] { return windows.ClipboardText(); }});
+                        .clipboard = [&windows] { return windows.ClipboardText(); },
+                        .setClipboard =
+                            [&windows](std::string_view text) { windows.SetClipboardText(text); }});
         work(windows, *printing);
         return 0;
     };

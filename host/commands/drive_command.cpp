@@ -28,6 +28,7 @@ int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::
         .sendKeys = [&windows](std::string_view keys) { windows.SendKeys(keys); },
         .statements = &statements,
         .clipboard = [&windows] { return windows.ClipboardText(); },
+        .setClipboard = [&windows](std::string_view text) { windows.SetClipboardText(text); },
     });
     return script.Run();
 }

@@ -155,6 +155,7 @@ void frmImport::FillLines() {
     mShownRow = GridRows.Row();
     if (mShownRow < 1) return;
     const auto& lines = mSheet.Lines(mShownEntry);
+    if (lines.empty() && ActiveControl() == &GridLines) GridRows.SetFocus();
     for (const auto& line : lines) {
         const int row = GridLines.AddItem(std::to_string(line.row));
         ShowLine(row);

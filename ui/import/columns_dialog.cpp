@@ -48,18 +48,14 @@ frmImportColumns::frmImportColumns(const std::string& what, const std::vector<Ta
       cmdOK(*this, "cmdOK"),
       cmdCancel(*this, "cmdCancel"),
       mRows(rows),
-      mColumns(shape.columns),
       mShape(shape) {
     SetCaption("对应列：" + what);
-    SetSize(kWidth, kHeight);
-    SetMinSize(kWidth, kHeight / 2);
     lblTitles.SetCaption("标题所在行");
     cmdOK.SetCaption("确定");
     cmdOK.SetDefault(true);
     cmdCancel.SetCaption("取消");
     cmdCancel.SetCancel(true);
-    std::ranges::sort(mColumns, {}, &TableColumn::column);
-    mPlaces.resize(mColumns.size());
+    ChooseColumns();
     cboTitles.AddItem(kNoTitles);
     for (const TableRow& row : mRows) {
         cboTitles.AddItem(TitleRowText(row.number));
@@ -89,6 +85,27 @@ frmImportColumns::frmImportColumns(const std::string& what, const std::vector<Ta
     cboTitles.Change = [this] { cboTitles_Change(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { Unload(); };
+    SetSize(kWidth, kHeight);
+    SetMinSize(kWidth, kHeight / 2);
+}
+
+// Those that only a table of the program's own has are there when the titles name them.
+void frmImportColumns::ChooseColumns() {
+    const auto isNamed = [this](const TableColumn& column) {
+        return std::ranges::any_of(mRows, [&](const TableRow& row) {
+            return std::ranges::any_of(row.cells, [&](const TableCell& cell) {
+                const TableColumn* known = entries::FindColumn(mShape, cell.text);
+                return known != nullptr && known->column == column.column;
+            });
+        });
+    };
+    for (const TableColumn& column : mShape.columns) {
+        if (column.column <= entries::kRowNumberColumn || isNamed(column)) {
+            mColumns.push_back(column);
+        }
+    }
+    std::ranges::sort(mColumns, {}, &TableColumn::column);
+    mPlaces.resize(mColumns.size());
 }
 
 std::optional<GivenColumns> frmImportColumns::Ask(const std::optional<GivenColumns>& first) {

@@ -43,6 +43,7 @@ private:
     std::string NameOfPlace(int place) const;
     std::string SampleOf(int place) const;
     int PlaceNamed(const std::string& text) const;
+    void ChooseColumns();
     void ProposeTitleRow();
     void ProposePlaces();
     void ShowPlaces();

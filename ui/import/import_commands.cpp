@@ -1,5 +1,6 @@
 // The window's commands: entering all rows, more rows from the clipboard, rows that are left out,
 // the columns by hand.
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -53,7 +54,7 @@ void frmImport::Write() {
     entries::ImportRequest request;
     request.head = Head();
     request.journal = journal.get();
-    request.again = mIsAgain;
+    request.again = !mFormer.empty();
     request.expectedRows = mTotals.rows;
     request.expectedSums = mTotals.sums;
     const auto run = [&] {
@@ -61,14 +62,17 @@ void frmImport::Write() {
         request.progress = std::ref(progress);
         return entries::RunImport(mSheet.File(), mAccount, request);
     };
-    const entries::ImportResult result = run();
+    entries::ImportResult result = run();
+    std::erase_if(result.notes, [this](const std::string& note) {
+        return std::ranges::find(mFormer, note) != mFormer.end();
+    });
     if (result.HasFindings()) return TellRefusals(result);
     mAnswer = ImportAnswer{.created = result.plan.Count(RowFate::New),
                            .changed = result.plan.Count(RowFate::Changed),
                            .deleted = result.plan.Count(RowFate::Deleted),
                            .firstIdentity = result.firstIdentity,
                            .batch = result.batch,
-                           .notes = result.notes};
+                           .notes = std::move(result.notes)};
     Unload();
 }
 

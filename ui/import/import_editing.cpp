@@ -48,14 +48,19 @@ void frmImport::WireGrids() {
                                                 GridRows.Text(row, entries::kItemColumn), col);
         for (const std::string& item : items) list.AddItem(item);
     };
+    // What was typed is kept at once: no row waits to be left.
     GridRows.EditModeChange = [this](bool editing) {
-        if (!editing) TakeRow(GridRows.Row());
+        if (editing) return;
+        GridRows.SetRowTouched(false);
+        TakeRow(GridRows.Row());
     };
     GridLines.CellReference = [this](std::string& value, int /*row*/, int col) {
         PickForLine(value, col);
     };
     GridLines.EditModeChange = [this](bool editing) {
-        if (!editing) TakeLine(GridLines.Row());
+        if (editing) return;
+        GridLines.SetRowTouched(false);
+        TakeLine(GridLines.Row());
     };
 }
 

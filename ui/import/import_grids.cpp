@@ -61,6 +61,7 @@ void frmImport::LayOutRows() {
     GridRows.SetText(0, 0, "行");
     GridRows.SetColumnWidth(0, kNumberWidth);
     GridRows.SetColumnAlignment(0, Alignment::Right);
+    GridRows.SetFixedRowAlignment(0, Alignment::Center);
     GridRows.SetText(0, entries::kRowNumberColumn, "行号");
     GridRows.SetText(0, entries::kOperationColumn, "操作");
     for (const int col : {entries::kRowNumberColumn, entries::kOperationColumn}) {

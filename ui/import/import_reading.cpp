@@ -90,19 +90,23 @@ std::optional<BulkTable> ImportReading::ReadTable(const TableShape& shape, Table
                                                   BulkTable table, bool byHand) {
     auto& known = shape.sheet == entries::LineTableShape().sheet ? mLineColumns : mColumns;
     if (!byHand && !known && !LacksTitles(table)) return table;
-    if (byHand || !known) known = FindColumns(shape, table, byHand);
-    if (!known) return std::nullopt;
+    if (byHand || !known) {
+        auto found = FindColumns(shape, table, byHand, known);
+        if (!found) return std::nullopt;
+        known = std::move(found);
+    }
     how.sheet = mReader.Sheets().at(table.sheet).name;
     how.columns = known;
     return entries::ReadBulkTable(mReader, shape, how);
 }
 
 std::optional<GivenColumns> ImportReading::FindColumns(const TableShape& shape,
-                                                       const BulkTable& table, bool byHand) {
+                                                       const BulkTable& table, bool byHand,
+                                                       const std::optional<GivenColumns>& known) {
     if (!byHand && mIsCopied && table.titleRow == 0) return InListOrder(shape);
     const std::vector<TableRow> rows = FirstRows(table.sheet);
     KeptColumns kept(data::gServices->userSettings);
-    const auto former = kept.Find(rows, shape);
+    const auto former = known ? known : kept.Find(rows, shape);
     if (former && !byHand) return former;
     const auto given = frmImportColumns(shape.sheet, rows, shape).Ask(former);
     if (!given) return std::nullopt;

@@ -40,8 +40,9 @@ private:
     std::optional<entries::BulkTable> ReadTable(const entries::TableShape& shape,
                                                 entries::TableReading how, entries::BulkTable table,
                                                 bool byHand);
-    std::optional<entries::GivenColumns> FindColumns(const entries::TableShape& shape,
-                                                     const entries::BulkTable& table, bool byHand);
+    std::optional<entries::GivenColumns> FindColumns(
+        const entries::TableShape& shape, const entries::BulkTable& table, bool byHand,
+        const std::optional<entries::GivenColumns>& known);
     std::vector<platform::TableRow> FirstRows(std::size_t sheet);
 
     platform::TableReader& mReader;

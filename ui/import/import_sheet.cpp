@@ -77,25 +77,29 @@ void ImportSheet::Take(const BulkTable& table, const BulkTable* lines) {
     mFile =
         entries::JoinRows(entries::EntriesOf(table),
                           lines == nullptr ? std::vector<BulkLine>() : entries::LinesOf(*lines));
-    TakeUnread(Kind::Entries, table, 0);
-    if (lines != nullptr) TakeUnread(Kind::Lines, *lines, 0);
+    const auto same = [](int row) { return row; };
+    TakeUnread(Kind::Entries, table, same);
+    if (lines != nullptr) TakeUnread(Kind::Lines, *lines, same);
 }
 
 void ImportSheet::Append(const BulkTable& table) {
     int last = 0;
     for (const BulkEntry& entry : mFile.entries) last = std::max(last, entry.row);
+    std::map<int, int> numbers;
     for (BulkEntry& entry : entries::EntriesOf(table)) {
-        entry.row += last;
+        numbers[entry.row] = ++last;
+        entry.row = last;
         mFile.entries.push_back(std::move(entry));
     }
-    TakeUnread(Kind::Entries, table, last);
+    TakeUnread(Kind::Entries, table, [&](int row) { return numbers[row]; });
     Rejoin();
 }
 
-void ImportSheet::TakeUnread(Kind kind, const BulkTable& table, int offset) {
+void ImportSheet::TakeUnread(Kind kind, const BulkTable& table,
+                             const std::function<int(int row)>& numberOf) {
     for (const entries::PlacedFinding& found : table.findings) {
         const int column = ColumnOf(table, found.column);
-        mUnread.insert_or_assign(Cell({kind, found.row + offset}, column),
+        mUnread.insert_or_assign(Cell({kind, numberOf(found.row)}, column),
                                  Unread{found.finding, found.given});
     }
     mFile.isRefused = !mUnread.empty();
@@ -166,7 +170,9 @@ bool ImportSheet::SetEntryText(std::size_t entry, int column, std::string_view t
     } else {
         *cell = text;
     }
-    if (column == entries::kDateColumn) data::CheckDateText(*cell);
+    if (column == entries::kDateColumn && data::CheckDateText(*cell)) {
+        *cell = data::DateTextToDate(*cell).DateText('-');
+    }
     if (column == entries::kRowNumberColumn) Rejoin();
     return true;
 }

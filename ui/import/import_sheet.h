@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -68,7 +69,8 @@ private:
     };
     using Cell = std::pair<Row, int>;
 
-    void TakeUnread(Kind kind, const entries::BulkTable& table, int offset);
+    void TakeUnread(Kind kind, const entries::BulkTable& table,
+                    const std::function<int(int row)>& numberOf);
     void Rejoin();
     bool Forget(Kind kind, int row, int column, entries::ColumnSet& unread);
     std::string Given(Kind kind, int row, int column) const;

@@ -181,16 +181,10 @@ void frmImport::RunTold(const std::function<void()>& work) {
 // What was imported before is not imported again by mistake.
 bool frmImport::MayImportAgain() {
     const auto journal = data::gServices->tableImport->OpenJournal();
-    mIsAgain = false;
-    for (const std::string& former : entries::FormerImports(mHash, *journal)) {
-        if (!data::AskQuestion(former + "。要再导入一次吗？", data::kModuleCaption,
-                               platform::MessageIcon::Question, platform::MessageAnswer::No)) {
-            return false;
-        }
-        mIsAgain = true;
-        break;
-    }
-    return true;
+    mFormer = entries::FormerImports(mHash, *journal);
+    return mFormer.empty() ||
+           data::AskQuestion(mFormer.back() + "。要再导入一次吗？", data::kModuleCaption,
+                             platform::MessageIcon::Question, platform::MessageAnswer::No);
 }
 
 ImportTitles frmImport::Titles() const {

@@ -125,7 +125,8 @@ private:
     std::unique_ptr<entries::FileMasterData> mKnown;
     bool mIsChecked = false;
     bool mIsChanged = false;
-    bool mIsAgain = false;  // imported before, and the operator wants it again
+    // The operator knows of these imports of the same, and wants it again.
+    std::vector<std::string> mFormer;
     bool mIsFilling = false;
     // Whose lines are shown.
     std::size_t mShownEntry = 0;

@@ -68,6 +68,7 @@ Spoken SpokenOf(const Grid& grid, int row, int col) {
     }
     if (shownColumns > 0) cell.column = shownColumns;
     cell.locked = col < grid.FixedCols() || grid.ReadOnly() || grid.IsLocked(row, col);
+    cell.wrong = grid.HasFault(row, col);
     cell.hasList = !cell.locked && (grid.HasReference(col) || grid.HasList(col));
     return cell;
 }
@@ -100,6 +101,7 @@ std::string NameAndText(const Spoken& spoken) {
 std::string StateAndPlace(const Spoken& spoken) {
     if (spoken.row < 0) return {};
     std::string words = spoken.locked ? "锁定，" : "";
+    if (spoken.wrong) words += "有错，";
     words += "第 " + std::to_string(spoken.row) + " 行";
     if (spoken.column > 0) words += "，第 " + std::to_string(spoken.column) + " 列";
     return words;

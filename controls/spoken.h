@@ -40,6 +40,7 @@ struct Spoken {
     bool shown = true;
     bool enabled = true;
     bool locked = false;   // a cell that nothing can be typed into
+    bool wrong = false;    // a cell that is marked as wrong
     bool hasList = false;  // a cell that offers a list to choose from
 };
 

@@ -8,7 +8,9 @@ namespace kelvane::ui {
 bool IsCopiedTable(const std::string& text) {
     if (text.find('\t') != std::string::npos) return true;
     const std::size_t end = text.find('\n');
-    if (end == std::string::npos || end + 1 == text.size()) return false;
+    if (end == std::string::npos || text.find_first_not_of("\r\n", end) == std::string::npos) {
+        return false;
+    }
     if (!text.starts_with('"')) return true;
     // One cell with a line break in it is copied in quotation marks.
     int rows = 0;

@@ -66,6 +66,13 @@ void frmImport::Write() {
     std::erase_if(result.notes, [this](const std::string& note) {
         return std::ranges::find(mFormer, note) != mFormer.end();
     });
+    const auto again = std::ranges::find(result.plan.findings, entries::Rule::FileAgain,
+                                         [](const auto& each) { return each.finding.rule; });
+    if (again != result.plan.findings.end()) {
+        // Meanwhile, or a try whose answer was lost.
+        if (MayImportAgain()) Write();
+        return;
+    }
     if (result.HasFindings()) return TellRefusals(result);
     mAnswer = ImportAnswer{.created = result.plan.Count(RowFate::New),
                            .changed = result.plan.Count(RowFate::Changed),
@@ -115,6 +122,19 @@ void frmImport::PasteRows() {
             if (EntryOf(row) == first) GridRows.MoveTo(row, entries::kDateColumn);
         }
     });
+}
+
+void frmImport::AddLine() {
+    if (!FinishEdits()) return;
+    const std::size_t entry = CurrentEntry();
+    const int row = GridRows.Row();
+    mSheet.AddLine(entry);
+    mIsChanged = true;
+    Refill();
+    GridRows.MoveTo(row, GridRows.Col());
+    CheckAll();
+    GridLines.MoveTo(GridLines.Rows() - 1, entries::kLineCodeColumn);
+    if (ActiveControl() != &GridLines) GridLines.SetFocus();
 }
 
 void frmImport::RemoveRow() {

@@ -189,6 +189,27 @@ bool ImportSheet::SetLineText(std::size_t entry, std::size_t line, int column,
     return true;
 }
 
+void ImportSheet::AddLine(std::size_t entry) {
+    BulkEntry& of = mFile.entries.at(entry);
+    const auto isTaken = [this](const std::string& number) {
+        return std::ranges::find(mFile.entries, number, &BulkEntry::rowNumber) !=
+               mFile.entries.end();
+    };
+    for (int number = of.row; of.rowNumber.empty(); ++number) {
+        std::string label = std::to_string(number);
+        if (!isTaken(label)) of.rowNumber = std::move(label);
+    }
+    BulkLine line;
+    const auto lastOf = [&line](const std::vector<BulkLine>& lines) {
+        for (const BulkLine& each : lines) line.row = std::max(line.row, each.row);
+    };
+    lastOf(mFile.strayLines);
+    for (const BulkEntry& each : mFile.entries) lastOf(each.lines);
+    ++line.row;
+    line.rowNumber = of.rowNumber;
+    of.lines.push_back(std::move(line));
+}
+
 void ImportSheet::RemoveEntry(std::size_t entry) {
     for (; !mFile.entries.at(entry).lines.empty();) RemoveLine(entry, 0);
     const int row = mFile.entries[entry].row;

@@ -40,6 +40,8 @@ public:
     // to another entry.
     bool SetEntryText(std::size_t entry, int column, std::string_view text);
     bool SetLineText(std::size_t entry, std::size_t line, int column, std::string_view text);
+    // A blank line of the entry, which gets a row number when it has none.
+    void AddLine(std::size_t entry);
     void RemoveEntry(std::size_t entry);  // its lines as well
     void RemoveLine(std::size_t entry, std::size_t line);
 

@@ -108,6 +108,13 @@ void frmImport::AddActions() {
                               IsCopiedTable(data::gServices->windows->ClipboardText());
                    },
                .run = [this] { PasteRows(); }});
+    AddAction(
+        {.stroke = {KeyOfCharacter(U'I'), kCtrl},
+         .caption = "增加一行明细",
+         .inMenu = true,
+         .possible =
+             [this, notEditing] { return notEditing() && CurrentEntry() != ImportSheet::kNoEntry; },
+         .run = [this] { AddLine(); }});
     AddAction({.stroke = {KeyOfCharacter(U'D'), kCtrl},
                .caption = "不导入此行",
                .inMenu = true,

@@ -48,6 +48,8 @@ public:
     void AssignColumns();
     void PasteRows();
     void RemoveRow();
+    // A new line of the current entry.
+    void AddLine();
     // To the next cell in which something is wrong, or with -1 to the one before.
     void GoToError(int step);
 

@@ -57,6 +57,19 @@ TEST(ComboBoxTest, SelectingAnItemPutsItIntoTheText) {
     EXPECT_TRUE(box.Items().empty());
 }
 
+TEST(ComboBoxTest, AChangedTextIsToldOnce) {
+    Form form("Form");
+    ComboBox box(form, "Box");
+    box.AddItem("one");
+    std::vector<std::string> told;
+    box.Change = [&] { told.push_back(box.Text()); };
+    box.SetListIndex(0);
+    box.SetText("one");
+    box.SetText("x");
+    box.Clear();
+    EXPECT_THAT(told, ElementsAre("one", "x", ""));
+}
+
 TEST(ComboBoxTest, OpeningRaisesDropDownWhenTheOperatorCanOpenIt) {
     Form form("Form");
     ComboBox box(form, "Box");

@@ -39,6 +39,12 @@ TEST_F(SpokenGridTest, ALockedCellSaysSoAndOffersNoList) {
     EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 4)), "锁定，第 2 行，第 4 列");
 }
 
+TEST_F(SpokenGridTest, ACellThatIsMarkedAsWrongSaysSo) {
+    grid.MarkFault(2, 3, true);
+    EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 3)), "有错，第 2 行，第 3 列");
+    EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 4)), "第 2 行，第 4 列");
+}
+
 TEST_F(SpokenGridTest, TitlesAreNoCells) {
     EXPECT_EQ(SpokenOf(grid, 0, 3).role, SpokenRole::ColumnTitle);
     EXPECT_EQ(NameAndText(SpokenOf(grid, 0, 3)), "项目");

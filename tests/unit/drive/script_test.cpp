@@ -36,6 +36,7 @@ TEST(Script, EveryCommandIsKnownByItsName) {
         {"drop", Verb::Drop},
         {"pick 1", Verb::Pick},
         {"answer yes", Verb::Answer},
+        {"clipboard a", Verb::Clipboard},
         {"file /x", Verb::File},
         {"click Add", Verb::Click},
         {"press cmdRef", Verb::Press},

@@ -56,6 +56,16 @@ std::string DigitsIn(const TableReader& reader, std::size_t sheet, int row, cons
 
 }  // namespace
 
+std::string OriginOf(TableReader& workbook) {
+    const auto properties = workbook.Properties();
+    const auto layout = properties.find(std::string(kLayoutProperty));
+    if (layout != properties.end() && layout->second != kLayoutVersion) {
+        throw TableRefused("该工作簿的版式（" + layout->second + "）是较新版本的程序写成的");
+    }
+    const auto account = properties.find(std::string(kAccountProperty));
+    return account == properties.end() ? std::string() : account->second;
+}
+
 std::optional<BulkTable> ReadLineSheet(TableReader& workbook, std::size_t entriesSheet,
                                        const TableReading& how) {
     if (!workbook.HasTypedCells() || workbook.Sheets().size() == 1) return std::nullopt;

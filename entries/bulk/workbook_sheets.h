@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "entries/bulk/table_reading.h"
@@ -12,6 +14,16 @@
 #include "platform/table.h"
 
 namespace kelvane::entries {
+
+// What a workbook of stored entries notes of itself: which account it is of, and the version of its
+// layout.
+inline constexpr std::string_view kAccountProperty = "kelvane.account";
+inline constexpr std::string_view kLayoutProperty = "kelvane.layout";
+inline constexpr std::string_view kLayoutVersion = "1";
+
+// The account that an editable workbook was written from; empty for any other table. Throws
+// platform::TableRefused for a layout of a later program, which may mean something else.
+std::string OriginOf(platform::TableReader& workbook);
 
 // Control totals; empty where nothing is said.
 struct TableTotals {

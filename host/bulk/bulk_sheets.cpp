@@ -4,10 +4,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "data/login_context.h"
-#include "entries/trap_watch.h"
-#include "platform/statement_text.h"
-
 namespace kelvane::host {
 
 using entries::CellUse;
@@ -55,7 +51,7 @@ bool IsHidden(const TableShape& shape, int column) {
 }
 
 template <typename Offer>
-TableFileSheet SheetOf(const TableShape& shape, const AccountTitles& titles, int last,
+TableFileSheet SheetOf(const TableShape& shape, const entries::AccountTitles& titles, int last,
                        const Offer& offer) {
     TableFileSheet sheet;
     sheet.name = shape.sheet;
@@ -67,31 +63,9 @@ TableFileSheet SheetOf(const TableShape& shape, const AccountTitles& titles, int
     return sheet;
 }
 
-// The type codes of the item class's fields that are numbers.
-bool IsNumber(std::int16_t type) {
-    return type == 1 || type == 2;
-}
-
 }  // namespace
 
-AccountTitles TitlesOfAccount() {
-    // What the loading traps would leave titles out.
-    const entries::TrapWatch trapped;
-    data::LoadItemKeyFields();
-    trapped.Rethrow();
-    AccountTitles titles;
-    const int keywords = data::gItemKeyCount;
-    if (keywords == 1 || keywords == 2)
-        titles.keywords.push_back({data::gItemKeyField1, IsNumber(data::gItemKeyType1)});
-    if (keywords == 2)
-        titles.keywords.push_back({data::gItemKeyField2, IsNumber(data::gItemKeyType2)});
-    const auto caption = data::gEnv->DataAccess().Query(platform::StatementText(
-        "select ctext from fitemstructure where cfield_name='citemname' and citem_class='97'"));
-    if (!caption->EndOfFile()) titles.itemName = caption->Field(0).ToText();
-    return titles;
-}
-
-std::string TitleOf(const TableColumn& column, const AccountTitles& titles) {
+std::string TitleOf(const TableColumn& column, const entries::AccountTitles& titles) {
     const bool named = column.column == entries::kItemNameColumn && column.titles.size() > 1;
     return named ? titles.itemName : column.titles.front();
 }
@@ -113,14 +87,15 @@ std::vector<TableColumn> WrittenColumns(const TableShape& shape, int last) {
     return columns;
 }
 
-TableFileSheet EntrySheet(const AccountTitles& titles, const AccountChoices& choices, int last) {
+TableFileSheet EntrySheet(const entries::AccountTitles& titles,
+                          const entries::AccountChoices& choices, int last) {
     return SheetOf(entries::EntryTableShape(titles.itemName, titles.keywords, true), titles, last,
-                   [&](int column) { return ForEntryColumn(choices, column); });
+                   [&](int column) { return entries::ForEntryColumn(choices, column); });
 }
 
-TableFileSheet LineSheet(const AccountChoices& choices) {
+TableFileSheet LineSheet(const entries::AccountChoices& choices) {
     return SheetOf(entries::LineTableShape(), {}, entries::kLineAmountColumn,
-                   [&](int column) { return ForLineColumn(choices, column); });
+                   [&](int column) { return entries::ForLineColumn(choices, column); });
 }
 
 }  // namespace kelvane::host

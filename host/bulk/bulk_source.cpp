@@ -14,12 +14,11 @@ using entries::BulkTableKind;
 using entries::PlacedFinding;
 using entries::TableReading;
 using platform::TableReader;
-using platform::TableRefused;
 
-BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
+BulkSource::BulkSource(const BulkFiles& files, const entries::AccountTitles& titles,
                        const BulkProposals& proposals)
     : mEntriesReader(tables::OpenTable(files.entries, files.encoding)) {
-    ReadOrigin();
+    mOrigin = entries::OriginOf(*mEntriesReader);
     // Whether rows need a number depends on the lines, but which sheet has the entries does not.
     const auto shape = [&](bool withLines) {
         return entries::EntryTableShape(titles.itemName, titles.keywords, withLines);
@@ -30,17 +29,6 @@ BulkSource::BulkSource(const BulkFiles& files, const AccountTitles& titles,
     mEntries = entries::ReadBulkTable(*mEntriesReader, mEntryShape,
                                       {files.sheet, files.hidden, proposals.entries});
     mTotals = entries::ReadTotals(*mEntriesReader, mEntries.sheet);
-}
-
-// A layout that a later program made may mean something else.
-void BulkSource::ReadOrigin() {
-    const auto properties = mEntriesReader->Properties();
-    const auto layout = properties.find(std::string(kLayoutProperty));
-    if (layout != properties.end() && layout->second != kLayoutVersion) {
-        throw TableRefused("该工作簿的版式（" + layout->second + "）是较新版本的程序写成的");
-    }
-    const auto account = properties.find(std::string(kAccountProperty));
-    if (account != properties.end()) mOrigin = account->second;
 }
 
 // Lines of a workbook stand in a sheet of their own, beside the entries'.

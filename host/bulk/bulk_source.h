@@ -43,7 +43,8 @@ struct PlacedFindings {
 class BulkSource {
 public:
     // Reads everything. Throws platform::TableRefused.
-    BulkSource(const BulkFiles& files, const AccountTitles& titles, const BulkProposals& proposals);
+    BulkSource(const BulkFiles& files, const entries::AccountTitles& titles,
+               const BulkProposals& proposals);
 
     const entries::BulkTable& Entries() const { return mEntries; }
     const entries::TableShape& EntryShape() const { return mEntryShape; }
@@ -70,7 +71,6 @@ public:
 private:
     void ReadLines(const BulkFiles& files, std::size_t entriesSheet,
                    const entries::CodeProposal& propose);
-    void ReadOrigin();
 
     entries::TableShape mEntryShape;
     entries::TableShape mLineShape = entries::LineTableShape();

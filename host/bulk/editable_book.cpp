@@ -8,6 +8,7 @@
 #include "data/date_text.h"
 #include "data/login_context.h"
 #include "entries/bulk/table_shape.h"
+#include "entries/bulk/workbook_sheets.h"
 #include "entries/entry_record.h"
 #include "platform/decimal.h"
 #include "platform/statement_text.h"
@@ -73,7 +74,7 @@ private:
 
 class Making {
 public:
-    explicit Making(const AccountTitles& titles)
+    explicit Making(const entries::AccountTitles& titles)
         : mPlaces(entries::EntryTableShape(titles.itemName, titles.keywords, true),
                   entries::kCheckColumn),
           mKeywords(titles.keywords.size()) {
@@ -162,8 +163,8 @@ void Making::Add(const EntryRecord& record, TableFileSheet& entries, TableFileSh
 
 }  // namespace
 
-EditableBook MakeEditableBook(const AccountTitles& titles, const AccountChoices& choices,
-                              const std::string& account) {
+EditableBook MakeEditableBook(const entries::AccountTitles& titles,
+                              const entries::AccountChoices& choices, const std::string& account) {
     EditableBook book;
     TableFileSheet entries = EntrySheet(titles, choices, entries::kCheckColumn);
     TableFileSheet lines = LineSheet(choices);
@@ -183,8 +184,9 @@ EditableBook MakeEditableBook(const AccountTitles& titles, const AccountChoices&
     std::ranges::sort(book.leftOut);
     book.file.sheets.push_back(std::move(entries));
     book.file.sheets.push_back(std::move(lines));
-    book.file.properties = {{std::string(kAccountProperty), account},
-                            {std::string(kLayoutProperty), std::string(kLayoutVersion)}};
+    book.file.properties = {
+        {std::string(entries::kAccountProperty), account},
+        {std::string(entries::kLayoutProperty), std::string(entries::kLayoutVersion)}};
     return book;
 }
 

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "host/bulk/account_choices.h"
 #include "host/bulk/bulk_sheets.h"
 #include "platform/table_file.h"
 
@@ -21,7 +20,7 @@ struct EditableBook {
 
 // Of the account that is logged in to, which is called `account`: all entries as they are stored,
 // by item and identity, with their lines. Over gConn and gEnv; throws platform::DatabaseError.
-EditableBook MakeEditableBook(const AccountTitles& titles, const AccountChoices& choices,
-                              const std::string& account);
+EditableBook MakeEditableBook(const entries::AccountTitles& titles,
+                              const entries::AccountChoices& choices, const std::string& account);
 
 }  // namespace kelvane::host

@@ -8,6 +8,7 @@
 
 #include "adapters/output/formats/table_file.h"
 #include "data/text_conversion.h"
+#include "entries/bulk/workbook_sheets.h"
 #include "host/bulk/bulk_sheets.h"
 #include "platform/decimal.h"
 #include "platform/native_path.h"
@@ -165,7 +166,7 @@ std::map<std::string, std::string> OwnProperties(platform::TableReader& reader) 
     constexpr std::size_t kLongest = 255;
     std::map<std::string, std::string> own;
     const auto all = reader.Properties();
-    for (const std::string_view name : {kAccountProperty, kLayoutProperty}) {
+    for (const std::string_view name : {entries::kAccountProperty, entries::kLayoutProperty}) {
         const auto found = all.find(std::string(name));
         if (found != all.end() && found->second.size() <= kLongest) own.insert(*found);
     }

@@ -31,7 +31,8 @@ int RunEditableExport(const ExportArguments& arguments) {
         AbsentWindows windows;
         Session session(account, windows, nullptr);
         session.LogIn(arguments.login, {});
-        book = MakeEditableBook(TitlesOfAccount(), ChoicesOfAccount(), account.ShortName());
+        book = MakeEditableBook(entries::TitlesOfAccount(), entries::ChoicesOfAccount(),
+                                account.ShortName());
         output::WriteTableFile(arguments.file, book.file);
     } catch (const std::exception& failed) {
         return Fail(account.AboutAccount(failed.what()));

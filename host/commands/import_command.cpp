@@ -13,10 +13,11 @@
 #include "adapters/journal/folder_journal.h"
 #include "data/login_context.h"
 #include "entries/account_master_data.h"
+#include "entries/bulk/account_choices.h"
+#include "entries/bulk/account_titles.h"
 #include "entries/bulk/import.h"
 #include "entries/failure_reason.h"
 #include "host/account/session.h"
-#include "host/bulk/account_choices.h"
 #include "host/bulk/bulk_source.h"
 #include "host/bulk/rejects.h"
 #include "host/bulk/report.h"
@@ -32,27 +33,6 @@ namespace kelvane::host {
 using entries::PlacedFinding;
 
 namespace {
-
-// The account is asked for its codes when the first number stands in place of one.
-class Proposals {
-public:
-    BulkProposals Make() {
-        return {[this](int column, std::string_view number) {
-                    return entries::OnlyCodeOf(number, ForEntryColumn(Choices(), column));
-                },
-                [this](int column, std::string_view number) {
-                    return entries::OnlyCodeOf(number, ForLineColumn(Choices(), column));
-                }};
-    }
-
-private:
-    const AccountChoices& Choices() {
-        if (!mChoices) mChoices = ChoicesOfAccount();
-        return *mChoices;
-    }
-
-    std::optional<AccountChoices> mChoices;
-};
 
 void WriteText(const ImportReport& report) {
     for (const PlacedFinding& each : report.findings) WriteFinding(each.place, each.finding);
@@ -135,8 +115,9 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
     Session session(account, windows, nullptr);
     session.LogIn(arguments.login, {});
     LoadContext();
-    Proposals proposals;
-    BulkSource source(arguments.files, TitlesOfAccount(), proposals.Make());
+    entries::AccountProposals proposals;
+    BulkSource source(arguments.files, entries::TitlesOfAccount(),
+                      {proposals.ForEntries(), proposals.ForLines()});
     const entries::BulkEntries file = entries::JoinTables(source.Entries(), source.Lines());
 
     journal::FolderJournal journal(arguments.batches);

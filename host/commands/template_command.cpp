@@ -29,11 +29,11 @@ TableFileSheet TotalSheet() {
 
 // A text has room for the entries alone, whose lines then come in a text of their own.
 TableFile Template(output::TableFormat format) {
-    const AccountTitles titles = TitlesOfAccount();
+    const entries::AccountTitles titles = entries::TitlesOfAccount();
     if (format == output::TableFormat::Text) {
         return {{EntrySheet(titles, {}, entries::kRowNumberColumn)}, {}};
     }
-    const AccountChoices choices = ChoicesOfAccount();
+    const entries::AccountChoices choices = entries::ChoicesOfAccount();
     return {
         {EntrySheet(titles, choices, entries::kRowNumberColumn), LineSheet(choices), TotalSheet()},
         {}};

@@ -110,7 +110,7 @@ void frmImport::PasteRows() {
     RunTold([this] {
         const auto reader =
             data::gServices->tableImport->OpenCopied(data::gServices->windows->ClipboardText());
-        const auto tables = ImportReading(*reader, Titles(), true).Read(false);
+        const auto tables = ImportReading(*reader, entries::TitlesOfAccount(), true).Read(false);
         if (!tables || tables->table.rows.empty()) return;
         const std::size_t first = mSheet.Entries().size();
         mSheet.Append(tables->table);

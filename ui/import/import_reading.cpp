@@ -1,6 +1,7 @@
 #include "ui/import/import_reading.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "data/login_context.h"
@@ -69,19 +70,28 @@ std::optional<ImportTables> ImportReading::Read(bool byHand) {
 
 std::optional<ImportTables> ImportReading::ReadAll(bool byHand, HiddenRows hidden) {
     ImportTables tables;
-    const TableReading how{.hidden = hidden};
-    tables.lines = entries::ReadLineSheet(mReader, how);
+    const TableReading how{.hidden = hidden, .propose = mProposals.ForEntries()};
+    TableReading howLines = how;
+    howLines.propose = mProposals.ForLines();
+    // Whether rows need a number depends on the lines, but which sheet has the entries does not.
+    const auto shapeOf = [this](bool withLines) {
+        return entries::EntryTableShape(mTitles.itemName, mTitles.keywords, withLines);
+    };
+    tables.lines = entries::ReadLineSheet(
+        mReader, entries::ChooseSheet(mReader, shapeOf(false), {}), howLines);
     if (tables.lines) {
         const TableShape shape = entries::LineTableShape();
-        tables.lines = ReadTable(shape, how, *std::move(tables.lines), false);
+        tables.lines = ReadTable(shape, howLines, *std::move(tables.lines), false);
         if (!tables.lines) return std::nullopt;
     }
-    const bool hasLines = tables.lines && entries::HasContent(*tables.lines);
-    const TableShape shape = entries::EntryTableShape(mTitles.itemName, mTitles.keywords, hasLines);
+    const bool hasLines =
+        tables.lines && (entries::HasContent(*tables.lines) || !tables.lines->rows.empty());
+    const TableShape shape = shapeOf(hasLines);
     auto table = ReadTable(shape, how, entries::ReadBulkTable(mReader, shape, how), byHand);
     if (!table) return std::nullopt;
     tables.table = *std::move(table);
     tables.totals = entries::ReadTotals(mReader, tables.table.sheet);
+    std::ranges::move(tables.totals.notes, std::back_inserter(tables.table.notes));
     return tables;
 }
 

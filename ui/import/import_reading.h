@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "entries/bulk/account_choices.h"
+#include "entries/bulk/account_titles.h"
 #include "entries/bulk/table_reading.h"
 #include "entries/bulk/table_shape.h"
 #include "entries/bulk/workbook_sheets.h"
@@ -19,16 +21,10 @@ struct ImportTables {
     entries::TableTotals totals;
 };
 
-// How the windows call an item's name, and the keyword fields of the item class.
-struct ImportTitles {
-    std::string itemName;
-    std::vector<std::string> keywords;
-};
-
 class ImportReading {
 public:
     // `isCopied`: without titles its columns are those of the list, in their order.
-    ImportReading(platform::TableReader& reader, ImportTitles titles, bool isCopied)
+    ImportReading(platform::TableReader& reader, entries::AccountTitles titles, bool isCopied)
         : mReader(reader), mTitles(std::move(titles)), mIsCopied(isCopied) {}
 
     // `byHand`: which column is which is asked though the titles say it. Nothing when the operator
@@ -46,7 +42,8 @@ private:
     std::vector<platform::TableRow> FirstRows(std::size_t sheet);
 
     platform::TableReader& mReader;
-    ImportTitles mTitles;
+    entries::AccountTitles mTitles;
+    entries::AccountProposals mProposals;
     bool mIsCopied;
     // Answers that are not asked for twice.
     std::optional<entries::GivenColumns> mColumns;

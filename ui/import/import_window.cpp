@@ -166,7 +166,8 @@ bool frmImport::Read(const ImportRequest& request) {
         if (!MayImportAgain()) return;
         LayOutRows();
         LayOutLines();
-        mReading.emplace(*mReader, Titles(), request.file.empty());
+        entries::OriginOf(*mReader);
+        mReading.emplace(*mReader, entries::TitlesOfAccount(), request.file.empty());
         read = TakeTables(false);
     });
     return read;
@@ -192,13 +193,6 @@ bool frmImport::MayImportAgain() {
     return mFormer.empty() ||
            data::AskQuestion(mFormer.back() + "。要再导入一次吗？", data::kModuleCaption,
                              platform::MessageIcon::Question, platform::MessageAnswer::No);
-}
-
-ImportTitles frmImport::Titles() const {
-    ImportTitles titles{GridRows.Text(0, entries::kItemNameColumn), {}};
-    if (data::gItemKeyCount >= 1) titles.keywords.push_back(data::gItemKeyField1);
-    if (data::gItemKeyCount == 2) titles.keywords.push_back(data::gItemKeyField2);
-    return titles;
 }
 
 bool frmImport::TakeTables(bool byHand) {

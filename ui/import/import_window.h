@@ -76,7 +76,6 @@ private:
     bool MayImportAgain();
     bool TakeTables(bool byHand);
     static void RunTold(const std::function<void()>& work);
-    ImportTitles Titles() const;
     void AddActions();
 
     // The grids (import_grids.cpp).

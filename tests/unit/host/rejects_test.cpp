@@ -4,6 +4,7 @@
 #include "adapters/output/formats/table_file.h"
 #include "adapters/tables/cell_reference.h"
 #include "adapters/tables/open_table.h"
+#include "entries/bulk/workbook_sheets.h"
 #include "host/bulk/bulk_sheets.h"
 #include "host/bulk/rejects.h"
 #include "tests/unit/host/temporary_folder.h"
@@ -136,7 +137,7 @@ TEST_F(RejectsTest, OfAWorkbookKeepEachCellAsItWas) {
                           TextCell(10, "无题")});
     TableFile file{{sheet, host::LineSheet({})}, {}};
     file.sheets[1].rows.push_back({NumberCell(1, "1"), TextCell(2, "E1"), NumberCell(6, "0.5")});
-    file.properties = {{std::string(host::kAccountProperty), "a"}, {"别人的", "b"}};
+    file.properties = {{std::string(entries::kAccountProperty), "a"}, {"别人的", "b"}};
     output::WriteTableFile(PathOf("in.xlsx"), file);
     Imported entries(PathOf("in.xlsx"), EntryShape(), {{2, {"一"}}, {3, {"二", "三"}}});
     Imported lines(PathOf("in.xlsx"), entries::LineTableShape(), {});

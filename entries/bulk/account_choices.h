@@ -2,10 +2,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
-namespace kelvane::host {
+#include "entries/bulk/cell_text.h"
+
+namespace kelvane::entries {
 
 // Each in its order, without blank ones and none twice.
 struct AccountChoices {
@@ -19,9 +22,23 @@ struct AccountChoices {
 // Of the account that is logged in to, for its operator. Over gEnv; throws platform::DatabaseError.
 AccountChoices ChoicesOfAccount();
 
-// What of them is offered in a column of entries (an entries::EntryTableColumn) and of lines
+// What of them is offered in a column of entries (an EntryTableColumn) and of lines
 // (LineTableColumn); nothing in most.
 std::vector<std::string> ForEntryColumn(const AccountChoices& choices, int column);
 std::vector<std::string> ForLineColumn(const AccountChoices& choices, int column);
 
-}  // namespace kelvane::host
+// Which of the account's codes a number may have been. The account is asked when the first number
+// stands in place of one.
+class AccountProposals {
+public:
+    // What these return does not outlive the object.
+    CodeProposal ForEntries();
+    CodeProposal ForLines();
+
+private:
+    const AccountChoices& Choices();
+
+    std::optional<AccountChoices> mChoices;
+};
+
+}  // namespace kelvane::entries

@@ -1,4 +1,4 @@
-#include "host/bulk/account_choices.h"
+#include "entries/bulk/account_choices.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 #include "entries/bulk/table_shape.h"
 #include "platform/statement_text.h"
 
-namespace kelvane::host {
+namespace kelvane::entries {
 
 using platform::StatementText;
 
@@ -67,17 +67,17 @@ AccountChoices ChoicesOfAccount() {
 
 Names ForEntryColumn(const AccountChoices& choices, int column) {
     switch (column) {
-        case entries::kCenterColumn:
+        case kCenterColumn:
             return choices.centers;
-        case entries::kItemColumn:
+        case kItemColumn:
             return choices.items;
-        case entries::kKey1Column:
+        case kKey1Column:
             return choices.keywords[0];
-        case entries::kKey2Column:
+        case kKey2Column:
             return choices.keywords[1];
-        case entries::kElementColumn:
+        case kElementColumn:
             return choices.elements;
-        case entries::kOperationColumn:
+        case kOperationColumn:
             return {"删除"};
         default:
             return {};
@@ -85,7 +85,24 @@ Names ForEntryColumn(const AccountChoices& choices, int column) {
 }
 
 Names ForLineColumn(const AccountChoices& choices, int column) {
-    return column == entries::kLineCodeColumn ? choices.lines : Names();
+    return column == kLineCodeColumn ? choices.lines : Names();
 }
 
-}  // namespace kelvane::host
+const AccountChoices& AccountProposals::Choices() {
+    if (!mChoices) mChoices = ChoicesOfAccount();
+    return *mChoices;
+}
+
+CodeProposal AccountProposals::ForEntries() {
+    return [this](int column, std::string_view number) {
+        return OnlyCodeOf(number, ForEntryColumn(Choices(), column));
+    };
+}
+
+CodeProposal AccountProposals::ForLines() {
+    return [this](int column, std::string_view number) {
+        return OnlyCodeOf(number, ForLineColumn(Choices(), column));
+    };
+}
+
+}  // namespace kelvane::entries

@@ -11,7 +11,7 @@ namespace {
 
 std::string ToldOf(const ImportAnswer& answer) {
     if (!answer.batch) return "没有需要导入的内容。";
-    std::string text = "已导入 " + std::to_string(answer.created) + " 行期初";
+    std::string text = "已导入期初：新增 " + std::to_string(answer.created) + " 行";
     if (answer.changed > 0) text += "，修改 " + std::to_string(answer.changed) + " 行";
     if (answer.deleted > 0) text += "，删除 " + std::to_string(answer.deleted) + " 行";
     text += "（批次 " + std::to_string(*answer.batch) + "）。";

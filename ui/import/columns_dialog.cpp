@@ -64,6 +64,7 @@ frmImportColumns::frmImportColumns(const std::string& what, const std::vector<Ta
     GridColumns.SetRows(1);
     GridColumns.SetCols(kColumnCount);
     GridColumns.SetFixedCols(1);
+    GridColumns.SetFixedColor(data::gColorPink);
     GridColumns.SetLockedColor(data::gColorLocked);
     GridColumns.SetText(0, kOursColumn, "期初的列");
     GridColumns.SetText(0, kPlaceColumn, "表中的列");

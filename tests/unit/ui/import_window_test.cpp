@@ -89,7 +89,7 @@ TEST_F(ImportWindowTest, OnlyWhatIsMoreThanOneCellIsPasted) {
 TEST_F(ImportWindowTest, TheNoticeSaysWhatWasDoneAndTheListHasIt) {
     Open();
     Import([](frmImport& window) { window.cmdImport.Press(); });
-    EXPECT_EQ(Form().Notice(), "已导入 1 行期初（批次 1）。");
+    EXPECT_EQ(Form().Notice(), "已导入期初：新增 1 行（批次 1）。");
     EXPECT_EQ(List().RowData(List().Row()), 4);
     EXPECT_THAT(Messages(), IsEmpty());
     const platform::BatchIntent& intent = tables.journal.batches.at(0).intent;

@@ -150,8 +150,8 @@ ImportPlan Undoing::Plan() {
     const BulkEntries rows = RowsOf(used);
     ImportPlan plan = PlanImport(rows, mMasterData, false, mRequest.progress);
     KeepChangedRows(rows, plan);
-    KeepUsedIdentities(used, plan);
     RefuseFoundRows(rows, plan);
+    KeepUsedIdentities(used, plan);
     if (!plan.WritesAny() && plan.findings.empty()) RefuseKeptRows(plan);
     TakeRecords(plan);
     return plan;

@@ -39,7 +39,7 @@ Spoken SpokenOf(const Label& label) {
 
 Spoken SpokenOf(Grid& grid) {
     return {.role = SpokenRole::Table,
-            .name = grid.Owner().Caption(),
+            .name = grid.SpokenName().empty() ? grid.Owner().Caption() : grid.SpokenName(),
             .shown = grid.Visible(),
             .enabled = grid.Enabled(),
             .locked = grid.ReadOnly()};

@@ -65,6 +65,7 @@ frmImport::frmImport()
     NameErrorsButton();
     cmdColumns.SetCaption("对应列…");
     lblLines.SetCaption("当前行的明细");
+    GridLines.SetSpokenName(lblLines.Caption());
     cmdImport.SetCaption("录入");
     cmdImport.SetStroke({Key::Enter, kCtrl});
     cmdCancel.SetCaption("取消");
@@ -98,6 +99,10 @@ void frmImport::AddActions() {
                .inMenu = true,
                .possible = notEditing,
                .run = [this] { cmdErrors.Press(); }});
+    AddAction({.caption = cmdColumns.Caption(),
+               .inMenu = true,
+               .possible = notEditing,
+               .run = [this] { AssignColumns(); }});
     AddAction({.stroke = {KeyOfCharacter(U'V'), kCtrl},
                .caption = "粘贴为新行",
                .inMenu = true,

@@ -45,6 +45,13 @@ TEST_F(SpokenGridTest, ACellThatIsMarkedAsWrongSaysSo) {
     EXPECT_EQ(StateAndPlace(SpokenOf(grid, 2, 4)), "第 2 行，第 4 列");
 }
 
+TEST_F(SpokenGridTest, AGridIsCalledAsItsWindowUnlessItHasANameOfItsOwn) {
+    form.SetCaption("期初");
+    EXPECT_EQ(SpokenOf(grid).name, "期初");
+    grid.SetSpokenName("明细");
+    EXPECT_EQ(SpokenOf(grid).name, "明细");
+}
+
 TEST_F(SpokenGridTest, TitlesAreNoCells) {
     EXPECT_EQ(SpokenOf(grid, 0, 3).role, SpokenRole::ColumnTitle);
     EXPECT_EQ(NameAndText(SpokenOf(grid, 0, 3)), "项目");

@@ -103,6 +103,17 @@ TEST_F(FailureNoticeTest, ASuccessfulSaveEndsItInAnyCase) {
     }
 }
 
+TEST_F(FailureNoticeTest, WhatWasDoneIsToldUntilTheNextThing) {
+    const int before = notice.Failures();
+    notice.Tell("已导入");
+    EXPECT_EQ(line, "已导入");
+    EXPECT_EQ(notice.Failures(), before);
+    notice.Succeeded(Work::Export);
+    EXPECT_EQ(line, "已导入");
+    notice.Succeeded(Work::Save);
+    EXPECT_EQ(line, "");
+}
+
 TEST_F(FailureNoticeTest, ASuccessWithoutAFailureShowsNothing) {
     line = "unchanged";
     notice.Succeeded(Work::Save);

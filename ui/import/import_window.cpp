@@ -99,10 +99,10 @@ void frmImport::AddActions() {
                .inMenu = true,
                .possible = notEditing,
                .run = [this] { cmdErrors.Press(); }});
-    AddAction({.caption = cmdColumns.Caption(),
-               .inMenu = true,
-               .possible = notEditing,
-               .run = [this] { AssignColumns(); }});
+    AddAction(
+        {.caption = cmdColumns.Caption(), .inMenu = true, .possible = notEditing, .run = [this] {
+             AssignColumns();
+         }});
     AddAction({.stroke = {KeyOfCharacter(U'V'), kCtrl},
                .caption = "粘贴为新行",
                .inMenu = true,

@@ -55,4 +55,8 @@ std::string NumFormatText(const platform::Value& value, std::int16_t kind, bool 
     return text;
 }
 
+std::string DisplayOfMoney(platform::Money amount) {
+    return NumFormatText(platform::Value(amount), kMoneyKind, true);
+}
+
 }  // namespace kelvane::data

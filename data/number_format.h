@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/decimal.h"
+#include "platform/money.h"
 #include "platform/value.h"
 
 namespace kelvane::data {
@@ -24,5 +25,8 @@ std::string FormatDecimal(const platform::Decimal& number, int places, bool thou
 // A number or a numeric text in the format of its kind. Null and texts of nothing but blanks give
 // empty text, any other value comes back as its text.
 std::string NumFormatText(const platform::Value& value, std::int16_t kind, bool thousands);
+
+// An amount as the windows show it, with grouping commas.
+std::string DisplayOfMoney(platform::Money amount);
 
 }  // namespace kelvane::data

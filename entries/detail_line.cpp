@@ -28,7 +28,7 @@ std::string LineNumberText(const std::string& typed, std::int16_t kind) {
 }
 
 std::string LineAmountText(const std::string& price, const std::string& quantity) {
-    return data::NumFormatText(Value(AmountOf(price, quantity)), data::kMoneyKind, true);
+    return data::DisplayOfMoney(AmountOf(price, quantity));
 }
 
 Money TotalOf(std::span<const DetailLine> lines) {

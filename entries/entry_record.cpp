@@ -82,13 +82,18 @@ std::array<std::string, 4> PartsOf(const DetailLine& line) {
 
 }  // namespace
 
-EntryRecords ReadEntryRecords() {
+std::map<std::string, std::string> ReadElementNames() {
     std::map<std::string, std::string> names;
     const auto elements =
         gConn->OpenRecordSet(StatementText("select cElementCode,cElementName from PM_ItemElement"));
     for (; !elements->EndOfFile(); elements->MoveNext()) {
         names.emplace(elements->Field(0).ToText(), elements->Field(1).ToText());
     }
+    return names;
+}
+
+EntryRecords ReadEntryRecords() {
+    const auto names = ReadElementNames();
     EntryRecords records;
     const auto entries = gConn->OpenRecordSet(StatementText("select * from PM_ItemQC"));
     for (; !entries->EndOfFile(); entries->MoveNext()) {

@@ -19,6 +19,9 @@ struct EntryRecord {
     std::vector<DetailLine> lines;
 };
 
+// The names of the account's elements by their codes, over gConn. Errors are thrown.
+std::map<std::string, std::string> ReadElementNames();
+
 using EntryRecords = std::map<std::int32_t, EntryRecord>;
 
 // All entries of the account by their identities, over gConn. Errors are thrown.

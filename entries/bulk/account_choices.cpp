@@ -78,7 +78,7 @@ Names ForEntryColumn(const AccountChoices& choices, int column) {
         case kElementColumn:
             return choices.elements;
         case kOperationColumn:
-            return {"删除"};
+            return {std::string(kDeletionMark)};
         default:
             return {};
     }

@@ -22,30 +22,31 @@ using platform::Value;
 
 namespace {
 
-// The columns whose texts are stored as they are, and where: what the account has room for.
+// The columns whose texts are stored as they are, and how many bytes the account has room for.
 struct StoredText {
     EntryColumn column;
-    std::string_view field;
+    std::size_t room;
 };
-constexpr std::array<StoredText, 5> kStoredTexts{{{kCenterColumn, "cCenterCode"},
-                                                  {kItemColumn, "cItemCode"},
-                                                  {kKey1Column, "cKeyCode1"},
-                                                  {kKey2Column, "cKeyCode2"},
-                                                  {kDigestColumn, "cDigest"}}};
+
+const std::array<StoredText, 5>& StoredTexts() {
+    const auto roomOf = [](const char* field) { return data::TextLengthOf("PM_ItemQC", field); };
+    static const std::array<StoredText, 5> texts{{{kCenterColumn, roomOf("cCenterCode")},
+                                                  {kItemColumn, roomOf("cItemCode")},
+                                                  {kKey1Column, roomOf("cKeyCode1")},
+                                                  {kKey2Column, roomOf("cKeyCode2")},
+                                                  {kDigestColumn, roomOf("cDigest")}}};
+    return texts;
+}
 
 bool FitsStatement(const std::string& text) {
     return !platform::StatementText().Inside(text).IsMalformed();
-}
-
-std::string MoneyText(Money amount) {
-    return data::NumFormatText(Value(amount), data::kMoneyKind, true);
 }
 
 // Whether two amounts look the same in the windows. Throws platform::MoneyOverflow and
 // platform::MoneyTextError.
 bool SameAmount(const std::string& given, Money amount) {
     return data::NumFormatText(Value(data::Trim(given)), data::kMoneyKind, true) ==
-           MoneyText(amount);
+           data::DisplayOfMoney(amount);
 }
 
 class RowCheck {
@@ -211,9 +212,9 @@ void RowCheck::CheckTotal() {
     try {
         const Money total = TotalOf(mLines);
         if (amount.empty()) {
-            amount = MoneyText(total);
+            amount = data::DisplayOfMoney(total);
         } else if (data::IsNumericText(amount) && !SameAmount(amount, total)) {
-            Find(kAmountColumn, Found(Rule::AmountLines, MoneyText(total)));
+            Find(kAmountColumn, Found(Rule::AmountLines, data::DisplayOfMoney(total)));
         }
     } catch (const platform::MoneyOverflow&) {
         Find(kAmountColumn, Found(Rule::AmountRange));
@@ -249,10 +250,8 @@ void RowCheck::CheckItemName() {
 }
 
 void RowCheck::CheckTexts() {
-    for (const auto& [column, field] : kStoredTexts) {
-        if (IsFound(column)) continue;
-        const std::size_t room = data::TextLengthOf("PM_ItemQC", field);
-        if (platform::CodePageLength(Text(column)) <= room) continue;
+    for (const auto& [column, room] : StoredTexts()) {
+        if (IsFound(column) || platform::CodePageLength(Text(column)) <= room) continue;
         Find(column, Found(Rule::TextLength, std::to_string(room)));
     }
 }

@@ -15,10 +15,6 @@ using platform::Money;
 
 namespace {
 
-std::string MoneyText(Money amount) {
-    return data::NumFormatText(platform::Value(amount), data::kMoneyKind, true);
-}
-
 bool IsDeletion(const BulkEntry& entry) {
     return !entry.operation.empty();
 }
@@ -104,8 +100,8 @@ void Importing::CheckTotals() {
     if (isUnread) return;
     for (const Money expected : mRequest.expectedSums) {
         if (expected == mResult.sum) continue;
-        Find(Rule::FileTotalAmount, MoneyText(expected),
-             mResult.sum ? MoneyText(*mResult.sum) : "超出范围的金额");
+        Find(Rule::FileTotalAmount, data::DisplayOfMoney(expected),
+             mResult.sum ? data::DisplayOfMoney(*mResult.sum) : "超出范围的金额");
     }
 }
 

@@ -21,8 +21,6 @@ using platform::Money;
 
 namespace {
 
-constexpr std::string_view kDeletion = "删除";
-
 std::optional<std::int32_t> IdentityOf(const std::string& text) {
     std::int32_t identity = 0;
     const char* end = text.data() + text.size();
@@ -96,7 +94,7 @@ void Planning::FindIdentitiesTwice() {
 
 // What a row that has an identity, or is to be deleted, means to the entry that the account has.
 void Planning::MeetStored(const BulkEntry& entry, PlannedRow& row) {
-    const bool deletes = entry.operation == kDeletion;
+    const bool deletes = entry.operation == kDeletionMark;
     if (!entry.operation.empty() && !deletes) {
         return Find(entry, kOperationColumn, Found(Rule::EntryOperation, entry.operation));
     }
@@ -157,8 +155,7 @@ std::optional<EntryRecord> Planning::RecordInFile(const BulkEntry& entry) {
 // A column of which the file says something else than the account.
 void Planning::CompareStored(const BulkEntry& entry, const EntryRecord& stored) {
     const Entry& now = stored.entry;
-    const std::string amount =
-        data::NumFormatText(platform::Value(now.amount), data::kMoneyKind, true);
+    const std::string amount = data::DisplayOfMoney(now.amount);
     const std::pair<EntryColumn, std::string> texts[] = {{kDateColumn, now.date.DateText('-')},
                                                          {kCenterColumn, now.centerCode},
                                                          {kItemColumn, now.itemCode},

@@ -34,6 +34,9 @@ enum LineTableColumn {
     kLineTableColumnCount,
 };
 
+// What stands in the operation's column of a row whose entry is to be deleted.
+inline constexpr std::string_view kDeletionMark = "删除";
+
 // How the cells of a column are to be understood.
 enum class CellUse { Text, Code, Label, Date, Number };
 

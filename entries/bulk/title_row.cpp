@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/text_conversion.h"
+#include "platform/one_line.h"
 
 namespace kelvane::entries {
 
@@ -18,13 +19,6 @@ const std::string& NameOf(const TableShape& shape, int column) {
         std::find_if(shape.columns.begin(), shape.columns.end(),
                      [column](const TableColumn& each) { return each.column == column; });
     return found->titles.front();
-}
-
-// A title as it stands there, in one line.
-std::string ShownTitle(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-    return data::Trim(text);
 }
 
 bool HasTitles(TableReader& reader, std::size_t sheet, const TableShape& shape) {
@@ -64,7 +58,7 @@ bool TakeTitles(const TableReader& reader, const TableRow& row, const TableShape
     };
     for (const TableCell& cell : row.cells) {
         if (PlainTitle(cell.text).empty()) continue;
-        const std::string title = ShownTitle(cell.text);
+        const std::string title = data::Trim(platform::OneLine(cell.text));
         const TableColumn* column = FindColumn(shape, title);
         if (column == nullptr) {
             table.notes.push_back({reader.Place(table.sheet, row.number, cell.column, title),

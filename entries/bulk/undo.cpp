@@ -6,7 +6,6 @@
 #include <set>
 #include <utility>
 
-#include "data/login_context.h"
 #include "entries/bulk/record_image.h"
 #include "platform/statement_text.h"
 
@@ -18,21 +17,8 @@ using platform::BatchOutcome;
 
 namespace {
 
-constexpr std::string_view kDeletion = "删除";
-
 std::string BatchNamed(int number) {
     return "批次 " + std::to_string(number);
-}
-
-// By their codes; an element that is gone is told by its code.
-std::map<std::string, std::string> ElementNames() {
-    std::map<std::string, std::string> names;
-    const auto rows = data::gConn->OpenRecordSet(
-        platform::StatementText("select cElementCode,cElementName from PM_ItemElement"));
-    for (; !rows->EndOfFile(); rows->MoveNext()) {
-        names.emplace(rows->Field(0).ToText(), rows->Field(1).ToText());
-    }
-    return names;
 }
 
 class Undoing {
@@ -58,7 +44,7 @@ private:
     MasterData& mMasterData;
     const UndoRequest& mRequest;
     Batch mBatch;
-    std::map<std::string, std::string> mElementNames;
+    std::map<std::string, std::string> mElementNames;  // one that is gone is told by its code
     UndoResult mResult;
 };
 
@@ -69,7 +55,7 @@ UndoResult Undoing::Run() {
         mResult.plan.rows.resize(mBatch.intent.changes.size());
         return std::move(mResult);
     }
-    mElementNames = ElementNames();
+    mElementNames = ReadElementNames();
     BatchRequest request = mRequest;
     request.head.kind = "undo";
     request.head.undoes = mRequest.batch;
@@ -134,7 +120,7 @@ BulkEntry Undoing::RowOf(const BatchChange& change, std::size_t at) const {
     if (!change.after) return row;
     row.identity = std::to_string(change.identity);
     row.check = CheckValueOf(RecordOf(*change.after));
-    if (!change.before) row.operation = kDeletion;
+    if (!change.before) row.operation = kDeletionMark;
     return row;
 }
 
@@ -142,10 +128,14 @@ ImportPlan Undoing::Plan() {
     mResult.kept.clear();
     // Identities of entries that the batch deleted and that somebody has entered again.
     std::set<std::int32_t> used;
-    const EntryRecords stored = ReadEntryRecords();
-    for (std::size_t at = 0; at < mBatch.intent.changes.size(); ++at) {
-        const bool isPutBack = !mBatch.intent.changes[at].after;
-        if (isPutBack && stored.contains(IdentityOf(at))) used.insert(IdentityOf(at));
+    const auto isPutBack = [](const BatchChange& change) { return !change.after; };
+    if (std::ranges::any_of(mBatch.intent.changes, isPutBack)) {
+        const EntryRecords stored = ReadEntryRecords();
+        for (std::size_t at = 0; at < mBatch.intent.changes.size(); ++at) {
+            if (isPutBack(mBatch.intent.changes[at]) && stored.contains(IdentityOf(at))) {
+                used.insert(IdentityOf(at));
+            }
+        }
     }
     const BulkEntries rows = RowsOf(used);
     ImportPlan plan = PlanImport(rows, mMasterData, false, mRequest.progress);

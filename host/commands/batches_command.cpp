@@ -12,6 +12,7 @@
 #include "host/surroundings/absent_windows.h"
 #include "host/surroundings/translation.h"
 #include "platform/native_path.h"
+#include "platform/one_line.h"
 
 namespace kelvane::host {
 
@@ -37,17 +38,6 @@ const char* StateOf(const Batch& batch) {
     const auto* const known = std::ranges::find_if(
         kOutcomes, [&](const OutcomeText& each) { return batch.outcome == each.outcome; });
     return known == kOutcomes.end() ? ToTranslate("unfinished") : known->text;
-}
-
-// Whatever names hold, a batch is one line.
-std::string OneLine(std::string text) {
-    constexpr char kBlank = ' ';
-    constexpr char kDelete = '\x7f';
-    std::ranges::replace_if(
-        text,
-        [](char byte) { return static_cast<unsigned char>(byte) < kBlank || byte == kDelete; },
-        kBlank);
-    return text;
 }
 
 std::string SourceOf(const platform::BatchIntent& intent) {
@@ -97,7 +87,7 @@ Json JsonOf(const Batch& batch) {
 
 void Print(const std::vector<Batch>& batches, bool json) {
     if (!json) {
-        for (const Batch& batch : batches) std::cout << OneLine(LineOf(batch)) << '\n';
+        for (const Batch& batch : batches) std::cout << platform::OneLine(LineOf(batch)) << '\n';
         return;
     }
     Json list = Json::array();

@@ -1,26 +1,18 @@
 #include "host/commands/bulk_output.h"
 
-#include <algorithm>
 #include <iostream>
 
 #include "data/login_context.h"
+#include "entries/failure_reason.h"
 #include "entries/trap_watch.h"
+#include "host/commands/commands.h"
 #include "host/surroundings/terminal.h"
+#include "platform/one_line.h"
 
 namespace kelvane::host {
 
 using entries::RowFate;
-
-namespace {
-
-// Whatever stands in the file.
-std::string OneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-    return text;
-}
-
-}  // namespace
+using platform::OneLine;
 
 BulkTerminal::BulkTerminal(const std::string& work) {
     if (!ErrorsAreSeen()) return;
@@ -56,6 +48,11 @@ RowCounts CountsOf(const entries::ImportPlan& plan) {
             .deleted = plan.Count(RowFate::Deleted),
             .unchanged = plan.Count(RowFate::Unchanged),
             .refused = plan.Count(RowFate::Refused)};
+}
+
+int FailFor(const AccountPlace& account, const std::exception& failed) {
+    const std::string reason = entries::ReasonOfFailure();
+    return Fail(account.AboutAccount(reason.empty() ? failed.what() : reason));
 }
 
 void Tell(const std::string& text) {

@@ -2,11 +2,13 @@
 // many rows it concerns.
 #pragma once
 
+#include <exception>
 #include <optional>
 #include <string>
 
 #include "entries/bulk/import_plan.h"
 #include "entries/rules.h"
+#include "host/account/account_place.h"
 #include "host/bulk/report.h"
 #include "host/surroundings/interruption.h"
 #include "host/surroundings/progress_line.h"
@@ -37,6 +39,10 @@ private:
 void LoadContext();
 
 RowCounts CountsOf(const entries::ImportPlan& plan);
+
+// The reason of the exception that is being handled, about `account`, as Fail() tells it; returns
+// its status. For use in a catch block.
+int FailFor(const AccountPlace& account, const std::exception& failed);
 
 // A line on standard error; a finding, and the last line, on standard output.
 void Tell(const std::string& text);

@@ -16,7 +16,6 @@
 #include "entries/bulk/account_choices.h"
 #include "entries/bulk/account_titles.h"
 #include "entries/bulk/import.h"
-#include "entries/failure_reason.h"
 #include "host/account/session.h"
 #include "host/bulk/bulk_source.h"
 #include "host/bulk/rejects.h"
@@ -184,8 +183,7 @@ int RunImport(const ImportArguments& arguments) {
         CheckFiles(arguments);
         return Import(arguments, account);
     } catch (const std::exception& failed) {
-        const std::string reason = entries::ReasonOfFailure();
-        return Fail(account.AboutAccount(reason.empty() ? failed.what() : reason));
+        return FailFor(account, failed);
     }
 }
 

@@ -4,7 +4,6 @@
 #include "data/login_context.h"
 #include "entries/account_master_data.h"
 #include "entries/bulk/undo.h"
-#include "entries/failure_reason.h"
 #include "host/account/session.h"
 #include "host/commands/bulk_output.h"
 #include "host/commands/commands.h"
@@ -59,8 +58,7 @@ int RunUndo(const UndoArguments& arguments) {
     try {
         return Undo(arguments, account);
     } catch (const std::exception& failed) {
-        const std::string reason = entries::ReasonOfFailure();
-        return Fail(account.AboutAccount(reason.empty() ? failed.what() : reason));
+        return FailFor(account, failed);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/private_files.h"
 #include "platform/connection_string.h"
+#include "platform/one_line.h"
 
 namespace kelvane::host {
 
@@ -14,10 +15,7 @@ namespace {
 
 // `text` as one line, without what a connection string would give away.
 std::string Harmless(std::string_view text) {
-    std::string line = platform::WithoutPasswords(text);
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
-    std::ranges::replace_if(line, isControl, ' ');
-    return line;
+    return platform::OneLine(platform::WithoutPasswords(text));
 }
 
 }  // namespace

@@ -11,8 +11,7 @@ std::string SumText(const controls::ColumnSum& sum, bool filtered) {
     const auto total = sum.Total();
     const std::string name = filtered ? "所示合计" : "合计";
     if (!total) return name + "超出范围";
-    std::string text =
-        name + " " + data::NumFormatText(platform::Value(*total), data::kMoneyKind, true);
+    std::string text = name + " " + data::DisplayOfMoney(*total);
     if (sum.Unread() > 0) text += "（" + std::to_string(sum.Unread()) + " 行不是金额）";
     return text;
 }

@@ -142,7 +142,7 @@ void frmQCEdit::SaveDetails() {
     }
 
     mColTempValues = std::move(texts);
-    RetValue = total.IsZero() ? "" : data::NumFormatText(Value(total), data::kMoneyKind, true);
+    RetValue = total.IsZero() ? "" : data::DisplayOfMoney(total);
     RetStrSql = entries::ReplacementOf(lines);
     Unload();
 }

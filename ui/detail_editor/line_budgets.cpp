@@ -37,8 +37,8 @@ std::string LineBudgets::LeftFor(const entries::LineRules& rules, const entries:
         const double quantity = static_cast<double>(budget.quantity) -
                                 static_cast<double>(others.quantity) -
                                 data::DoubleOfDisplay(line.quantity);
-        return "预算余额 " + data::NumFormatText(Value(amount), data::kMoneyKind, true) +
-               "，数量 " + data::NumFormatText(Value(quantity), data::kQuantityKind, true);
+        return "预算余额 " + data::DisplayOfMoney(amount) + "，数量 " +
+               data::NumFormatText(Value(quantity), data::kQuantityKind, true);
     } catch (const std::exception&) {
         // The line holds no number yet.
         return {};

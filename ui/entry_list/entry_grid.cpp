@@ -58,7 +58,7 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     }
     append(known ? element->Field(0).ToText() : "");
     append(entry.Field("cDigest").ToText());
-    append(amount.IsZero() ? "0.00" : data::NumFormatText(Value(amount), data::kMoneyKind, true));
+    append(amount.IsZero() ? "0.00" : data::DisplayOfMoney(amount));
 
     const auto identity = static_cast<std::int32_t>(entry.Field("iEleVid").ToInteger());
     const std::int64_t detail = known ? element->Field(1).ToInteger() : 0;

@@ -43,7 +43,7 @@ void frmImport::WireGrids() {
     };
     GridRows.ComboDropDown = [this](int row, int col, GridDropList& list) {
         const auto items = col == entries::kOperationColumn
-                               ? std::vector<std::string>{"", "删除"}
+                               ? std::vector<std::string>{"", std::string(entries::kDeletionMark)}
                                : KeywordsOfItem(GridRows.Text(row, entries::kCenterColumn),
                                                 GridRows.Text(row, entries::kItemColumn), col);
         for (const std::string& item : items) list.AddItem(item);

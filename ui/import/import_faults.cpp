@@ -181,8 +181,7 @@ std::string frmImport::Figures() const {
                                                 : "共 " + std::to_string(rows) + " 行";
     if (GridRows.Row() > 0) figures = "第 " + std::to_string(GridRows.Row()) + " 行，" + figures;
     const auto total = entries::SumOf(mSheet.File());
-    const std::string sum =
-        total ? data::NumFormatText(platform::Value(*total), data::kMoneyKind, true) : "超出范围";
+    const std::string sum = total ? data::DisplayOfMoney(*total) : "超出范围";
     return figures + "   有错 " + std::to_string(mSheet.RefusedRows()) + " 行   合计 " + sum;
 }
 

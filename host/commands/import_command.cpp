@@ -142,7 +142,9 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
     for (const entries::TableNote& note : report.notes) {
         Tell(note.place.empty() ? note.text : note.place + ": " + note.text);
     }
-    if (report.refused > 0) {
+    // A line without an entry is refused by itself.
+    const bool hasStrayLines = !file.entries.empty() && !file.strayLines.empty();
+    if (report.refused > 0 || hasStrayLines) {
         WriteBeside(arguments.rejects, [&] { WriteRejected(arguments.rejects, source, result); });
     } else if (!arguments.rejects.empty()) {
         Tell(Told("No row was refused; %1 is not written.", {arguments.rejects}));

@@ -32,6 +32,13 @@ class Outputs(Imports):
         self.assertEqual(done.returncode, 3, done.stderr)
         return done
 
+    def test_a_refused_line_alone(self):
+        rejects = self.path("xlsx")
+        self.refused(self.book(ROWS[:1], LINES[3:]), "--rejects", rejects)
+        book = openpyxl.load_workbook(rejects)
+        self.assertEqual(len(cells_of(book["期初"])), 1)
+        self.assertEqual(cells_of(book["明细"])[1][4], REASONS[2])
+
     def test_refused_rows_of_a_workbook(self):
         rejects = self.path("xlsx")
         self.refused(self.book(ROWS, LINES), "--rejects", rejects)

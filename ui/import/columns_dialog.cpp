@@ -1,6 +1,7 @@
 #include "ui/import/columns_dialog.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "controls/place.h"
@@ -23,6 +24,7 @@ namespace {
 constexpr int kMargin = 120;
 constexpr int kLabelWidth = 1500;
 constexpr int kFieldWidth = 1800;
+constexpr int kSheetLabelWidth = 900;
 constexpr int kFieldHeight = 330;
 constexpr int kButtonWidth = 1200;
 constexpr int kButtonHeight = 375;
@@ -39,28 +41,29 @@ std::string TitleRowText(int number) {
 
 }  // namespace
 
-frmImportColumns::frmImportColumns(const std::string& what, const std::vector<TableRow>& rows,
-                                   const entries::TableShape& shape)
+frmImportColumns::frmImportColumns(const std::vector<platform::TableSheet>& sheets,
+                                   RowsOfSheet firstRows, const entries::TableShape& shape)
     : Form("frmImportColumns"),
+      lblSheet(*this, "lblSheet"),
+      cboSheet(*this, "cboSheet"),
       lblTitles(*this, "lblTitles"),
       cboTitles(*this, "cboTitles"),
       GridColumns(*this, "GridColumns"),
       cmdOK(*this, "cmdOK"),
       cmdCancel(*this, "cmdCancel"),
-      mRows(rows),
+      mSheets(sheets),
+      mFirstRows(std::move(firstRows)),
       mShape(shape) {
-    SetCaption("对应列：" + what);
+    SetCaption("对应列：" + shape.sheet);
+    lblSheet.SetCaption("工作表");
     lblTitles.SetCaption("标题所在行");
     cmdOK.SetCaption("确定");
     cmdOK.SetDefault(true);
     cmdCancel.SetCaption("取消");
     cmdCancel.SetCancel(true);
-    ChooseColumns();
-    cboTitles.AddItem(kNoTitles);
-    for (const TableRow& row : mRows) {
-        cboTitles.AddItem(TitleRowText(row.number));
-        if (!row.cells.empty()) mWidestRow = std::max(mWidestRow, row.cells.back().column);
-    }
+    for (const platform::TableSheet& each : mSheets) cboSheet.AddItem(each.name);
+    lblSheet.SetVisible(mSheets.size() > 1);
+    cboSheet.SetVisible(mSheets.size() > 1);
     GridColumns.SetRows(1);
     GridColumns.SetCols(kColumnCount);
     GridColumns.SetFixedCols(1);
@@ -70,10 +73,6 @@ frmImportColumns::frmImportColumns(const std::string& what, const std::vector<Ta
     GridColumns.SetText(0, kPlaceColumn, "表中的列");
     GridColumns.SetText(0, kSampleColumn, "内容");
     GridColumns.SetColumnList(kPlaceColumn, true);
-    for (const TableColumn& column : mColumns) {
-        const int row = GridColumns.AddItem(column.titles.front() + (column.needed ? " *" : ""));
-        GridColumns.SetCellColor(row, kSampleColumn, data::gColorLocked);
-    }
     GridColumns.ComboDropDown = [this](int /*row*/, int /*col*/, controls::GridDropList& list) {
         list.AddItem("");
         for (int place = 1; place <= mWidestRow; ++place) list.AddItem(NameOfPlace(place));
@@ -83,6 +82,7 @@ frmImportColumns::frmImportColumns(const std::string& what, const std::vector<Ta
         answer = GridAnswer::Accept;
     };
     GridColumns.Beep = [] { data::gServices->windows->Beep(); };
+    cboSheet.Change = [this] { cboSheet_Change(); };
     cboTitles.Change = [this] { cboTitles_Change(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { Unload(); };
@@ -90,35 +90,54 @@ frmImportColumns::frmImportColumns(const std::string& what, const std::vector<Ta
     SetMinSize(kWidth, kHeight / 2);
 }
 
+void frmImportColumns::TakeSheet(std::size_t sheet) {
+    mSheet = sheet;
+    mRows = mFirstRows(sheet);
+    mWidestRow = 0;
+    for (const TableRow& row : mRows) {
+        if (!row.cells.empty()) mWidestRow = std::max(mWidestRow, row.cells.back().column);
+    }
+    OfferColumns();
+    ProposeTitleRow();
+    ProposePlaces();
+}
+
 // Those that only a table of the program's own has are there when the titles name them.
-void frmImportColumns::ChooseColumns() {
-    const auto isNamed = [this](const TableColumn& column) {
-        return std::ranges::any_of(mRows, [&](const TableRow& row) {
-            return std::ranges::any_of(row.cells, [&](const TableCell& cell) {
-                const TableColumn* known = entries::FindColumn(mShape, cell.text);
-                return known != nullptr && known->column == column.column;
-            });
-        });
-    };
+void frmImportColumns::OfferColumns() {
+    mColumns.clear();
     for (const TableColumn& column : mShape.columns) {
-        if (column.column <= entries::kRowNumberColumn || isNamed(column)) {
+        if (column.column <= entries::kRowNumberColumn || IsNamed(column)) {
             mColumns.push_back(column);
         }
     }
     std::ranges::sort(mColumns, {}, &TableColumn::column);
-    mPlaces.resize(mColumns.size());
+    mPlaces.assign(mColumns.size(), 0);
+    GridColumns.SetRows(1);
+    for (const TableColumn& column : mColumns) {
+        const int row = GridColumns.AddItem(column.titles.front() + (column.needed ? " *" : ""));
+        GridColumns.SetCellColor(row, kSampleColumn, data::gColorLocked);
+    }
 }
 
-std::optional<GivenColumns> frmImportColumns::Ask(const std::optional<GivenColumns>& first) {
+bool frmImportColumns::IsNamed(const TableColumn& column) const {
+    return std::ranges::any_of(mRows, [&](const TableRow& row) {
+        return std::ranges::any_of(row.cells, [&](const TableCell& cell) {
+            const TableColumn* known = entries::FindColumn(mShape, cell.text);
+            return known != nullptr && known->column == column.column;
+        });
+    });
+}
+
+std::optional<ChosenColumns> frmImportColumns::Ask(std::size_t sheet,
+                                                   const std::optional<ChosenColumns>& known) {
     mAnswer.reset();
-    if (first) {
-        mTitleRow = first->titleRow;
+    TakeSheet(known ? known->sheet : sheet);
+    if (known) {
+        mTitleRow = known->columns.titleRow;
         for (std::size_t at = 0; at < mColumns.size(); ++at) {
-            mPlaces[at] = first->places[static_cast<std::size_t>(mColumns[at].column)].column;
+            const auto column = static_cast<std::size_t>(mColumns[at].column);
+            mPlaces[at] = known->columns.places[column].column;
         }
-    } else {
-        ProposeTitleRow();
-        ProposePlaces();
     }
     data::gServices->windows->ShowModal(*this);
     return mAnswer;
@@ -127,7 +146,7 @@ std::optional<GivenColumns> frmImportColumns::Ask(const std::optional<GivenColum
 void frmImportColumns::Form_Load() {
     const platform::Windows& windows = *data::gServices->windows;
     SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
-    cboTitles.SetText(TitleRowText(mTitleRow));
+    cboSheet.SetText(mSheets.at(mSheet).name);
     ShowPlaces();
     GridColumns.SetFocus();
     GridColumns.MoveTo(1, kPlaceColumn);
@@ -138,6 +157,10 @@ void frmImportColumns::Form_Resize() {
     const int buttons = ScaleHeight() - kMargin - kButtonHeight;
     PlaceControl(lblTitles, kMargin, kMargin, kLabelWidth, kFieldHeight);
     PlaceControl(cboTitles, kMargin + kLabelWidth, kMargin, kFieldWidth, kFieldHeight);
+    const int middle = cboTitles.Left() + kFieldWidth + 2 * kMargin;
+    PlaceControl(lblSheet, middle, kMargin, kSheetLabelWidth, kFieldHeight);
+    PlaceControl(cboSheet, middle + kSheetLabelWidth, kMargin, right - middle - kSheetLabelWidth,
+                 kFieldHeight);
     PlaceControl(cmdCancel, right - kButtonWidth, buttons, kButtonWidth, kButtonHeight);
     PlaceControl(cmdOK, right - 2 * kButtonWidth - kMargin, buttons, kButtonWidth, kButtonHeight);
     const int top = kFieldHeight + 2 * kMargin;
@@ -208,11 +231,29 @@ void frmImportColumns::ProposePlaces() {
 }
 
 void frmImportColumns::ShowPlaces() {
+    cboTitles.Clear();
+    cboTitles.AddItem(kNoTitles);
+    for (const TableRow& row : mRows) cboTitles.AddItem(TitleRowText(row.number));
+    cboTitles.SetText(TitleRowText(mTitleRow));
+    ShowPlacesAlone();
+}
+
+void frmImportColumns::ShowPlacesAlone() {
     for (std::size_t at = 0; at < mPlaces.size(); ++at) {
         const int row = static_cast<int>(at) + 1;
         GridColumns.SetText(row, kPlaceColumn, NameOfPlace(mPlaces[at]));
         GridColumns.SetText(row, kSampleColumn, mPlaces[at] == 0 ? "" : SampleOf(mPlaces[at]));
     }
+}
+
+void frmImportColumns::cboSheet_Change() {
+    const auto chosen = std::ranges::find(mSheets, cboSheet.Text(), &platform::TableSheet::name);
+    const auto sheet = static_cast<std::size_t>(std::distance(mSheets.begin(), chosen));
+    if (chosen == mSheets.end() || sheet == mSheet) return;
+    GridColumns.CancelEdit();
+    TakeSheet(sheet);
+    ShowPlaces();
+    GridColumns.SetRow(1);
 }
 
 void frmImportColumns::cboTitles_Change() {
@@ -224,7 +265,7 @@ void frmImportColumns::cboTitles_Change() {
     if (chosen < 0 || chosen == mTitleRow) return;
     mTitleRow = chosen;
     if (std::ranges::all_of(mPlaces, [](int place) { return place == 0; })) ProposePlaces();
-    ShowPlaces();
+    ShowPlacesAlone();
 }
 
 void frmImportColumns::TakePlace(int row, std::string& text) {
@@ -255,7 +296,7 @@ void frmImportColumns::cmdOK_Click() {
         given.places[static_cast<std::size_t>(column.column)] = {
             place, titles == nullptr ? std::string() : entries::PlainTitle(titles->At(place).text)};
     }
-    mAnswer = std::move(given);
+    mAnswer = {mSheet, std::move(given)};
     Unload();
 }
 

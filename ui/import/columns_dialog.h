@@ -2,6 +2,8 @@
 // it.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,21 +19,31 @@
 
 namespace kelvane::ui {
 
+// Which sheet is meant, and what stands where in it.
+struct ChosenColumns {
+    std::size_t sheet = 0;
+    entries::GivenColumns columns;
+};
+
 class frmImportColumns : public controls::Form {
 public:
-    // `rows`: the first ones of the table, which has `what` in it.
-    frmImportColumns(const std::string& what, const std::vector<platform::TableRow>& rows,
+    using RowsOfSheet = std::function<std::vector<platform::TableRow>(std::size_t sheet)>;
+
+    // One of `sheets` is a table of `shape`; `firstRows` gives the first rows of one.
+    frmImportColumns(const std::vector<platform::TableSheet>& sheets, RowsOfSheet firstRows,
                      const entries::TableShape& shape);
 
+    controls::Label lblSheet;
+    controls::ComboBox cboSheet;
     controls::Label lblTitles;
     controls::ComboBox cboTitles;
     controls::Grid GridColumns;
     controls::Button cmdOK;
     controls::Button cmdCancel;
 
-    // Shows the dialog; nothing when it was not left by OK. `first`: what it begins with; where
-    // that is nothing, what the titles say, as far as they say it.
-    std::optional<entries::GivenColumns> Ask(const std::optional<entries::GivenColumns>& first);
+    // Shows the dialog; nothing when it was not left by OK. `known`: what it begins with; where
+    // that is nothing, what the titles of `sheet` say, as far as they say it.
+    std::optional<ChosenColumns> Ask(std::size_t sheet, const std::optional<ChosenColumns>& known);
 
 protected:
     void Form_Load() override;
@@ -43,21 +55,28 @@ private:
     std::string NameOfPlace(int place) const;
     std::string SampleOf(int place) const;
     int PlaceNamed(const std::string& text) const;
-    void ChooseColumns();
+    void TakeSheet(std::size_t sheet);
+    void OfferColumns();
+    bool IsNamed(const entries::TableColumn& column) const;
     void ProposeTitleRow();
     void ProposePlaces();
     void ShowPlaces();
+    void ShowPlacesAlone();
     void TakePlace(int row, std::string& text);
+    void cboSheet_Change();
     void cboTitles_Change();
     void cmdOK_Click();
 
-    const std::vector<platform::TableRow>& mRows;
+    const std::vector<platform::TableSheet>& mSheets;
+    RowsOfSheet mFirstRows;
+    std::size_t mSheet = 0;
+    std::vector<platform::TableRow> mRows;
     std::vector<entries::TableColumn> mColumns;  // in the order in which they are shown
     const entries::TableShape& mShape;
     std::vector<int> mPlaces;  // by mColumns
     int mWidestRow = 0;
     int mTitleRow = 0;  // its number; 0: none
-    std::optional<entries::GivenColumns> mAnswer;
+    std::optional<ChosenColumns> mAnswer;
 };
 
 }  // namespace kelvane::ui

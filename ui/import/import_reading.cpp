@@ -7,7 +7,6 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "entries/bulk/title_row.h"
-#include "ui/import/columns_dialog.h"
 #include "ui/import/kept_columns.h"
 
 namespace kelvane::ui {
@@ -90,6 +89,8 @@ std::optional<ImportTables> ImportReading::ReadAll(bool byHand, HiddenRows hidde
     auto table = ReadTable(shape, how, entries::ReadBulkTable(mReader, shape, how), byHand);
     if (!table) return std::nullopt;
     tables.table = *std::move(table);
+    // A sheet cannot be both.
+    if (tables.lines && tables.lines->sheet == tables.table.sheet) tables.lines.reset();
     tables.totals = entries::ReadTotals(mReader, tables.table.sheet);
     std::ranges::move(tables.totals.notes, std::back_inserter(tables.table.notes));
     return tables;
@@ -105,24 +106,29 @@ std::optional<BulkTable> ImportReading::ReadTable(const TableShape& shape, Table
         if (!found) return std::nullopt;
         known = std::move(found);
     }
-    how.sheet = mReader.Sheets().at(table.sheet).name;
-    how.columns = known;
+    how.sheet = mReader.Sheets().at(known->sheet).name;
+    how.columns = known->columns;
     return entries::ReadBulkTable(mReader, shape, how);
 }
 
-std::optional<GivenColumns> ImportReading::FindColumns(const TableShape& shape,
-                                                       const BulkTable& table, bool byHand,
-                                                       const std::optional<GivenColumns>& known) {
-    if (!byHand && mIsCopied && table.titleRow == 0) return InListOrder(shape);
-    const std::vector<TableRow> rows = FirstRows(table.sheet);
+std::optional<ChosenColumns> ImportReading::FindColumns(const TableShape& shape,
+                                                        const BulkTable& table, bool byHand,
+                                                        const std::optional<ChosenColumns>& known) {
+    if (!byHand && mIsCopied && table.titleRow == 0) return ChosenColumns{0, InListOrder(shape)};
     KeptColumns kept(data::gServices->userSettings);
-    const auto former = known ? known : kept.Find(rows, shape);
+    std::optional<ChosenColumns> former = known;
+    for (std::size_t sheet = 0; !former && sheet < mReader.Sheets().size(); ++sheet) {
+        auto columns = kept.Find(FirstRows(sheet), shape);
+        if (columns) former = {sheet, *std::move(columns)};
+    }
     if (former && !byHand) return former;
-    const auto given = frmImportColumns(shape.sheet, rows, shape).Ask(former);
-    if (!given) return std::nullopt;
-    const auto titles = std::ranges::find(rows, given->titleRow, &TableRow::number);
-    if (titles != rows.end()) kept.Keep(*titles, shape, *given);
-    return given;
+    const auto firstRows = [this](std::size_t sheet) { return FirstRows(sheet); };
+    auto chosen = frmImportColumns(mReader.Sheets(), firstRows, shape).Ask(table.sheet, former);
+    if (!chosen) return std::nullopt;
+    const std::vector<TableRow> rows = FirstRows(chosen->sheet);
+    const auto titles = std::ranges::find(rows, chosen->columns.titleRow, &TableRow::number);
+    if (titles != rows.end()) kept.Keep(*titles, shape, chosen->columns);
+    return chosen;
 }
 
 std::vector<TableRow> ImportReading::FirstRows(std::size_t sheet) {

@@ -12,6 +12,7 @@
 #include "entries/bulk/table_shape.h"
 #include "entries/bulk/workbook_sheets.h"
 #include "platform/table.h"
+#include "ui/import/columns_dialog.h"
 
 namespace kelvane::ui {
 
@@ -36,9 +37,9 @@ private:
     std::optional<entries::BulkTable> ReadTable(const entries::TableShape& shape,
                                                 entries::TableReading how, entries::BulkTable table,
                                                 bool byHand);
-    std::optional<entries::GivenColumns> FindColumns(
-        const entries::TableShape& shape, const entries::BulkTable& table, bool byHand,
-        const std::optional<entries::GivenColumns>& known);
+    std::optional<ChosenColumns> FindColumns(const entries::TableShape& shape,
+                                             const entries::BulkTable& table, bool byHand,
+                                             const std::optional<ChosenColumns>& known);
     std::vector<platform::TableRow> FirstRows(std::size_t sheet);
 
     platform::TableReader& mReader;
@@ -46,8 +47,8 @@ private:
     entries::AccountProposals mProposals;
     bool mIsCopied;
     // Answers that are not asked for twice.
-    std::optional<entries::GivenColumns> mColumns;
-    std::optional<entries::GivenColumns> mLineColumns;
+    std::optional<ChosenColumns> mColumns;
+    std::optional<ChosenColumns> mLineColumns;
 };
 
 }  // namespace kelvane::ui

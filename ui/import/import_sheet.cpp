@@ -7,6 +7,7 @@
 #include "data/number_format.h"
 #include "data/text_conversion.h"
 #include "entries/bulk/cell_text.h"
+#include "ui/common/findings.h"
 
 namespace kelvane::ui {
 
@@ -237,18 +238,18 @@ void ImportSheet::Check(entries::MasterData& masterData, const entries::ImportPr
 void ImportSheet::TakeFindings(const entries::ImportPlan& plan) {
     mReasons.clear();
     for (const auto& [cell, unread] : mUnread) {
-        Find(cell.first.first, cell.first.second, cell.second, unread.finding.text);
+        Find(cell.first.first, cell.first.second, cell.second, unread.finding);
     }
     for (const entries::BulkFinding& each : plan.findings) {
-        Find(each.table, each.row, each.column, each.finding.text);
+        Find(each.table, each.row, each.column, each.finding);
     }
     CountRefused();
 }
 
 // What stands in a column that is not shown is the row's.
-void ImportSheet::Find(Kind kind, int row, int column, const std::string& text) {
+void ImportSheet::Find(Kind kind, int row, int column, const entries::Finding& finding) {
     const bool shown = kind == Kind::Lines || column <= entries::kOperationColumn;
-    mReasons[{kind, row}].push_back({shown ? column : 0, text});
+    mReasons[{kind, row}].push_back({shown ? column : 0, RefusalText(finding)});
 }
 
 void ImportSheet::CountRefused() {

@@ -76,7 +76,7 @@ private:
     void Rejoin();
     bool Forget(Kind kind, int row, int column, entries::ColumnSet& unread);
     std::string Given(Kind kind, int row, int column) const;
-    void Find(Kind kind, int row, int column, const std::string& text);
+    void Find(Kind kind, int row, int column, const entries::Finding& finding);
     std::vector<std::string> Reasons(Kind kind, int row, int column) const;
     bool HasReasons(Kind kind, int row) const { return mReasons.contains({kind, row}); }
     void CountRefused();

@@ -93,7 +93,8 @@ TEST_F(ImportSheetTest, RowsAreCheckedTogether) {
     Check();
     EXPECT_FALSE(sheet.IsRefused(0));
     EXPECT_THAT(sheet.EntryReasons(1, entries::kAmountColumn),
-                ElementsAre("金额超出项目预算中的项目期初发生额"));
+                ElementsAre("金额超出项目预算中的项目期初发生额：预算 100.00，已用 60.00，"
+                            "可用 40.00"));
     sheet.SetEntryText(0, entries::kAmountColumn, "40");
     Check();
     EXPECT_EQ(sheet.RefusedRows(), 0U);

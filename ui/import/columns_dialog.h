@@ -16,6 +16,7 @@
 #include "entries/bulk/table_reading.h"
 #include "entries/bulk/table_shape.h"
 #include "platform/table.h"
+#include "ui/import/column_choice.h"
 
 namespace kelvane::ui {
 
@@ -51,17 +52,11 @@ protected:
     void Trapped(std::string_view place, std::string_view detail) noexcept override;
 
 private:
-    const platform::TableRow* TitleRow() const;
-    std::string NameOfPlace(int place) const;
-    std::string SampleOf(int place) const;
-    int PlaceNamed(const std::string& text) const;
-    void TakeSheet(std::size_t sheet);
-    void OfferColumns();
-    bool IsNamed(const entries::TableColumn& column) const;
-    void ProposeTitleRow();
-    void ProposePlaces();
+    void TakeSheet(std::size_t sheet, const ChosenColumns* known);
+    void ShowSheet();
     void ShowPlaces();
-    void ShowPlacesAlone();
+    void ShowSample(int row);
+    int PlaceIn(int row) const;
     void TakePlace(int row, std::string& text);
     void cboSheet_Change();
     void cboTitles_Change();
@@ -70,12 +65,7 @@ private:
     const std::vector<platform::TableSheet>& mSheets;
     RowsOfSheet mFirstRows;
     std::size_t mSheet = 0;
-    std::vector<platform::TableRow> mRows;
-    std::vector<entries::TableColumn> mColumns;  // in the order in which they are shown
-    const entries::TableShape& mShape;
-    std::vector<int> mPlaces;  // by mColumns
-    int mWidestRow = 0;
-    int mTitleRow = 0;  // its number; 0: none
+    ColumnChoice mChoice;
     std::optional<ChosenColumns> mAnswer;
 };
 

@@ -71,13 +71,4 @@ void KeptColumns::Keep(const TableRow& titles, const TableShape& shape,
     mSettings->Keep(NameOf(titles, shape), text);
 }
 
-std::string ColumnLetters(int column) {
-    constexpr int kLetters = 26;
-    std::string letters;
-    for (; column > 0; column = (column - 1) / kLetters) {
-        letters.insert(letters.begin(), static_cast<char>('A' + (column - 1) % kLetters));
-    }
-    return letters;
-}
-
 }  // namespace kelvane::ui

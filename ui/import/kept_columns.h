@@ -29,7 +29,4 @@ private:
     platform::UserSettings* mSettings;
 };
 
-// What a spreadsheet calls the column of that number: "B" for 2.
-std::string ColumnLetters(int column);
-
 }  // namespace kelvane::ui

@@ -72,13 +72,5 @@ TEST_F(KeptColumnsTest, NothingIsKeptWithoutSettings) {
     EXPECT_EQ(settings.writes, 0);
 }
 
-TEST(ColumnLetters, AreThoseOfASpreadsheet) {
-    EXPECT_EQ(ColumnLetters(1), "A");
-    EXPECT_EQ(ColumnLetters(26), "Z");
-    EXPECT_EQ(ColumnLetters(27), "AA");
-    EXPECT_EQ(ColumnLetters(702), "ZZ");
-    EXPECT_EQ(ColumnLetters(703), "AAA");
-}
-
 }  // namespace
 }  // namespace kelvane::ui

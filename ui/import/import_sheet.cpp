@@ -4,10 +4,9 @@
 #include <iterator>
 
 #include "data/date_text.h"
-#include "data/number_format.h"
 #include "data/text_conversion.h"
-#include "entries/bulk/cell_text.h"
 #include "ui/common/findings.h"
+#include "ui/import/sheet_cells.h"
 
 namespace kelvane::ui {
 
@@ -15,52 +14,8 @@ using entries::BulkEntry;
 using entries::BulkLine;
 using entries::BulkTable;
 using entries::ColumnSet;
-using platform::Money;
 
 namespace {
-
-// Grouped like the list's amounts, unless some of it would be lost.
-std::string ShownAmount(const std::string& text) {
-    if (!data::IsNumericText(text)) return text;
-    try {
-        std::string shown = data::NumFormatText(platform::Value(text), data::kMoneyKind, true);
-        return Money::FromText(shown) == Money::FromText(text) ? shown : text;
-    } catch (const std::exception&) {
-        return text;
-    }
-}
-
-std::string PlainAmount(std::string_view text) {
-    const std::string typed = data::Trim(text);
-    return entries::AmountText(typed).value_or(typed);
-}
-
-// Where a column's text lies in an entry; null for one that is not shown.
-std::string* CellOf(BulkEntry& entry, int column) {
-    if (column == entries::kRowNumberColumn) return &entry.rowNumber;
-    if (column == entries::kOperationColumn) return &entry.operation;
-    const bool isOwn = column >= entries::kDateColumn && column <= entries::kAmountColumn;
-    return isOwn ? &entry.texts.cells[static_cast<std::size_t>(column)] : nullptr;
-}
-
-std::string* CellOf(BulkLine& line, int column) {
-    switch (column) {
-        case entries::kLineRowNumberColumn:
-            return &line.rowNumber;
-        case entries::kLineCodeColumn:
-            return &line.texts.code;
-        case entries::kLineNameColumn:
-            return &line.texts.name;
-        case entries::kLinePriceColumn:
-            return &line.texts.price;
-        case entries::kLineQuantityColumn:
-            return &line.texts.quantity;
-        case entries::kLineAmountColumn:
-            return &line.texts.amount;
-        default:
-            return nullptr;
-    }
-}
 
 // The one that stands for the table's own column; 0 for none.
 int ColumnOf(const BulkTable& table, int tableColumn) {
@@ -140,7 +95,7 @@ std::string ImportSheet::Given(Kind kind, int row, int column) const {
 std::string ImportSheet::EntryText(std::size_t entry, int column) const {
     const BulkEntry& of = mFile.entries.at(entry);
     if (of.unread.Has(column)) return Given(Kind::Entries, of.row, column);
-    const std::string* cell = CellOf(const_cast<BulkEntry&>(of), column);
+    const std::string* cell = CellOf(of, column);
     if (cell == nullptr) return {};
     return column == entries::kAmountColumn ? ShownAmount(*cell) : *cell;
 }
@@ -148,7 +103,7 @@ std::string ImportSheet::EntryText(std::size_t entry, int column) const {
 std::string ImportSheet::LineText(std::size_t entry, std::size_t line, int column) const {
     const BulkLine& of = Lines(entry).at(line);
     if (of.unread.Has(column)) return Given(Kind::Lines, of.row, column);
-    const std::string* cell = CellOf(const_cast<BulkLine&>(of), column);
+    const std::string* cell = CellOf(of, column);
     return cell == nullptr ? std::string() : *cell;
 }
 

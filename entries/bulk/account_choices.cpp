@@ -36,7 +36,7 @@ void Append(const StatementText& statement, std::initializer_list<Names*> lists)
 
 void PutInOrder(Names& names) {
     std::ranges::sort(names);
-    names.erase(std::ranges::unique(names).begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
 }
 
 }  // namespace

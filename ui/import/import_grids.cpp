@@ -27,8 +27,8 @@ constexpr const char* kStrayMark = "—";
 constexpr const char* kStrayText = "没有期初的明细";
 
 struct LineColumnLayout {
-    int col;
     const char* header;
+    int col;
     int width;
     Alignment alignment;
     ColumnInput input;
@@ -36,15 +36,15 @@ struct LineColumnLayout {
 };
 
 constexpr LineColumnLayout kLineColumns[] = {
-    {0, "行", kNumberWidth, Alignment::Right, {}, false},
-    {entries::kLineRowNumberColumn, "行号", kLabelWidth, Alignment::Left, {}, false},
-    {entries::kLineCodeColumn, "编码", 1800, Alignment::Left, {InputKind::Text, 60}, true},
-    {entries::kLineNameColumn, "名称", 2500, Alignment::Left, {InputKind::Text, 255}, false},
-    {entries::kLineModelColumn, "", 0, Alignment::Left, {}, false},
-    {entries::kLineUnitColumn, "", 0, Alignment::Left, {}, false},
-    {entries::kLinePriceColumn, "单价", 1500, Alignment::Right, {InputKind::Number, 0}, false},
-    {entries::kLineQuantityColumn, "数量", 1500, Alignment::Right, {InputKind::Number, 0}, false},
-    {entries::kLineAmountColumn, "余额", 1500, Alignment::Right, {InputKind::Number, 0}, false},
+    {"行", 0, kNumberWidth, Alignment::Right, {}, false},
+    {"行号", entries::kLineRowNumberColumn, kLabelWidth, Alignment::Left, {}, false},
+    {"编码", entries::kLineCodeColumn, 1800, Alignment::Left, {InputKind::Text, 60}, true},
+    {"名称", entries::kLineNameColumn, 2500, Alignment::Left, {InputKind::Text, 255}, false},
+    {"", entries::kLineModelColumn, 0, Alignment::Left, {}, false},
+    {"", entries::kLineUnitColumn, 0, Alignment::Left, {}, false},
+    {"单价", entries::kLinePriceColumn, 1500, Alignment::Right, {InputKind::Number, 0}, false},
+    {"数量", entries::kLineQuantityColumn, 1500, Alignment::Right, {InputKind::Number, 0}, false},
+    {"余额", entries::kLineAmountColumn, 1500, Alignment::Right, {InputKind::Number, 0}, false},
 };
 
 void Clear(Grid& grid) {

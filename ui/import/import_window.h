@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/button.h"
@@ -68,7 +69,9 @@ private:
     struct Fault {
         int line = 0;
         int col = 0;
-        friend auto operator<=>(const Fault&, const Fault&) = default;
+        friend bool operator<(const Fault& a, const Fault& b) {
+            return std::pair(a.line, a.col) < std::pair(b.line, b.col);
+        }
     };
 
     // Opening (import_window.cpp).

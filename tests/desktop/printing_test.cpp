@@ -38,12 +38,16 @@ protected:
 
     std::string PathOf(const std::string& name) const { return (mFolder / name).string(); }
 
+    using Ask = std::optional<std::string> (platform::PrintSurroundings::*)(
+        const platform::FileQuestion& question);
+
     // What the operator chooses when `deeds` is done at the file dialog.
-    std::optional<std::string> Choose(const std::function<void(Person&)>& deeds) {
+    std::optional<std::string> Choose(const std::function<void(Person&)>& deeds,
+                                      Ask ask = &platform::PrintSurroundings::ChooseFile) {
         std::optional<std::string> chosen;
         ListForm form;
         form.toolbar.ButtonClick = [&](controls::ToolbarButton&) {
-            chosen = Windows().Printing().ChooseFile(kQuestion);
+            chosen = (Windows().Printing().*ask)(kQuestion);
             form.Unload();
         };
         ShowTo(form, [&](Person& person) {
@@ -91,6 +95,12 @@ void PrintToFile(Person& person) {
 }
 
 }  // namespace
+
+TEST_F(DesktopPrinting, NothingIsOpenedWhenTheDialogIsCancelled) {
+    EXPECT_EQ(Choose([](Person& person) { person.Keys({"Escape"}); },
+                     &platform::PrintSurroundings::ChooseFileToOpen),
+              std::nullopt);
+}
 
 TEST_F(DesktopPrinting, AFileIsChosenWithTheExtensionOfItsKind) {
     EXPECT_EQ(Choose([&](Person& person) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace kelvane::bench {
 
@@ -128,6 +129,20 @@ constexpr std::array kRules{
          "{4#}, {5$})"},
 };
 
+// In a batch; what is not here is as above.
+constexpr std::array kBatchRules{
+    Rule{"select cValue from PM_SettingInf where cName='%'",
+         "select cValue from PM_SettingInf where rtrim(cName) = {1} collate nocase"},
+    Rule{"select cKeyWord1,cKeyWord2 from PM_DutycenterSub where cCenterCode='%' and cItemCode='%'",
+         "select cKeyWord1, cKeyWord2 from PM_DutycenterSub where rtrim(cCenterCode) = {1} collate "
+         "nocase and rtrim(cItemCode) = {2} collate nocase"},
+    Rule{"insert into PM_ItemQC(dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,cElementCode,"
+         "cDigest,mQC,iEleVid) values ( '%','%','%','%','%','%','%',%,%) ",
+         "insert into PM_ItemQC(dDate, cCenterCode, cItemCode, cKeyCode1, cKeyCode2, cElementCode, "
+         "cDigest, mQC, iEleVid) values ({1} || ' 00:00:00.000', {2}, {3}, {4}, {5}, {6}, {7}, "
+         "{8$}, {9#})"},
+};
+
 // Statements of one rule at most.
 constexpr std::size_t kMaxParts = 4;
 
@@ -187,14 +202,24 @@ PlainStatement Filled(std::string_view plain, const Values& values) {
     }
 }
 
-void AddPlain(std::vector<PlainStatement>& statements, std::string_view noted) {
+// The rules in the order in which they are tried; their numbers stay.
+std::vector<std::pair<std::size_t, const Rule*>> RulesFor(bool batch) {
+    std::vector<std::pair<std::size_t, const Rule*>> rules;
+    for (std::size_t i = 0; batch && i < kBatchRules.size(); ++i) {
+        rules.emplace_back(kRules.size() + i, &kBatchRules[i]);
+    }
+    for (std::size_t i = 0; i < kRules.size(); ++i) rules.emplace_back(i, &kRules[i]);
+    return rules;
+}
+
+void AddPlain(std::vector<PlainStatement>& statements, std::string_view noted, bool batch) {
     const std::size_t blank = noted.find(' ');
     const Path path = noted.substr(0, blank) == "gEnv" ? Path::Environment : Path::Connection;
     const std::string_view statement = noted.substr(blank + 1);
-    for (std::size_t number = 0; number < kRules.size(); ++number) {
-        const auto values = Match(kRules[number].dialect, statement);
+    for (const auto& [number, rule] : RulesFor(batch)) {
+        const auto values = Match(rule->dialect, statement);
         if (!values) continue;
-        std::string_view plain = kRules[number].plain;
+        std::string_view plain = rule->plain;
         for (std::size_t part = 0;; ++part) {
             const std::size_t end = plain.find('\n');
             PlainStatement& added = statements.emplace_back(Filled(plain.substr(0, end), *values));
@@ -207,23 +232,38 @@ void AddPlain(std::vector<PlainStatement>& statements, std::string_view noted) {
     throw std::runtime_error("no plain statement for: " + std::string(statement));
 }
 
-}  // namespace
-
-std::vector<PlainStatement> PlainStatementsOf(const std::vector<std::string>& noted) {
+std::vector<PlainStatement> AllPlain(const std::vector<std::string>& noted, bool batch) {
     // Where an entry's script goes on with its next line.
     static constexpr std::string_view kNextLine = " insert into PM_ItemQCsub(";
     std::vector<PlainStatement> statements;
     for (const std::string_view line : noted) {
         const std::string path(line.substr(0, line.find(' ')));
         std::size_t end = line.find(kNextLine);
-        AddPlain(statements, line.substr(0, end));
+        AddPlain(statements, line.substr(0, end), batch);
         while (end != std::string_view::npos) {
             const std::size_t start = end;
             end = line.find(kNextLine, start + 1);
-            AddPlain(statements, path + std::string(line.substr(start, end - start)));
+            AddPlain(statements, path + std::string(line.substr(start, end - start)), batch);
         }
     }
     return statements;
+}
+
+}  // namespace
+
+std::vector<PlainStatement> PlainStatementsOf(const std::vector<std::string>& noted) {
+    return AllPlain(noted, false);
+}
+
+std::vector<PlainStatement> PlainBatchOf(const std::vector<std::string>& noted) {
+    return AllPlain(noted, true);
+}
+
+PlainStatement EngineStatement(std::string text, std::size_t number) {
+    PlainStatement statement;
+    statement.text = statement.shape = std::move(text);
+    statement.shapeNumber = kMaxParts * (kRules.size() + kBatchRules.size() + number);
+    return statement;
 }
 
 std::string SavingNote(std::int64_t identity, const std::vector<std::string>& fields) {

@@ -30,6 +30,13 @@ struct PlainStatement {
 // belongs to comes with that transaction. Throws std::runtime_error for an unknown statement.
 std::vector<PlainStatement> PlainStatementsOf(const std::vector<std::string>& noted);
 
+// The same for statements of which a batch consists: new entries have the identities that they say,
+// and no transaction belongs to any of them.
+std::vector<PlainStatement> PlainBatchOf(const std::vector<std::string>& noted);
+
+// A statement of the engine's own, with a number that PlainBatchOf() gives to none.
+PlainStatement EngineStatement(std::string text, std::size_t number);
+
 // How saving the fields of an entry's record set and committing is noted, which is no statement of
 // the component's. `fields`: date, centre, item, two keywords, element code, digest and amount.
 std::string SavingNote(std::int64_t identity, const std::vector<std::string>& fields);

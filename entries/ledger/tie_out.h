@@ -1,0 +1,55 @@
+// The account's entries tied to the ledger's trial balance: for each account of the ledger what it
+// says, what the entries that are mapped to it come to, and the difference. Nothing is ever
+// balanced.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "entries/summary/exact_sum.h"
+
+namespace kelvane::entries {
+
+// One line of a mapping: which ledger account stands for which entries. "*" stands for any code, at
+// the end of a pattern for any ending.
+struct MappedAccount {
+    std::string account;
+    std::string item;
+    std::string element;
+    std::string center;
+};
+using LedgerMap = std::vector<MappedAccount>;
+
+struct TrialLine {
+    std::string account;
+    std::string name;
+    ExactSum amount;
+};
+using TrialBalance = std::vector<TrialLine>;
+
+struct TieOutRow {
+    std::string account;
+    std::string name;
+    std::optional<ExactSum> ledger;  // none: the trial balance lacks the account
+    ExactSum entriesSum;
+    std::size_t entries = 0;
+    ExactSum difference;                   // ledger less entries
+    std::vector<std::int32_t> candidates;  // entries whose amount is exactly the difference
+};
+
+struct TieOut {
+    std::vector<TieOutRow> rows;         // in the order of the trial balance, then of the map
+    std::vector<std::int32_t> unmapped;  // entries that no line covers
+    ExactSum unmappedSum;
+    std::vector<TrialLine> unmappedAccounts;  // of the ledger, with an amount, that no line names
+    bool Agrees() const;
+};
+
+// Ties the entries of the account to `trial`. An entry belongs to the first line of `map` that
+// covers it. Over gConn, in one snapshot. Throws platform::DatabaseError and its kin.
+TieOut TieOutAccount(const TrialBalance& trial, const LedgerMap& map);
+
+}  // namespace kelvane::entries

@@ -133,6 +133,9 @@ constexpr std::array kRules{
 constexpr std::array kBatchRules{
     Rule{"select cValue from PM_SettingInf where cName='%'",
          "select cValue from PM_SettingInf where rtrim(cName) = {1} collate nocase"},
+    Rule{"select cElementCode,iElementDetail from PM_ItemElement where cElementName ='%'",
+         "select cElementCode, iElementDetail from PM_ItemElement where rtrim(cElementName) = {1} "
+         "collate nocase"},
     Rule{"select cKeyWord1,cKeyWord2 from PM_DutycenterSub where cCenterCode='%' and cItemCode='%'",
          "select cKeyWord1, cKeyWord2 from PM_DutycenterSub where rtrim(cCenterCode) = {1} collate "
          "nocase and rtrim(cItemCode) = {2} collate nocase"},

@@ -72,12 +72,34 @@ std::string TextOf(const Json& json) {
     return text;
 }
 
-Json JsonOfFields(const RowFields& fields) {
-    Json json = Json::array();
-    for (const auto& [column, text] : fields) {
-        json.push_back(Json::array({JsonOfText(column), JsonOfText(text)}));
+// Whether JSON writes `text` as it is.
+bool IsPlain(std::string_view text) {
+    const auto isPlain = [](char letter) {
+        const auto byte = static_cast<unsigned char>(letter);
+        return byte >= ' ' && byte != '"' && byte != '\\' && byte != 0x7F;
+    };
+    return std::ranges::all_of(text, isPlain) && IsUtf8(text);
+}
+
+void AppendText(std::string& json, const std::string& text) {
+    if (IsPlain(text)) {
+        json.append(1, '"').append(text).append(1, '"');
+    } else {
+        json += JsonOfText(text).dump();
     }
-    return json;
+}
+
+void AppendFields(std::string& json, const RowFields& fields) {
+    json += '[';
+    for (const auto& [column, text] : fields) {
+        if (&column != &fields.front().first) json += ',';
+        json += '[';
+        AppendText(json, column);
+        json += ',';
+        AppendText(json, text);
+        json += ']';
+    }
+    json += ']';
 }
 
 RowFields FieldsOf(const Json& json) {
@@ -87,11 +109,19 @@ RowFields FieldsOf(const Json& json) {
     return fields;
 }
 
-Json JsonOfImage(const std::optional<RowImage>& image) {
-    if (!image) return nullptr;
-    Json lines = Json::array();
-    for (const RowFields& line : image->lines) lines.push_back(JsonOfFields(line));
-    return {{"fields", JsonOfFields(image->fields)}, {"lines", std::move(lines)}};
+void AppendImage(std::string& json, const std::optional<RowImage>& image) {
+    if (!image) {
+        json += "null";
+        return;
+    }
+    json += R"({"fields":)";
+    AppendFields(json, image->fields);
+    json += R"(,"lines":[)";
+    for (const RowFields& line : image->lines) {
+        if (&line != &image->lines.front()) json += ',';
+        AppendFields(json, line);
+    }
+    json += "]}";
 }
 
 std::optional<RowImage> ImageOf(const Json& json) {
@@ -122,11 +152,13 @@ BatchIntent HeadOf(const Json& line) {
     return intent;
 }
 
-Json ChangeLine(const BatchChange& change) {
-    return {{"change",
-             {{"identity", change.identity},
-              {"before", JsonOfImage(change.before)},
-              {"after", JsonOfImage(change.after)}}}};
+std::string ChangeText(const BatchChange& change) {
+    std::string json = R"({"change":{"identity":)" + std::to_string(change.identity);
+    json += R"(,"before":)";
+    AppendImage(json, change.before);
+    json += R"(,"after":)";
+    AppendImage(json, change.after);
+    return json + "}}";
 }
 
 bool IsChange(const Json& line) {

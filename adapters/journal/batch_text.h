@@ -2,6 +2,7 @@
 // and the outcome. A text that is no UTF-8 is kept byte by byte, as {"hex": "c3"}.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "adapters/journal/line_chain.h"
@@ -11,7 +12,8 @@ namespace kelvane::journal {
 
 // All of `intent` but its changes.
 Json HeadLine(const platform::BatchIntent& intent);
-Json ChangeLine(const platform::BatchChange& change);
+// As its text: a batch can have very many of them.
+std::string ChangeText(const platform::BatchChange& change);
 // Behind the changes: how many there are. Without it the intent is not whole.
 Json CountsLine(const platform::BatchCounts& counts);
 Json OutcomeLine(platform::BatchOutcome outcome);

@@ -113,7 +113,7 @@ void FolderJournal::WriteIntent(Running& batch, const BatchIntent& intent) {
     };
     platform::BatchCounts counts;
     for (const auto& change : intent.changes) {
-        add(batch.chain.Seal(ChangeLine(change)));
+        add(batch.chain.SealText(ChangeText(change)));
         counts.Add(change);
     }
     add(batch.chain.Seal(CountsLine(counts)));

@@ -27,26 +27,25 @@ std::string_view ChecksumIn(std::string_view line) {
 
 }  // namespace
 
-Json LineChain::Place() const {
-    return {{"batch", mBatch}, {"line", mLine}, {"previous", mPrevious}};
-}
-
 std::string LineChain::Start() const {
-    std::string text = Place().dump();
-    text.pop_back();
-    return text;
+    return R"({"batch":)" + std::to_string(mBatch) + R"(,"line":)" + std::to_string(mLine) +
+           R"(,"previous":")" + mPrevious + '"';
 }
 
 std::string LineChain::Seal(const Json& content) {
-    Json line = Place();
-    line.update(content);
-    std::string text = line.dump();
+    return SealText(content.dump());
+}
+
+std::string LineChain::SealText(std::string_view content) {
+    std::string text = Start();
+    text.append(1, ',').append(content.substr(1));
     const std::string checksum = ChecksumOf(text);
     text.pop_back();
     text.append(kSealStart).append(checksum).append(kSealEnd);
     if (text.size() > kMaxLineLength) Fail("太长");
     Advance(checksum);
-    return text + '\n';
+    text += '\n';
+    return text;
 }
 
 std::string LineChain::Open(std::string_view line) {

@@ -29,6 +29,8 @@ public:
     // The next line, with the members of `content`; ends in a line break. Throws Fault when it is
     // too long.
     std::string Seal(const Json& content);
+    // The same of the text of an object that has any.
+    std::string SealText(std::string_view content);
 
     // How the next line begins: with its place.
     std::string Start() const;
@@ -45,7 +47,6 @@ public:
     [[noreturn]] void Fail(const std::string& what) const;
 
 private:
-    Json Place() const;
     // Throws Fault when `text` does not say that it is the next line.
     void NeedPlace(const std::string& text) const;
     void Advance(std::string_view checksum);

@@ -396,7 +396,7 @@ TEST_F(FolderJournalTest, WhatASealedLineSaysIsChecked) {
     fs::create_directory(mPlace);
     const platform::BatchIntent intent = SampleIntent();
     const auto head = journal::HeadLine(intent);
-    const auto change = journal::ChangeLine(intent.changes.front());
+    const auto change = journal::Json::parse(journal::ChangeText(intent.changes.front()));
     const auto one = journal::CountsLine({.created = 1, .changed = 0, .deleted = 0});
     const auto outcome = journal::OutcomeLine(BatchOutcome::Written);
     EXPECT_EQ(problem({head, change, one, outcome}), "");

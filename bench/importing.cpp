@@ -176,7 +176,7 @@ void Importing(benchmark::State& state) {
 
 void ImportingAskedOnce(benchmark::State& state) {
     Import(
-        state, [] {}, "importing 10,000 entries (prepared and asked once), ms", kLimitAskedOnce);
+        state, [] {}, "importing 10,000 entries (asked once), ms", kLimitAskedOnce);
 }
 
 void TryingImport(benchmark::State& state) {

@@ -11,6 +11,7 @@
 #include "bench/export.h"
 #include "bench/memory.h"
 #include "bench/table_reporter.h"
+#include "bench/tables.h"
 #include "bench/window.h"
 
 namespace {
@@ -24,6 +25,7 @@ struct Answer {
 constexpr Answer kAnswers[] = {
     {kelvane::bench::kMemoryOption, kelvane::bench::WriteMemoryOf},
     {kelvane::bench::kExportOption, kelvane::bench::WriteMemoryOfExport},
+    {kelvane::bench::kTableOption, kelvane::bench::WriteMemoryOfTable},
     {kelvane::bench::kWindowOption, kelvane::bench::WriteTimesOfWindow},
 };
 

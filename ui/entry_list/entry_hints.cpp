@@ -38,7 +38,7 @@ std::string frmPeriodItem::Hint() const {
     }
     const int row = GridPeriodItem.Row();
     if (mSearchStrip && mSearchStrip->IsOpen()) return mSearchStrip->Note();
-    if (!mSearchNote.empty()) return mSearchNote;
+    if (!mNote.empty()) return mNote;
     if (row < GridPeriodItem.FixedRows()) return mViews.Text();
     if (std::string way = RowHint(row); !way.empty() && !GridPeriodItem.ReadOnly()) return way;
     const int col = GridPeriodItem.Col();

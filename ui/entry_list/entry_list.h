@@ -283,8 +283,8 @@ private:
     ListViews mViews{GridPeriodItem};
     // Made when it is wanted for the first time.
     std::unique_ptr<SearchStrip> mSearchStrip;
-    // What is to be said of a search until the operator goes on.
-    std::string mSearchNote;
+    // What is to be said of a search or an import until the operator goes on.
+    std::string mNote;
     // The changes of the current row.
     RowHistory mHistory;
     // Why a cell or the row was refused, as long as the grid marks it.

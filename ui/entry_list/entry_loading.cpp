@@ -47,7 +47,7 @@ void frmPeriodItem::ResetToDesign() {
     GridPeriodItem.SetRowTouched(false);
     CloseSearchStrip();
     mViews.Forget();
-    mSearchNote.clear();
+    mNote.clear();
     HideDetailButton();
     for (controls::ToolbarButton& button : Toolbar1.Buttons()) button.SetEnabled(true);
     // Until it is known whether entries may be made: the opening can fail before that.

@@ -64,7 +64,7 @@ void frmPeriodItem::FindNext(int step) {
         TellNothingFound();
         return;
     }
-    if (GoToFound(found, kDateColumn, kAmountColumn)) mSearchNote = note;
+    if (GoToFound(found, kDateColumn, kAmountColumn)) mNote = note;
 }
 
 int frmPeriodItem::FindMatch(int step, std::string& note) const {

@@ -198,7 +198,7 @@ void frmPeriodItem::GridPeriodItem_EditCheck() {
 }
 
 void frmPeriodItem::GridPeriodItem_EnterCell() {
-    mSearchNote.clear();
+    mNote.clear();
     HideDetailButton();
     const int row = GridPeriodItem.Row();
     mHistory.KeepOnly(HistoryKey(row));
@@ -231,7 +231,7 @@ void frmPeriodItem::HideDetailButton() {
 }
 
 void frmPeriodItem::GridPeriodItem_ViewChange() {
-    mSearchNote.clear();
+    mNote.clear();
     if (cmdRef.Visible()) HideDetailButton();
     mHistory.KeepOnly(HistoryKey(GridPeriodItem.Row()));
 }

@@ -63,7 +63,13 @@ void frmPeriodItem::Import(const ImportRequest& request) {
         if (answer->created == 0 || GridPeriodItem.RowData(row) != answer->firstIdentity) continue;
         GridPeriodItem.MoveTo(row, kDateColumn);
     }
-    mFailureNotice.Tell(ToldOf(*answer));
+    mFailureNotice.Succeeded(Work::Save);
+    // A batch whose end is not noted down is no success alone.
+    if (answer->notes.empty()) {
+        mNote = ToldOf(*answer);
+    } else {
+        mFailureNotice.Tell(ToldOf(*answer));
+    }
 }
 
 // The entries as they are now, in the columns as the operator has them.

@@ -19,6 +19,7 @@ using platform::MessageAnswer;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 using Rows = std::vector<std::vector<std::string>>;
 
@@ -86,10 +87,11 @@ TEST_F(ImportWindowTest, OnlyWhatIsMoreThanOneCellIsPasted) {
     }
 }
 
-TEST_F(ImportWindowTest, TheNoticeSaysWhatWasDoneAndTheListHasIt) {
+TEST_F(ImportWindowTest, TheLineSaysWhatWasDoneAndTheListHasIt) {
     Open();
     Import([](frmImport& window) { window.cmdImport.Press(); });
-    EXPECT_EQ(Form().Notice(), "已导入期初：新增 1 行（批次 1）。");
+    EXPECT_EQ(Form().Hint(), "已导入期初：新增 1 行（批次 1）。");
+    EXPECT_EQ(Form().Notice(), "");
     EXPECT_EQ(List().RowData(List().Row()), 4);
     EXPECT_THAT(Messages(), IsEmpty());
     const platform::BatchIntent& intent = tables.journal.batches.at(0).intent;
@@ -101,7 +103,17 @@ TEST_F(ImportWindowTest, TheNoticeSaysWhatWasDoneAndTheListHasIt) {
     Go(1, kDigestColumn);
     EntryListTest::Type("改");
     Go(2, kDigestColumn);
-    EXPECT_EQ(Form().Notice(), "");
+    EXPECT_THAT(Form().Hint(), Not(HasSubstr("已导入")));
+}
+
+TEST_F(ImportWindowTest, ABatchWhoseEndIsNotNotedDownIsAWarning) {
+    Open();
+    tables.journal.endFails = true;
+    Import([](frmImport& window) { window.cmdImport.Press(); });
+    EXPECT_EQ(Form().Notice(),
+              "已导入期初：新增 1 行（批次 1）。已经写入帐套，但批次 1 "
+              "的结果没有记入日志：模拟的日志错误。");
+    EXPECT_EQ(List().RowData(List().Row()), 4);
 }
 
 TEST_F(ImportWindowTest, ACheckThatFailsLeavesNothingToEnter) {

@@ -133,6 +133,21 @@ class ComponentTest(unittest.TestCase):
             query("""select "cValue" from "PM_SettingInf" where "cName" = 'NumMax_EleQc'"""),
             ["26"])
 
+    def test_imports_pasted_rows(self):
+        script = Path(SCRIPTS, "import_rows.script").read_text(encoding="utf-8")
+        host = self.host("init", "show", operator_script=script)
+        self.assertEqual(host.report, ["create: done", "Init gives Boolean -1", "init: done",
+                                       "show: done", "end of script"])
+        self.assertIn("2 1 !3|2003-12-06|D01|!P999||一标段||检验试验费|取样|20.50||",
+                      host.transcript)
+        self.assertIn('hint "已导入期初：新增 2 行（批次 1）。"', host.transcript)
+        self.assertEqual(host.transcript[-1], "close frmPeriodItem")
+        self.assertEqual(
+            query('select "iEleVid", "dDate", "cItemCode", "cElementCode", "cDigest", "mQC"'
+                  ' from "PM_ItemQC" where "iEleVid" > 25 order by 1'),
+            ["26|2003-12-05 00:00:00|P001|E01|塔吊|1000.0000",
+             "27|2003-12-06 00:00:00|P001|E06|取样|20.5000"])
+
     def test_host_in_jscript(self):
         host = self.host(script=SCRIPTS / "host.js", operator_script="print grid\nclose\n")
         self.assertEqual(host.report, ["Init gives true", "Show returned", "end of script"])

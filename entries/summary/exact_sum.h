@@ -19,6 +19,11 @@ public:
     ExactSum& operator-=(const ExactSum& other);
     friend bool operator==(const ExactSum&, const ExactSum&) = default;
     friend std::strong_ordering operator<=>(const ExactSum& a, const ExactSum& b);
+    friend ExactSum operator+(ExactSum a, const ExactSum& b) { return a += b; }
+    friend ExactSum operator-(ExactSum a, const ExactSum& b) { return a -= b; }
+
+    bool IsZero() const { return mHigh == 0 && mLow == 0; }
+    bool IsNegative() const { return mHigh < 0; }
 
     // All four decimals, without grouping: "-1234.5000".
     std::string FixedText() const;
@@ -26,6 +31,9 @@ public:
     std::string DisplayText() const;
 
 private:
+    // Those of its magnitude, the decimals among them.
+    std::string Digits() const;
+
     // 128 bits in ten-thousandths, two's complement.
     std::int64_t mHigh = 0;
     std::uint64_t mLow = 0;

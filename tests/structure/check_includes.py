@@ -15,6 +15,7 @@ ALLOWED = {
     "data": ["platform"],
     "entries": ["platform", "data"],
     "entries/bulk": ["platform", "data", "entries"],
+    "entries/summary": ["platform", "data", "entries"],
     "ui/common": ["platform", "controls", "data", "entries"],
     "ui/find": ["platform", "controls", "data", "entries", "ui/common"],
     "ui/import": ["platform", "controls", "data", "entries", "entries/bulk", "ui/common"],

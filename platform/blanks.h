@@ -6,6 +6,11 @@
 
 namespace kelvane::platform {
 
+// `text` without the blanks at its end.
+constexpr std::string_view WithoutEndBlanks(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 // `text` without the blanks at both ends.
 constexpr std::string_view WithoutOuterBlanks(std::string_view text) {
     const auto first = text.find_first_not_of(' ');

@@ -1,11 +1,9 @@
 #include "adapters/tsql/language/text_rules.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <iterator>
 #include <string>
 
-#include "platform/ascii.h"
+#include "platform/blanks.h"
+#include "platform/letter_case.h"
 #include "platform/utf8.h"
 
 namespace kelvane::tsql {
@@ -13,51 +11,13 @@ namespace kelvane::tsql {
 namespace {
 
 using platform::AppendCharacter;
+using platform::SmallLetter;
 using platform::TakeCharacter;
-
-// Upper-case letters from `first` to `last` in steps of `step`; their lower case is `delta`
-// further.
-struct CaseRange {
-    char32_t first;
-    char32_t last;
-    char32_t step;
-    char32_t delta;
-};
-
-constexpr CaseRange kCaseRanges[] = {
-    {0x00C0, 0x00D6, 1, 32}, {0x00D8, 0x00DE, 1, 32}, {0x0100, 0x012E, 2, 1},
-    {0x0132, 0x0136, 2, 1},  {0x0139, 0x0147, 2, 1},  {0x014A, 0x0176, 2, 1},
-    {0x0179, 0x017D, 2, 1},  {0x01CD, 0x01DB, 2, 1},  {0x0386, 0x0386, 1, 38},
-    {0x0388, 0x038A, 1, 37}, {0x038C, 0x038C, 1, 64}, {0x038E, 0x038F, 1, 63},
-    {0x0391, 0x03A1, 1, 32}, {0x03A3, 0x03AB, 1, 32}, {0x0400, 0x040F, 1, 80},
-    {0x0410, 0x042F, 1, 32}, {0x2160, 0x216F, 1, 16}, {0xFF21, 0xFF3A, 1, 32},
-};
-
-bool Contains(const CaseRange& range, char32_t letter) {
-    return letter >= range.first && letter <= range.last &&
-           (letter - range.first) % range.step == 0;
-}
-
-char32_t Fold(char32_t letter) {
-    if (letter < 0x80)
-        return static_cast<unsigned char>(platform::LowerAscii(static_cast<char>(letter)));
-    for (const CaseRange& range : kCaseRanges) {
-        if (Contains(range, letter)) return letter + range.delta;
-    }
-    return letter;
-}
-
-bool HasCase(char32_t letter) {
-    return std::any_of(std::begin(kCaseRanges), std::end(kCaseRanges), [&](const CaseRange& range) {
-        return Contains(range, letter) ||
-               (letter >= range.delta && Contains(range, letter - range.delta));
-    });
-}
 
 std::u32string Folded(std::string_view text) {
     std::u32string result;
     result.reserve(text.size());
-    while (!text.empty()) result += Fold(TakeCharacter(text).value);
+    while (!text.empty()) result += SmallLetter(TakeCharacter(text).value);
     return result;
 }
 
@@ -88,35 +48,33 @@ bool MatchesClass(char32_t character, const std::u32string& pattern, std::size_t
 }  // namespace
 
 std::string_view TrimEnd(std::string_view text) {
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    return text;
+    return platform::WithoutEndBlanks(text);
 }
 
 int CompareText(std::string_view a, std::string_view b) {
     a = TrimEnd(a);
     b = TrimEnd(b);
     while (!a.empty() && !b.empty()) {
-        const char32_t x = Fold(TakeCharacter(a).value);
-        const char32_t y = Fold(TakeCharacter(b).value);
+        const char32_t x = SmallLetter(TakeCharacter(a).value);
+        const char32_t y = SmallLetter(TakeCharacter(b).value);
         if (x != y) return x < y ? -1 : 1;
     }
     return static_cast<int>(!a.empty()) - static_cast<int>(!b.empty());
 }
 
 std::string FoldedText(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    while (!text.empty()) AppendCharacter(result, Fold(TakeCharacter(text).value));
-    return result;
+    return platform::InSmallLetters(text);
 }
 
 CaseLetters CasedLetters() {
+    constexpr char32_t kFirst = 0x80;
+    constexpr char32_t kLast = 0xFFFF;
     CaseLetters letters;
-    for (const CaseRange& range : kCaseRanges) {
-        for (char32_t letter = range.first; letter <= range.last; letter += range.step) {
-            AppendCharacter(letters.upper, letter);
-            AppendCharacter(letters.lower, Fold(letter));
-        }
+    for (char32_t letter = kFirst; letter <= kLast; ++letter) {
+        const char32_t small = SmallLetter(letter);
+        if (small == letter) continue;
+        AppendCharacter(letters.upper, letter);
+        AppendCharacter(letters.lower, small);
     }
     return letters;
 }
@@ -125,7 +83,7 @@ std::string_view AsciiCasedPart(std::string_view text) {
     std::string_view rest = text;
     while (!rest.empty()) {
         const platform::Utf8Character next = platform::FirstCharacter(rest);
-        if (!next.valid || (next.value >= 0x80 && HasCase(next.value))) break;
+        if (!next.valid || (platform::HasWideCase(next.value))) break;
         rest.remove_prefix(next.length);
     }
     return text.substr(0, text.size() - rest.size());

@@ -57,7 +57,8 @@ TEST(ExactSum, CarriesAndBorrowsBetweenItsHalves) {
     EXPECT_EQ((Of(0) - Of(1)), Of(-1));
     EXPECT_EQ((Of(1) - Of(1)).FixedText(), "0.0000");
     ExactSum itself = boundary - Of(1);
-    itself -= itself;
+    const ExactSum& same = itself;
+    itself -= same;
     EXPECT_EQ(itself, ExactSum());
 }
 

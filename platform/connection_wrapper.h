@@ -33,6 +33,7 @@ public:
     void Begin() override { mInner->Begin(); }
     void Commit() override { mInner->Commit(); }
     void RollBack() override { mInner->RollBack(); }
+    void BeginSnapshot() override { mInner->BeginSnapshot(); }
 
 protected:
     void DoExecute(const std::string& statement) override { ForwardExecute(*mInner, statement); }

@@ -23,4 +23,18 @@ void Transaction::RollBack() {
     mConnection.RollBack();
 }
 
+Snapshot::Snapshot(Connection& connection) : mConnection(connection) {
+    if (mConnection.mSnapshots == 0) mConnection.BeginSnapshot();
+    ++mConnection.mSnapshots;
+}
+
+Snapshot::~Snapshot() {
+    if (--mConnection.mSnapshots > 0) return;
+    try {
+        mConnection.RollBack();
+    } catch (...) {
+        return;  // the connection is gone, and nothing was written
+    }
+}
+
 }  // namespace kelvane::platform

@@ -95,6 +95,7 @@ public:
 
 class Connection {
     friend class ConnectionDataAccess;
+    friend class Snapshot;
 
 public:
     virtual ~Connection() = default;
@@ -134,6 +135,11 @@ public:
     virtual void Commit() = 0;
     virtual void RollBack() = 0;
 
+    // Begins a transaction that only reads, as of one moment: its first query's at the latest. What
+    // others save afterwards is not seen, and a change inside it is refused with DatabaseError.
+    // Ended by RollBack(). Snapshot is the scope for it.
+    virtual void BeginSnapshot() = 0;
+
 protected:
     virtual void DoExecute(const std::string& statement) = 0;
     virtual std::unique_ptr<RecordSet> DoOpenRecordSet(const std::string& statement,
@@ -148,6 +154,9 @@ protected:
                                                            const RecordSetOptions& options) {
         return inner.DoOpenRecordSet(statement, options);
     }
+
+private:
+    int mSnapshots = 0;  // scopes that are open, one within another
 };
 
 // A transaction as a scope: leaving it without Commit() rolls back.
@@ -164,6 +173,20 @@ public:
 private:
     Connection& mConnection;
     bool mOpen = true;
+};
+
+// A scope in which the connection sees the account as of one moment and writes nothing. One within
+// another of the same connection sees what that one sees. Throws as BeginSnapshot() does; leaving
+// the scope throws nothing.
+class Snapshot {
+public:
+    explicit Snapshot(Connection& connection);
+    ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+
+private:
+    Connection& mConnection;
 };
 
 }  // namespace kelvane::platform

@@ -8,6 +8,7 @@
 namespace kelvane::com {
 
 using platform::CursorLocation;
+using platform::LockType;
 
 namespace {
 
@@ -52,6 +53,7 @@ void AdoConnection::SetCursorLocation(CursorLocation location) {
 }
 
 void AdoConnection::DoExecute(const std::string& statement) {
+    mSession->RequireChangeable();
     mSession->Ready();
     try {
         FinishBatch(mSession->Connection().Object(
@@ -64,6 +66,8 @@ void AdoConnection::DoExecute(const std::string& statement) {
 
 std::unique_ptr<platform::RecordSet> AdoConnection::DoOpenRecordSet(
     const std::string& statement, const platform::RecordSetOptions& options) {
+    if (options.lock == LockType::Pessimistic) mSession->RequireChangeable();
+    const LockType lock = mSession->IsSnapshot() ? LockType::ReadOnly : options.lock;
     mSession->Ready();
     try {
         DispatchObject records = DispatchObject::Create("ADODB.Recordset");
@@ -72,7 +76,7 @@ std::unique_ptr<platform::RecordSet> AdoConnection::DoOpenRecordSet(
         }
         records.Call("Open",
                      {Variant::OfText(statement), Variant::OfObject(mSession->Connection().Get()),
-                      Number(options.cursor), Number(options.lock), Number(options.command)});
+                      Number(options.cursor), Number(lock), Number(options.command)});
         return TakeRecordSet(Variant::OfObject(records.Get()), mSession, records.Name());
     } catch (const DispatchError& error) {
         mSession->Fail(error);

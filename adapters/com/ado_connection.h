@@ -30,6 +30,7 @@ public:
     void Begin() override { mSession->Begin(); }
     void Commit() override { mSession->Commit(); }
     void RollBack() override { mSession->RollBack(); }
+    void BeginSnapshot() override { mSession->BeginSnapshot(); }
 
 protected:
     void DoExecute(const std::string& statement) override;

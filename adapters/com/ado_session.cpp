@@ -16,6 +16,11 @@ using platform::DatabaseError;
 constexpr int kNoTransaction = 3902;
 constexpr int kTransactionOpen = 3901;
 constexpr int kTransactionUndone = 3930;
+constexpr int kOnlyReading = 3906;
+
+// Of the property IsolationLevel, which counts from the next transaction on.
+constexpr long kReadCommitted = 0x1000;
+constexpr long kSerializable = 0x100000;
 
 DatabaseError NotOpen() {
     return DatabaseError("没有打开的事务", kNoTransaction);
@@ -76,6 +81,7 @@ int AdoSession::State() const {
 void AdoSession::ForgetTransaction() {
     mInTransaction = false;
     mUndone = false;
+    mSnapshot = false;
 }
 
 void AdoSession::Ready() {
@@ -108,6 +114,31 @@ void AdoSession::Begin() {
     mInTransaction = true;
 }
 
+void AdoSession::SetIsolation(long level) {
+    try {
+        mConnection.Put("IsolationLevel", Variant::OfInteger(level));
+    } catch (const DispatchError& error) {
+        Fail(error);
+    }
+}
+
+void AdoSession::BeginSnapshot() {
+    if (mInTransaction) throw DatabaseError("已经有一个事务", kTransactionOpen);
+    Ready();
+    SetIsolation(kSerializable);
+    try {
+        Begin();
+    } catch (...) {
+        SetIsolation(kReadCommitted);
+        throw;
+    }
+    mSnapshot = true;
+}
+
+void AdoSession::RequireChangeable() const {
+    if (mSnapshot) throw DatabaseError("此事务只能读取，不能修改", kOnlyReading);
+}
+
 void AdoSession::Commit() {
     if (!mInTransaction) throw NotOpen();
     const bool undone = mUndone;
@@ -137,8 +168,11 @@ void AdoSession::Commit() {
 void AdoSession::RollBack() {
     if (!mInTransaction) throw NotOpen();
     const bool gone = mUndone || mLost;
+    const bool lowersIsolation = mSnapshot;
     ForgetTransaction();
     try {
+        // What is set outlasts the connection, which is opened again.
+        if (lowersIsolation) mConnection.Put("IsolationLevel", Variant::OfInteger(kReadCommitted));
         mConnection.Call("RollbackTrans");
     } catch (const DispatchError& error) {
         if (!gone) Fail(error);

@@ -32,6 +32,11 @@ public:
     void Ready();
 
     void Begin();
+    // What is read in it stays locked against other writers, who wait.
+    void BeginSnapshot();
+    bool IsSnapshot() const { return mSnapshot; }
+    // Before a change or a lock: throws platform::DatabaseError in a snapshot.
+    void RequireChangeable() const;
     void Commit();
     void RollBack();
 
@@ -45,6 +50,7 @@ private:
     [[noreturn]] void Throw(const AdoFailure& failure);
     void OpenNow();
     void ForgetTransaction();
+    void SetIsolation(long level);
 
     DispatchObject mConnection;
     std::string mConnectionString;
@@ -52,6 +58,7 @@ private:
     std::string mPassword;
     int mOptions = -1;
     bool mInTransaction = false;
+    bool mSnapshot = false;
     bool mUndone = false;  // the database has rolled the transaction back by itself
     bool mLost = false;
 };

@@ -18,6 +18,11 @@ DatabaseError NoTransaction() {
     return DatabaseError("There is no transaction.", 3902);
 }
 
+DatabaseError OnlyReading() {
+    return DatabaseError("The transaction only reads: nothing can be changed or locked in it.",
+                         3906);
+}
+
 DatabaseError TransactionUndone() {
     return DatabaseError("The transaction was undone by an earlier error.", 3930);
 }

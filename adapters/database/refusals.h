@@ -16,6 +16,8 @@ DatabaseError ConnectionIsClosed();
 
 DatabaseError TransactionIsOpen();
 DatabaseError NoTransaction();
+// In a transaction that only reads.
+DatabaseError OnlyReading();
 // An error has ended the transaction that is still to be committed or rolled back.
 DatabaseError TransactionUndone();
 

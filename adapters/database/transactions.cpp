@@ -16,14 +16,26 @@ void Transactions::Begin() {
     mExplicit = true;
 }
 
+void Transactions::BeginSnapshot() {
+    if (mExplicit || IsHeld()) throw TransactionIsOpen();
+    mEngine.StartSnapshot();
+    ++mNumber;
+    mHeld = false;
+    mExplicit = mSnapshot = true;
+}
+
+void Transactions::RequireChangeable() const {
+    if (mSnapshot) throw OnlyReading();
+}
+
 void Transactions::Commit() {
     if (!mExplicit) throw NoTransaction();
     try {
         RequireIntact();
-        mExplicit = false;
+        mExplicit = mSnapshot = false;
         mEngine.Commit();
     } catch (...) {
-        mExplicit = false;
+        mExplicit = mSnapshot = false;
         TryRelock();
         throw;
     }
@@ -32,7 +44,7 @@ void Transactions::Commit() {
 
 void Transactions::RollBack() {
     if (!mExplicit) throw NoTransaction();
-    mExplicit = false;
+    mExplicit = mSnapshot = false;
     if (mEngine.InTransaction()) mEngine.RollBack();
     TryRelock();
 }

@@ -16,6 +16,8 @@ public:
     // False also when a failure has undone the transaction.
     virtual bool InTransaction() const = 0;
     virtual void Start() = 0;
+    // The same for a transaction that sees one moment and changes nothing.
+    virtual void StartSnapshot() = 0;
     // Afterwards no transaction is open, also when it throws.
     virtual void Commit() = 0;
     virtual void RollBack() = 0;
@@ -36,9 +38,14 @@ public:
     explicit Transactions(TransactionEngine& engine) : mEngine(engine) {}
 
     void Begin();
+    void BeginSnapshot();
     void Commit();
     void RollBack();
     bool IsExplicit() const { return mExplicit; }
+    // The transaction is one that only reads.
+    bool IsSnapshot() const { return mSnapshot; }
+    // Before a change or a lock: throws when the transaction only reads.
+    void RequireChangeable() const;
 
     // Starts a transaction for a record set that will lock its rows, unless one is open.
     void AddLocker();
@@ -70,6 +77,7 @@ private:
 
     TransactionEngine& mEngine;
     bool mExplicit = false;
+    bool mSnapshot = false;  // so is the explicit transaction
     int mLockers = 0;
     bool mHeld = false;  // the engine's transaction is the lockers' own
     long mNumber = 0;    // of the transaction that was started last

@@ -99,6 +99,12 @@ public:
     // How to run a batch of the dialect. Throws DatabaseError for what makes the dialect refuse the
     // whole batch.
     virtual Plan PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) = 0;
+    // Around a transaction that sees one moment and only reads: before it, at its start and,
+    // outside of it again, behind it. What fails ends the transaction.
+    virtual void BeforeSnapshot(Channel& /*channel*/) {}
+    virtual void AtSnapshot(Channel& /*channel*/) {}
+    virtual void AfterSnapshot(Channel& /*channel*/) {}
+
     // The step that makes a change, exactly one row of it. The connection checks the row count.
     virtual RunStep PlanChange(const RowChange& change, Channel& channel) = 0;
 

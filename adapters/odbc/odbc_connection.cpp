@@ -72,6 +72,9 @@ void OdbcConnection::Commit() {
 void OdbcConnection::RollBack() {
     RequireOpen().RollBack();
 }
+void OdbcConnection::BeginSnapshot() {
+    RequireOpen().BeginSnapshot();
+}
 
 void OdbcConnection::ReadAhead(std::span<const platform::StatementText> queries,
                                const platform::RecordSetOptions& options) {
@@ -90,7 +93,7 @@ std::unique_ptr<platform::RecordSet> OdbcConnection::DoOpenRecordSet(
     const std::string& statement, const platform::RecordSetOptions& options) {
     Session& session = RequireOpen();
     const bool locks = options.lock == LockType::Pessimistic;
-    const bool changeable = IsChangeable(options);
+    const bool changeable = IsChangeable(options) && !session.IsSnapshot();
     std::optional<Session::Locker> locker;
     Result result;
     if (locks && !session.IsExplicit()) {

@@ -62,6 +62,7 @@ public:
     void Begin() override;
     void Commit() override;
     void RollBack() override;
+    void BeginSnapshot() override;
     // Outside a transaction announced queries go to the server together, each text once.
     void ReadAhead(std::span<const platform::StatementText> queries,
                    const platform::RecordSetOptions& options) override;

@@ -149,6 +149,10 @@ Plan PostgresDialect::PlanDefinitions() {
     return plan;
 }
 
+void PostgresDialect::AtSnapshot(Channel& channel) {
+    channel.Run("set transaction isolation level repeatable read, read only");
+}
+
 // The savepoint is not released in the same text: the driver tells the number of changed rows of
 // the text's last statement, and that has to be the update.
 RunStep PostgresDialect::PlanChange(const RowChange& change, Channel& channel) {

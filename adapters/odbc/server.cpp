@@ -43,6 +43,7 @@ void Server::Connect() {
 void Server::Disconnect() noexcept {
     mLink.Disconnect();
     mInTransaction = false;
+    mInSnapshot = false;
 }
 
 void Server::RequireConnected() {
@@ -134,6 +135,22 @@ void Server::StartTransaction() {
     mWasLost = false;
 }
 
+void Server::StartSnapshot() {
+    mInSnapshot = true;
+    try {
+        mDialect->BeforeSnapshot(*this);
+        StartTransaction();
+        mDialect->AtSnapshot(*this);
+    } catch (...) {
+        RollBack();
+        throw;
+    }
+}
+
+void Server::LeaveSnapshot() {
+    if (std::exchange(mInSnapshot, false)) mDialect->AfterSnapshot(*this);
+}
+
 void Server::Commit() {
     if (mLink.IsDead()) {
         Disconnect();
@@ -157,7 +174,8 @@ void Server::Commit() {
     mInTransaction = false;
     try {
         mLink.SetAutoCommit(true);
-    } catch (const DriverFailure&) {
+        LeaveSnapshot();
+    } catch (...) {
         // What was committed stays so; the next statement connects again.
         Disconnect();
     }
@@ -168,6 +186,7 @@ void Server::RollBack() noexcept {
     try {
         mLink.EndTransaction(false);
         mLink.SetAutoCommit(true);
+        LeaveSnapshot();
     } catch (...) {
         Disconnect();
     }

@@ -37,6 +37,8 @@ public:
     // False also when a failure has undone the transaction.
     bool InTransaction() const override { return mInTransaction; }
     void StartTransaction();
+    // The same for one that sees one moment and only reads.
+    void StartSnapshot();
     // Throws CommitInDoubt when the answer was lost; after any other error nothing was saved.
     void Commit();
     // Throws nothing: when the server cannot be told, it undoes the transaction by itself.
@@ -51,6 +53,8 @@ private:
     [[noreturn]] void Fail(const DriverFailure& reported);
     // What has to be done after a failure, so that the next statement finds things as they are.
     void Settle(const Failure& failure);
+    // After a transaction: what it was begun with is the session's no longer.
+    void LeaveSnapshot();
 
     const OdbcSettings mSettings;
     const database::Secret mConnectionString;
@@ -59,6 +63,7 @@ private:
     std::unique_ptr<EngineDialect> mDialect;
     Link mLink;
     bool mInTransaction = false;
+    bool mInSnapshot = false;
     bool mWasLost = false;
 };
 

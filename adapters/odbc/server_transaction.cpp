@@ -7,6 +7,11 @@ void ServerTransaction::Start() {
     mServer.StartTransaction();
 }
 
+void ServerTransaction::StartSnapshot() {
+    mServer.RequireConnected();
+    mServer.StartSnapshot();
+}
+
 void ServerTransaction::LockRows(bool withoutWaiting) {
     Start();
     const Purpose purpose{

@@ -19,6 +19,7 @@ public:
 
     bool InTransaction() const override { return mServer.InTransaction(); }
     void Start() override;
+    void StartSnapshot() override;
     void Commit() override { mServer.Commit(); }
     void RollBack() override { mServer.RollBack(); }
     void Lock() override { LockRows(false); }

@@ -38,6 +38,11 @@ void Session::RollBack() {
     mTransactions.RollBack();
 }
 
+void Session::BeginSnapshot() {
+    mAnnounced.End();
+    mTransactions.BeginSnapshot();
+}
+
 Result Session::RunPlan(const Plan& plan, const Purpose& purpose) {
     Result result;
     result.source = plan.source;
@@ -54,12 +59,14 @@ Result Session::RunPlan(const Plan& plan, const Purpose& purpose) {
 
 Result Session::Run(std::string_view batch, Purpose purpose) {
     mTransactions.RequireIntact();
+    if (purpose.locks) mTransactions.RequireChangeable();
     mServer.RequireConnected();
     purpose.inTransaction = mServer.InTransaction();
     bool changes = true;
     try {
         const Plan plan = mServer.Dialect().PlanBatch(batch, purpose, mServer);
         changes = plan.changes;
+        if (changes) mTransactions.RequireChangeable();
         Result result = RunPlan(plan, purpose);
         if (changes) mTransactions.MakeDurable();
         return result;
@@ -133,6 +140,7 @@ void Session::RemoveLocker(Locker locker) noexcept {
 
 void Session::Change(RowChange change, long lockedIn) {
     mTransactions.RequireIntact();
+    mTransactions.RequireChangeable();
     mAnnounced.End();
     const bool own = !IsExplicit() && !mTransactions.HasLockers();
     if (own) {

@@ -21,7 +21,9 @@ public:
     void Begin();
     void Commit();
     void RollBack();
+    void BeginSnapshot();
     bool IsExplicit() const { return mTransactions.IsExplicit(); }
+    bool IsSnapshot() const { return mTransactions.IsSnapshot(); }
 
     // Runs a batch. Throws DatabaseError for the first statement that fails; outside a transaction
     // those before it stay done.

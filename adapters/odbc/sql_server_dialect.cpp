@@ -35,6 +35,18 @@ void Require(std::string& condition, const std::string& more) {
     condition += more;
 }
 
+bool KeepsRowVersions(Channel& channel) {
+    try {
+        const ResultRows state = channel.Run(
+            "select snapshot_isolation_state from sys.databases where name = db_name()");
+        return state.RowCount() == 1 && state.At(0, 0) == tsql::Datum(std::int64_t{1});
+    } catch (const platform::ConnectionLost&) {
+        throw;
+    } catch (const platform::DatabaseError&) {
+        return false;  // a server that has no such view, or does not show it
+    }
+}
+
 }  // namespace
 
 void SqlServerDialect::Prepare(Channel& channel) {
@@ -45,6 +57,15 @@ void SqlServerDialect::Prepare(Channel& channel) {
     } catch (const platform::DatabaseError&) {
         // A server without it is held to the time-out of its statements.
     }
+}
+
+void SqlServerDialect::BeforeSnapshot(Channel& channel) {
+    constexpr std::string_view kSet = "set transaction isolation level ";
+    channel.Run(std::string(kSet) + (KeepsRowVersions(channel) ? "snapshot" : "serializable"));
+}
+
+void SqlServerDialect::AfterSnapshot(Channel& channel) {
+    channel.Run("set transaction isolation level read committed");
 }
 
 std::string SqlServerDialect::LockText(const SelectSource& source) const {

@@ -21,6 +21,10 @@ public:
     // column as it is, which every server takes the row's write lock for. Two readers with a shared
     // lock, as HOLDLOCK asks for, would end in a deadlock when both update; with it they queue.
     Plan PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) override;
+    // By row versions where the database keeps them; else what is read stays locked against other
+    // writers, who wait.
+    void BeforeSnapshot(Channel& channel) override;
+    void AfterSnapshot(Channel& channel) override;
     // The row is found by its table's key, or by what it was chosen by and all its fields.
     RunStep PlanChange(const RowChange& change, Channel& channel) override;
     bool KeepTransaction(Channel& channel) override;

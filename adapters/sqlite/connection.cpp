@@ -54,6 +54,7 @@ public:
     void Begin() override { RequireOpen().Transactions().Begin(); }
     void Commit() override { RequireOpen().Transactions().Commit(); }
     void RollBack() override { RequireOpen().Transactions().RollBack(); }
+    void BeginSnapshot() override { RequireOpen().Transactions().BeginSnapshot(); }
 
 protected:
     void DoExecute(const std::string& statement) override {
@@ -63,10 +64,12 @@ protected:
     std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
         const std::string& statement, const platform::RecordSetOptions& options) override {
         Session& session = RequireOpen();
+        if (options.lock == LockType::Pessimistic) session.Transactions().RequireChangeable();
         const bool locks =
             options.lock == LockType::Pessimistic && !session.Transactions().IsExplicit();
         auto writer = std::make_unique<FileRowWriter>(mSession, locks);
-        const bool wantsChange = options.lock != LockType::ReadOnly;
+        const bool wantsChange =
+            options.lock != LockType::ReadOnly && !session.Transactions().IsSnapshot();
         Result result = session.Run(statement, true, wantsChange);
         if (!result.origin) {
             return std::make_unique<BufferedRecordSet>(std::move(result.rows), nullptr, false,

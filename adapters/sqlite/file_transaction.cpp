@@ -19,6 +19,11 @@ void FileTransaction::Start() {
     mDatabase.Run(kBegin);
 }
 
+// The engine's snapshot is that of the first query; a writer who has a log goes on beside it.
+void FileTransaction::StartSnapshot() {
+    mDatabase.Run("begin");
+}
+
 void FileTransaction::Commit() {
     const int code = mDatabase.TryRun("commit");
     if (code == SQLITE_OK) return;

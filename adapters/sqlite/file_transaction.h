@@ -15,6 +15,7 @@ public:
     bool InTransaction() const override;
     // Waits for others as long as the connection does. Throws DatabaseBusy.
     void Start() override;
+    void StartSnapshot() override;
     void Commit() override;
     void RollBack() override;
     void Lock() override { Start(); }

@@ -100,6 +100,8 @@ bool Session::RunOne(PreparedBatch& batch, std::size_t place, tsql::PackedRows* 
         mValues.push_back(tsql::ValueOf(parameter, mText.literals));
     }
     mTransactions.RequireIntact();
+    const bool changes = translated.kind != tsql::Statement::Kind::Select;
+    if (changes) mTransactions.RequireChangeable();
     Statement* statement = nullptr;
     try {
         statement = &PreparedAt(batch, place);
@@ -110,7 +112,6 @@ bool Session::RunOne(PreparedBatch& batch, std::size_t place, tsql::PackedRows* 
     for (std::size_t i = 0; i < mValues.size(); ++i) {
         statement->Bind(static_cast<int>(i) + 1, mValues[i]);
     }
-    const bool changes = translated.kind != tsql::Statement::Kind::Select;
     if (changes) mDatabase.StartChanges();
     StatementScope scope(mDatabase,
                          changes && translated.canFailMidway && mDatabase.InTransaction());
@@ -163,6 +164,7 @@ Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable)
 
 void Session::Change(const RowChange& change, long lockedIn) {
     mTransactions.RequireIntact();
+    mTransactions.RequireChangeable();
     mTransactions.RegainLock();
     mDatabase.StartChanges();
     const bool locked = lockedIn != 0 && lockedIn == mTransactions.Current();

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,11 @@ public:
     bool InTransaction() const override { return open; }
     void Start() override {
         calls.emplace_back("start");
+        if (busy) throw DatabaseBusy("busy");
+        open = true;
+    }
+    void StartSnapshot() override {
+        calls.emplace_back("start snapshot");
         if (busy) throw DatabaseBusy("busy");
         open = true;
     }
@@ -64,9 +70,10 @@ protected:
     PlayedEngine mEngine;
     Transactions mTransactions{mEngine};
 
-    int CodeOf(void (Transactions::*action)()) {
+    template <typename Action>
+    int CodeOf(Action action) {
         try {
-            (mTransactions.*action)();
+            std::invoke(action, mTransactions);
         } catch (const DatabaseError& error) {
             return error.NativeCode();
         }
@@ -196,6 +203,35 @@ TEST_F(TransactionsTest, EachHasItsNumber) {
     EXPECT_EQ(mTransactions.Current(), 0);
     mTransactions.Begin();
     EXPECT_NE(mTransactions.Current(), first);
+}
+
+TEST_F(TransactionsTest, InASnapshotNothingIsChanged) {
+    EXPECT_EQ(CodeOf([](Transactions& t) { t.RequireChangeable(); }), 0);
+    mTransactions.BeginSnapshot();
+    EXPECT_TRUE(mTransactions.IsSnapshot());
+    EXPECT_TRUE(mTransactions.IsExplicit());
+    EXPECT_EQ(CodeOf([](Transactions& t) { t.RequireChangeable(); }), 3906);
+    EXPECT_EQ(CodeOf([](Transactions& t) { t.Begin(); }), 3901);
+    EXPECT_EQ(CodeOf([](Transactions& t) { t.BeginSnapshot(); }), 3901);
+    mTransactions.RollBack();
+    EXPECT_EQ(CodeOf([](Transactions& t) { t.RequireChangeable(); }), 0);
+    EXPECT_THAT(mEngine.Take(), ElementsAre("start snapshot", "roll back"));
+}
+
+TEST_F(TransactionsTest, ASnapshotThatDoesNotBeginIsNone) {
+    mEngine.busy = true;
+    EXPECT_THROW(mTransactions.BeginSnapshot(), DatabaseBusy);
+    EXPECT_FALSE(mTransactions.IsSnapshot());
+    EXPECT_FALSE(mTransactions.IsExplicit());
+    EXPECT_EQ(mTransactions.Current(), 0);
+}
+
+TEST_F(TransactionsTest, NoSnapshotBeginsWhileRowsAreLocked) {
+    mTransactions.AddLocker();
+    EXPECT_EQ(CodeOf([](Transactions& t) { t.BeginSnapshot(); }), 3901);
+    mTransactions.RemoveLocker();
+    mTransactions.BeginSnapshot();
+    EXPECT_TRUE(mTransactions.IsSnapshot());
 }
 
 }  // namespace

@@ -30,6 +30,7 @@ public:
     void Begin() override { Note("begin"); }
     void Commit() override { Note("commit"); }
     void RollBack() override { Note("roll back"); }
+    void BeginSnapshot() override { Note("begin snapshot"); }
 
 protected:
     void DoExecute(const std::string& statement) override {

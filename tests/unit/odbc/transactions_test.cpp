@@ -237,5 +237,69 @@ TEST_F(Transactions, BeginConnectsAgain) {
     EXPECT_NO_THROW(Server().Commit());
 }
 
+constexpr const char* kVersions =
+    "run select snapshot_isolation_state from sys.databases where name = db_name()";
+constexpr const char* kBack = "run set transaction isolation level read committed";
+
+TEST_F(Transactions, ThatSeeOneMomentUseRowVersions) {
+    Open(std::string(kVersions) + "\ncolumns - INTEGER\nrow 1\n" +
+         "run set transaction isolation level snapshot\nrun select 1\ncolumns - INTEGER\nrow 1\n" +
+         kBack);
+    {
+        const platform::Snapshot snapshot(Server());
+        EXPECT_EQ(Query("select 1")->RecordCount(), 1);
+    }
+    EXPECT_EQ(Log(), std::string(kVersions) +
+                         "\nrun set transaction isolation level snapshot\nautocommit off\n"
+                         "run select 1\nrollback\nautocommit on\n" +
+                         kBack + "\n");
+    EXPECT_EQ(Driver().Left(), 0);
+}
+
+TEST_F(Transactions, ThatSeeOneMomentKeepWritersOutWhereThereAreNoRowVersions) {
+    for (const char* answer : {"columns - INTEGER\nrow 0", "columns - INTEGER",
+                               "error 42S02 208 Invalid object name 'sys.databases'."}) {
+        Open(std::string(kVersions) + "\n" + answer +
+             "\nrun set transaction isolation level serializable\n" + kBack);
+        { const platform::Snapshot snapshot(Server()); }
+        EXPECT_EQ(Log(), std::string(kVersions) +
+                             "\nrun set transaction isolation level serializable\n"
+                             "autocommit off\nrollback\nautocommit on\n" +
+                             kBack + "\n")
+            << answer;
+    }
+}
+
+// A session that would go on locking what it reads is not kept.
+TEST_F(Transactions, ThatSeeOneMomentLeaveNoSessionBehindThatDoesSo) {
+    Open(std::string(kVersions) +
+         "\ncolumns - INTEGER\nrow 0\nrun set transaction isolation level serializable\n" + kBack +
+         "\nerror HYT00 0 Query timeout expired\nalways set lock_timeout 5000" + kAfter);
+    { const platform::Snapshot snapshot(Server()); }
+    EXPECT_THAT(Log(), testing::EndsWith(std::string(kBack) + "\ndisconnect\n"));
+    ExpectFreshStatement();
+}
+
+TEST_F(Transactions, ThatSeeOneMomentSendNoChangeAndNoLock) {
+    Open(std::string(kVersions) +
+         "\ncolumns - INTEGER\nrow 0\nrun set transaction isolation level serializable\n"
+         "run select * from T with (HOLDLOCK) where i=1\ncolumns i INTEGER\nrow 1\n" +
+         kBack);
+    {
+        const platform::Snapshot snapshot(Server());
+        const std::string refused =
+            "The transaction only reads: nothing can be changed or locked in it.";
+        EXPECT_EQ(TextOf<DatabaseError>([&] { Execute("delete from T"); }), refused);
+        EXPECT_EQ(TextOf<DatabaseError>(
+                      [&] { Query("select i from T", platform::LockType::Pessimistic); }),
+                  refused);
+        const auto rows =
+            Query("select * from T with (HOLDLOCK) where i=1", platform::LockType::Optimistic);
+        EXPECT_EQ(TextOf<DatabaseError>([&] { rows->SetField("i", Value(std::int64_t{2})); }),
+                  "The record set or the column 'i' cannot be changed.");
+    }
+    EXPECT_EQ(Driver().Left(), 0);
+}
+
 }  // namespace
 }  // namespace kelvane::odbc

@@ -35,6 +35,7 @@ public:
     void Begin() override { calls.emplace_back("begin"); }
     void Commit() override { calls.emplace_back("commit"); }
     void RollBack() override { calls.emplace_back("roll back"); }
+    void BeginSnapshot() override { calls.emplace_back("begin snapshot"); }
 
 protected:
     void DoExecute(const std::string& statement) override {
@@ -62,11 +63,13 @@ TEST(ConnectionWrapper, HandsEverythingOn) {
     wrapper.OpenRecordSet(StatementText("select  1"), {.lock = LockType::Pessimistic});
     wrapper.Commit();
     wrapper.RollBack();
+    wrapper.BeginSnapshot();
     EXPECT_EQ(wrapper.State(), 6);
     wrapper.Close();
-    EXPECT_THAT(inner->calls, ElementsAre("string account", "location 3", "open u/p/-1",
-                                          "ahead 2 3", "begin", "execute delete from T ",
-                                          "query select  1 2", "commit", "roll back", "close"));
+    EXPECT_THAT(inner->calls,
+                ElementsAre("string account", "location 3", "open u/p/-1", "ahead 2 3", "begin",
+                            "execute delete from T ", "query select  1 2", "commit", "roll back",
+                            "begin snapshot", "close"));
 }
 
 TEST(ConnectionWrapper, TellsTheErrorsOfWhatItStandsFor) {

@@ -14,6 +14,7 @@ public:
     std::vector<std::string> calls;
     bool commitFails = false;
     bool rollBackFails = false;
+    bool snapshotFails = false;
 
     void SetConnectionString(std::string_view) override {}
     void SetCursorLocation(CursorLocation) override {}
@@ -28,6 +29,10 @@ public:
     void RollBack() override {
         calls.emplace_back("roll back");
         if (rollBackFails) throw ConnectionLost("gone");
+    }
+    void BeginSnapshot() override {
+        calls.emplace_back("begin snapshot");
+        if (snapshotFails) throw ConnectionLost("gone");
     }
 
 protected:
@@ -88,6 +93,40 @@ TEST(Connection, AMalformedStatementDoesNotReachIt) {
     EXPECT_THROW(connection.Execute(statement), MalformedStatement);
     EXPECT_THROW((void)connection.OpenRecordSet(statement), MalformedStatement);
     EXPECT_EQ(connection.calls, Calls{});
+}
+
+TEST(Snapshot, LeavingTheScopeRollsBack) {
+    FailingConnection connection;
+    { const Snapshot snapshot(connection); }
+    EXPECT_EQ(connection.calls, (Calls{"begin snapshot", "roll back"}));
+}
+
+TEST(Snapshot, OneWithinAnotherSeesTheSameMoment) {
+    FailingConnection connection;
+    {
+        const Snapshot outer(connection);
+        { const Snapshot inner(connection); }
+        EXPECT_EQ(connection.calls, (Calls{"begin snapshot"}));
+    }
+    { const Snapshot next(connection); }
+    EXPECT_EQ(connection.calls,
+              (Calls{"begin snapshot", "roll back", "begin snapshot", "roll back"}));
+}
+
+TEST(Snapshot, OneThatDoesNotBeginEndsNothing) {
+    FailingConnection connection;
+    connection.snapshotFails = true;
+    EXPECT_THROW(Snapshot snapshot(connection), ConnectionLost);
+    connection.snapshotFails = false;
+    { const Snapshot next(connection); }
+    EXPECT_EQ(connection.calls, (Calls{"begin snapshot", "begin snapshot", "roll back"}));
+}
+
+TEST(Snapshot, EndsQuietlyWithItsConnection) {
+    FailingConnection connection;
+    connection.rollBackFails = true;
+    EXPECT_NO_THROW(const Snapshot snapshot(connection));
+    EXPECT_EQ(connection.calls, (Calls{"begin snapshot", "roll back"}));
 }
 
 }  // namespace

@@ -13,6 +13,7 @@ constexpr auto kNoTransaction = static_cast<HRESULT>(0x8004D00E);
 constexpr auto kTransactionExists = static_cast<HRESULT>(0x8004D013);
 
 constexpr long kExecuteNoRecords = 128;
+constexpr long kSerializable = 0x100000;
 
 }  // namespace
 
@@ -27,6 +28,8 @@ std::span<const Member<Connection>> Connection::Members() {
         {L"ConnectionTimeout", DISPATCH_PROPERTYPUT, &C::PutConnectionTimeout},
         {L"CommandTimeout", DISPATCH_PROPERTYGET, &C::GetCommandTimeout},
         {L"CommandTimeout", DISPATCH_PROPERTYPUT, &C::PutCommandTimeout},
+        {L"IsolationLevel", DISPATCH_PROPERTYGET, &C::GetIsolationLevel},
+        {L"IsolationLevel", DISPATCH_PROPERTYPUT, &C::PutIsolationLevel},
         {L"State", DISPATCH_PROPERTYGET, &C::State},
         {L"Version", DISPATCH_PROPERTYGET, &C::Version},
         {L"Errors", DISPATCH_PROPERTYGET, &C::GetErrors, true},
@@ -97,6 +100,11 @@ Variant Connection::PutCommandTimeout(const Arguments& arguments) {
     return {};
 }
 
+Variant Connection::PutIsolationLevel(const Arguments& arguments) {
+    mIsolation = arguments.Number(0, mIsolation);
+    return {};
+}
+
 Variant Connection::GetErrors(const Arguments&) {
     return Variant(mErrors.Another());
 }
@@ -140,7 +148,14 @@ Variant Connection::BeginTrans(const Arguments&) {
         throw AutomationError(kTransactionExists,
                               "Only one transaction can be active on this session.");
     }
-    OnDatabase([](platform::Connection& database) { database.Begin(); });
+    // Who asks for the highest level wants to read what nobody changes meanwhile.
+    OnDatabase([this](platform::Connection& database) {
+        if (mIsolation == kSerializable) {
+            database.BeginSnapshot();
+        } else {
+            database.Begin();
+        }
+    });
     mInTransaction = true;
     return Variant(1L);
 }

@@ -50,6 +50,8 @@ private:
     Variant PutConnectionTimeout(const Arguments& arguments);
     Variant GetCommandTimeout(const Arguments&) { return Variant(mCommandTimeout); }
     Variant PutCommandTimeout(const Arguments& arguments);
+    Variant GetIsolationLevel(const Arguments&) { return Variant(mIsolation); }
+    Variant PutIsolationLevel(const Arguments& arguments);
     Variant State(const Arguments&) { return Variant(IsOpen() ? 1L : 0L); }
     Variant Version(const Arguments&) { return Variant(std::string_view("6.1")); }
     Variant GetErrors(const Arguments&);
@@ -68,6 +70,7 @@ private:
     MoneyForm mMoney = MoneyForm::Decimal;
     int mOpening = 0;
     long mLocation = 2;
+    long mIsolation = 0x1000;
     long mConnectTimeout = 15;
     long mCommandTimeout = 30;
     bool mInTransaction = false;

@@ -71,6 +71,17 @@ TEST_F(AdoConnectionTest, TransactionsDoNotNest) {
     EXPECT_EQ(ado.done, (Calls{"BeginTrans", "CommitTrans"}));
 }
 
+TEST_F(AdoConnectionTest, ASnapshotKeepsWritersOutAndChangesNothing) {
+    {
+        const platform::Snapshot snapshot(connection);
+        EXPECT_THROW(Run(), platform::DatabaseError);
+        EXPECT_THROW(connection.Begin(), platform::DatabaseError);
+    }
+    EXPECT_NO_THROW(Run());
+    EXPECT_EQ(ado.done, (Calls{"isolation 1048576", "BeginTrans", "isolation 4096", "RollbackTrans",
+                               "Execute"}));
+}
+
 TEST_F(AdoConnectionTest, ADeadlockEndsTheTransaction) {
     connection.Begin();
     ado.Fail("Execute", kDeadlock);

@@ -30,6 +30,11 @@ public:
         connection.Add("State", DISPATCH_PROPERTYGET,
                        [this](auto&) { return Variant::OfInteger(state); });
         connection.Add("ConnectionString", DISPATCH_PROPERTYPUT, [](auto&) { return Variant(); });
+        connection.Add(
+            "IsolationLevel", DISPATCH_PROPERTYPUT, [this](const FakeObject::Arguments& arguments) {
+                done.push_back("isolation " + std::to_string(V_I4(&arguments.at(0).Get())));
+                return Variant();
+            });
         connection.AddProperty("Errors", Variant::OfObject(&mErrors));
         mErrors.Add("Clear", DISPATCH_METHOD, [this](auto&) {
             mReported = false;

@@ -4,8 +4,10 @@
 #include <map>
 #include <utility>
 
+#include "data/login_context.h"
 #include "entries/summary/summed_budgets.h"
 #include "entries/summary/summed_entries.h"
+#include "platform/database.h"
 
 namespace kelvane::entries {
 
@@ -80,6 +82,7 @@ void AddBudgets(Summary& summary, std::size_t level) {
 Summary SummarizeAccount(std::span<const SummaryField> fields) {
     Summary summary;
     summary.fields.assign(fields.begin(), fields.end());
+    const platform::Snapshot snapshot(*data::gConn);
     const SummedEntries summed = ReadSummedEntries(fields);
     Summing(summed, summary).Append(summed.entries, 0);
     if (const auto level = PairLevel(fields)) AddBudgets(summary, *level);

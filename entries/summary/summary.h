@@ -39,7 +39,8 @@ struct SummaryRow {
     ExactSum sum;
     // Where the values come to exactly one item and element and no other row has entries of both.
     std::optional<SummaryBudget> budget;
-    std::vector<std::int32_t> identities;  // of its entries, ascending
+    // Of its entries, ascending. A damaged account may have any.
+    std::vector<std::int64_t> identities;
 };
 
 struct Summary {

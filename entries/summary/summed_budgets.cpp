@@ -30,6 +30,17 @@ std::optional<std::size_t> PairLevel(std::span<const SummaryField> fields) {
     return static_cast<std::size_t>(std::max(item, element) - fields.begin()) + 1;
 }
 
+// What cannot be read is told where an entry has this item and element.
+SummedBudgets::Line SummedBudgets::LineIn(const RecordSet& row) {
+    try {
+        return {.isReadable = true, .budget = BudgetIn(row)};
+    } catch (const platform::DatabaseError&) {
+        throw;
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
 void SummedBudgets::Read() {
     // With two of them the question for one budget fails, and with it nothing is granted or denied.
     const auto versions =
@@ -46,18 +57,9 @@ void SummedBudgets::Read() {
         StatementText("select citemCode,cElementCode,iBudget,iMoneysum from pm_budget where "
                       "iVerID=(select iverid from pm_BudgetVer where bControl=1)"));
     for (; !lines->EndOfFile(); lines->MoveNext()) {
-        Line line;
-        try {
-            line.budget = BudgetIn(*lines);
-            line.isReadable = true;
-        } catch (const platform::DatabaseError&) {
-            throw;
-        } catch (const std::exception&) {
-            // Told where an entry has this item and element.
-        }
         mLines.emplace(Pair(ComparedText(lines->Field("citemCode").ToText()),
                             ComparedText(lines->Field("cElementCode").ToText())),
-                       line);
+                       LineIn(*lines));
     }
 }
 
@@ -69,6 +71,7 @@ std::optional<ExactSum> SummedBudgets::Find(std::string_view itemCode,
     if (line == mLines.end()) return std::nullopt;
     if (!line->second.isReadable) {
         mNotes.push_back("项目 " + item + " 要素 " + element + " 的预算无法识别");
+        return std::nullopt;
     }
     return line->second.budget;
 }

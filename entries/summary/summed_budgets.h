@@ -13,6 +13,7 @@
 
 #include "entries/summary/exact_sum.h"
 #include "entries/summary/summary_fields.h"
+#include "platform/database.h"
 
 namespace kelvane::entries {
 
@@ -38,6 +39,8 @@ private:
         std::optional<ExactSum> budget;
     };
     using Pair = std::pair<std::string, std::string>;
+
+    static Line LineIn(const platform::RecordSet& row);
 
     std::map<Pair, Line> mLines;  // by texts as the account compares them
     std::vector<std::string> mNotes;

@@ -137,7 +137,7 @@ std::vector<ReadEntry> ReadEntries(std::span<const SummaryField> fields) {
     try {
         for (; !rows->EndOfFile(); rows->MoveNext()) {
             ReadEntry& each = read.emplace_back();
-            each.entry.identity = static_cast<std::int32_t>(rows->Field("iEleVid").ToInteger());
+            each.entry.identity = rows->Field("iEleVid").ToInteger();
             each.entry.amount = rows->Field("mQC").ToMoney();
             for (const SummaryField field : fields) {
                 Keyed keyed = KeyedIn(*rows, field);

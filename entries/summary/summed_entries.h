@@ -14,7 +14,7 @@
 namespace kelvane::entries {
 
 struct SummedEntry {
-    std::int32_t identity = 0;
+    std::int64_t identity = 0;
     std::vector<std::string> keys;  // one for each field, as groups are told apart and sorted by
     platform::Money amount;
 };

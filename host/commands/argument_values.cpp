@@ -6,6 +6,7 @@
 
 #include "adapters/tables/text_decoder.h"
 #include "entries/bulk/cell_text.h"
+#include "entries/summary/summary_fields.h"
 #include "host/surroundings/translation.h"
 #include "platform/date_time.h"
 #include "platform/money.h"
@@ -58,6 +59,22 @@ CLI::Validator EncodingName() {
                            : Told("\"%1\" is no encoding; known are UTF-8 and GB18030", {text});
             },
             ""};
+}
+
+CLI::Validator SummaryFieldNames() {
+    return {
+        [](const std::string& text) {
+            try {
+                entries::SummaryFieldsOf(text);
+                return std::string();
+            } catch (const std::invalid_argument&) {
+                return Told(
+                    "\"%1\" are not fields; known are item, element, center, keyword and month, "
+                    "each once",
+                    {text});
+            }
+        },
+        ""};
 }
 
 CLI::Validator OneOf(std::vector<std::string> choices) {

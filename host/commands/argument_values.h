@@ -20,6 +20,9 @@ CLI::Validator AmountValue();
 // The name of an encoding that tables::FindEncoding() knows.
 CLI::Validator EncodingName();
 
+// Names that entries::SummaryFieldsOf() takes.
+CLI::Validator SummaryFieldNames();
+
 // One of `choices`.
 CLI::Validator OneOf(std::vector<std::string> choices);
 

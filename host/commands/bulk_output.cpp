@@ -1,12 +1,17 @@
 #include "host/commands/bulk_output.h"
 
+#include <filesystem>
 #include <iostream>
+#include <stdexcept>
+#include <system_error>
 
 #include "data/login_context.h"
 #include "entries/failure_reason.h"
 #include "entries/trap_watch.h"
 #include "host/commands/commands.h"
 #include "host/surroundings/terminal.h"
+#include "host/surroundings/translation.h"
+#include "platform/native_path.h"
 #include "platform/one_line.h"
 
 namespace kelvane::host {
@@ -53,6 +58,21 @@ RowCounts CountsOf(const entries::ImportPlan& plan) {
 int FailFor(const AccountPlace& account, const std::exception& failed) {
     const std::string reason = entries::ReasonOfFailure();
     return Fail(account.AboutAccount(reason.empty() ? failed.what() : reason));
+}
+
+void CheckWritten(std::initializer_list<std::string> written,
+                  std::initializer_list<std::string> read) {
+    for (const std::string& target : written) {
+        for (const std::string& source : read) {
+            std::error_code unknown;
+            const bool isSame = !target.empty() && !source.empty() &&
+                                std::filesystem::equivalent(platform::PathOf(target),
+                                                            platform::PathOf(source), unknown);
+            if (isSame) {
+                throw std::runtime_error(Told("%1 is read and cannot be written", {target}));
+            }
+        }
+    }
 }
 
 void Tell(const std::string& text) {

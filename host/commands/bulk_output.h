@@ -3,6 +3,7 @@
 #pragma once
 
 #include <exception>
+#include <initializer_list>
 #include <optional>
 #include <string>
 
@@ -43,6 +44,11 @@ RowCounts CountsOf(const entries::ImportPlan& plan);
 // The reason of the exception that is being handled, about `account`, as Fail() tells it; returns
 // its status. For use in a catch block.
 int FailFor(const AccountPlace& account, const std::exception& failed);
+
+// Throws std::runtime_error when a file that is to be written is one of those that are read. Empty
+// paths are none, and so is what names no file.
+void CheckWritten(std::initializer_list<std::string> written,
+                  std::initializer_list<std::string> read);
 
 // A line on standard error; a finding, and the last line, on standard output.
 void Tell(const std::string& text);

@@ -10,6 +10,7 @@
 #include "adapters/tables/text_decoder.h"
 #include "entries/bulk/cell_text.h"
 #include "host/account/item_class.h"
+#include "host/bulk/figure_file.h"
 #include "host/bulk/report.h"
 #include "host/commands/account_argument.h"
 #include "host/commands/argument_values.h"
@@ -293,6 +294,70 @@ void AddBatches(CLI::App& program, int& status) {
     });
 }
 
+// What the entries are compared with, and the sheet that says how that went.
+void AddTieOut(CLI::App& command, SummaryArguments& arguments) {
+    auto* against =
+        command
+            .add_option("--against", arguments.ledger,
+                        Translated("Compare with the ledger's trial balance (.xlsx, .csv)"))
+            ->type_name("FILE");
+    command
+        .add_option("--map", arguments.map,
+                    Translated("The table that says which account of the ledger stands for which "
+                               "entries; the one beside the account if not given"))
+        ->needs(against)
+        ->type_name("FILE");
+    command
+        .add_option(
+            "--sign-off", arguments.signOff,
+            Translated("Write a sheet to be signed, with what the check found, to this file "
+                       "(.pdf)"))
+        ->check(FileOfKind(IsPdfFile))
+        ->type_name("FILE");
+}
+
+void AddSummary(CLI::App& program, int& status) {
+    struct Arguments {
+        AccountArgument account;
+        SummaryArguments summary;
+        std::string fields = "item,element";
+        std::string journal;
+    };
+    auto arguments = std::make_shared<Arguments>();
+    SummaryArguments& summary = arguments->summary;
+    auto* command = program.add_subcommand(
+        "summary", Translated("Sum up the entries, and compare them with the ledger"));
+    AddAccount(*command, arguments->account);
+    command
+        ->add_option("--by", arguments->fields,
+                     Translated("What they are summed up by: any of item, element, center, keyword "
+                                "and month, in any order, separated by commas"))
+        ->check(SummaryFieldNames())
+        ->type_name("FIELDS")
+        ->capture_default_str();
+    command
+        ->add_option("--to", summary.file,
+                     Translated("Write it to this file, too; its extension says what it becomes: "
+                                ".xlsx, .csv or .pdf. An existing one is replaced"))
+        ->check(FileOfKind(IsFigureFile))
+        ->type_name("FILE");
+    command->add_flag("--json", summary.json, Translated("As one JSON object"));
+    AddTieOut(*command, summary);
+    AddJournal(*command, arguments->journal);
+    AddLogin(*command, summary.login);
+    command->callback([arguments, &status] {
+        SummaryArguments& asked = arguments->summary;
+        asked.account = arguments->account.Place();
+        asked.fields = entries::SummaryFieldsOf(arguments->fields);
+        if (asked.ledger.empty() && asked.signOff.empty()) {
+            status = RunSummary(asked);
+        } else {
+            asked.batches = BatchFolderOf(arguments->account, arguments->journal);
+            status = RunTieOut(asked);
+        }
+    });
+}
+
 int Refuse(const WrongUsage& wrong) {
     const bool isProgram = wrong.command->get_parent() == nullptr;
     const std::string name = isProgram ? kProgram : kProgram + (' ' + wrong.command->get_name());
@@ -321,6 +386,7 @@ int RunCommandLine(int argc, char** argv) {
     AddImport(program, status);
     AddBatches(program, status);
     AddUndo(program, status);
+    AddSummary(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);
         const WrongUsage wrong = WrongNames(program, arguments);

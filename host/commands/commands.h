@@ -7,7 +7,9 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "entries/summary/summary_fields.h"
 #include "host/account/account_host.h"
 #include "host/account/account_place.h"
 #include "host/bulk/bulk_source.h"
@@ -73,6 +75,18 @@ struct BatchesArguments {
     bool json = false;
 };
 
+struct SummaryArguments {
+    AccountPlace account = AccountPlace::File({});
+    std::vector<entries::SummaryField> fields;
+    bool json = false;
+    std::string file;     // where it goes beside; empty: nowhere
+    std::string ledger;   // the trial balance that it is tied to; empty: none
+    std::string map;      // what its accounts stand for; empty: what is kept beside the account
+    std::string signOff;  // where the sheet to be signed goes; empty: nowhere
+    std::filesystem::path batches;  // the folder of the journal, where a ledger or sheet is named
+    LoginRequest login;
+};
+
 int RunInit(const AccountPlace& account, const NewAccount& content);
 int RunOpen(const OpenArguments& arguments);
 // Reads the script from standard input and writes the transcript to standard output.
@@ -97,6 +111,12 @@ int RunUndo(const UndoArguments& arguments);
 
 // Lists the batches that are written down in the folder.
 int RunBatches(const BatchesArguments& arguments);
+
+// Sums up the entries.
+int RunSummary(const SummaryArguments& arguments);
+
+// The same tied to a ledger, or as a sheet to be signed. Returns 3 when something does not agree.
+int RunTieOut(const SummaryArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

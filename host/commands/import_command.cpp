@@ -1,12 +1,9 @@
 // kelvane import
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <optional>
-#include <stdexcept>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "adapters/journal/file_hash.h"
@@ -25,7 +22,6 @@
 #include "host/surroundings/absent_windows.h"
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/translation.h"
-#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -162,18 +158,8 @@ int Import(const ImportArguments& arguments, const AccountPlace& account) {
 void CheckFiles(const ImportArguments& arguments) {
     const std::string rejectedLines =
         arguments.rejects.empty() ? std::string() : LinesPathOf(arguments.rejects);
-    for (const std::string& written : {arguments.rejects, rejectedLines, arguments.report}) {
-        for (const std::string& read :
-             {arguments.files.entries, arguments.files.lines, arguments.account.Name()}) {
-            std::error_code unknown;
-            const bool isSame = !written.empty() && !read.empty() &&
-                                std::filesystem::equivalent(platform::PathOf(written),
-                                                            platform::PathOf(read), unknown);
-            if (isSame) {
-                throw std::runtime_error(Told("%1 is read and cannot be written", {written}));
-            }
-        }
-    }
+    CheckWritten({arguments.rejects, rejectedLines, arguments.report},
+                 {arguments.files.entries, arguments.files.lines, arguments.account.Name()});
 }
 
 }  // namespace

@@ -135,6 +135,68 @@ constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules
     {Rule::LineEntryNone, "line.entry", kCode, "没有行号，不知道属于哪一行期初", kModuleCaption},
     {Rule::LineEntryMissing, "line.entry", kCode, "没有行号为“{}”的期初", kModuleCaption},
     {Rule::LineEntryPlain, "line.entry", kCode, "要素“{}”没有明细", kModuleCaption},
+    {Rule::CheckItem, "check.item", kItemColumn, "项目“{}”不存在", kModuleCaption},
+    {Rule::CheckCenter, "check.center", kCenterColumn, "责任中心“{}”不存在", kModuleCaption},
+    {Rule::CheckElement, "check.element", kElementColumn, "要素“{}”不存在", kModuleCaption},
+    {Rule::CheckEquipment, "check.code", kCode, "要素“{}”的设备“{}”不存在", kModuleCaption},
+    {Rule::CheckInventory, "check.code", kCode, "要素“{}”的存货“{}”不存在", kModuleCaption},
+    {Rule::CheckLinesSum, "check.lines.sum", kAmountColumn,
+     "项目“{}”要素“{}”的未结转期初 {} 与明细合计 {} 不符，相差 {}", kModuleCaption},
+    {Rule::CheckLinesOrphan, "check.lines.orphan", kCode,
+     "没有编号为 {} 的期初，却有它的明细 {} 行（{}），余额合计 {}", kModuleCaption},
+    {Rule::CheckLinesKind, "check.lines.kind", kCode,
+     "要素“{}”没有明细，却有明细 {} 行（{}），余额合计 {}，未结转期初 {}", kModuleCaption},
+    {Rule::CheckLinesProduct, "check.lines.product", kLineAmount,
+     "明细“{}”的余额 {} 不是单价 {} 乘以数量 {}，应为 {}", kModuleCaption},
+    {Rule::CheckCounter, "check.counter", kWholeEntry, "期初编号计数器 {} 小于最大的编号 {}",
+     kModuleCaption},
+    {Rule::CheckCounterMissing, "check.counter", kWholeEntry,
+     "没有期初编号计数器（NumMax_EleQc），最大的编号是 {}", kModuleCaption},
+    {Rule::CheckCounterValue, "check.counter", kWholeEntry,
+     "期初编号计数器“{}”不是编号，最大的编号是 {}", kModuleCaption},
+    {Rule::CheckIdentityValue, "check.value", kWholeEntry, "编号 {} 超出范围（{} 至 {}）",
+     kModuleCaption},
+    {Rule::CheckDateValue, "check.value", kDateColumn, "项目“{}”要素“{}”的日期为空或无法读取",
+     kModuleCaption},
+    {Rule::CheckAmountValue, "check.value", kAmountColumn,
+     "项目“{}”要素“{}”的未结转期初为空或无法读取", kModuleCaption},
+    {Rule::CheckLineEntryValue, "check.value", kCode, "明细“{}”的期初编号为空或无法读取",
+     kModuleCaption},
+    {Rule::CheckLinePriceValue, "check.value", kPrice, "明细“{}”的单价为空或无法读取",
+     kModuleCaption},
+    {Rule::CheckLineQuantityValue, "check.value", kQuantity, "明细“{}”的数量为空或无法读取",
+     kModuleCaption},
+    {Rule::CheckLineAmountValue, "check.value", kLineAmount, "明细“{}”的余额为空或无法读取",
+     kModuleCaption},
+    {Rule::CheckBudget, "check.budget", kAmountColumn, "项目“{}”要素“{}”已录入期初 {}，超出预算 {}",
+     kModuleCaption},
+    {Rule::CheckBudgetVersions, "check.budget", kWholeEntry,
+     "控制预算的版本不止一个（{}），不能检查预算", kModuleCaption},
+    {Rule::CheckBudgetValue, "check.budget", kAmountColumn,
+     "项目“{}”要素“{}”的预算无法读取，已录入期初 {}", kModuleCaption},
+    {Rule::CheckLineBudgetAmount, "check.line.budget", kLineAmount,
+     "项目“{}”要素“{}”明细“{}”已录入余额 {}，超出预算 {}", kModuleCaption},
+    {Rule::CheckLineBudgetQuantity, "check.line.budget", kQuantity,
+     "项目“{}”要素“{}”明细“{}”已录入数量 {}，超出预算数量 {}", kModuleCaption},
+    {Rule::CheckLineBudgetValue, "check.line.budget", kLineAmount,
+     "项目“{}”要素“{}”明细“{}”的预算无法读取，已录入余额 {}", kModuleCaption},
+    {Rule::CheckDate, "check.date", kDateColumn, "日期 {} 不早于本年度帐套启用期间第一天 {}",
+     kModuleCaption},
+    {Rule::CheckSettled, "check.settled", kItemColumn, "项目“{}”已经完工结算，仍有未结转期初 {}",
+     kModuleCaption},
+    {Rule::CheckZero, "check.zero", kAmountColumn, "项目“{}”要素“{}”的未结转期初为 {}",
+     kModuleCaption},
+    {Rule::CheckKeys, "check.keys", kKey1Column, "责任中心“{}”下项目“{}”没有关键字“{}”“{}”",
+     kModuleCaption},
+    {Rule::CheckAuthority, "check.authority", kCenterColumn, "责任中心“{}”下不包括项目“{}”",
+     kModuleCaption},
+    {Rule::CheckTwin, "check.twin", kWholeEntry,
+     "与编号 {} 的期初相同：日期 {}，责任中心“{}”，项目“{}”，要素“{}”，未结转期初 {}",
+     kModuleCaption},
+    {Rule::CheckBlank, "check.blank", kAnyColumn, "{}“{}”与基础数据的“{}”只差空格或大小写",
+     kModuleCaption},
+    {Rule::CheckLineBlank, "check.blank", kCode, "明细的{}“{}”与基础数据的“{}”只差空格或大小写",
+     kModuleCaption},
 }};
 
 constexpr bool InOrder() {
@@ -156,20 +218,24 @@ std::span<const DeclaredRule> DeclaredRules() {
 }
 
 Finding Found(Rule rule) {
-    return Found(rule, {}, {});
+    return Found(rule, {std::string_view()});
 }
 
 Finding Found(Rule rule, std::string_view value) {
-    return Found(rule, value, {});
+    return Found(rule, {value});
 }
 
 Finding Found(Rule rule, std::string_view first, std::string_view second) {
+    return Found(rule, {first, second});
+}
+
+Finding Found(Rule rule, std::initializer_list<std::string_view> values) {
     constexpr std::string_view kPlace = "{}";
     const DeclaredRule& declared = Declared(rule);
     std::string text(declared.text);
-    if (text.empty()) text = first;
+    if (text.empty()) text = *values.begin();
     std::size_t from = 0;
-    for (const std::string_view value : {first, second}) {
+    for (const std::string_view value : values) {
         const auto place = text.find(kPlace, from);
         if (place == std::string::npos || declared.text.empty()) break;
         text.replace(place, kPlace.size(), value);

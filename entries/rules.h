@@ -3,6 +3,7 @@
 // give findings, and whoever asked decides what becomes of them.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -82,6 +83,40 @@ enum class Rule {
     LineEntryNone,
     LineEntryMissing,
     LineEntryPlain,
+    // Of the check of the whole account, in the order of its catalogue.
+    CheckItem,
+    CheckCenter,
+    CheckElement,
+    CheckEquipment,
+    CheckInventory,
+    CheckLinesSum,
+    CheckLinesOrphan,
+    CheckLinesKind,
+    CheckLinesProduct,
+    CheckCounter,
+    CheckCounterMissing,
+    CheckCounterValue,
+    CheckIdentityValue,
+    CheckDateValue,
+    CheckAmountValue,
+    CheckLineEntryValue,
+    CheckLinePriceValue,
+    CheckLineQuantityValue,
+    CheckLineAmountValue,
+    CheckBudget,
+    CheckBudgetVersions,
+    CheckBudgetValue,
+    CheckLineBudgetAmount,
+    CheckLineBudgetQuantity,
+    CheckLineBudgetValue,
+    CheckDate,
+    CheckSettled,
+    CheckZero,
+    CheckKeys,
+    CheckAuthority,
+    CheckTwin,
+    CheckBlank,
+    CheckLineBlank,
     Count,
 };
 
@@ -116,7 +151,8 @@ using Findings = std::vector<Finding>;
 Finding Found(Rule rule);
 // `value` stands in the text's "{}", and alone where the rule has no text of its own.
 Finding Found(Rule rule, std::string_view value);
-// Of two values, "{}" by "{}".
+// Of several values, "{}" by "{}".
 Finding Found(Rule rule, std::string_view first, std::string_view second);
+Finding Found(Rule rule, std::initializer_list<std::string_view> values);
 
 }  // namespace kelvane::entries

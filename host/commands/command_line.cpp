@@ -10,6 +10,7 @@
 #include "adapters/tables/text_decoder.h"
 #include "entries/bulk/cell_text.h"
 #include "host/account/item_class.h"
+#include "host/bulk/check_report.h"
 #include "host/bulk/figure_file.h"
 #include "host/bulk/report.h"
 #include "host/commands/account_argument.h"
@@ -358,6 +359,26 @@ void AddSummary(CLI::App& program, int& status) {
     });
 }
 
+void AddCheck(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
+    auto arguments = std::make_shared<CheckArguments>();
+    auto* command = program.add_subcommand(
+        "check", Translated("Look for what is wrong in an account, without changing it"));
+    AddAccount(*command, *account);
+    command
+        ->add_option("--to", arguments->file,
+                     Translated("Write what was found to this file too (.xlsx)"))
+        ->check(FileOfKind(IsCheckFile))
+        ->type_name("FILE");
+    command->add_flag("--json", arguments->json,
+                      Translated("Tell what was found as one JSON object"));
+    AddLogin(*command, arguments->login);
+    command->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunCheck(*arguments);
+    });
+}
+
 int Refuse(const WrongUsage& wrong) {
     const bool isProgram = wrong.command->get_parent() == nullptr;
     const std::string name = isProgram ? kProgram : kProgram + (' ' + wrong.command->get_name());
@@ -386,6 +407,7 @@ int RunCommandLine(int argc, char** argv) {
     AddImport(program, status);
     AddBatches(program, status);
     AddUndo(program, status);
+    AddCheck(program, status);
     AddSummary(program, status);
     try {
         auto arguments = TakeArguments(argc, argv);

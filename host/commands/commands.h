@@ -67,6 +67,13 @@ struct UndoArguments {
     LoginRequest login;
 };
 
+struct CheckArguments {
+    AccountPlace account = AccountPlace::File({});
+    std::string file;  // where the findings go besides; empty: nowhere
+    bool json = false;
+    LoginRequest login;
+};
+
 struct BatchesArguments {
     std::string account;  // the account's file; empty: it is on a server
     // Gives the account for asking how a batch ended that was cut short.
@@ -117,6 +124,9 @@ int RunSummary(const SummaryArguments& arguments);
 
 // The same tied to a ledger, or as a sheet to be signed. Returns 3 when something does not agree.
 int RunTieOut(const SummaryArguments& arguments);
+
+// Checks the whole account and changes nothing. Returns 3 when there are findings.
+int RunCheck(const CheckArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

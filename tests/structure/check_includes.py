@@ -15,6 +15,7 @@ ALLOWED = {
     "data": ["platform"],
     "entries": ["platform", "data"],
     "entries/bulk": ["platform", "data", "entries"],
+    "entries/check": ["platform", "data", "entries", "entries/summary"],
     "entries/summary": ["platform", "data", "entries"],
     "ui/common": ["platform", "controls", "data", "entries"],
     "ui/find": ["platform", "controls", "data", "entries", "ui/common"],

@@ -13,18 +13,23 @@ namespace {
 // The ids are what reports, files and other programs know a rule by: they never change.
 TEST(Rules, HaveTheseIds) {
     const std::set<std::string_view> expected{
-        "amount.empty",        "amount.number",   "budget.exceeded",    "budget.failed",
-        "cell.code.number",    "cell.date",       "cell.error",         "cell.formula",
-        "cell.merged",         "file.column",     "file.hidden",        "center.empty",
-        "center.unknown",      "counter.missing", "date.bound",         "date.empty",
-        "date.invalid",        "date.range",      "digest.empty",       "element.empty",
-        "element.unknown",     "entry.gone",      "identity.exhausted", "item.center",
-        "item.empty",          "item.settled",    "line.budget.amount", "line.budget.quantity",
-        "line.code.duplicate", "line.code.empty", "line.code.unknown",  "line.name.empty",
-        "line.number",         "line.price.zero", "line.quantity.zero", "list.locked",
-        "file.again",          "file.total",      "key.mismatch",       "item.name",
-        "amount.range",        "amount.lines",    "text.quote",         "text.length",
-        "entry.changed",       "entry.duplicate", "line.entry"};
+        "amount.empty",        "amount.number",    "budget.exceeded",     "budget.failed",
+        "cell.code.number",    "cell.date",        "cell.error",          "cell.formula",
+        "cell.merged",         "file.column",      "file.hidden",         "center.empty",
+        "center.unknown",      "counter.missing",  "date.bound",          "date.empty",
+        "date.invalid",        "date.range",       "digest.empty",        "element.empty",
+        "element.unknown",     "entry.gone",       "identity.exhausted",  "item.center",
+        "item.empty",          "item.settled",     "line.budget.amount",  "line.budget.quantity",
+        "line.code.duplicate", "line.code.empty",  "line.code.unknown",   "line.name.empty",
+        "line.number",         "line.price.zero",  "line.quantity.zero",  "list.locked",
+        "file.again",          "file.total",       "key.mismatch",        "item.name",
+        "amount.range",        "amount.lines",     "text.quote",          "text.length",
+        "entry.changed",       "entry.duplicate",  "line.entry",          "check.item",
+        "check.center",        "check.element",    "check.code",          "check.lines.sum",
+        "check.lines.orphan",  "check.lines.kind", "check.lines.product", "check.counter",
+        "check.value",         "check.budget",     "check.line.budget",   "check.date",
+        "check.settled",       "check.zero",       "check.keys",          "check.authority",
+        "check.twin",          "check.blank"};
     std::set<std::string_view> declared;
     for (const DeclaredRule& rule : DeclaredRules()) declared.insert(rule.id);
     EXPECT_EQ(declared, expected);

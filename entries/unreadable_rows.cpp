@@ -1,7 +1,5 @@
 #include "entries/unreadable_rows.h"
 
-#include <exception>
-
 #include "entries/failure_reason.h"
 
 namespace kelvane::entries {
@@ -11,23 +9,9 @@ namespace {
 using platform::RecordSet;
 using platform::Value;
 
-template <typename Read>
-bool Succeeds(const Read& read) {
-    try {
-        read();
-        return true;
-    } catch (const platform::ConnectionLost&) {
-        throw;
-    } catch (const platform::DatabaseBusy&) {
-        throw;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
 bool IsReadable(const RecordSet& row, std::initializer_list<const char*> amounts,
                 std::initializer_list<const char*> dates) {
-    return Succeeds([&] {
+    return CanBeRead([&] {
         for (const char* name : amounts) static_cast<void>(row.Field(name).ToMoney());
         for (const char* name : dates) {
             const Value date = row.Field(name);
@@ -38,7 +22,7 @@ bool IsReadable(const RecordSet& row, std::initializer_list<const char*> amounts
 
 std::string IdentityOf(const RecordSet& row) {
     std::string identity = "?";
-    Succeeds([&] { identity = row.Field("iEleVid").ToText(); });
+    CanBeRead([&] { identity = row.Field("iEleVid").ToText(); });
     return identity;
 }
 

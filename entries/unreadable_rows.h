@@ -2,12 +2,29 @@
 // them: which rows, so that an operator can have them put right.
 #pragma once
 
+#include <exception>
 #include <initializer_list>
 #include <string>
 
 #include "platform/database.h"
 
 namespace kelvane::entries {
+
+// Whether `read` ends without an error that comes from what is stored. Throws ConnectionLost and
+// DatabaseBusy.
+template <typename Read>
+bool CanBeRead(const Read& read) {
+    try {
+        read();
+        return true;
+    } catch (const platform::ConnectionLost&) {
+        throw;
+    } catch (const platform::DatabaseBusy&) {
+        throw;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
 
 struct UnreadableRows {
     int count = 0;

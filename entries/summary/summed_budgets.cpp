@@ -4,6 +4,7 @@
 
 #include "data/login_context.h"
 #include "data/text_conversion.h"
+#include "entries/unreadable_rows.h"
 #include "platform/letter_case.h"
 #include "platform/statement_text.h"
 
@@ -32,13 +33,9 @@ std::optional<std::size_t> PairLevel(std::span<const SummaryField> fields) {
 
 // What cannot be read is told where an entry has this item and element.
 SummedBudgets::Line SummedBudgets::LineIn(const RecordSet& row) {
-    try {
-        return {.isReadable = true, .budget = BudgetIn(row)};
-    } catch (const platform::DatabaseError&) {
-        throw;
-    } catch (const std::exception&) {
-        return {};
-    }
+    Line line;
+    line.isReadable = CanBeRead([&] { line.budget = BudgetIn(row); });
+    return line;
 }
 
 void SummedBudgets::Read() {

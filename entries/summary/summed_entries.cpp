@@ -50,20 +50,17 @@ Keyed KeywordsIn(const RecordSet& row) {
     return first;
 }
 
+// Empty where there is no date.
 Keyed MonthIn(const RecordSet& row) {
     constexpr std::size_t kMonthLength = std::string_view("2025-01").size();
-    try {
-        const platform::Value date = row.Field("dDate");
-        if (date.IsNull()) return {};
-        const platform::DateTime day = date.ToDateTime();
-        if (day == data::kNullDate || !day.IsValid()) return {};
-        const std::string month = day.DateText('-').substr(0, kMonthLength);
-        return {month, month};
-    } catch (const platform::DatabaseError&) {
-        throw;
-    } catch (const std::exception&) {
-        return {};
-    }
+    std::string month;
+    CanBeRead([&] {
+        const platform::DateTime date = row.Field("dDate").ToDateTime();
+        if (date.IsValid() && date != data::kNullDate) {
+            month = date.DateText('-').substr(0, kMonthLength);
+        }
+    });
+    return {month, month};
 }
 
 Keyed KeyedIn(const RecordSet& row, SummaryField field) {

@@ -41,6 +41,7 @@ class Account:
     def __exit__(self, *_):
         self.process.stdin.close()
         self.process.wait()
+        self.process.stdout.close()
 
     def answer(self):
         lines = []

@@ -25,7 +25,8 @@ bool Contains(const std::string& text, const std::string& part) {
 TEST_F(CommandLineTest, HelpAndVersionAreNoErrors) {
     for (const char* arguments :
          {"--help", "init --help", "open --help", "drive --help", "export --help",
-          "template --help", "import --help", "batches --help", "undo --help", "-h", "init -h"}) {
+          "template --help", "import --help", "batches --help", "undo --help", "summary --help",
+          "-h", "init -h"}) {
         const auto result = RunProgram(arguments);
         EXPECT_EQ(result.status, 0) << arguments;
         EXPECT_TRUE(Contains(result.output, "Usage: kelvane")) << result.output;
@@ -79,9 +80,11 @@ TEST_F(CommandLineTest, WhatIsWrongIsNamedWithWhatMayHaveBeenMeant) {
         {"inti x", "unknown command \"inti\"; did you mean \"init\"?", ""},
         {"make",
          "unknown command \"make\"; the commands are init, open, drive, export, template, import, "
-         "batches, undo",
+         "batches, undo, summary",
          ""},
-        {"", "a command is missing: init, open, drive, export, template, import, batches, undo",
+        {"",
+         "a command is missing: init, open, drive, export, template, import, batches, undo, "
+         "summary",
          ""},
         {"--verison", "unknown option --verison; did you mean --version?", ""},
         {"open --yaer 2004 a", "unknown option --yaer; did you mean --year?", "open "},

@@ -24,6 +24,12 @@ TEST(FigureTable, StandsInColumnsOfATerminal) {
     EXPECT_EQ(host::LinesOf(Sample()),
               (Lines{"编号  名称    笔数      金额", "P01   一号楼     2  1,234.50",
                      "      b c       10   -0.0001", "合计            12"}));
+    // Marks that are no wider than a letter, and wide ones of an input method.
+    EXPECT_EQ(host::LinesOf({.title = "",
+                             .titles = {"a", "b"},
+                             .textColumns = 1,
+                             .rows = {{"Ä—“é”", "1"}, {"（Ａ）", "2"}, {"ｱ", "3"}}}),
+              (Lines{"a       b", "Ä—“é”   1", "（Ａ）  2", "ｱ       3"}));
     EXPECT_EQ(host::LinesOf({.title = "", .titles = {"金额"}, .textColumns = 0, .rows = {}}),
               Lines{"金额"});
 }

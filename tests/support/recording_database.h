@@ -15,7 +15,7 @@ namespace kelvane::support {
 
 struct RecordedStatement {
     std::string path;  // "gConn" or "gEnv"
-    std::string text;  // a statement, or "begin", "commit", "roll back"
+    std::string text;  // a statement, or "begin", "begin snapshot", "commit", "roll back"
     platform::RecordSetOptions options = {};
 };
 
@@ -62,6 +62,10 @@ public:
         using Lost = StatementLog::LostAnswer;
         if (mLog.lostAnswer != Lost::NotSaved) ConnectionWrapper::Commit();
         if (mLog.lostAnswer != Lost::None) throw platform::CommitInDoubt("没有收到答复");
+    }
+    void BeginSnapshot() override {
+        mLog.Add({mPath, "begin snapshot"});
+        ConnectionWrapper::BeginSnapshot();
     }
     void RollBack() override {
         mLog.Add({mPath, "roll back"});

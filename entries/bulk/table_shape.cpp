@@ -8,8 +8,6 @@
 
 namespace kelvane::entries {
 
-namespace {
-
 void IndexTitles(TableShape& shape) {
     for (std::size_t at = 0; at < shape.columns.size(); ++at) {
         for (const std::string& title : shape.columns[at].titles) {
@@ -17,8 +15,6 @@ void IndexTitles(TableShape& shape) {
         }
     }
 }
-
-}  // namespace
 
 TableShape EntryTableShape(std::string_view itemName, std::span<const KeywordField> keywords,
                            bool withLines) {

@@ -55,6 +55,7 @@ struct TableShape {
     // The row that has both of these is the titles' row.
     int firstMark = 0;
     int secondMark = 0;
+    std::vector<int> otherMarks = {};    // any of them does in place of the second
     std::size_t mostRows = 0;            // 0: any number of them
     Rule noNumber = Rule::AmountNumber;  // what a number is refused by that is none
 };
@@ -70,6 +71,9 @@ struct KeywordField {
 TableShape EntryTableShape(std::string_view itemName, std::span<const KeywordField> keywords,
                            bool withLines);
 TableShape LineTableShape();
+
+// Makes the titles of a shape whose columns are complete known to FindColumn().
+void IndexTitles(TableShape& shape);
 
 // A title without blanks and line breaks, wide characters in their plain form: so titles are
 // compared.

@@ -40,7 +40,8 @@ bool IsTitleRow(const TableRow& row, const TableShape& shape) {
             return known != nullptr && known->column == column;
         });
     };
-    return has(shape.firstMark) && has(shape.secondMark);
+    return has(shape.firstMark) &&
+           (has(shape.secondMark) || std::ranges::any_of(shape.otherMarks, has));
 }
 
 std::string TitleMarks(const TableShape& shape) {

@@ -17,6 +17,7 @@ ALLOWED = {
     "entries/bulk": ["platform", "data", "entries"],
     "entries/check": ["platform", "data", "entries", "entries/summary"],
     "entries/summary": ["platform", "data", "entries"],
+    "entries/ledger": ["platform", "data", "entries", "entries/bulk", "entries/summary"],
     "ui/common": ["platform", "controls", "data", "entries"],
     "ui/find": ["platform", "controls", "data", "entries", "ui/common"],
     "ui/import": ["platform", "controls", "data", "entries", "entries/bulk", "ui/common"],

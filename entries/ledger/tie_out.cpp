@@ -1,15 +1,14 @@
 #include "entries/ledger/tie_out.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
-#include <tuple>
 #include <utility>
 
 #include "data/login_context.h"
-#include "data/text_conversion.h"
-#include "entries/entry_record.h"
 #include "entries/ledger/code_pattern.h"
-#include "platform/statement_text.h"
+#include "entries/summary/summed_entries.h"
+#include "platform/database.h"
 
 namespace kelvane::entries {
 
@@ -41,6 +40,7 @@ public:
     }
 
     TieOut Run() {
+        const platform::Snapshot snapshot(*data::gConn);
         ReadEntries();
         for (TieOutRow& row : mResult.rows) {
             row.difference = row.ledger.value_or(ExactSum()) - row.entriesSum;
@@ -61,52 +61,56 @@ private:
     }
 
     void ReadEntries();
-    std::optional<std::size_t> RowOf(const std::string& item, const std::string& element,
-                                     const std::string& center);
+    void Take(const TiedEntry& entry);
+    std::optional<std::size_t> RowOf(const SummaryValue& item, const SummaryValue& element,
+                                     const SummaryValue& center) const;
     void FindCandidates();
 
     const LedgerMap& mMap;
     TieOut mResult;
     std::map<std::string, std::size_t> mRows;  // by account
-    std::map<std::string, std::string> mElements;
     std::vector<TiedEntry> mEntries;
-    std::map<std::tuple<std::string, std::string, std::string>, std::optional<std::size_t>> mKnown;
 };
 
 void TieOutMaking::ReadEntries() {
-    mElements = ReadElementNames();
-    const auto entries = data::gConn->OpenRecordSet(platform::StatementText(
-        "select iEleVid,cCenterCode,cItemCode,cElementCode,mQC from PM_ItemQC"));
-    for (; !entries->EndOfFile(); entries->MoveNext()) {
-        const auto text = [&](const char* field) { return entries->Field(field).ToText(); };
-        const TiedEntry entry{
-            .identity = static_cast<std::int32_t>(entries->Field("iEleVid").ToInteger()),
-            .amount = ExactSum(entries->Field("mQC").ToMoney()),
-            .row = RowOf(text("cItemCode"), text("cElementCode"), text("cCenterCode"))};
-        if (entry.row) {
-            TieOutRow& row = mResult.rows[*entry.row];
-            row.entriesSum += entry.amount;
-            ++row.entries;
-        } else {
-            mResult.unmapped.push_back(entry.identity);
-            mResult.unmappedSum += entry.amount;
+    constexpr std::array kFields{SummaryField::Item, SummaryField::Element, SummaryField::Center};
+    const SummedEntries summed = ReadSummedEntries(kFields);
+    // Entries of the same keys stand one behind the other.
+    const std::vector<std::string>* keys = nullptr;
+    std::optional<std::size_t> found;
+    for (const SummedEntry& each : summed.entries) {
+        if (keys == nullptr || each.keys != *keys) {
+            const auto value = [&](std::size_t field) -> const SummaryValue& {
+                return summed.values[field].at(each.keys[field]);
+            };
+            found = RowOf(value(0), value(1), value(2));
+            keys = &each.keys;
         }
-        mEntries.push_back(entry);
+        Take({each.identity, ExactSum(each.amount), found});
     }
 }
 
-std::optional<std::size_t> TieOutMaking::RowOf(const std::string& item, const std::string& element,
-                                               const std::string& center) {
-    const auto [known, isNew] = mKnown.try_emplace({item, element, center});
-    if (!isNew) return known->second;
-    const auto name = mElements.find(element);
+void TieOutMaking::Take(const TiedEntry& entry) {
+    if (entry.row) {
+        TieOutRow& row = mResult.rows[*entry.row];
+        row.entriesSum += entry.amount;
+        ++row.entries;
+    } else {
+        mResult.unmapped.push_back(entry.identity);
+        mResult.unmappedSum += entry.amount;
+    }
+    mEntries.push_back(entry);
+}
+
+std::optional<std::size_t> TieOutMaking::RowOf(const SummaryValue& item,
+                                               const SummaryValue& element,
+                                               const SummaryValue& center) const {
     const auto line = std::ranges::find_if(mMap, [&](const MappedAccount& each) {
-        const bool isElement = Covers(each.element, element) ||
-                               (name != mElements.end() && Covers(each.element, name->second));
-        return isElement && Covers(each.item, item) && Covers(each.center, center);
+        const bool isElement =
+            Covers(each.element, element.code) || Covers(each.element, element.name);
+        return isElement && Covers(each.item, item.code) && Covers(each.center, center.code);
     });
-    if (line != mMap.end()) known->second = mRows.at(line->account);
-    return known->second;
+    return line == mMap.end() ? std::nullopt : std::optional(mRows.at(line->account));
 }
 
 // What is missing on one side, entered twice or belongs to another account is often an entry as it

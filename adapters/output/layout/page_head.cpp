@@ -125,4 +125,14 @@ TextBlock MakeFoot(const Sheet& sheet, TextMeasurer& measurer) {
     return foot;
 }
 
+platform::PageText MakePageNumber(const PageSettings& settings, int number, int count) {
+    constexpr int kSize = 80;
+    const int middle = PageHeight(settings) - settings.marginBottom - kPageNumberHeight / 2;
+    return {.text = "第 " + std::to_string(number) + " 页 共 " + std::to_string(count) + " 页",
+            .box = {settings.marginLeft, middle - LineHeight(kSize) / 2, PrintableWidth(settings),
+                    LineHeight(kSize)},
+            .alignment = PageAlignment::Center,
+            .size = kSize};
+}
+
 }  // namespace kelvane::output

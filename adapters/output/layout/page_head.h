@@ -1,5 +1,5 @@
 // The blocks around a table: the title and the header items above it, the footer items under its
-// last row.
+// last row, the page's number.
 #pragma once
 
 #include <vector>
@@ -22,6 +22,10 @@ TextBlock MakeHead(const Sheet& sheet, TextMeasurer& measurer);
 
 // Footer items, from the lower end of the rows.
 TextBlock MakeFoot(const Sheet& sheet, TextMeasurer& measurer);
+
+// What the page's number takes of the page above the lower margin.
+inline constexpr int kPageNumberHeight = 60;
+platform::PageText MakePageNumber(const PageSettings& settings, int number, int count);
 
 // The size of `letters`, or as much smaller as `text` needs to fit `width` tenths of a millimetre.
 int FittingSize(std::string_view text, Letters letters, int width, TextMeasurer& measurer);

@@ -12,6 +12,7 @@
 #include "adapters/output/layout/sheet.h"
 #include "adapters/output/layout/table_columns.h"
 #include "adapters/output/layout/table_rows.h"
+#include "adapters/output/layout/table_strip.h"
 #include "platform/page.h"
 
 namespace kelvane::output {
@@ -36,17 +37,14 @@ private:
         int row;
         int line;
     };
-    struct Strip;
 
     void BreakIntoPages();
     int CountLines(TableRows& rows) const;
     int TableTop(bool withHead) const;
     int RoomForRows(bool withHead) const;
     bool HasHead(std::size_t start) const { return start == 0 || mSheet.settings.repeatHead; }
-    void AppendRow(Strip& strip, const TableRows& rows, int firstLine, int lines) const;
-    void AppendTitles(Strip& strip, TableRows& rows) const;
-    void AppendRows(Strip& strip, TableRows& rows, std::size_t start) const;
-    void AppendPageNumber(platform::Page& page, int number) const;
+    void AppendTitles(TableStrip& strip, TableRows& rows) const;
+    void AppendRows(TableStrip& strip, TableRows& rows, std::size_t start) const;
 
     Sheet mSheet;
     TextMeasurer& mMeasurer;

@@ -46,7 +46,7 @@ public:
             row.difference = row.ledger.value_or(ExactSum()) - row.entriesSum;
         }
         FindCandidates();
-        std::ranges::sort(mResult.unmapped);
+        std::ranges::sort(mResult.unmapped, {}, &UnmappedEntry::identity);
         return std::move(mResult);
     }
 
@@ -61,7 +61,6 @@ private:
     }
 
     void ReadEntries();
-    void Take(const TiedEntry& entry);
     std::optional<std::size_t> RowOf(const SummaryValue& item, const SummaryValue& element,
                                      const SummaryValue& center) const;
     void FindCandidates();
@@ -79,27 +78,24 @@ void TieOutMaking::ReadEntries() {
     const std::vector<std::string>* keys = nullptr;
     std::optional<std::size_t> found;
     for (const SummedEntry& each : summed.entries) {
-        if (keys == nullptr || each.keys != *keys) {
-            const auto value = [&](std::size_t field) -> const SummaryValue& {
-                return summed.values[field].at(each.keys[field]);
-            };
-            found = RowOf(value(0), value(1), value(2));
-            keys = &each.keys;
+        const auto value = [&](std::size_t field) -> const SummaryValue& {
+            return summed.values[field].at(each.keys[field]);
+        };
+        if (keys == nullptr || each.keys != *keys) found = RowOf(value(0), value(1), value(2));
+        keys = &each.keys;
+        const ExactSum amount(each.amount);
+        mEntries.push_back({each.identity, amount, found});
+        if (found) {
+            TieOutRow& row = mResult.rows[*found];
+            row.entriesSum += amount;
+            ++row.entries;
+        } else {
+            const std::string& element = value(1).name.empty() ? value(1).code : value(1).name;
+            mResult.unmapped.push_back(
+                {each.identity, value(0).code, element, value(2).code, amount});
+            mResult.unmappedSum += amount;
         }
-        Take({each.identity, ExactSum(each.amount), found});
     }
-}
-
-void TieOutMaking::Take(const TiedEntry& entry) {
-    if (entry.row) {
-        TieOutRow& row = mResult.rows[*entry.row];
-        row.entriesSum += entry.amount;
-        ++row.entries;
-    } else {
-        mResult.unmapped.push_back(entry.identity);
-        mResult.unmappedSum += entry.amount;
-    }
-    mEntries.push_back(entry);
 }
 
 std::optional<std::size_t> TieOutMaking::RowOf(const SummaryValue& item,
@@ -137,8 +133,12 @@ void TieOutMaking::FindCandidates() {
 }  // namespace
 
 bool TieOut::Agrees() const {
-    return unmapped.empty() && unmappedAccounts.empty() &&
-           std::ranges::all_of(rows, [](const TieOutRow& row) { return row.difference.IsZero(); });
+    return Differing() == 0 && unmapped.empty() && unmappedAccounts.empty();
+}
+
+std::size_t TieOut::Differing() const {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(rows, [](const TieOutRow& row) { return !row.difference.IsZero(); }));
 }
 
 TieOut TieOutAccount(const TrialBalance& trial, const LedgerMap& map) {

@@ -36,20 +36,35 @@ struct TieOutRow {
     std::optional<ExactSum> ledger;  // none: the trial balance lacks the account
     ExactSum entriesSum;
     std::size_t entries = 0;
-    ExactSum difference;                   // ledger less entries
-    std::vector<std::int32_t> candidates;  // entries whose amount is exactly the difference
+    ExactSum difference;  // ledger less entries
+    // Of the row's own entries and of the unmapped ones those whose amount is exactly the
+    // difference, whatever its sign; ascending.
+    std::vector<std::int32_t> candidates;
+};
+
+// An entry that no line of the map covers.
+struct UnmappedEntry {
+    std::int32_t identity = 0;
+    std::string item;
+    std::string element;  // its name, its code where it has none
+    std::string center;
+    ExactSum amount;
 };
 
 struct TieOut {
-    std::vector<TieOutRow> rows;         // in the order of the trial balance, then of the map
-    std::vector<std::int32_t> unmapped;  // entries that no line covers
+    std::vector<TieOutRow> rows;          // in the order of the trial balance, then of the map
+    std::vector<UnmappedEntry> unmapped;  // by identity
     ExactSum unmappedSum;
     std::vector<TrialLine> unmappedAccounts;  // of the ledger, with an amount, that no line names
+    // No row differs, and nothing is left over on either side.
     bool Agrees() const;
+    // How many rows differ.
+    std::size_t Differing() const;
 };
 
 // Ties the entries of the account to `trial`. An entry belongs to the first line of `map` that
-// covers it. Over gConn, in one snapshot. Throws platform::DatabaseError and its kin.
+// covers it; a line's element may be a name or a code. Over gConn, in one snapshot. Throws
+// ToldFailure for an amount that cannot be read, platform::DatabaseError and its kin.
 TieOut TieOutAccount(const TrialBalance& trial, const LedgerMap& map);
 
 }  // namespace kelvane::entries

@@ -40,7 +40,11 @@ protected:
                      row.entriesSum.FixedText() + " " + std::to_string(row.entries) + " " +
                      row.difference.FixedText() + ":" + Joined(row.candidates) + "\n";
         }
-        shown += "entries:" + Joined(result.unmapped) + " " + result.unmappedSum.FixedText() + "\n";
+        shown += "entries:";
+        for (const UnmappedEntry& each : result.unmapped) {
+            shown += " " + std::to_string(each.identity) + each.item + each.element + each.center;
+        }
+        shown += " " + result.unmappedSum.FixedText() + "\n";
         for (const TrialLine& each : result.unmappedAccounts) {
             shown += each.account + each.name + " " + each.amount.FixedText() + "\n";
         }
@@ -77,12 +81,14 @@ TEST_F(TieOutTest, WhatNoLineCoversIsTold) {
     EXPECT_EQ(TiedOut(),
               "1604 180.1000 180.1000 2 0.0000:\n"
               "1607 none 0.0000 0 0.0000:\n"
-              "entries: 3 4 4.9999\n"
+              "entries: 3P02人工费D02 4X01人工费D02 4.9999\n"
               "1001 7.0000\n");
     EXPECT_FALSE(agrees);
     trial.clear();
     map.clear();
-    EXPECT_EQ(TiedOut(), "entries: 1 2 3 4 185.0999\n");
+    Run("update PM_ItemQC set cElementCode='E07' where iEleVid=4");
+    EXPECT_EQ(TiedOut(),
+              "entries: 1P01人工费D01 2P01机械费D01 3P02人工费D02 4X01E07D02 185.0999\n");
 }
 
 TEST_F(TieOutTest, AnAccountThatTheLedgerLacksDiffersByItsEntries) {
@@ -98,7 +104,7 @@ TEST_F(TieOutTest, EntriesThatAreADifferenceAreHinted) {
     EXPECT_EQ(TiedOut(),
               "1604 100.1000 180.1000 2 -80.0000: 2\n"
               "1605 4.9999 -0.0001 1 5.0000: 4\n"
-              "entries: 4 5.0000\n");
+              "entries: 4X01人工费D02 5.0000\n");
     // Another row's entries are not hinted.
     trial.clear();
     Ledger("1604", "180.10");
@@ -106,14 +112,16 @@ TEST_F(TieOutTest, EntriesThatAreADifferenceAreHinted) {
     EXPECT_EQ(TiedOut(),
               "1604 180.1000 180.1000 2 0.0000:\n"
               "1605 79.9999 -0.0001 1 80.0000:\n"
-              "entries: 4 5.0000\n");
+              "entries: 4X01人工费D02 5.0000\n");
 }
 
 TEST_F(TieOutTest, CodesAreComparedAsTheAccountComparesThem) {
     Run("update PM_ItemQC set cItemCode='x01' where iEleVid=4");
     map = {{"1604", "X01", "*", "d02"}};
     Ledger("1604", "5");
-    EXPECT_EQ(TiedOut(), "1604 5.0000 5.0000 1 0.0000:\nentries: 1 2 3 180.0999\n");
+    EXPECT_EQ(TiedOut(),
+              "1604 5.0000 5.0000 1 0.0000:\nentries: 1P01人工费D01 2P01机械费D01 3P02人工费D02 "
+              "180.0999\n");
 }
 
 TEST_F(TieOutTest, SumsGoBeyondWhatOneAmountCanBe) {

@@ -16,7 +16,7 @@ namespace {
 
 // What an entry is tied out by.
 struct TiedEntry {
-    std::int32_t identity = 0;
+    std::int64_t identity = 0;
     ExactSum amount;
     std::optional<std::size_t> row;  // of the result; none: no line covers it
 };

@@ -39,12 +39,12 @@ struct TieOutRow {
     ExactSum difference;  // ledger less entries
     // Of the row's own entries and of the unmapped ones those whose amount is exactly the
     // difference, whatever its sign; ascending.
-    std::vector<std::int32_t> candidates;
+    std::vector<std::int64_t> candidates;
 };
 
 // An entry that no line of the map covers.
 struct UnmappedEntry {
-    std::int32_t identity = 0;
+    std::int64_t identity = 0;
     std::string item;
     std::string element;  // its name, its code where it has none
     std::string center;

@@ -6,6 +6,7 @@
 
 #include "adapters/output/files/safe_file.h"
 #include "adapters/output/formats/table_file.h"
+#include "host/bulk/finding_json.h"
 #include "platform/ascii.h"
 #include "platform/native_path.h"
 #include "platform/table_file.h"
@@ -39,26 +40,6 @@ constexpr std::array kCounts{
     Count{"unchanged", "未变", &ImportReport::unchanged},
     Count{"refused", "拒绝", &ImportReport::refused},
 };
-
-Json FindingsOf(const ImportReport& report) {
-    Json all = Json::array();
-    for (const entries::PlacedFinding& each : report.findings) {
-        all.push_back({{"place", each.place},
-                       {"row", each.row},
-                       {"column", each.title},
-                       {"rule", each.finding.id},
-                       {"text", each.finding.text}});
-    }
-    return all;
-}
-
-Json NotesOf(const ImportReport& report) {
-    Json all = Json::array();
-    for (const entries::TableNote& each : report.notes) {
-        all.push_back({{"place", each.place}, {"text", each.text}});
-    }
-    return all;
-}
 
 Json JsonOf(const std::optional<platform::Money>& amount) {
     return amount ? Json(amount->ToText()) : Json();
@@ -166,8 +147,8 @@ std::string JsonOf(const ImportReport& report) {
                    {"dryRun", report.dryRun}};
     for (const Count& each : kCounts) object[each.key] = report.*each.count;
     object["sum"] = JsonOf(report.sum);
-    object["findings"] = FindingsOf(report);
-    object["notes"] = NotesOf(report);
+    object["findings"] = JsonOf(report.findings);
+    object["notes"] = JsonOf(report.notes);
     object["budgets"] = BudgetsOf(report);
     object["batch"] = report.batch ? Json(*report.batch) : Json();
     return object.dump(kIndent, ' ', false, Json::error_handler_t::replace);

@@ -46,17 +46,43 @@ std::string FitForName(std::string_view text) {
     return std::string(platform::FirstCharacters(fit, kReadable));
 }
 
-}  // namespace
-
-fs::path BatchFolderOfFile(const std::string& path) {
+// What is named like the account file that `path` leads to.
+fs::path BesideFile(const std::string& path, const char* extension) {
     fs::path account = platform::PathOf(path);
     std::error_code unknown;
     if (fs::is_symlink(account, unknown)) {
         fs::path target = fs::weakly_canonical(account, unknown);
         if (!unknown) account = std::move(target);
     }
-    account += ".batches";
+    account += extension;
     return account;
+}
+
+// What a server's accounts have among the user's own files.
+struct ServerPlace {
+    const char* folder;
+    const char* unnamed;  // why there is none: the connection string, the user's files
+    const char* homeless;
+};
+
+fs::path PlaceOfServer(std::string_view connectionString, const ServerPlace& place) {
+    const std::string account = AccountOfConnection(connectionString);
+    if (account.empty()) throw std::runtime_error(Translated(place.unnamed));
+    const fs::path own = UserFolder("XDG_DATA_HOME", ".local/share");
+    if (own.empty()) throw std::runtime_error(Translated(place.homeless));
+    return own / "kelvane" / place.folder /
+           platform::PathOf(FitForName(ServerNameOf(connectionString)) + '-' +
+                            journal::HashOfText(account).substr(0, kTelling));
+}
+
+}  // namespace
+
+fs::path BatchFolderOfFile(const std::string& path) {
+    return BesideFile(path, ".batches");
+}
+
+fs::path MapPlaceOfFile(const std::string& path) {
+    return BesideFile(path, ".map");
 }
 
 void SetBatchesAside(const std::string& path) {
@@ -72,21 +98,23 @@ void SetBatchesAside(const std::string& path) {
 }
 
 fs::path BatchFolderOfServer(std::string_view connectionString) {
-    const std::string account = AccountOfConnection(connectionString);
-    if (account.empty()) {
-        throw std::runtime_error(Translated(
-            "the connection string names no server and no database; say with --journal where the "
-            "account's batches are"));
-    }
-    const fs::path own = UserFolder("XDG_DATA_HOME", ".local/share");
-    if (own.empty()) {
-        throw std::runtime_error(Translated(
-            "the folder of your files is not known; say with --journal where the account's batches "
-            "are"));
-    }
-    return own / "kelvane" / "batches" /
-           platform::PathOf(FitForName(ServerNameOf(connectionString)) + '-' +
-                            journal::HashOfText(account).substr(0, kTelling));
+    return PlaceOfServer(
+        connectionString,
+        {.folder = "batches",
+         .unnamed = ToTranslate("the connection string names no server and no database; say with "
+                                "--journal where the account's batches are"),
+         .homeless = ToTranslate("the folder of your files is not known; say with --journal where "
+                                 "the account's batches are")});
+}
+
+fs::path MapPlaceOfServer(std::string_view connectionString) {
+    return PlaceOfServer(
+        connectionString,
+        {.folder = "maps",
+         .unnamed = ToTranslate("the connection string names no server and no database; say with "
+                                "--map where the account's mapping is"),
+         .homeless = ToTranslate("the folder of your files is not known; say with --map where the "
+                                 "account's mapping is")});
 }
 
 }  // namespace kelvane::host

@@ -1,4 +1,5 @@
-// Where the batches of an account are written down (docs/batches.md).
+// Where the batches of an account are written down (docs/batches.md), and where the mapping of its
+// ledger is kept (docs/tie-out.md).
 #pragma once
 
 #include <filesystem>
@@ -19,5 +20,9 @@ void SetBatchesAside(const std::string& path);
 // an ODBC connection string can name. User and password make no difference. Throws
 // std::runtime_error when the string names none, or when nothing is known of the user's files.
 std::filesystem::path BatchFolderOfServer(std::string_view connectionString);
+
+// The same for the mapping, without its extension.
+std::filesystem::path MapPlaceOfFile(const std::string& path);
+std::filesystem::path MapPlaceOfServer(std::string_view connectionString);
 
 }  // namespace kelvane::host

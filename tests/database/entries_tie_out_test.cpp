@@ -7,9 +7,9 @@ namespace {
 
 using platform::Money;
 
-std::string Joined(const std::vector<std::int32_t>& identities) {
+std::string Joined(const std::vector<std::int64_t>& identities) {
     std::string joined;
-    for (const std::int32_t identity : identities) joined += " " + std::to_string(identity);
+    for (const std::int64_t identity : identities) joined += " " + std::to_string(identity);
     return joined;
 }
 

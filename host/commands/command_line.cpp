@@ -295,6 +295,26 @@ void AddBatches(CLI::App& program, int& status) {
     });
 }
 
+void AddCheck(CLI::App& program, int& status) {
+    auto account = std::make_shared<AccountArgument>();
+    auto arguments = std::make_shared<CheckArguments>();
+    auto* command = program.add_subcommand(
+        "check", Translated("Look for what is wrong in an account, without changing it"));
+    AddAccount(*command, *account);
+    command
+        ->add_option("--to", arguments->file,
+                     Translated("Write what was found to this file too (.xlsx)"))
+        ->check(FileOfKind(IsCheckFile))
+        ->type_name("FILE");
+    command->add_flag("--json", arguments->json,
+                      Translated("Tell what was found as one JSON object"));
+    AddLogin(*command, arguments->login);
+    command->callback([account, arguments, &status] {
+        arguments->account = account->Place();
+        status = RunCheck(*arguments);
+    });
+}
+
 // What the entries are compared with, and the sheet that says how that went.
 void AddTieOut(CLI::App& command, SummaryArguments& arguments) {
     auto* against =
@@ -356,26 +376,6 @@ void AddSummary(CLI::App& program, int& status) {
             asked.batches = BatchFolderOf(arguments->account, arguments->journal);
             status = RunTieOut(asked);
         }
-    });
-}
-
-void AddCheck(CLI::App& program, int& status) {
-    auto account = std::make_shared<AccountArgument>();
-    auto arguments = std::make_shared<CheckArguments>();
-    auto* command = program.add_subcommand(
-        "check", Translated("Look for what is wrong in an account, without changing it"));
-    AddAccount(*command, *account);
-    command
-        ->add_option("--to", arguments->file,
-                     Translated("Write what was found to this file too (.xlsx)"))
-        ->check(FileOfKind(IsCheckFile))
-        ->type_name("FILE");
-    command->add_flag("--json", arguments->json,
-                      Translated("Tell what was found as one JSON object"));
-    AddLogin(*command, arguments->login);
-    command->callback([account, arguments, &status] {
-        arguments->account = account->Place();
-        status = RunCheck(*arguments);
     });
 }
 

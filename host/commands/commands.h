@@ -119,14 +119,14 @@ int RunUndo(const UndoArguments& arguments);
 // Lists the batches that are written down in the folder.
 int RunBatches(const BatchesArguments& arguments);
 
+// Checks the whole account and changes nothing. Returns 3 when there are findings.
+int RunCheck(const CheckArguments& arguments);
+
 // Sums up the entries.
 int RunSummary(const SummaryArguments& arguments);
 
 // The same tied to a ledger, or as a sheet to be signed. Returns 3 when something does not agree.
 int RunTieOut(const SummaryArguments& arguments);
-
-// Checks the whole account and changes nothing. Returns 3 when there are findings.
-int RunCheck(const CheckArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.
 int Fail(const std::string& text);

@@ -17,7 +17,7 @@ namespace {
 constexpr int kPartGap = 45;
 constexpr int kHeadingGap = 12;
 constexpr int kHeadingSize = 105;
-constexpr int kTitleHeight = 150;
+constexpr int kTitleHeight = 190;
 
 // The part as a sheet, whose rows are read one by one.
 Sheet SheetOf(const PageSettings& settings, const DocumentPart& part) {
@@ -85,7 +85,7 @@ private:
     std::vector<Page>& mPages;
     TextMeasurer& mMeasurer;
     int mTop = 0;
-    bool mFresh = true;  // nothing of a table stands on the page
+    bool mFresh = true;  // no part stands on the page
     // The part that is being laid out.
     const DocumentPart* mPart = nullptr;
     const ColumnGroup* mGroup = nullptr;
@@ -96,10 +96,12 @@ private:
 
 void DocumentPages::Laying::LayHeading(const std::string& heading) {
     if (heading.empty()) return;
+    const std::string text = ReadableUtf8(heading);
+    const int width = PrintableWidth(mSettings);
     mPages.back().texts.push_back(
-        {.text = ReadableUtf8(heading),
-         .box = {mSettings.marginLeft, mTop, PrintableWidth(mSettings), LineHeight(kHeadingSize)},
-         .size = kHeadingSize,
+        {.text = text,
+         .box = {mSettings.marginLeft, mTop, width, LineHeight(kHeadingSize)},
+         .size = FittingSize(text, {kHeadingSize, true}, width, mMeasurer),
          .bold = true});
     mTop += LineHeight(kHeadingSize) + kHeadingGap;
 }
@@ -126,6 +128,8 @@ void DocumentPages::Laying::LayPart(const DocumentPart& part) {
     if (!mFresh) mTop += kPartGap;
     if (!mFresh && mTop + needed > Bottom() && needed <= PageRoom()) BeginPage();
     LayHeading(part.heading);
+    mFresh = false;
+    if (sheet.rows == 0 && !part.hasTitles) return;
     BeginTable(rows);
     for (int row = 0; row < sheet.rows; ++row) LayRow(rows, row);
     EndTable();
@@ -133,7 +137,6 @@ void DocumentPages::Laying::LayPart(const DocumentPart& part) {
 
 void DocumentPages::Laying::BeginTable(TableRows& rows) {
     mStrip.emplace(mPages.back(), *mGroup, mTop);
-    mFresh = false;
     if (!mPart->hasTitles) return;
     rows.Read(TableRows::kTitles);
     mStrip->AppendTitles(rows, mTitleLines);

@@ -124,6 +124,20 @@ TEST_F(DocumentPagesTest, WhatCannotBeDrawnIsReplaced) {
                                       "第 1 页 共 1 页"));
 }
 
+TEST_F(DocumentPagesTest, AHeadingFitsItsLine) {
+    std::string words;
+    for (int word = 0; word < 100; ++word) words += "长";
+    DocumentPart part = Part(words, 0);
+    part.hasTitles = false;
+    const Page page = Lay({part, Part("短", 0)}).MakePage(1);
+    const auto& heading = page.texts[1];
+    EXPECT_EQ(heading.text, words);
+    EXPECT_LE(mMeasurer.Width(words, {heading.size, true}), heading.box.width * 100);
+    EXPECT_GT(page.texts[2].size, heading.size);
+    EXPECT_EQ(page.lines.front().top, page.areas.front().box.top)
+        << "no lines of a part without rows";
+}
+
 TEST_F(DocumentPagesTest, RefusesWhatCannotBeLaidOut) {
     EXPECT_THROW(Lay({DocumentPart{}}), std::invalid_argument);
     EXPECT_THROW(Lay({Part("甲", 1)}).MakePage(2), std::out_of_range);

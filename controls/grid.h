@@ -128,6 +128,8 @@ public:
     void SetText(int row, int col, std::string_view text);
     int RowData(int row) const { return RowAt(row).data; }
     void SetRowData(int row, int data);
+    // Whether a row below the fixed ones has this data, also one that a filter has put aside.
+    bool HasRowData(int data) const;
     void SetCellColor(int row, int col, Color color);
     Color CellColor(int row, int col) const;
     Alignment CellAlignment(int row, int col) const;

@@ -191,6 +191,13 @@ bool Grid::UnfilterRows() {
     return true;
 }
 
+bool Grid::HasRowData(int data) const {
+    const auto hasData = [data](const GridRow& row) { return row.data == data; };
+    const auto first = mRows.begin() + std::min<std::ptrdiff_t>(mFixedRows, std::ssize(mRows));
+    return std::any_of(first, mRows.end(), hasData) ||
+           std::any_of(mAside.begin(), mAside.end(), hasData);
+}
+
 void Grid::EndViews() {
     if (mSortColumn < 0 && !IsFiltered()) return;
     mSortColumn = -1;

@@ -5,53 +5,38 @@
 
 #include "data/login_context.h"
 #include "entries/entry.h"
+#include "ui/common/list_layout.h"
 
 namespace kelvane::ui {
 
 using controls::Alignment;
-using controls::ColumnInput;
 using controls::Grid;
 using controls::InputKind;
 using enum entries::EntryColumn;
 
 namespace {
 
-constexpr int kHeaderHeight = 400;
-
-struct ColumnLayout {
-    int col;
-    const char* header;
-    int width;
-    Alignment alignment;
-    ColumnInput input;
-    bool reference;
-    bool list;
-};
-
 // Columns 4, 5 and 6 take their headers, and 5 and 6 their widths, from the item class. With more
 // than two keyword fields column 5 has its width but no header. Dates and amounts have no greatest
 // length: cut short, they would be other dates and amounts.
 constexpr std::array kColumns{
-    ColumnLayout{0, "", 0, Alignment::Left, {}, false, false},
-    ColumnLayout{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 0}, false, false},
-    ColumnLayout{
+    ListColumn{0, "", 0, Alignment::Left, {}, false, false},
+    ListColumn{kDateColumn, "日期", 1300, Alignment::Left, {InputKind::Date, 0}, false, false},
+    ListColumn{
         kCenterColumn, "责任中心", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
-    ColumnLayout{
-        kItemColumn, "项目编号", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
-    ColumnLayout{kItemNameColumn, "", 2500, Alignment::Left, {InputKind::Text, 255}, false, false},
-    ColumnLayout{kKey1Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
-    ColumnLayout{kKey2Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
-    ColumnLayout{
-        kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 255}, true, false},
-    ColumnLayout{
-        kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 255}, false, false},
-    ColumnLayout{kAmountColumn,
-                 "未结转期初",
-                 1500,
-                 Alignment::Right,
-                 {InputKind::Number, 0, 2, true},
-                 true,
-                 false},
+    ListColumn{kItemColumn, "项目编号", 1200, Alignment::Left, {InputKind::Text, 60}, true, false},
+    ListColumn{kItemNameColumn, "", 2500, Alignment::Left, {InputKind::Text, 255}, false, false},
+    ListColumn{kKey1Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
+    ListColumn{kKey2Column, "", 0, Alignment::Left, {InputKind::Text, 60}, false, true},
+    ListColumn{kElementColumn, "要素", 1500, Alignment::Left, {InputKind::Text, 255}, true, false},
+    ListColumn{kDigestColumn, "摘要", 1500, Alignment::Left, {InputKind::Text, 255}, false, false},
+    ListColumn{kAmountColumn,
+               "未结转期初",
+               1500,
+               Alignment::Right,
+               {InputKind::Number, 0, 2, true},
+               true,
+               false},
 };
 constexpr int kKeywordWidth = 1500;
 
@@ -64,24 +49,12 @@ void LayOutEntryGrid(Grid& grid) {
     if (!caption->EndOfFile()) itemNameCaption = caption->Field(0).ToText();
 
     grid.SetRows(0);
-    grid.SetDefaultRowHeight(kEntryRowHeight);
     grid.SetCols(kEntryColumnCount);
     grid.SetRows(2);
     grid.SetFixedRows(1);
     grid.SetFixedCols(1);
-    grid.SetBackColor(data::gColorWhite);
-    grid.SetFixedColor(data::gColorPink);
-    grid.SetLockedColor(data::gColorLocked);
-    grid.SetRowHeight(0, kHeaderHeight);
-    for (const ColumnLayout& column : kColumns) {
-        grid.SetText(0, column.col, column.header);
-        grid.SetColumnWidth(column.col, column.width);
-        grid.SetColumnAlignment(column.col, column.alignment);
-        if (column.col > 0) grid.SetFixedRowAlignment(column.col, Alignment::Center);
-        grid.SetColumnInput(column.col, column.input);
-        grid.SetColumnReference(column.col, column.reference);
-        grid.SetColumnList(column.col, column.list);
-    }
+    StyleList(grid);
+    LayOutColumns(grid, kColumns);
     grid.SumColumn(kAmountColumn);
     grid.SetText(0, kItemNameColumn, itemNameCaption);
     const int keywords = data::gItemKeyCount;

@@ -5,8 +5,6 @@
 
 namespace kelvane::ui {
 
-inline constexpr int kEntryRowHeight = 300;  // twips
-
 // Gives the grid its columns and no rows. The caption of the items' names is read over gEnv; errors
 // are thrown.
 void LayOutEntryGrid(controls::Grid& grid);

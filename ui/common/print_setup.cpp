@@ -23,6 +23,15 @@ bool CanPrint() {
     return data::gServices->createPrintControl && data::gServices->createPrintStyle;
 }
 
+std::vector<PrintItem> AccountHeader() {
+    return {
+        {"年度", data::gAccountYear, "0,0", "500"},
+        {"单位", data::gUnitName, "700,0", "500"},
+        {"制表人", data::gOperatorName, "1350,0", "375"},
+        {"打印日期", data::gToday, "1350,200", "375"},
+    };
+}
+
 bool SetUpPrint(platform::PrintControl& print, const PrintSheet& sheet) {
     const controls::Grid& grid = sheet.grid;
     if (grid.Rows() <= 1) {

@@ -23,6 +23,10 @@ struct PrintSheet {
     std::vector<platform::PrintItem> footer;
 };
 
+// What stands above the table of a list of the account, from the login context: three cells above
+// the title, the date under the last of them, right above the table.
+std::vector<platform::PrintItem> AccountHeader();
+
 // Prepares `print` for preview, print or export of `sheet`. Returns false, after its message, when
 // there is no data row or the print control does not take the layout. Errors are thrown.
 bool SetUpPrint(platform::PrintControl& print, const PrintSheet& sheet);

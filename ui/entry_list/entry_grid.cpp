@@ -10,7 +10,7 @@
 #include "entries/entry.h"
 #include "entries/opening_period.h"
 #include "entries/unreadable_rows.h"
-#include "ui/common/entry_columns.h"
+#include "ui/common/list_layout.h"
 
 namespace kelvane::ui {
 
@@ -64,7 +64,7 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     const std::int64_t detail = known ? element->Field(1).ToInteger() : 0;
     details.Add(identity, static_cast<std::int16_t>(detail));
     const int row = grid.AddItem(cells);
-    grid.SetRowHeight(row, kEntryRowHeight);
+    grid.SetRowHeight(row, kListRowHeight);
     grid.SetRowData(row, identity);
 }
 

@@ -4,13 +4,12 @@
 #include "data/login_context.h"
 #include "ui/common/entry_columns.h"
 #include "ui/common/flag_scope.h"
+#include "ui/common/list_layout.h"
 #include "ui/import/import_window.h"
 
 namespace kelvane::ui {
 
 using controls::Alignment;
-using controls::ColumnInput;
-using controls::Grid;
 using controls::InputKind;
 
 namespace {
@@ -18,7 +17,6 @@ namespace {
 // Measures in twips.
 constexpr int kNumberWidth = 700;
 constexpr int kLabelWidth = 900;
-constexpr int kHeaderHeight = 400;
 
 constexpr int kGridColumns = entries::kOperationColumn + 1;
 
@@ -26,32 +24,17 @@ constexpr int kGridColumns = entries::kOperationColumn + 1;
 constexpr const char* kStrayMark = "—";
 constexpr const char* kStrayText = "没有期初的明细";
 
-struct LineColumnLayout {
-    const char* header;
-    int col;
-    int width;
-    Alignment alignment;
-    ColumnInput input;
-    bool reference;
+constexpr ListColumn kLineColumns[] = {
+    {0, "行", kNumberWidth, Alignment::Right},
+    {entries::kLineRowNumberColumn, "行号", kLabelWidth, Alignment::Left},
+    {entries::kLineCodeColumn, "编码", 1800, Alignment::Left, {InputKind::Text, 60}, true},
+    {entries::kLineNameColumn, "名称", 2500, Alignment::Left, {InputKind::Text, 255}},
+    {entries::kLineModelColumn, "", 0, Alignment::Left},
+    {entries::kLineUnitColumn, "", 0, Alignment::Left},
+    {entries::kLinePriceColumn, "单价", 1500, Alignment::Right, {InputKind::Number, 0}},
+    {entries::kLineQuantityColumn, "数量", 1500, Alignment::Right, {InputKind::Number, 0}},
+    {entries::kLineAmountColumn, "余额", 1500, Alignment::Right, {InputKind::Number, 0}},
 };
-
-constexpr LineColumnLayout kLineColumns[] = {
-    {"行", 0, kNumberWidth, Alignment::Right, {}, false},
-    {"行号", entries::kLineRowNumberColumn, kLabelWidth, Alignment::Left, {}, false},
-    {"编码", entries::kLineCodeColumn, 1800, Alignment::Left, {InputKind::Text, 60}, true},
-    {"名称", entries::kLineNameColumn, 2500, Alignment::Left, {InputKind::Text, 255}, false},
-    {"", entries::kLineModelColumn, 0, Alignment::Left, {}, false},
-    {"", entries::kLineUnitColumn, 0, Alignment::Left, {}, false},
-    {"单价", entries::kLinePriceColumn, 1500, Alignment::Right, {InputKind::Number, 0}, false},
-    {"数量", entries::kLineQuantityColumn, 1500, Alignment::Right, {InputKind::Number, 0}, false},
-    {"余额", entries::kLineAmountColumn, 1500, Alignment::Right, {InputKind::Number, 0}, false},
-};
-
-void Clear(Grid& grid) {
-    grid.SetRows(1);
-    grid.SetRow(0);
-    grid.SetTopRow(1);
-}
 
 }  // namespace
 
@@ -78,28 +61,19 @@ void frmImport::LayOutRows() {
 
 void frmImport::LayOutLines() {
     GridLines.SetRows(0);
-    GridLines.SetDefaultRowHeight(kEntryRowHeight);
     GridLines.SetCols(entries::kLineTableColumnCount);
     GridLines.SetRows(1);
     GridLines.SetFixedCols(1);
-    GridLines.SetBackColor(data::gColorWhite);
-    GridLines.SetFixedColor(data::gColorPink);
-    GridLines.SetLockedColor(data::gColorLocked);
-    GridLines.SetRowHeight(0, kHeaderHeight);
-    for (const LineColumnLayout& column : kLineColumns) {
-        GridLines.SetText(0, column.col, column.header);
-        GridLines.SetColumnWidth(column.col, column.width);
-        GridLines.SetColumnAlignment(column.col, column.alignment);
-        GridLines.SetFixedRowAlignment(column.col, Alignment::Center);
-        GridLines.SetColumnInput(column.col, column.input);
-        GridLines.SetColumnReference(
-            column.col, column.reference && data::gServices->createReferenceList != nullptr);
+    StyleList(GridLines);
+    LayOutColumns(GridLines, kLineColumns);
+    if (!data::gServices->createReferenceList) {
+        GridLines.SetColumnReference(entries::kLineCodeColumn, false);
     }
 }
 
 void frmImport::FillRows() {
     const FlagScope filling(mIsFilling);
-    Clear(GridRows);
+    ClearRows(GridRows);
     const bool lines = mSheet.HasLines();
     const bool labels = lines || std::ranges::any_of(mSheet.Entries(), [](const auto& each) {
                             return !each.rowNumber.empty();
@@ -151,7 +125,7 @@ void frmImport::ShowRow(int row) {
 }
 
 void frmImport::FillLines() {
-    Clear(GridLines);
+    ClearRows(GridLines);
     mShownEntry = CurrentEntry();
     mShownRow = GridRows.Row();
     if (mShownRow < 1) return;

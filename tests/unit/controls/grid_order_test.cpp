@@ -118,6 +118,9 @@ TEST_F(GridOrderTest, AFilterPutsRowsAsideAndTheyComeBackInTheirPlaces) {
     EXPECT_THAT(Data(), ElementsAre(1, 3));
     EXPECT_EQ(Cell(), "2 2");
     EXPECT_EQ(grid.RowsAside(), 2);
+    EXPECT_TRUE(grid.HasRowData(2)) << "of a row that is put aside";
+    EXPECT_TRUE(grid.HasRowData(3));
+    EXPECT_FALSE(grid.HasRowData(0)) << "of the header alone";
     EXPECT_TRUE(grid.IsFiltered());
     EXPECT_TRUE(grid.IsFilteredBy(2));
     EXPECT_FALSE(grid.IsFilteredBy(1));

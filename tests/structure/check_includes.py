@@ -21,6 +21,8 @@ ALLOWED = {
     "ui/common": ["platform", "controls", "data", "entries"],
     "ui/find": ["platform", "controls", "data", "entries", "ui/common"],
     "ui/import": ["platform", "controls", "data", "entries", "entries/bulk", "ui/common"],
+    "ui/check": ["platform", "controls", "data", "entries", "entries/check", "ui/common"],
+    "ui/summary": ["platform", "controls", "data", "entries", "entries/summary", "ui/common"],
     "ui/detail_editor": ["platform", "controls", "data", "entries", "ui/common"],
     "ui/entry_list": ["platform", "controls", "data", "entries", "ui/common"],
     "ui": ["ui/*"],

@@ -7,11 +7,20 @@ namespace kelvane::ui {
 
 namespace {
 
+// All decimals where two do not say it.
+std::string AmountText(platform::Money amount) {
+    constexpr int kAllPlaces = 4;
+    std::string text = data::DisplayOfMoney(amount);
+    if (platform::Money::FromText(text) == amount) return text;
+    return data::FormatDecimal(platform::Decimal::FromScaled(amount.Units(), kAllPlaces),
+                               kAllPlaces, true);
+}
+
 std::string SumText(const controls::ColumnSum& sum, bool filtered) {
     const auto total = sum.Total();
     const std::string name = filtered ? "所示合计" : "合计";
     if (!total) return name + "超出范围";
-    std::string text = name + " " + data::DisplayOfMoney(*total);
+    std::string text = name + " " + AmountText(*total);
     if (sum.Unread() > 0) text += "（" + std::to_string(sum.Unread()) + " 行不是金额）";
     return text;
 }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,5 +56,9 @@ struct ImportAnswer {
     // What ought to be known besides.
     std::vector<std::string> notes;
 };
+
+// Whether the list has the entry of that identity, also when a filter has put it aside. The check
+// and the summary ask it before they answer with an entry that the operator wants to go to.
+using IsListed = std::function<bool(std::int64_t identity)>;
 
 }  // namespace kelvane::ui

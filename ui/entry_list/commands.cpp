@@ -128,6 +128,7 @@ frmPeriodItem::frmPeriodItem()
     AddFindActions();
     AddViewActions();
     AddImportActions();
+    AddCheckActions();
     controls::AddGridSizeActions(*this, GridPeriodItem);
     AddToolbarActions(*this, Commands());
     gCurrentEntry = [this] { return BudgetedEntryOf(GridPeriodItem.Row()); };

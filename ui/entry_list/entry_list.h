@@ -77,11 +77,15 @@ public:
     platform::StatementText& mDetailSql = mWaiting.script;
 
     // The windows that this one opens: the detail editor, the find dialog, which answers nothing
-    // when it was not left by OK, and the import, which answers nothing when it was given up. Set
-    // before the list is shown.
+    // when it was not left by OK, the import, which answers nothing when it was given up, and the
+    // check and the summary, which answer the identity of an entry to go to. Set before the list is
+    // shown.
     std::function<DetailAnswer(const DetailRequest&)> EditDetails;
     std::function<std::optional<FindAnswer>()> AskWhatToFind;
     std::function<std::optional<ImportAnswer>(const ImportRequest&)> ImportEntries;
+    using ShowEntries = std::function<std::optional<std::int64_t>(const IsListed&)>;
+    ShowEntries CheckEntries;
+    ShowEntries SummarizeEntries;
 
     // Loading (entry_loading.cpp). Statements run over gEnv; errors end each routine quietly and
     // leave a notice.
@@ -174,6 +178,12 @@ public:
     void Import(const ImportRequest& request);
     bool CanImport() const;
 
+    // The windows that show what is in the account, and the way back from them to an entry
+    // (checking.cpp). An unsaved row is left first. GoToEntry ends a filter that hides the entry;
+    // false when the list does not have it or the current row may not be left.
+    void OpenFrom(const ShowEntries& show);
+    bool GoToEntry(std::int64_t identity);
+
     // Printing (printing.cpp).
     void CaptureGridLayout();
     // Modes of the print set-up: print or preview, and export.
@@ -208,6 +218,7 @@ private:
     void AddFindActions();
     void AddViewActions();
     void AddImportActions();
+    void AddCheckActions();
     void ReloadEntries();
     // A row below the current one, or with -1 above it, that the search looks for; 0: none. `note`
     // receives that the list's end was passed.

@@ -1,0 +1,240 @@
+// The window itself: its controls, opening and closing it, what the operator does in it.
+#include "ui/summary/summary_window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "controls/grid_size_actions.h"
+#include "controls/place.h"
+#include "data/login_context.h"
+#include "entries/failure_reason.h"
+#include "ui/common/grid_actions.h"
+#include "ui/common/toolbar_form.h"
+#include "ui/common/trap_scope.h"
+#include "ui/common/window_layout.h"
+#include "ui/summary/summary_entries.h"
+
+namespace kelvane::ui {
+
+using platform::kCtrl;
+using platform::Key;
+using platform::KeyOfCharacter;
+
+namespace {
+
+// Measures in twips.
+constexpr int kMargin = 120;
+constexpr int kButtonHeight = 375;
+constexpr int kButtonWidth = 1350;
+constexpr int kLabelHeight = 300;
+constexpr int kByWidth = 900;
+constexpr int kFieldHeight = 330;
+constexpr int kFieldWidth = 1500;
+constexpr int kWidth = 14400;
+constexpr int kHeight = 8700;
+constexpr int kMinWidth = 11250;
+constexpr int kMinHeight = 4800;
+
+constexpr std::array<const char*, FieldChoice::kPlaces> kPlaceNames{
+    "汇总依据一", "汇总依据二", "汇总依据三", "汇总依据四", "汇总依据五"};
+
+struct FailedWork {
+    std::string_view place;
+    const char* sentence;
+};
+
+constexpr std::array kFailedWork{
+    FailedWork{"SummarizeAccount", "汇总时出错，没有汇总出来。"},
+    FailedWork{"ReadEntryTexts", "读取期初时出错。"},
+    FailedWork{"WriteToFile", "导出时出错，文件没有写成，原有的文件没有改变。"},
+    FailedWork{"Print", "打印时出错，没有打印完。"},
+    FailedWork{"ReadStyle", "打印设置文件不能使用，已按默认设置排版。"},
+    FailedWork{"xmlPrt_SaveSettings", "保存打印设置时出错，设置没有保存。"},
+};
+
+}  // namespace
+
+frmSummary& GetSummaryForm() {
+    static frmSummary form;
+    return form;
+}
+
+frmSummary::frmSummary()
+    : Form("frmSummary"),
+      lblBy(*this, "lblBy"),
+      cboField1(*this, "cboField1"),
+      cboField2(*this, "cboField2"),
+      cboField3(*this, "cboField3"),
+      cboField4(*this, "cboField4"),
+      cboField5(*this, "cboField5"),
+      cmdAgain(*this, "cmdAgain"),
+      lblCounts(*this, "lblCounts"),
+      GridSummary(*this, "GridSummary"),
+      cmdPrint(*this, "cmdPrint"),
+      cmdPreview(*this, "cmdPreview"),
+      cmdExport(*this, "cmdExport"),
+      cmdShow(*this, "cmdShow"),
+      cmdClose(*this, "cmdClose") {
+    SetCaption("期初汇总");
+    SetIconPicture(kPictureWindow);
+    SetSize(kWidth, kHeight);
+    SetMinSize(kMinWidth, kMinHeight);
+    lblBy.SetCaption("汇总依据");
+    for (std::size_t place = 0; place < mFields.size(); ++place) {
+        controls::ComboBox& field = *mFields[place];
+        field.SetSpokenName(kPlaceNames[place]);
+        field.AddItem("");
+        for (const auto& each : entries::DeclaredSummaryFields()) field.AddItem(each.caption);
+        field.Change = [this, place] { cboField_Change(place); };
+    }
+    GridSummary.SetSpokenName("汇总结果");
+    cmdAgain.SetCaption("重新汇总");
+    cmdAgain.SetStroke({Key::F5});
+    cmdPrint.SetCaption("打印");
+    cmdPrint.SetStroke({KeyOfCharacter(U'P'), kCtrl});
+    cmdPreview.SetCaption("预览");
+    cmdExport.SetCaption("导出");
+    cmdShow.SetCaption("查看期初");
+    cmdShow.SetDefault(true);
+    cmdClose.SetCaption("关闭");
+    cmdClose.SetCancel(true);
+    cmdAgain.Click = [this] { SummarizeAgain(); };
+    cmdPrint.Click = [this] { PrintSummary(); };
+    cmdPreview.Click = [this] { PreviewSummary(); };
+    cmdExport.Click = [this] { ExportSummary(); };
+    cmdShow.Click = [this] { ShowEntries(); };
+    cmdClose.Click = [this] { Unload(); };
+    GridSummary.CellDoubleClick = [this](int row, int /*col*/) {
+        if (row >= GridSummary.FixedRows()) ShowEntries();
+    };
+    AddGridActions(*this, GridSummary);
+    AddActions();
+    controls::AddGridSizeActions(*this, GridSummary);
+}
+
+void frmSummary::AddActions() {
+    bool startsGroup = true;
+    for (controls::Button* button : {&cmdShow, &cmdAgain, &cmdPrint, &cmdPreview, &cmdExport}) {
+        AddAction({.stroke = button == &cmdShow ? platform::KeyStroke{} : button->Stroke(),
+                   .caption = button->Caption(),
+                   .inMenu = true,
+                   .startsGroup = std::exchange(startsGroup, button == &cmdAgain),
+                   .possible = [button] { return button->Enabled(); },
+                   .run = [button] { button->Press(); }});
+    }
+}
+
+std::optional<std::int64_t> frmSummary::Ask(const IsListed& isListed) {
+    mAnswer.reset();
+    mIsListed = isListed;
+    const TrapScope trapped([this](std::string_view place) { TellFailure(place); });
+    data::gServices->windows->ShowModal(*this);
+    return mAnswer;
+}
+
+void frmSummary::TellFailure(std::string_view place) {
+    const auto* known = std::ranges::find(kFailedWork, place, &FailedWork::place);
+    const char* sentence =
+        known == kFailedWork.end() ? "操作时出错，该操作没有完成。" : known->sentence;
+    SetNotice(sentence + entries::ReasonOfFailure());
+}
+
+void frmSummary::Form_Load() {
+    ShowChoice();
+    SummarizeAgain();
+    RestoreLayout(mKeptLayout, Name());
+    const platform::Windows& windows = *data::gServices->windows;
+    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    GridSummary.SetFocus();
+}
+
+void frmSummary::Form_Resize() {
+    const int right = ScaleWidth() - kMargin;
+    const int buttons = ScaleHeight() - kMargin - kButtonHeight;
+    PlaceControl(lblBy, kMargin, kMargin + (kButtonHeight - kLabelHeight) / 2, kByWidth,
+                 kLabelHeight);
+    int left = kMargin + kByWidth;
+    for (controls::ComboBox* field : mFields) {
+        PlaceControl(*field, left, kMargin + (kButtonHeight - kFieldHeight) / 2, kFieldWidth,
+                     kFieldHeight);
+        left += kFieldWidth + kMargin;
+    }
+    PlaceControl(cmdAgain, right - kButtonWidth, kMargin, kButtonWidth, kButtonHeight);
+    const int counts = kButtonHeight + 2 * kMargin;
+    PlaceControl(lblCounts, kMargin, counts, right - kMargin, kLabelHeight);
+    left = kMargin;
+    for (controls::Button* button : {&cmdPrint, &cmdPreview, &cmdExport}) {
+        PlaceControl(*button, left, buttons, kButtonWidth, kButtonHeight);
+        left += kButtonWidth + kMargin;
+    }
+    PlaceControl(cmdClose, right - kButtonWidth, buttons, kButtonWidth, kButtonHeight);
+    PlaceControl(cmdShow, cmdClose.Left() - kMargin - kButtonWidth, buttons, kButtonWidth,
+                 kButtonHeight);
+    const int top = counts + kLabelHeight + kMargin;
+    PlaceControl(GridSummary, kMargin, top, right - kMargin, buttons - kMargin - top);
+    GridSummary.ShowCurrent();
+}
+
+// The widths of these columns are not for those of another choice.
+void frmSummary::Form_Unload() {
+    GridSummary.RestoreColumnWidths();
+    mKeptLayout.Keep();
+}
+
+// A text that names no field waits until it does, or until another field is chosen.
+void frmSummary::cboField_Change(std::size_t place) {
+    if (mIsShowingChoice) return;
+    const std::string& text = mFields.at(place)->Text();
+    const auto field = SummaryFieldNamed(text);
+    if (!field && !text.empty()) return;
+    const auto before = mChoice.Fields();
+    mChoice.Set(place, field);
+    ShowChoice();
+    if (mChoice.Fields() != before) SummarizeAgain();
+}
+
+void frmSummary::AllowCommands() {
+    const bool hasRows = GridSummary.Rows() > 1;
+    cmdShow.SetEnabled(hasRows);
+    for (controls::Button* button : {&cmdPrint, &cmdPreview, &cmdExport}) {
+        button->SetEnabled(hasRows && CanPrint());
+    }
+}
+
+void frmSummary::ShowEntries() {
+    const entries::SummaryRow* row = Current();
+    if (row == nullptr) return;
+    std::optional<frmSummaryEntries> window;
+    try {
+        window.emplace(NameOf(*row), row->identities, mIsListed);
+        SetNotice("");
+    } catch (...) {
+        data::ReportTrapped("ReadEntryTexts");
+        return;
+    }
+    mAnswer = window->Ask();
+    if (mAnswer) Unload();
+}
+
+std::string frmSummary::Hint() const {
+    const entries::SummaryRow* row = Current();
+    return row == nullptr ? "" : NameOf(*row);
+}
+
+std::string frmSummary::Figures() const {
+    if (GridSummary.Row() < 1) return {};
+    return "第 " + std::to_string(GridSummary.Row()) + " 行，共 " +
+           std::to_string(GridSummary.Rows() - 1) + " 行";
+}
+
+void frmSummary::Form_KeyDown(Key& key, int shift) {
+    if (key != Key::Enter || shift != 0 || ActiveControl() != &GridSummary) return;
+    key = Key::None;
+    cmdShow.Press();
+}
+
+void frmSummary::Trapped(std::string_view place, std::string_view detail) noexcept {
+    data::ReportTrapped(place, detail);
+}
+
+}  // namespace kelvane::ui

@@ -64,8 +64,7 @@ ExactSum& ExactSum::operator-=(const ExactSum& other) {
 }
 
 std::strong_ordering operator<=>(const ExactSum& a, const ExactSum& b) {
-    const auto high = a.mHigh <=> b.mHigh;
-    return high != 0 ? high : a.mLow <=> b.mLow;
+    return a.mHigh == b.mHigh ? a.mLow <=> b.mLow : a.mHigh <=> b.mHigh;
 }
 
 std::string ExactSum::Digits() const {

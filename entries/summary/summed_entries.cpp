@@ -20,7 +20,6 @@ namespace kelvane::entries {
 
 using data::gConn;
 using platform::ComparedText;
-using platform::FixedText;
 using platform::RecordSet;
 using platform::StatementText;
 using platform::WithoutEndBlanks;

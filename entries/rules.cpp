@@ -226,22 +226,23 @@ std::span<const DeclaredRule> DeclaredRules() {
 }
 
 Finding Found(Rule rule) {
-    return Found(rule, {std::string_view()});
+    return Found(rule, std::string_view());
 }
 
 Finding Found(Rule rule, std::string_view value) {
-    return Found(rule, {value});
+    return Found(rule, std::span(&value, 1));
 }
 
 Finding Found(Rule rule, std::string_view first, std::string_view second) {
-    return Found(rule, {first, second});
+    const std::array values{first, second};
+    return Found(rule, values);
 }
 
-Finding Found(Rule rule, std::initializer_list<std::string_view> values) {
+Finding Found(Rule rule, std::span<const std::string_view> values) {
     constexpr std::string_view kPlace = "{}";
     const DeclaredRule& declared = Declared(rule);
     std::string text(declared.text);
-    if (text.empty()) text = *values.begin();
+    if (text.empty()) text = values.front();
     std::size_t from = 0;
     for (const std::string_view value : values) {
         const auto place = text.find(kPlace, from);

@@ -3,7 +3,6 @@
 // give findings, and whoever asked decides what becomes of them.
 #pragma once
 
-#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -158,6 +157,6 @@ Finding Found(Rule rule);
 Finding Found(Rule rule, std::string_view value);
 // Of several values, "{}" by "{}".
 Finding Found(Rule rule, std::string_view first, std::string_view second);
-Finding Found(Rule rule, std::initializer_list<std::string_view> values);
+Finding Found(Rule rule, std::span<const std::string_view> values);
 
 }  // namespace kelvane::entries

@@ -85,7 +85,8 @@ std::shared_ptr<const AccountCopy> CopyOfProtected(const std::string& path) {
     RequireAccountFile(account);
     const fs::path folder = platform::PathOf(account).parent_path();
     if (!IsWriteProtected(account) &&
-        !IsWriteProtected(folder.empty() ? "." : platform::Utf8Of(folder))) {
+        !IsWriteProtected(folder.empty() ? "." : platform::Utf8Of(folder)) &&
+        !HasUnfinishedChanges(account)) {
         return nullptr;
     }
     return std::make_shared<AccountCopy>(account);

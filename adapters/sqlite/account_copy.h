@@ -52,8 +52,9 @@ private:
     std::string mPath;
 };
 
-// A copy of the account `path` when it or the folder that takes its companions cannot be written;
-// null when they can. Throws DatabaseError for a file that is missing, no account or incomplete.
+// A copy of the account `path` when it or the folder that takes its companions cannot be written,
+// or when its last writer died in the middle of its changes, which opening it would undo in the
+// file; null otherwise. Throws DatabaseError for a file that is missing, no account or incomplete.
 std::shared_ptr<const AccountCopy> CopyOfProtected(const std::string& path);
 
 }  // namespace kelvane::sqlite

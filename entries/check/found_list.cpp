@@ -11,6 +11,7 @@
 #include "entries/detail_line.h"
 #include "entries/entry.h"
 #include "platform/decimal.h"
+#include "platform/utf8.h"
 
 namespace kelvane::entries {
 
@@ -42,6 +43,17 @@ bool IsOfLine(Rule rule) {
     }
 }
 
+// A damaged account may have any text where a code belongs. The part of it that a finding tells:
+// not more than a cell of a sheet has room for, and what is no character as one that stands for it.
+std::string Told(std::string_view text, std::size_t room) {
+    std::string told;
+    for (std::size_t count = 0; !text.empty(); ++count) {
+        if (count == room) return told + "…";
+        platform::AppendCharacter(told, platform::TakeCharacter(text).value);
+    }
+    return told;
+}
+
 std::string TitleOf(const Finding& finding) {
     const auto column = static_cast<std::size_t>(finding.column);
     if (IsOfLine(finding.rule)) return std::string(kLineTitles.at(column));
@@ -60,7 +72,10 @@ void FoundList::Add(std::int64_t identity, Rule rule,
 
 void FoundList::AddIn(std::int64_t identity, int column, Rule rule,
                       std::initializer_list<std::string_view> values) {
-    Finding finding = Found(rule, values);
+    constexpr std::size_t kRoom = 3000;
+    std::vector<std::string> told;
+    for (const std::string_view value : values) told.push_back(Told(value, kRoom));
+    Finding finding = Found(rule, std::vector<std::string_view>(told.begin(), told.end()));
     finding.column = column;
     std::string title = TitleOf(finding);
     mFindings.push_back({identity, std::move(title), std::move(finding)});
@@ -83,9 +98,10 @@ std::string QuantityText(double quantity) {
 
 std::string CodesText(const std::vector<std::string>& codes) {
     constexpr std::size_t kShown = 10;
+    constexpr std::size_t kRoom = 255;
     std::string text;
     for (std::size_t i = 0; i < codes.size() && i < kShown; ++i) {
-        text += (text.empty() ? "" : "、") + codes[i];
+        text += (text.empty() ? "" : "、") + Told(codes[i], kRoom);
     }
     return codes.size() > kShown ? text + "等" : text;
 }

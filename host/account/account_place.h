@@ -27,7 +27,8 @@ public:
                                  database::SharedSecret password = {});
 
     // The same for who only wants to know what is in it: of a file that cannot be written, or whose
-    // folder cannot, a copy that goes with the last of these places, under the file's name. Throws
+    // folder cannot, or whose last writer died in the middle of its changes, a copy that goes with
+    // the last of these places, under the file's name. Throws
     // platform::DatabaseError.
     AccountPlace ForReading() const;
 

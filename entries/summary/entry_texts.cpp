@@ -54,7 +54,7 @@ std::string DateText(const RecordSet& row) {
 
 }  // namespace
 
-std::vector<EntryTexts> ReadEntryTexts(std::span<const std::int32_t> identities) {
+std::vector<EntryTexts> ReadEntryTexts(std::span<const std::int64_t> identities) {
     const Names items = ReadNames(StatementText("select citemcode,citemname from fitemss97"));
     const Names elements =
         ReadNames(StatementText("select cElementCode,cElementName from PM_ItemElement"));

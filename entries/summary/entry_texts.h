@@ -13,6 +13,6 @@ namespace kelvane::entries {
 // of items and elements beside them. Amounts have all their decimals, a date that cannot be read is
 // shown as it is stored. Over gConn, with three statements. Throws platform::DatabaseError and its
 // kin.
-std::vector<EntryTexts> ReadEntryTexts(std::span<const std::int32_t> identities);
+std::vector<EntryTexts> ReadEntryTexts(std::span<const std::int64_t> identities);
 
 }  // namespace kelvane::entries

@@ -35,7 +35,7 @@ constexpr int kMinHeight = 3600;
 }  // namespace
 
 frmSummaryEntries::frmSummaryEntries(const std::string& name,
-                                     std::span<const std::int32_t> identities,
+                                     std::span<const std::int64_t> identities,
                                      const IsListed& isListed)
     : Form("frmSummaryEntries"),
       lblCounts(*this, "lblCounts"),
@@ -80,7 +80,7 @@ void frmSummaryEntries::LayOut() {
     GridEntries.SetFixedRowAlignment(0, controls::Alignment::Center);
 }
 
-std::size_t frmSummaryEntries::Fill(std::span<const std::int32_t> identities) {
+std::size_t frmSummaryEntries::Fill(std::span<const std::int64_t> identities) {
     const auto found = entries::ReadEntryTexts(identities);
     for (const entries::EntryTexts& entry : found) {
         std::vector<std::string> texts(entry.cells.begin(), entry.cells.end());

@@ -22,7 +22,7 @@ class frmSummaryEntries : public controls::Form {
 public:
     // The entries of these identities as the account has them now; `name` is what they have in
     // common. Over gConn and gEnv; errors are thrown.
-    frmSummaryEntries(const std::string& name, std::span<const std::int32_t> identities,
+    frmSummaryEntries(const std::string& name, std::span<const std::int64_t> identities,
                       const IsListed& isListed);
 
     controls::Label lblCounts;
@@ -47,7 +47,7 @@ protected:
 private:
     void LayOut();
     // How many of them are not there any more.
-    std::size_t Fill(std::span<const std::int32_t> identities);
+    std::size_t Fill(std::span<const std::int64_t> identities);
 
     const IsListed& mIsListed;
     std::optional<std::int64_t> mAnswer;

@@ -233,7 +233,7 @@ TEST_F(Summaries, AreTakenInOneMomentAndWriteNothing) {
     AddEntries();
     Of("item,element,center");
     EXPECT_EQ(mLog.Lines(),
-              (Lines{"gConn: select citemcode,citemname from fitemss97",
+              (Lines{"gConn: begin snapshot", "gConn: select citemcode,citemname from fitemss97",
                      "gConn: select cElementCode,cElementName from PM_ItemElement",
                      "gConn: select cCenterCode,cCenterName from PM_DutyCenter",
                      "gConn: select iEleVid,dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,"

@@ -4,10 +4,12 @@
 import os
 import pty
 import re
+import sqlite3
 import subprocess
 import sys
 import tempfile
 import unittest
+from contextlib import closing
 from pathlib import Path
 
 program, tool = sys.argv[1:3]
@@ -58,6 +60,39 @@ class ServerAccount(unittest.TestCase):
         driven = self.run_program("drive", script="init\nshow\nprint grid\nclose\n")
         self.assertEqual(driven.returncode, 0, driven.stdout)
         self.assertIn("> print grid\n0 0 ", driven.stdout)
+
+    def test_a_check_finds_what_it_finds_in_a_file(self):
+        sample = ["--sample", "--entries", "60", "--keywords", "2"]
+        self.assertEqual(self.run_program("init", *sample).returncode, 0)
+        damage = [
+            "update PM_ItemQC set cItemCode = ' P001', mQC = null where iEleVid = 1",
+            "update PM_ItemQC set cCenterCode = 'd01  ', dDate = '2004-07-01' where iEleVid = 2",
+            "update PM_ItemQC set cKeyCode1 = 'X', cElementCode = 'E99' where iEleVid = 3",
+            "insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(12,'0999',2,3,5)",
+            "insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(99,'0201',2,0.5,1)",
+            "update pm_budget set iBudget = 1, iMoneysum = 0.01",
+            "update PM_SettingInf set cValue = '59' where cName = 'NumMax_EleQc'",
+        ]
+        for statement in damage:
+            self.place.stdin.write(f"run {statement}\n")
+            self.place.stdin.flush()
+            self.assertEqual(self.place.stdout.readline(), "done\n", statement)
+        checked = self.run_program("check")
+        with tempfile.TemporaryDirectory() as folder:
+            file = str(Path(folder) / "a.kelvane")
+            subprocess.run([program, "init", file, *sample], check=True, capture_output=True)
+            with closing(sqlite3.connect(file)) as account:
+                for statement in damage:
+                    account.execute(statement)
+                account.commit()
+            same = subprocess.run([program, "check", file], encoding="utf-8", capture_output=True,
+                                  check=False)
+        self.assertEqual((checked.returncode, checked.stdout), (3, same.stdout), checked.stderr)
+        rules = {line.split(": ")[1] for line in checked.stdout.splitlines()}
+        self.assertGreaterEqual(rules, {
+            "check.item", "check.element", "check.code", "check.lines.sum", "check.lines.orphan",
+            "check.lines.product", "check.counter", "check.value", "check.budget", "check.date",
+            "check.settled", "check.zero", "check.blank"})
 
     def test_a_failure_leaves_nothing(self):
         self.place.stdin.write("run create table PM_TranControl(a int null)\n")

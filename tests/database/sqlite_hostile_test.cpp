@@ -306,6 +306,18 @@ TEST_F(SqliteHostile, UnfinishedChangesAreUndoneInAnAccountThatIsOpened) {
     EXPECT_FALSE(fs::exists(copy + "-journal"));
 }
 
+TEST_F(SqliteHostile, UnfinishedChangesAreLeftToBeUndoneByWhoOnlyReads) {
+    const std::string copy = DieWriting("");
+    const std::string journal = Content(copy + "-journal");
+    const std::string account = Content(copy);
+    const auto read = sqlite::CopyOfProtected(copy);
+    ASSERT_NE(read, nullptr);
+    const StatementText look("select code from Coded where code = '4711'");
+    EXPECT_EQ(ConnectToSqlite(read->Path(), 0)->OpenRecordSet(look)->RecordCount(), 0);
+    EXPECT_EQ(Content(copy + "-journal"), journal);
+    EXPECT_EQ(Content(copy), account);
+}
+
 TEST_F(SqliteHostile, UnfinishedChangesAreNotReadInAnAccountThatCannotBeWritten) {
     const std::string copy = DieWriting("");
     const std::string journal = Content(copy + "-journal");

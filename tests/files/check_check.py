@@ -7,13 +7,12 @@ that the account is left as it is, byte for byte.
 
 import hashlib
 import json
+import random
 import shutil
 import sqlite3
 import stat
-import subprocess
 import sys
 import tempfile
-import time
 import unittest
 from contextlib import closing
 from pathlib import Path
@@ -291,6 +290,36 @@ class Check(unittest.TestCase):
         self.assertIn("-journal", before)
         self.assertEqual(self.check(left).stdout.splitlines()[:-1], SAMPLE)
         self.assertEqual(files_of(left), before)
+
+    def test_items_are_settled_that_the_list_locks(self):
+        """With keywords that match, almost match or are none, and parts of items closed at any time."""
+        chance = random.Random(14)
+        for keywords in range(3):
+            account = self.folder / f"settled{keywords}.kelvane"
+            self.accounts.run("init", account, "--sample", "--entries", 300, "--keywords", keywords,
+                              check=True)
+            with closing(sqlite3.connect(account)) as database:
+                parts = database.execute("select rowid, * from fitemss97sub").fetchall()
+                keys = [sorted({str(part[4 + key]) for part in parts}) for key in range(keywords)]
+                for part in parts:
+                    end = chance.choice([None, "2003-12-20 00:00:00.000", "2004-06-30 00:00:00.000",
+                                         "2004-07-01 00:00:00.000"])
+                    database.execute("update fitemss97sub set iclose = ?, denddate = ? where rowid = ?",
+                                     (chance.randrange(2), end, part[0]))
+                for identity in range(1, 301):
+                    given = [chance.choice([*keys[key], "", " ", "x", "01", " 1", "1.0", "2 "])
+                             if key < keywords else "" for key in range(2)]
+                    database.execute("update PM_ItemQC set cKeyCode1 = ?, cKeyCode2 = ? "
+                                     "where iEleVid = ?", (*given, identity))
+                database.commit()
+            settled = {int(line.split()[1].rstrip(":")) for line in
+                       self.check(account).stdout.splitlines() if ": check.settled: " in line}
+            shown = self.accounts.run("drive", account, input="init\nshow\nprint grid\nclose\n").stdout
+            rows = [line.split("|") for line in shown.splitlines() if line.count("|") >= 8]
+            locked = {int(row[0].split()[1]) for row in rows
+                      if all(cell.startswith("#") for cell in row[1:])}
+            self.assertEqual(settled, locked)
+            self.assertGreater(len(settled), 5)
 
     def test_other_operators_go_on(self):
         """A checked account keeps nobody out, and who writes keeps no check out."""

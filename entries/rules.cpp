@@ -194,7 +194,7 @@ constexpr std::array<DeclaredRule, static_cast<std::size_t>(Rule::Count)> kRules
      kModuleCaption},
     {Rule::CheckZero, "check.zero", kAmountColumn, "项目“{}”要素“{}”的未结转期初为 {}",
      kModuleCaption},
-    {Rule::CheckKeys, "check.keys", kKey1Column, "责任中心“{}”下项目“{}”没有关键字“{}”“{}”",
+    {Rule::CheckKeys, "check.keys", kKey1Column, "责任中心“{}”下项目“{}”没有关键字“{}”",
      kModuleCaption},
     {Rule::CheckAuthority, "check.authority", kCenterColumn, "责任中心“{}”下不包括项目“{}”",
      kModuleCaption},

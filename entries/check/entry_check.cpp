@@ -17,6 +17,11 @@ std::string DateText(const platform::DateTime& date) {
     return date.DateText('-');
 }
 
+std::string KeysText(const StoredEntry& entry) {
+    if (data::Trim(entry.key1).empty()) return entry.key2;
+    return data::Trim(entry.key2).empty() ? entry.key1 : entry.key1 + "、" + entry.key2;
+}
+
 bool AreSame(const CenterItem& known, const StoredEntry& entry) {
     return known.key1 == entry.key1 && known.key2 == entry.key2;
 }
@@ -105,7 +110,7 @@ void EntryCheck::CheckKeywords(const StoredEntry& entry) {
     }
     if (similar == nullptr) {
         mFound.AddIn(entry.identity, data::Trim(entry.key1).empty() ? kKey2Column : kKey1Column,
-                     Rule::CheckKeys, {entry.center, entry.item, entry.key1, entry.key2});
+                     Rule::CheckKeys, {entry.center, entry.item, KeysText(entry)});
         return;
     }
     if (similar->key1 != entry.key1) {

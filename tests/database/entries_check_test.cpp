@@ -250,8 +250,11 @@ TEST_F(CheckTest, KeywordsThatAreNoneOfTheItemsInTheCentre) {
     Run("update PM_ItemQC set cKeyCode1='九标段' where iEleVid=2");
     Run("update PM_ItemQC set cKeyCode1='',cKeyCode2='B9' where iEleVid=3");
     EXPECT_EQ(Check(),
-              (Lines{"2 check.keys 标段 (关键字): 责任中心“D01”下项目“P01”没有关键字“九标段”“”",
-                     "3 check.keys 关键字: 责任中心“D01”下项目“P02”没有关键字“”“B9”"}));
+              (Lines{"2 check.keys 标段 (关键字): 责任中心“D01”下项目“P01”没有关键字“九标段”",
+                     "3 check.keys 关键字: 责任中心“D01”下项目“P02”没有关键字“B9”"}));
+    Run("update PM_ItemQC set cKeyCode1='A1',cKeyCode2='B9' where iEleVid=3");
+    EXPECT_EQ(Check().back(),
+              "3 check.keys 标段 (关键字): 责任中心“D01”下项目“P02”没有关键字“A1、B9”");
     Run("update PM_ItemQC set cKeyCode1='',cKeyCode2=null");
     EXPECT_EQ(Check(), Lines{});
 }

@@ -16,13 +16,16 @@ import tempfile
 
 MARKS = ["Translated", "Told", "ToTranslate"]
 # Where the program's texts are; the rest of host/ speaks to hosts, or writes accounts.
-FOLDERS = ["host/account", "host/commands", "host/creation", "host/surroundings"]
+FOLDERS = ["host/account", "host/commands", "host/creation", "host/ledger",
+           "host/surroundings"]
 REASONS = "host/surroundings/adapter_reasons.cpp"
 VALUE = re.compile(r"%\d")
 
-# A sentence, by its words; those that nobody is told are statements, or errors of the program itself.
+# A sentence, by its words; those that nobody is told are statements, or errors of the program itself;
+# counts are told in any language alike.
 SENTENCE = re.compile(r"[a-z]{2,} [a-z]{2,}")
 UNTOLD = re.compile(r"^(select|insert|update|delete) |^ (from|into|values|order|and|where) |^a row of $|"
+                    r"^, uncovered (entries|accounts) $|"
                     r" has not one value for every column$|^an item class has none, one or two key ")
 
 

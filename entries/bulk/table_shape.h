@@ -45,6 +45,9 @@ struct TableColumn {
     CellUse use = CellUse::Text;
     bool needed = false;
     std::vector<std::string> titles;  // any of them; the first is what the column is called
+    // Of several with its title the one that belongs to that column: the last before it, else the
+    // first behind it. 0: there must not be several.
+    int belongsTo = 0;
 };
 
 struct TableShape {

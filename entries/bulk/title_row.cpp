@@ -1,6 +1,7 @@
 #include "entries/bulk/title_row.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/text_conversion.h"
 #include "platform/one_line.h"
@@ -57,18 +58,30 @@ bool TakeTitles(const TableReader& reader, const TableRow& row, const TableShape
         table.findings.push_back({reader.Place(table.sheet, row.number, column, title), row.number,
                                   column, title, Found(rule, title)});
     };
+    const auto leaveOut = [&](const BulkTable::Place& place) {
+        table.notes.push_back({reader.Place(table.sheet, row.number, place.column, place.title),
+                               "没有读入列“" + place.title + "”"});
+    };
+    const auto placeOf = [&](int column) -> BulkTable::Place& {
+        return table.places[static_cast<std::size_t>(column)];
+    };
     for (const TableCell& cell : row.cells) {
         if (PlainTitle(cell.text).empty()) continue;
-        const std::string title = data::Trim(platform::OneLine(cell.text));
-        const TableColumn* column = FindColumn(shape, title);
+        BulkTable::Place place{cell.column, data::Trim(platform::OneLine(cell.text))};
+        const TableColumn* column = FindColumn(shape, place.title);
         if (column == nullptr) {
-            table.notes.push_back({reader.Place(table.sheet, row.number, cell.column, title),
-                                   "没有读入列“" + title + "”"});
+            leaveOut(place);
             continue;
         }
-        BulkTable::Place& known = table.places[static_cast<std::size_t>(column->column)];
-        if (known.column > 0) find(cell.column, column->titles.front(), Rule::FileColumnTwice);
-        if (known.column == 0) known = {cell.column, title};
+        BulkTable::Place& known = placeOf(column->column);
+        if (known.column == 0) {
+            known = std::move(place);
+        } else if (column->belongsTo == 0) {
+            find(cell.column, column->titles.front(), Rule::FileColumnTwice);
+        } else {
+            if (placeOf(column->belongsTo).column == 0) std::swap(known, place);
+            leaveOut(place);
+        }
     }
     for (const TableColumn& column : shape.columns) {
         const bool there = table.places[static_cast<std::size_t>(column.column)].column > 0;

@@ -52,9 +52,14 @@ std::variant<Money, Finding> AmountOf(const std::string& text, bool typed) {
     return Money::FromUnits(*units);
 }
 
+// "合计", "资产合计："
 bool IsTotal(std::string_view account) {
-    constexpr std::array<std::string_view, 4> kTotals{"", "合计", "总计", "小计"};
-    return std::ranges::find(kTotals, PlainTitle(account)) != kTotals.end();
+    constexpr std::array<std::string_view, 3> kTotals{"合计", "总计", "小计"};
+    std::string text = PlainTitle(account);
+    if (text.ends_with(':')) text.pop_back();
+    return text.empty() || std::ranges::any_of(kTotals, [&](std::string_view each) {
+               return text.ends_with(each);
+           });
 }
 
 class TrialBuilding {

@@ -55,6 +55,7 @@ TableShape ShapeOf(const AmountTitles& layout) {
     } else {
         AddColumn(shape, kTrialAmountColumn, layout.amount);
         AddColumn(shape, kTrialDirectionColumn, "方向", false);
+        shape.columns.back().belongsTo = kTrialAmountColumn;
         shape.secondMark = kTrialAmountColumn;
     }
     IndexTitles(shape);
@@ -76,6 +77,17 @@ std::vector<const AmountTitles*> LayoutsIn(const TableRow& row, bool whole) {
         if (each.amount.empty() ? hasBoth : Has(row, each.amount)) found.push_back(&each);
     }
     return found;
+}
+
+// Beside its code an account is called by its name.
+void NameAccounts(TableShape& shape, const TableRow& titles) {
+    if (!Has(titles, "科目") || !(Has(titles, "科目编码") || Has(titles, "科目代码"))) return;
+    for (TableColumn& column : shape.columns) {
+        if (column.column == kTrialAccountColumn) std::erase(column.titles, "科目");
+        if (column.column == kTrialNameColumn) column.titles.emplace_back("科目");
+    }
+    shape.byTitle.clear();
+    IndexTitles(shape);
 }
 
 }  // namespace
@@ -107,6 +119,7 @@ TrialLayout TrialLayoutOf(const TableRow& titles) {
     if (known.empty()) return {AnyTrialShape(), {}};
     const AmountTitles& meant = *known.front();
     TrialLayout layout{ShapeOf(meant), {}};
+    NameAccounts(layout.shape, titles);
     if (known.size() > 1 && known[1]->rank == meant.rank) {
         layout.refusal = Found(Rule::LedgerAmounts, meant.First(), known[1]->First());
     }

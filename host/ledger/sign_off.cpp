@@ -1,7 +1,6 @@
 #include "host/ledger/sign_off.h"
 
-#include <algorithm>
-#include <iterator>
+#include <array>
 #include <map>
 #include <utility>
 
@@ -149,10 +148,10 @@ DocumentPart RulePart(const entries::CheckResult& check) {
 DocumentPart ErrorPart(const entries::CheckResult& check) {
     DocumentPart part;
     part.heading = "检查发现的错误";
-    constexpr int kWidths[] = {150, 130, 330, 220, 1030};
+    constexpr std::array kWidths{150, 130, 330, 220, 1030};
     const auto titles = entries::CheckTitles();
     for (std::size_t column = 0; column < titles.size(); ++column) {
-        part.columns.push_back(Column(titles[column], kWidths[column]));
+        part.columns.push_back(Column(titles[column], kWidths.at(column)));
     }
     for (const entries::CheckFinding& each : check.findings) {
         if (!entries::IsWarning(each.finding.rule)) part.rows.push_back(CheckTexts(each));

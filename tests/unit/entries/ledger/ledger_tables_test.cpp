@@ -166,6 +166,32 @@ TEST(TrialBalance, ABalanceGoesBeforeATurnoverAndAnOpeningBalanceBeforeBoth) {
     EXPECT_EQ(ShownTrial(turnover).substr(0, 10), "1||4.0000\n");
 }
 
+TEST(TrialBalance, TheSideBelongsToTheAmountThatIsRead) {
+    Trial before({"科目", "方向", "期初余额", "方向", "期末余额"});
+    before.AddTexts({"1", "贷", "5", "借", "7"});
+    EXPECT_EQ(ShownTrial(before),
+              "1||-5.0000\n"
+              "科目余额表!1:4:方向 没有读入列“方向”\n"
+              "科目余额表!1:5:期末余额 没有读入列“期末余额”\n");
+    Trial last({"科目", "方向", "年初数", "方向", "期初余额"});
+    last.AddTexts({"1", "借", "7", "贷", "5"});
+    EXPECT_EQ(ShownTrial(last),
+              "1||-5.0000\n"
+              "科目余额表!1:3:年初数 没有读入列“年初数”\n"
+              "科目余额表!1:2:方向 没有读入列“方向”\n");
+    Trial behind({"科目", "余额", "方向", "期末余额", "方向"});
+    behind.AddTexts({"1", "5", "贷", "7", "借"});
+    EXPECT_EQ(ShownTrial(behind).substr(0, 11), "1||-5.0000\n");
+    Trial twice({"科目", "余额", "余额"});
+    EXPECT_EQ(ShownTrial(twice), "科目余额表!1:3:余额 file.column 列“余额”不止一个\n");
+}
+
+TEST(TrialBalance, BesideItsCodeAnAccountIsItsName) {
+    Trial table({"科目", "科目代码", "余额"});
+    table.AddTexts({"在建工程", "1604", "5"});
+    EXPECT_EQ(ShownTrial(table), "1604|在建工程|5.0000\n");
+}
+
 TEST(TrialBalance, TwoAmountsThatMayBeMeantAreRefused) {
     Trial table({"科目", "金额", "借方", "贷方"});
     table.AddTexts({"1", "5", "1", "2"});
@@ -188,10 +214,11 @@ TEST(TrialBalance, SumsUpAnAccountThatStandsTwiceAndLeavesOutTotals) {
     table.AddTexts({"\u30001604", "在建", "2.5"});
     table.AddTexts({"合 计", "", "3.5"});
     table.AddTexts({"", "本页小计", "3.5"});
+    table.AddTexts({"资产合计：", "", "3.5"});
     EXPECT_EQ(ShownTrial(table),
               "1604|在建|3.5000\n"
               "科目余额表!3:0: 科目“1604”不止一行，余额相加\n"
-              "科目余额表!4:0: 没有读入合计或没有科目的 2 行\n");
+              "科目余额表!4:0: 没有读入合计或没有科目的 3 行\n");
 }
 
 TEST(TrialBalance, TakesHiddenRowsAndTellsIt) {

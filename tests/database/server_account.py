@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The program on a server: making an account, refusing, replacing, exporting, and its passwords."""
 
+import json
 import os
 import pty
 import re
@@ -93,6 +94,38 @@ class ServerAccount(unittest.TestCase):
             "check.item", "check.element", "check.code", "check.lines.sum", "check.lines.orphan",
             "check.lines.product", "check.counter", "check.value", "check.budget", "check.date",
             "check.settled", "check.zero", "check.blank"})
+
+    def test_it_is_tied_to_a_ledger_as_a_file_is(self):
+        made = self.run_program("init", "--sample", "--entries", "60")
+        self.assertEqual(made.returncode, 0, made.stderr)
+        with tempfile.TemporaryDirectory() as folder:
+            folder = Path(folder)
+            trial = folder / "trial.csv"
+            trial.write_text("科目,余额\n1604,5\n1605,7.0001\n1001,3\n", encoding="utf-8")
+            tie = ["summary", "--against", str(trial), "--json"]
+            lacking = self.run_program(*tie, XDG_DATA_HOME=str(folder))
+            self.assertEqual(lacking.returncode, 1)
+            place = Path(re.search("there is no mapping (.*)\\.xlsx: ", lacking.stderr).group(1) + ".csv")
+            self.assertEqual(place.parent, folder / "kelvane" / "maps")
+            place.parent.mkdir(parents=True)
+            place.write_text("科目,项目编号,要素\n1604,P00*,\n1605,,人工费\n", encoding="utf-8")
+            sheet = folder / "sheet.pdf"
+            there = self.run_program(*tie, "--sign-off", str(sheet), XDG_DATA_HOME=str(folder))
+            self.assertEqual(there.returncode, 3, there.stderr)
+            self.assertTrue(sheet.read_bytes().startswith(b"%PDF"))
+            account = folder / "a.kelvane"
+            subprocess.run([program, "init", account, "--sample", "--entries", "60"], check=True,
+                           capture_output=True)
+            here = subprocess.run([program, *tie, "--map", place, account], encoding="utf-8",
+                                  capture_output=True, check=False)
+            figures = []
+            for told in (there, here):
+                figures.append(json.loads(told.stdout))
+                figures[-1].pop("account")
+            self.assertEqual(*figures)
+            self.assertEqual(sum(row["count"] for row in figures[0]["rows"])
+                             + len(figures[0]["unmapped"]), 60)
+            self.assertTrue(figures[0]["unmapped"])
 
     def test_a_failure_leaves_nothing(self):
         self.place.stdin.write("run create table PM_TranControl(a int null)\n")

@@ -14,6 +14,8 @@ namespace fs = std::filesystem;
 
 using host::BatchFolderOfFile;
 using host::BatchFolderOfServer;
+using host::MapPlaceOfFile;
+using host::MapPlaceOfServer;
 
 TEST(BatchFolder, OfAFileLiesBesideIt) {
     EXPECT_EQ(BatchFolderOfFile("a.kelvane"), "a.kelvane.batches");
@@ -26,6 +28,15 @@ TEST(BatchFolder, OfALinkLiesBesideTheFile) {
     fs::create_symlink("real.kelvane", folder / "link.kelvane");
     EXPECT_EQ(BatchFolderOfFile((folder / "link.kelvane").string()),
               fs::canonical(folder.Path()) / "real.kelvane.batches");
+}
+
+TEST(BatchFolder, TheMappingOfAFileLiesBesideIt) {
+    EXPECT_EQ(MapPlaceOfFile("/books/账套.kelvane"), "/books/账套.kelvane.map");
+    const TemporaryFolder folder;
+    WriteText(folder / "real.kelvane", "");
+    fs::create_symlink("real.kelvane", folder / "link.kelvane");
+    EXPECT_EQ(MapPlaceOfFile((folder / "link.kelvane").string()),
+              fs::canonical(folder.Path()) / "real.kelvane.map");
 }
 
 class ServerBatchFolderTest : public testing::Test {
@@ -52,6 +63,8 @@ TEST_F(ServerBatchFolderTest, LiesAmongTheUsersFiles) {
     const fs::path folder = BatchFolderOfServer("Driver=x;Server=db1;Database=books");
     EXPECT_EQ(folder.parent_path(), "/data/kelvane/batches");
     EXPECT_TRUE(folder.filename().string().starts_with("books-on-db1-")) << folder;
+    EXPECT_EQ(MapPlaceOfServer("Driver=x;Server=db1;Database=books"),
+              "/data/kelvane/maps" / folder.filename());
 }
 
 TEST_F(ServerBatchFolderTest, IsTheSameForEveryUserAndPassword) {
@@ -89,6 +102,7 @@ TEST_F(ServerBatchFolderTest, IsAnotherForEveryAccountAndAPlainName) {
 
 TEST_F(ServerBatchFolderTest, IsUnknownWithoutANameOrAHome) {
     EXPECT_THROW(BatchFolderOfServer("Driver=x;UID=zhang"), std::runtime_error);
+    EXPECT_THROW(MapPlaceOfServer("Driver=x;UID=zhang"), std::runtime_error);
     const auto home = Variable("HOME");
     unsetenv("XDG_DATA_HOME");
     unsetenv("HOME");

@@ -80,11 +80,11 @@ TEST_F(CommandLineTest, WhatIsWrongIsNamedWithWhatMayHaveBeenMeant) {
         {"inti x", "unknown command \"inti\"; did you mean \"init\"?", ""},
         {"make",
          "unknown command \"make\"; the commands are init, open, drive, export, template, import, "
-         "batches, undo, summary",
+         "batches, undo, check, summary",
          ""},
         {"",
          "a command is missing: init, open, drive, export, template, import, batches, undo, "
-         "summary",
+         "check, summary",
          ""},
         {"--verison", "unknown option --verison; did you mean --version?", ""},
         {"open --yaer 2004 a", "unknown option --yaer; did you mean --year?", "open "},

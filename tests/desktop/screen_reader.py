@@ -8,10 +8,12 @@ scripts/with-session-bus. What it waits for are the events that a reader gets.
 
 import argparse
 import os
+import sqlite3
 import subprocess
 import sys
 import time
 import unittest
+from contextlib import closing
 from pathlib import Path
 
 import gi
@@ -187,6 +189,69 @@ class ScreenReader(real_input.Person):
         self.keys("Escape")
         self.gone("定位")
         self.see(real_input.LIST)
+        self.close()
+
+    def choose(self, caption):
+        """Opens the context menu by keyboard and chooses an entry of it."""
+        self.keys("shift+F10")
+        found = []
+
+        def look():
+            desktop = Atspi.get_desktop(0)
+            for place in range(desktop.get_child_count()):
+                program = desktop.get_child_at_index(place)
+                for inner in range(program.get_child_count()):
+                    found.extend(part for part in self.below(program.get_child_at_index(inner))
+                                 if part.get_name() == caption and
+                                 part.get_role_name() == "menu item")
+            return bool(found)
+
+        self.wait("menu entry " + caption, look)
+        self.assertTrue(Atspi.Action.do_action(found[0], 0))
+
+    def test_a_finding_is_read_and_gone_to(self):
+        with closing(sqlite3.connect(self.account)) as database:
+            database.execute("update PM_ItemQC set cCenterCode = 'D77' where iEleVid = 5")
+            database.commit()
+        self.open()
+        self.keys("ctrl+Home")
+        self.on_cell("2004-06-01", "日期", "第 1 行，第 1 列")
+        self.choose("检查")
+        self.see("检查期初")
+        self.on_cell("3", "编号", "锁定，第 1 行，第 1 列")
+        self.assertEqual(self.table("检查期初").get_name(), "检查结果")
+        self.assertEqual(self.names("检查期初", "push button"),
+                         ["只看错误", "重新检查", "到该行期初", "关闭"])
+        self.keys("ctrl+End")
+        self.on_cell("责任中心“D77”不存在", "说明", "锁定，第 3 行，第 5 列")
+        self.keys("Return")
+        self.gone("检查期初")
+        self.see(real_input.LIST)
+        self.on_cell("2004-05-16", "日期", "第 5 行，第 1 列")
+        self.close()
+
+    def test_a_sum_is_read_and_followed_to_its_entries(self):
+        self.open()
+        self.keys("ctrl+Home")
+        self.on_cell("2004-06-01", "日期", "第 1 行，第 1 列")
+        self.choose("汇总")
+        self.see("期初汇总")
+        self.on_cell("P01", "项目编号", "锁定，第 1 行，第 1 列")
+        self.assertEqual(self.table("期初汇总").get_name(), "汇总结果")
+        self.assertEqual(self.names("期初汇总", "text"),
+                         ["汇总依据一", "汇总依据二", "汇总依据三", "汇总依据四", "汇总依据五"])
+        self.keys("ctrl+End")
+        self.keys("Home")
+        self.on_cell("合计", "项目编号", "锁定，第 11 行，第 1 列")
+        self.keys("Return")
+        self.see("期初：全部")
+        self.on_cell("2004-06-01", "日期", "锁定，第 1 行，第 1 列")
+        self.keys("Down", "Down")
+        self.on_cell("2003-11-30", "日期", "锁定，第 3 行，第 1 列")
+        self.keys("Return")
+        self.gone("期初汇总")
+        self.see(real_input.LIST)
+        self.on_cell("2003-11-30", "日期", "锁定，第 4 行，第 1 列")
         self.close()
 
     def test_the_toolbar_is_read_as_the_keyboard_walks_through_it(self):

@@ -30,7 +30,7 @@ constexpr std::array kLayout{
     CheckLayout{1000, Alignment::Right, {controls::InputKind::Number, 0}},
     CheckLayout{700, Alignment::Center},
     CheckLayout{2000, Alignment::Left},
-    CheckLayout{1300, Alignment::Left},
+    CheckLayout{1700, Alignment::Left},
     CheckLayout{kLeastTextWidth, Alignment::Left},
 };
 

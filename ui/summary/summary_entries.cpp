@@ -1,11 +1,11 @@
 #include "ui/summary/summary_entries.h"
 
-#include <vector>
+#include <utility>
 
 #include "controls/grid_size_actions.h"
 #include "controls/place.h"
 #include "data/login_context.h"
-#include "entries/summary/entry_texts.h"
+#include "entries/summary/shown_entries.h"
 #include "ui/common/entry_columns.h"
 #include "ui/common/figures.h"
 #include "ui/common/grid_actions.h"
@@ -81,14 +81,15 @@ void frmSummaryEntries::LayOut() {
 }
 
 std::size_t frmSummaryEntries::Fill(std::span<const std::int64_t> identities) {
-    const auto found = entries::ReadEntryTexts(identities);
-    for (const entries::EntryTexts& entry : found) {
+    for (const auto& [identity, entry] : entries::ReadShownEntries(identities)) {
         std::vector<std::string> texts(entry.cells.begin(), entry.cells.end());
-        texts.front() = std::to_string(entry.identity);
-        GridEntries.SetRowData(GridEntries.AddItem(CellsOf(texts)), entry.identity);
+        texts.front() = std::to_string(identity);
+        const int row = GridEntries.AddItem(CellsOf(texts));
+        if (std::in_range<int>(identity)) GridEntries.SetRowData(row, static_cast<int>(identity));
+        mIdentities.push_back(identity);
     }
     FitWholeColumn(GridEntries, entries::kAmountColumn, kLeastAmount, 0);
-    return identities.size() - found.size();
+    return identities.size() - mIdentities.size();
 }
 
 std::optional<std::int64_t> frmSummaryEntries::Ask() {
@@ -123,8 +124,10 @@ void frmSummaryEntries::Form_Unload() {
 
 void frmSummaryEntries::GoToEntry() {
     const int row = GridEntries.Row();
-    if (row < 1 || !MayGoToEntry(GridEntries.RowData(row), mIsListed)) return;
-    mAnswer = GridEntries.RowData(row);
+    if (row < 1) return;
+    const std::int64_t identity = mIdentities.at(static_cast<std::size_t>(row) - 1);
+    if (!MayGoToEntry(identity, mIsListed)) return;
+    mAnswer = identity;
     Unload();
 }
 

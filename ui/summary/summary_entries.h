@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/button.h"
 #include "controls/form.h"
@@ -50,6 +51,7 @@ private:
     std::size_t Fill(std::span<const std::int64_t> identities);
 
     const IsListed& mIsListed;
+    std::vector<std::int64_t> mIdentities;  // by the rows below the titles
     std::optional<std::int64_t> mAnswer;
     controls::KeptLayout mKeptLayout{*this, GridEntries};
 };

@@ -45,7 +45,7 @@ struct FailedWork {
 
 constexpr std::array kFailedWork{
     FailedWork{"SummarizeAccount", "汇总时出错，没有汇总出来。"},
-    FailedWork{"ReadEntryTexts", "读取期初时出错。"},
+    FailedWork{"ReadShownEntries", "读取期初时出错。"},
     FailedWork{"WriteToFile", "导出时出错，文件没有写成，原有的文件没有改变。"},
     FailedWork{"Print", "打印时出错，没有打印完。"},
     FailedWork{"ReadStyle", "打印设置文件不能使用，已按默认设置排版。"},
@@ -209,7 +209,7 @@ void frmSummary::ShowEntries() {
         window.emplace(NameOf(*row), row->identities, mIsListed);
         SetNotice("");
     } catch (...) {
-        data::ReportTrapped("ReadEntryTexts");
+        data::ReportTrapped("ReadShownEntries");
         return;
     }
     mAnswer = window->Ask();

@@ -1,6 +1,7 @@
 // The summary over the list: what a script cannot bring about.
 #include "ui/summary/summary_window.h"
 
+#include "adapters/sqlite/database.h"
 #include "tests/support/remembered_settings.h"
 #include "tests/unit/ui/entry_list_fixture.h"
 #include "ui/summary/summary_entries.h"
@@ -18,6 +19,7 @@ protected:
         form.cboField1.SetText("项目");
         form.cboField2.SetText("要素");
     }
+    void Tamper(const char* statement) { sqlite::Database(account.Path(), 5000).Run(statement); }
     void Summarize(const std::function<void(frmSummary&)>& act) {
         windows.acts.emplace_back(
             [act](controls::Form& form) { act(dynamic_cast<frmSummary&>(form)); });
@@ -80,6 +82,35 @@ TEST_F(SummaryWindowTest, AnEntryIsShownAsItIsStored) {
             EXPECT_EQ(entries.GridEntries.RowText(2),
                       "2\t2004-06-02\tD01\tP02\t二号楼\t二标段\t\t\t甲 乙\t350.00");
         });
+    });
+}
+
+TEST_F(SummaryWindowTest, ADamagedEntryIsShownAsFarAsItCanBeRead) {
+    Open();
+    Tamper("update PM_ItemQC set dDate='某日' where iEleVid=1");
+    Tamper("update PM_ItemQC set iEleVid=5000000000 where iEleVid=3");
+    Summarize([this](frmSummary& window) {
+        window.GridSummary.MoveTo(window.GridSummary.Rows() - 1, 0);
+        ShowEntries(window, [](frmSummaryEntries& entries) {
+            EXPECT_EQ(entries.GridEntries.Text(1, kDateColumn), "（无法读取）");
+            EXPECT_EQ(entries.GridEntries.Text(3, 0), "5000000000");
+            entries.GridEntries.MoveTo(3, kDateColumn);
+            entries.cmdGo.Press();
+            EXPECT_TRUE(entries.IsLoaded());
+        });
+    });
+    EXPECT_THAT(Messages(), ElementsAre(testing::HasSubstr("列表中没有编号为 5000000000 的期初")));
+}
+
+TEST_F(SummaryWindowTest, AnAmountThatCannotBeReadIsTold) {
+    Tamper("update PM_ItemQC set mQC='nan' where iEleVid=1");
+    Open();
+    Summarize([](frmSummary& window) {
+        EXPECT_EQ(window.Notice(),
+                  "汇总时出错，没有汇总出来。有 1 行期初的金额无法识别，"
+                  "第一行是期初编号 1，不能汇总");
+        EXPECT_EQ(window.GridSummary.Rows(), 1);
+        EXPECT_FALSE(window.cmdShow.Enabled());
     });
 }
 

@@ -6,6 +6,7 @@
 #include "controls/grid_size_actions.h"
 #include "controls/place.h"
 #include "data/login_context.h"
+#include "ui/common/failure_texts.h"
 #include "ui/common/grid_actions.h"
 #include "ui/common/listed_entries.h"
 #include "ui/common/toolbar_form.h"
@@ -101,7 +102,7 @@ std::optional<std::int64_t> frmCheck::Ask(const IsListed& isListed) {
     mAnswer.reset();
     mIsListed = isListed;
     const TrapScope trapped(
-        [this](std::string_view /*place*/) { SetNotice("操作时出错，该操作没有完成。"); });
+        [this](std::string_view /*place*/) { SetNotice(std::string(kWorkFailed)); });
     data::gServices->windows->ShowModal(*this);
     return mAnswer;
 }

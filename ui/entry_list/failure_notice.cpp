@@ -8,6 +8,7 @@
 #include "entries/failure_reason.h"
 #include "entries/rules.h"
 #include "platform/database.h"
+#include "ui/common/failure_texts.h"
 
 namespace kelvane::ui {
 
@@ -44,10 +45,10 @@ constexpr std::array kSentences{
     Sentence{"GetItemName", Work::Check, "读取项目名称时出错。"},
     Sentence{"CheckBeforeEntry", Work::Check, "录入前检查时出错。"},
     Sentence{"ValidateCell", Work::Check, "检查单元格内容时出错，该内容未被接受。"},
-    Sentence{"WriteToFile", Work::Export, "输出到文件时出错，文件没有写成，原有的文件没有改变。"},
-    Sentence{"Print", Work::Check, "打印时出错，没有打印完。"},
-    Sentence{"ReadStyle", Work::Check, "打印设置文件不能使用，已按默认设置排版。"},
-    Sentence{"xmlPrt_SaveSettings", Work::Check, "保存打印设置时出错，设置没有保存。"},
+    Sentence{"WriteToFile", Work::Export, kFileNotWritten},
+    Sentence{"Print", Work::Check, kNotPrinted},
+    Sentence{"ReadStyle", Work::Check, kStyleUnusable},
+    Sentence{"xmlPrt_SaveSettings", Work::Check, kSettingsNotSaved},
     Sentence{"SelectReference", Work::Check, "打开参照列表时出错。"},
     Sentence{"GridPeriodItem_CellReference", Work::Check, "打开参照列表或明细时出错。"},
     Sentence{"GridPeriodItem_ComboDropDown", Work::Check, kKeywordLists},
@@ -62,7 +63,7 @@ void FailureNotice::Failed(std::string_view place) {
     const auto* known = std::find_if(kSentences.begin(), kSentences.end(),
                                      [&](const Sentence& entry) { return entry.place == place; });
     const bool named = known != kSentences.end();
-    std::string sentence(named ? known->text : "操作时出错，该操作没有完成。");
+    std::string sentence(named ? known->text : kWorkFailed);
     sentence += entries::ReasonOfFailure();
     Show(named ? known->work : Work::Check, sentence);
 }

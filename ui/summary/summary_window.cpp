@@ -8,6 +8,7 @@
 #include "controls/place.h"
 #include "data/login_context.h"
 #include "entries/failure_reason.h"
+#include "ui/common/failure_texts.h"
 #include "ui/common/grid_actions.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/trap_scope.h"
@@ -40,16 +41,16 @@ constexpr std::array<const char*, FieldChoice::kPlaces> kPlaceNames{
 
 struct FailedWork {
     std::string_view place;
-    const char* sentence;
+    std::string_view sentence;
 };
 
 constexpr std::array kFailedWork{
     FailedWork{"SummarizeAccount", "汇总时出错，没有汇总出来。"},
     FailedWork{"ReadShownEntries", "读取期初时出错。"},
-    FailedWork{"WriteToFile", "导出时出错，文件没有写成，原有的文件没有改变。"},
-    FailedWork{"Print", "打印时出错，没有打印完。"},
-    FailedWork{"ReadStyle", "打印设置文件不能使用，已按默认设置排版。"},
-    FailedWork{"xmlPrt_SaveSettings", "保存打印设置时出错，设置没有保存。"},
+    FailedWork{"WriteToFile", kFileNotWritten},
+    FailedWork{"Print", kNotPrinted},
+    FailedWork{"ReadStyle", kStyleUnusable},
+    FailedWork{"xmlPrt_SaveSettings", kSettingsNotSaved},
 };
 
 }  // namespace
@@ -134,9 +135,8 @@ std::optional<std::int64_t> frmSummary::Ask(const IsListed& isListed) {
 
 void frmSummary::TellFailure(std::string_view place) {
     const auto* known = std::ranges::find(kFailedWork, place, &FailedWork::place);
-    const char* sentence =
-        known == kFailedWork.end() ? "操作时出错，该操作没有完成。" : known->sentence;
-    SetNotice(sentence + entries::ReasonOfFailure());
+    std::string sentence(known == kFailedWork.end() ? kWorkFailed : known->sentence);
+    SetNotice(sentence += entries::ReasonOfFailure());
 }
 
 void frmSummary::Form_Load() {

@@ -88,6 +88,7 @@ void Count(const StoredEntry& entry, const StoredLine* line, Recorded& recorded)
 
 std::string VersionsText(const std::vector<std::int64_t>& versions) {
     std::vector<std::string> texts;
+    texts.reserve(versions.size());
     for (const std::int64_t version : versions) texts.push_back(std::to_string(version));
     return CodesText(texts);
 }

@@ -24,6 +24,7 @@ namespace {
 template <typename Lines>
 std::vector<std::string> AccountsOf(const Lines& lines) {
     std::vector<std::string> accounts;
+    accounts.reserve(lines.size());
     for (const auto& line : lines) accounts.push_back(line.account);
     std::ranges::sort(accounts);
     accounts.erase(std::unique(accounts.begin(), accounts.end()), accounts.end());

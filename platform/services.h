@@ -45,7 +45,7 @@ struct Services {
     std::function<std::unique_ptr<PrintStyleService>()> createPrintStyle;
     std::function<std::unique_ptr<XmlDocument>()> createXmlDocument;
 
-    // Optional: without it no tables are imported.
+    // Optional: without it no tables are imported, and nothing is compared with a ledger.
     TableImport* tableImport = nullptr;
 };
 

@@ -1,6 +1,6 @@
-// TableImport: what it takes to bring tables from outside into an account: files to choose and to
-// read, copied texts, the journal of batches, and a place to show how far long work is. Everything
-// is called on the user-interface thread.
+// TableImport: what it takes to bring tables from outside into an account, or to set them beside
+// it: files to choose and to read, copied texts, the journal of batches, the mapping of a ledger,
+// and a place to show how far long work is. Everything is called on the user-interface thread.
 #pragma once
 
 #include <memory>
@@ -35,6 +35,10 @@ public:
     // The journal of the account that is logged in to. Throws std::runtime_error when nobody knows
     // where it is.
     virtual std::unique_ptr<BatchJournal> OpenJournal() = 0;
+
+    // The mapping of the ledger that is kept for the account that is logged in to; empty when there
+    // is none, or nobody knows where it would be.
+    virtual std::string MapFile() { return {}; }
 
     // As PrintSurroundings::StartProgress().
     virtual std::unique_ptr<Progress> StartProgress(const std::string& title) = 0;

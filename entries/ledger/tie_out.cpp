@@ -88,7 +88,7 @@ void TieOutMaking::ReadEntries() {
         if (found) {
             TieOutRow& row = mResult.rows[*found];
             row.entriesSum += amount;
-            ++row.entries;
+            row.identities.push_back(each.identity);
         } else {
             const std::string& element = value(1).name.empty() ? value(1).code : value(1).name;
             mResult.unmapped.push_back(
@@ -127,7 +127,10 @@ void TieOutMaking::FindCandidates() {
             mResult.rows[row].candidates.push_back(entry.identity);
         }
     }
-    for (TieOutRow& row : mResult.rows) std::ranges::sort(row.candidates);
+    for (TieOutRow& row : mResult.rows) {
+        std::ranges::sort(row.identities);
+        std::ranges::sort(row.candidates);
+    }
 }
 
 }  // namespace

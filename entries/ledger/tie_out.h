@@ -35,8 +35,8 @@ struct TieOutRow {
     std::string name;
     std::optional<ExactSum> ledger;  // none: the trial balance lacks the account
     ExactSum entriesSum;
-    std::size_t entries = 0;
-    ExactSum difference;  // ledger less entries
+    std::vector<std::int64_t> identities;  // of its entries, ascending
+    ExactSum difference;                   // ledger less entries
     // Of the row's own entries and of the unmapped ones those whose amount is exactly the
     // difference, whatever its sign; ascending.
     std::vector<std::int64_t> candidates;

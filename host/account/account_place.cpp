@@ -6,6 +6,7 @@
 #include "adapters/sqlite/connection.h"
 #include "host/account/host_tables.h"
 #include "host/account/item_class.h"
+#include "host/surroundings/batch_folder.h"
 #include "host/surroundings/server_name.h"
 #include "platform/connection_string.h"
 #include "platform/native_path.h"
@@ -71,6 +72,11 @@ std::shared_ptr<platform::Connection> AccountPlace::Open() const {
     connection->SetCursorLocation(platform::CursorLocation::Client);
     connection->Open({}, {}, -1);
     return connection;
+}
+
+std::string MapFileOf(const AccountPlace& account) {
+    return MapFileAt(account.IsOnServer() ? MapPlaceOfServer(account.ConnectionString())
+                                          : MapPlaceOfFile(account.Name()));
 }
 
 std::string ConnectionStringOf(const std::string& path) {

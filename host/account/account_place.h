@@ -65,4 +65,8 @@ std::string ConnectionStringOf(const std::string& path);
 std::shared_ptr<platform::Connection> NewConnection();
 std::shared_ptr<platform::Connection> OpenAccount(const std::string& path);
 
+// The mapping that is kept for the account (docs/tie-out.md): beside its file, of a database on a
+// server among the user's own files. Throws std::runtime_error where that place is not known.
+std::string MapFileOf(const AccountPlace& account);
+
 }  // namespace kelvane::host

@@ -46,10 +46,13 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
     };
     if (printing == nullptr) return;
     OfferPrinting(mServices, *printing);
-    mTableImport.emplace(*printing, [this] {
-        return mAccount.IsOnServer() ? BatchFolderOfServer(mAccount.ConnectionString())
-                                     : BatchFolderOfFile(mAccount.Name());
-    });
+    mTableImport.emplace(
+        *printing,
+        [this] {
+            return mAccount.IsOnServer() ? BatchFolderOfServer(mAccount.ConnectionString())
+                                         : BatchFolderOfFile(mAccount.Name());
+        },
+        [this] { return MapFileOf(mAccount); });
     mServices.tableImport = &*mTableImport;
 }
 

@@ -28,9 +28,11 @@ class ShownServices {
 public:
     ShownServices(platform::Services& services, platform::Windows& windows,
                   platform::PrintSurroundings& printing)
-        : mServices(services), mWindowsBefore(services.windows), mTableImport(printing, [] {
-              return BatchFolderOfServer(data::gLogin->ConnectionString());
-          }) {
+        : mServices(services),
+          mWindowsBefore(services.windows),
+          mTableImport(
+              printing, [] { return BatchFolderOfServer(data::gLogin->ConnectionString()); },
+              [] { return MapFileAt(MapPlaceOfServer(data::gLogin->ConnectionString())); }) {
         mServices.windows = &windows;
         mServices.tableImport = &mTableImport;
         OfferPrinting(mServices, printing);

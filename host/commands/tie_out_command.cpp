@@ -50,7 +50,7 @@ TieOutReport TieOut(const SummaryArguments& arguments, const AccountPlace& accou
     report.account = account.Name();
     report.trialFile = arguments.ledger;
     report.mapFile = map;
-    LedgerFiles files = ReadLedgerFiles(arguments.ledger, map);
+    entries::LedgerTables files = ReadLedgerFiles(arguments.ledger, map);
     report.findings = std::move(files.findings);
     report.notes = std::move(files.notes);
     if (!report.findings.empty()) return report;

@@ -1,8 +1,9 @@
 #include "host/ledger/tie_out_report.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "entries/ledger/tie_out_texts.h"
 #include "host/bulk/finding_json.h"
 
 namespace kelvane::host {
@@ -15,28 +16,6 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-constexpr const char* kTitle = "期初与总账核对";
-
-const char* ResultOf(const TieOutRow& row) {
-    if (row.difference.IsZero()) return "相符";
-    return row.ledger ? "不符" : "总账没有此科目";
-}
-
-std::string IdentitiesOf(const std::vector<std::int64_t>& identities) {
-    constexpr std::size_t kMost = 10;
-    std::string text;
-    for (std::size_t i = 0; i < std::min(identities.size(), kMost); ++i) {
-        if (i > 0) text += "、";
-        text += std::to_string(identities[i]);
-    }
-    if (identities.size() > kMost) text += " 等 " + std::to_string(identities.size()) + " 笔";
-    return text;
-}
-
-std::string CodesOf(const UnmappedEntry& entry) {
-    return "项目 " + entry.item + "，要素 " + entry.element + "，责任中心 " + entry.center;
-}
-
 Json RowsOf(const TieOut& result) {
     Json rows = Json::array();
     for (const TieOutRow& row : result.rows) {
@@ -44,7 +23,7 @@ Json RowsOf(const TieOut& result) {
                         {"name", row.name},
                         {"ledger", row.ledger ? Json(row.ledger->FixedText()) : Json()},
                         {"entries", row.entriesSum.FixedText()},
-                        {"count", row.entries},
+                        {"count", row.identities.size()},
                         {"difference", row.difference.FixedText()},
                         {"candidates", row.candidates}});
     }
@@ -76,24 +55,12 @@ Json UnmappedAccountsOf(const TieOut& result) {
 
 FigureTable FigureTableOf(const TieOut& result, bool open) {
     FigureTable table;
-    table.title = kTitle;
-    table.titles = {"科目",     "科目名称", "结果",     "可能的期初编号",
-                    "总账余额", "期初笔数", "期初合计", "差额"};
-    table.textColumns = 4;
-    for (const TieOutRow& row : result.rows) {
-        if (open && row.difference.IsZero()) continue;
-        table.rows.push_back({row.account, row.name, ResultOf(row), IdentitiesOf(row.candidates),
-                              row.ledger ? row.ledger->DisplayText() : std::string(),
-                              std::to_string(row.entries), row.entriesSum.DisplayText(),
-                              row.difference.DisplayText()});
-    }
-    for (const UnmappedEntry& each : result.unmapped) {
-        table.rows.push_back({"", CodesOf(each), "未对应期初", std::to_string(each.identity), "",
-                              "1", each.amount.DisplayText(), ""});
-    }
-    for (const TrialLine& each : result.unmappedAccounts) {
-        table.rows.push_back(
-            {each.account, each.name, "未对应科目", "", each.amount.DisplayText(), "", "", ""});
+    table.title = entries::kTieOutTitle;
+    table.titles = entries::TieOutTitles();
+    table.textColumns = entries::kTieOutTextColumns;
+    for (entries::TieOutLine& line : entries::TieOutLines(result)) {
+        if (open && line.outcome == entries::TieOutOutcome::Agrees) continue;
+        table.rows.push_back(std::move(line.texts));
     }
     return table;
 }

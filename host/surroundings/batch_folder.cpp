@@ -117,4 +117,14 @@ fs::path MapPlaceOfServer(std::string_view connectionString) {
                                  "account's mapping is")});
 }
 
+std::string MapFileAt(const fs::path& place) {
+    fs::path workbook = place;
+    workbook += ".xlsx";
+    fs::path text = place;
+    text += ".csv";
+    std::error_code unknown;
+    const bool isText = !fs::exists(workbook, unknown) && fs::exists(text, unknown);
+    return platform::Utf8Of(isText ? text : workbook);
+}
+
 }  // namespace kelvane::host

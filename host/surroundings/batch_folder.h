@@ -25,4 +25,7 @@ std::filesystem::path BatchFolderOfServer(std::string_view connectionString);
 std::filesystem::path MapPlaceOfFile(const std::string& path);
 std::filesystem::path MapPlaceOfServer(std::string_view connectionString);
 
+// The file (UTF-8) of the mapping with that place: a workbook, unless only a text is there.
+std::string MapFileAt(const std::filesystem::path& place);
+
 }  // namespace kelvane::host

@@ -1,8 +1,12 @@
 #include "host/surroundings/table_import.h"
 
+#include <stdexcept>
+#include <system_error>
+
 #include "adapters/journal/file_hash.h"
 #include "adapters/journal/folder_journal.h"
 #include "adapters/tables/open_table.h"
+#include "platform/native_path.h"
 
 namespace kelvane::host {
 
@@ -24,6 +28,15 @@ std::string TableImport::HashOfText(const std::string& text) {
 
 std::unique_ptr<platform::BatchJournal> TableImport::OpenJournal() {
     return std::make_unique<journal::FolderJournal>(mFindFolder());
+}
+
+std::string TableImport::MapFile() try {
+    const std::string file = mFindMap();
+    std::error_code unknown;
+    return std::filesystem::exists(platform::PathOf(file), unknown) ? file : std::string();
+} catch (const std::runtime_error&) {
+    // The operator chooses one himself.
+    return {};
 }
 
 }  // namespace kelvane::host

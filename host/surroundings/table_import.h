@@ -17,10 +17,15 @@ class TableImport : public platform::TableImport {
 public:
     using FindFolder = std::function<std::filesystem::path()>;
 
+    // Where the mapping of the account that is logged in to is (UTF-8), if there is one.
+    using FindMap = std::function<std::string()>;
+
     // `surroundings` outlives the object. `findFolder`: where the batches of the account that is
-    // logged in to are; asked whenever the journal is opened.
-    TableImport(platform::PrintSurroundings& surroundings, FindFolder findFolder)
-        : mSurroundings(surroundings), mFindFolder(std::move(findFolder)) {}
+    // logged in to are; asked whenever the journal is opened. Both may throw std::runtime_error.
+    TableImport(platform::PrintSurroundings& surroundings, FindFolder findFolder, FindMap findMap)
+        : mSurroundings(surroundings),
+          mFindFolder(std::move(findFolder)),
+          mFindMap(std::move(findMap)) {}
 
     std::optional<std::string> ChooseFile(const platform::FileQuestion& question) override {
         return mSurroundings.ChooseFileToOpen(question);
@@ -30,6 +35,7 @@ public:
     std::string HashOfFile(const std::string& path) override;
     std::string HashOfText(const std::string& text) override;
     std::unique_ptr<platform::BatchJournal> OpenJournal() override;
+    std::string MapFile() override;
     std::unique_ptr<platform::Progress> StartProgress(const std::string& title) override {
         return mSurroundings.StartProgress(title);
     }
@@ -37,6 +43,7 @@ public:
 private:
     platform::PrintSurroundings& mSurroundings;
     FindFolder mFindFolder;
+    FindMap mFindMap;
 };
 
 }  // namespace kelvane::host

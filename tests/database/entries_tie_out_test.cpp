@@ -37,8 +37,8 @@ protected:
         for (const TieOutRow& row : result.rows) {
             shown += row.account + row.name + " " +
                      (row.ledger ? row.ledger->FixedText() : std::string("none")) + " " +
-                     row.entriesSum.FixedText() + " " + std::to_string(row.entries) + " " +
-                     row.difference.FixedText() + ":" + Joined(row.candidates) + "\n";
+                     row.entriesSum.FixedText() + " " + std::to_string(row.identities.size()) +
+                     " " + row.difference.FixedText() + ":" + Joined(row.candidates) + "\n";
         }
         shown += "entries:";
         for (const UnmappedEntry& each : result.unmapped) {
@@ -71,6 +71,13 @@ TEST_F(TieOutTest, EveryEntryBelongsToTheFirstLineThatCoversIt) {
               "1606 5.0000 5.0000 1 0.0000:\n"
               "entries: 0.0000\n");
     EXPECT_TRUE(agrees);
+}
+
+TEST_F(TieOutTest, ARowKnowsItsEntries) {
+    map = {{"1605", "P02", "*", "*"}, {"1604", "*", "*", "*"}};
+    const TieOut result = TieOutAccount(trial, map);
+    EXPECT_EQ(Joined(result.rows.at(0).identities), " 3");
+    EXPECT_EQ(Joined(result.rows.at(1).identities), " 1 2 4");
 }
 
 TEST_F(TieOutTest, WhatNoLineCoversIsTold) {

@@ -22,6 +22,7 @@ public:
     std::optional<std::string> chosen;  // in the file dialog
     MemoryJournal journal;
     bool journalIsMissing = false;
+    std::string map;                    // the one that is kept; empty: none
     std::vector<std::string> progress;  // the titles that were shown
     bool goesOn = true;                 // what the operator wants then
 
@@ -42,6 +43,7 @@ public:
         if (journalIsMissing) throw platform::JournalFailed("日志不能打开");
         return std::make_unique<Opened>(journal);
     }
+    std::string MapFile() override { return map; }
     std::unique_ptr<platform::Progress> StartProgress(const std::string& title) override {
         progress.push_back(title);
         return std::make_unique<Shown>(goesOn);

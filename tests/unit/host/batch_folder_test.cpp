@@ -14,6 +14,7 @@ namespace fs = std::filesystem;
 
 using host::BatchFolderOfFile;
 using host::BatchFolderOfServer;
+using host::MapFileAt;
 using host::MapPlaceOfFile;
 using host::MapPlaceOfServer;
 
@@ -37,6 +38,16 @@ TEST(BatchFolder, TheMappingOfAFileLiesBesideIt) {
     fs::create_symlink("real.kelvane", folder / "link.kelvane");
     EXPECT_EQ(MapPlaceOfFile((folder / "link.kelvane").string()),
               fs::canonical(folder.Path()) / "real.kelvane.map");
+}
+
+TEST(BatchFolder, AMappingIsAWorkbookUnlessOnlyATextIsThere) {
+    const TemporaryFolder folder;
+    const fs::path place = folder / "账套.kelvane.map";
+    EXPECT_EQ(MapFileAt(place), place.string() + ".xlsx");
+    WriteText(folder / "账套.kelvane.map.csv", "");
+    EXPECT_EQ(MapFileAt(place), place.string() + ".csv");
+    WriteText(folder / "账套.kelvane.map.xlsx", "");
+    EXPECT_EQ(MapFileAt(place), place.string() + ".xlsx");
 }
 
 class ServerBatchFolderTest : public testing::Test {

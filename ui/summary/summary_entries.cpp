@@ -141,6 +141,20 @@ void frmSummaryEntries::Form_KeyDown(Key& key, int shift) {
     cmdGo.Press();
 }
 
+std::optional<std::int64_t> AskInEntries(controls::Form& window, const std::string& name,
+                                         std::span<const std::int64_t> identities,
+                                         const IsListed& isListed) {
+    std::optional<frmSummaryEntries> entries;
+    try {
+        entries.emplace(name, identities, isListed);
+        window.SetNotice("");
+    } catch (...) {
+        data::ReportTrapped("ReadShownEntries");
+        return std::nullopt;
+    }
+    return entries->Ask();
+}
+
 void frmSummaryEntries::Trapped(std::string_view place, std::string_view detail) noexcept {
     data::ReportTrapped(place, detail);
 }

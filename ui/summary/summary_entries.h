@@ -56,4 +56,10 @@ private:
     controls::KeptLayout mKeptLayout{*this, GridEntries};
 };
 
+// Shows these entries over `window` and answers as Ask(). An error of their reading is trapped in
+// "ReadShownEntries"; without one what the window said of an earlier error is gone.
+std::optional<std::int64_t> AskInEntries(controls::Form& window, const std::string& name,
+                                         std::span<const std::int64_t> identities,
+                                         const IsListed& isListed);
+
 }  // namespace kelvane::ui

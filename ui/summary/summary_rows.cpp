@@ -24,6 +24,11 @@ constexpr Color kTotalColor = controls::Rgb(255, 232, 180);
 
 }  // namespace
 
+std::string frmSummary::Title() const {
+    const std::string names = mChoice.Names();
+    return "期初汇总" + (names.empty() ? "" : "（按" + names + "）");
+}
+
 void frmSummary::ShowChoice() {
     const FlagScope showing(mIsShowingChoice);
     for (std::size_t place = 0; place < mFields.size(); ++place) {
@@ -54,7 +59,7 @@ void frmSummary::ShowSummary() {
         FitWholeColumn(GridSummary, col, isText ? kLeastText : kLeastFigure,
                        isText ? kGreatestText : 0);
     }
-    mPrinted.CaptureLayout();
+    Printing.CaptureLayout();
     if (rows > 0) GridSummary.MoveTo(1, 0);
     GridSummary.SetLeftCol(0);
     ShowCounts();

@@ -1,14 +1,10 @@
 // The window itself: its controls, opening and closing it, what the operator does in it.
 #include "ui/summary/summary_window.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "controls/grid_size_actions.h"
 #include "controls/place.h"
 #include "data/login_context.h"
 #include "entries/failure_reason.h"
-#include "ui/common/failure_texts.h"
 #include "ui/common/grid_actions.h"
 #include "ui/common/toolbar_form.h"
 #include "ui/common/trap_scope.h"
@@ -17,9 +13,7 @@
 
 namespace kelvane::ui {
 
-using platform::kCtrl;
 using platform::Key;
-using platform::KeyOfCharacter;
 
 namespace {
 
@@ -27,6 +21,7 @@ namespace {
 constexpr int kMargin = 120;
 constexpr int kButtonHeight = 375;
 constexpr int kButtonWidth = 1350;
+constexpr int kTieOutWidth = 1650;
 constexpr int kLabelHeight = 300;
 constexpr int kByWidth = 900;
 constexpr int kFieldHeight = 330;
@@ -39,19 +34,7 @@ constexpr int kMinHeight = 4800;
 constexpr std::array<const char*, FieldChoice::kPlaces> kPlaceNames{
     "汇总依据一", "汇总依据二", "汇总依据三", "汇总依据四", "汇总依据五"};
 
-struct FailedWork {
-    std::string_view place;
-    std::string_view sentence;
-};
-
-constexpr std::array kFailedWork{
-    FailedWork{"SummarizeAccount", "汇总时出错，没有汇总出来。"},
-    FailedWork{"ReadShownEntries", "读取期初时出错。"},
-    FailedWork{"WriteToFile", kFileNotWritten},
-    FailedWork{"Print", kNotPrinted},
-    FailedWork{"ReadStyle", kStyleUnusable},
-    FailedWork{"xmlPrt_SaveSettings", kSettingsNotSaved},
-};
+constexpr std::string_view kSumming = "SummarizeAccount";
 
 }  // namespace
 
@@ -71,9 +54,8 @@ frmSummary::frmSummary()
       cmdAgain(*this, "cmdAgain"),
       lblCounts(*this, "lblCounts"),
       GridSummary(*this, "GridSummary"),
-      cmdPrint(*this, "cmdPrint"),
-      cmdPreview(*this, "cmdPreview"),
-      cmdExport(*this, "cmdExport"),
+      Printing(*this, GridSummary, [this] { return Title(); }),
+      cmdTieOut(*this, "cmdTieOut"),
       cmdShow(*this, "cmdShow"),
       cmdClose(*this, "cmdClose") {
     SetCaption("期初汇总");
@@ -91,38 +73,24 @@ frmSummary::frmSummary()
     GridSummary.SetSpokenName("汇总结果");
     cmdAgain.SetCaption("重新汇总");
     cmdAgain.SetStroke({Key::F5});
-    cmdPrint.SetCaption("打印");
-    cmdPrint.SetStroke({KeyOfCharacter(U'P'), kCtrl});
-    cmdPreview.SetCaption("预览");
-    cmdExport.SetCaption("导出");
+    cmdTieOut.SetCaption("与总账核对…");
+    cmdTieOut.SetEnabled(false);
     cmdShow.SetCaption("查看期初");
     cmdShow.SetDefault(true);
     cmdClose.SetCaption("关闭");
     cmdClose.SetCancel(true);
     cmdAgain.Click = [this] { SummarizeAgain(); };
-    cmdPrint.Click = [this] { PrintSummary(); };
-    cmdPreview.Click = [this] { PreviewSummary(); };
-    cmdExport.Click = [this] { ExportSummary(); };
+    cmdTieOut.Click = [this] { CompareWithLedger(); };
     cmdShow.Click = [this] { ShowEntries(); };
     cmdClose.Click = [this] { Unload(); };
     GridSummary.CellDoubleClick = [this](int row, int /*col*/) {
         if (row >= GridSummary.FixedRows()) ShowEntries();
     };
     AddGridActions(*this, GridSummary);
-    AddActions();
+    AddButtonActions(*this, {&cmdShow, &cmdAgain});
+    Printing.AddActions();
+    AddButtonActions(*this, {&cmdTieOut});
     controls::AddGridSizeActions(*this, GridSummary);
-}
-
-void frmSummary::AddActions() {
-    bool startsGroup = true;
-    for (controls::Button* button : {&cmdShow, &cmdAgain, &cmdPrint, &cmdPreview, &cmdExport}) {
-        AddAction({.stroke = button == &cmdShow ? platform::KeyStroke{} : button->Stroke(),
-                   .caption = button->Caption(),
-                   .inMenu = true,
-                   .startsGroup = std::exchange(startsGroup, button == &cmdAgain),
-                   .possible = [button] { return button->Enabled(); },
-                   .run = [button] { button->Press(); }});
-    }
 }
 
 std::optional<std::int64_t> frmSummary::Ask(const IsListed& isListed) {
@@ -134,8 +102,7 @@ std::optional<std::int64_t> frmSummary::Ask(const IsListed& isListed) {
 }
 
 void frmSummary::TellFailure(std::string_view place) {
-    const auto* known = std::ranges::find(kFailedWork, place, &FailedWork::place);
-    std::string sentence(known == kFailedWork.end() ? kWorkFailed : known->sentence);
+    std::string sentence(place == kSumming ? "汇总时出错，没有汇总出来。" : SentenceOfWork(place));
     SetNotice(sentence += entries::ReasonOfFailure());
 }
 
@@ -162,11 +129,8 @@ void frmSummary::Form_Resize() {
     PlaceControl(cmdAgain, right - kButtonWidth, kMargin, kButtonWidth, kButtonHeight);
     const int counts = kButtonHeight + 2 * kMargin;
     PlaceControl(lblCounts, kMargin, counts, right - kMargin, kLabelHeight);
-    left = kMargin;
-    for (controls::Button* button : {&cmdPrint, &cmdPreview, &cmdExport}) {
-        PlaceControl(*button, left, buttons, kButtonWidth, kButtonHeight);
-        left += kButtonWidth + kMargin;
-    }
+    left = Printing.Place(kMargin, buttons);
+    PlaceControl(cmdTieOut, left, buttons, kTieOutWidth, kButtonHeight);
     PlaceControl(cmdClose, right - kButtonWidth, buttons, kButtonWidth, kButtonHeight);
     PlaceControl(cmdShow, cmdClose.Left() - kMargin - kButtonWidth, buttons, kButtonWidth,
                  kButtonHeight);
@@ -196,23 +160,14 @@ void frmSummary::cboField_Change(std::size_t place) {
 void frmSummary::AllowCommands() {
     const bool hasRows = GridSummary.Rows() > 1;
     cmdShow.SetEnabled(hasRows);
-    for (controls::Button* button : {&cmdPrint, &cmdPreview, &cmdExport}) {
-        button->SetEnabled(hasRows && CanPrint());
-    }
+    Printing.Allow(hasRows);
+    cmdTieOut.SetEnabled(data::gServices->tableImport != nullptr);
 }
 
 void frmSummary::ShowEntries() {
     const entries::SummaryRow* row = Current();
     if (row == nullptr) return;
-    std::optional<frmSummaryEntries> window;
-    try {
-        window.emplace(NameOf(*row), row->identities, mIsListed);
-        SetNotice("");
-    } catch (...) {
-        data::ReportTrapped("ReadShownEntries");
-        return;
-    }
-    mAnswer = window->Ask();
+    mAnswer = AskInEntries(*this, NameOf(*row), row->identities, mIsListed);
     if (mAnswer) Unload();
 }
 

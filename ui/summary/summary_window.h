@@ -17,10 +17,9 @@
 #include "controls/kept_layout.h"
 #include "controls/label.h"
 #include "entries/summary/summary.h"
-#include "ui/common/print_setup.h"
-#include "ui/common/printed_grid.h"
 #include "ui/common/window_requests.h"
 #include "ui/summary/field_choice.h"
+#include "ui/summary/print_buttons.h"
 
 namespace kelvane::ui {
 
@@ -37,9 +36,8 @@ public:
     controls::Button cmdAgain;
     controls::Label lblCounts;
     controls::Grid GridSummary;
-    controls::Button cmdPrint;
-    controls::Button cmdPreview;
-    controls::Button cmdExport;
+    PrintButtons Printing;
+    controls::Button cmdTieOut;
     controls::Button cmdShow;
     controls::Button cmdClose;
 
@@ -53,11 +51,9 @@ public:
     void SummarizeAgain();
     // The entries of the current row, and from there to one of them.
     void ShowEntries();
-
-    // On paper and in files (summary_printing.cpp).
-    void PrintSummary();
-    void PreviewSummary();
-    void ExportSummary();
+    // Ties the account to a trial balance that the operator chooses, in a window of its own
+    // (summary_ledger.cpp).
+    void CompareWithLedger();
 
     std::string Hint() const override;
     std::string Figures() const override;
@@ -70,12 +66,11 @@ protected:
     void Trapped(std::string_view place, std::string_view detail) noexcept override;
 
 private:
-    void AddActions();
     void TellFailure(std::string_view place);
     void AllowCommands();
-    bool PreparePrint();
 
     // What is shown (summary_rows.cpp).
+    std::string Title() const;
     void ShowChoice();
     void ShowSummary();
     void LayOut();
@@ -93,7 +88,6 @@ private:
     IsListed mIsListed;
     std::optional<entries::Summary> mSummary;  // none: it failed
     std::optional<std::int64_t> mAnswer;
-    PrintedGrid mPrinted{GridSummary, SavePrintSettings};
     controls::KeptLayout mKeptLayout{*this, GridSummary};
 };
 

@@ -117,9 +117,9 @@ TEST_F(SummaryWindowTest, AnAmountThatCannotBeReadIsTold) {
 TEST_F(SummaryWindowTest, WithoutPrintServicesNothingIsPrinted) {
     Open();
     Summarize([](frmSummary& window) {
-        EXPECT_FALSE(window.cmdPrint.Enabled());
-        EXPECT_FALSE(window.cmdPreview.Enabled());
-        EXPECT_FALSE(window.cmdExport.Enabled());
+        EXPECT_FALSE(window.Printing.cmdPrint.Enabled());
+        EXPECT_FALSE(window.Printing.cmdPreview.Enabled());
+        EXPECT_FALSE(window.Printing.cmdExport.Enabled());
         EXPECT_TRUE(window.cmdShow.Enabled());
     });
 }

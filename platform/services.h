@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "platform/database.h"
 #include "platform/date_time.h"
@@ -47,6 +48,11 @@ struct Services {
 
     // Optional: without it no tables are imported, and nothing is compared with a ledger.
     TableImport* tableImport = nullptr;
+
+    // Optional: without it there is no sheet to be signed. Asks for a file and writes the sheet
+    // there, with the account tied to the trial balance and the mapping in these files (UTF-8).
+    // False when the operator cancelled. Throws std::exception when it was not written.
+    std::function<bool(const std::string& trial, const std::string& map)> writeSignOff;
 };
 
 // Throws MissingService, which names the service, unless all that are required are there.

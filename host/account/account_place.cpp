@@ -74,6 +74,11 @@ std::shared_ptr<platform::Connection> AccountPlace::Open() const {
     return connection;
 }
 
+std::filesystem::path BatchFolderOf(const AccountPlace& account) {
+    return account.IsOnServer() ? BatchFolderOfServer(account.ConnectionString())
+                                : BatchFolderOfFile(account.Name());
+}
+
 std::string MapFileOf(const AccountPlace& account) {
     return MapFileAt(account.IsOnServer() ? MapPlaceOfServer(account.ConnectionString())
                                           : MapPlaceOfFile(account.Name()));

@@ -1,6 +1,7 @@
 // Where an account is, and how the host reaches it: a file, or a database on a server.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -64,6 +65,10 @@ private:
 std::string ConnectionStringOf(const std::string& path);
 std::shared_ptr<platform::Connection> NewConnection();
 std::shared_ptr<platform::Connection> OpenAccount(const std::string& path);
+
+// The folder of the account's batches (docs/batches.md). Throws std::runtime_error where it is not
+// known.
+std::filesystem::path BatchFolderOf(const AccountPlace& account);
 
 // The mapping that is kept for the account (docs/tie-out.md): beside its file, of a database on a
 // server among the user's own files. Throws std::runtime_error where that place is not known.

@@ -7,7 +7,6 @@
 #include "component/current_center.h"
 #include "data/login_context.h"
 #include "host/account/account_place.h"
-#include "host/surroundings/batch_folder.h"
 #include "host/surroundings/local_time.h"
 #include "host/surroundings/printing.h"
 #include "host/surroundings/user_folders.h"
@@ -47,11 +46,7 @@ Session::Session(AccountPlace account, platform::Windows& windows, drive::Statem
     if (printing == nullptr) return;
     OfferPrinting(mServices, *printing);
     mTableImport.emplace(
-        *printing,
-        [this] {
-            return mAccount.IsOnServer() ? BatchFolderOfServer(mAccount.ConnectionString())
-                                         : BatchFolderOfFile(mAccount.Name());
-        },
+        *printing, [this] { return BatchFolderOf(mAccount); },
         [this] { return MapFileOf(mAccount); });
     mServices.tableImport = &*mTableImport;
 }

@@ -2,9 +2,11 @@
 // login, and the component itself.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "adapters/drive/statement_log.h"
@@ -36,6 +38,11 @@ public:
 
     // From the next login on the operator's windows open as he left them the last time.
     void KeepWindows() { mServices.userSettings = &mUserSettings; }
+
+    // Lets the operator have the sheet that is signed; see platform::Services::writeSignOff.
+    void OfferSignOff(std::function<bool(const std::string&, const std::string&)> write) {
+        mServices.writeSignOff = std::move(write);
+    }
 
     // Opens the entry list; returns when it is closed. Throws std::logic_error before a login.
     void Show() { mComponent.Show(); }

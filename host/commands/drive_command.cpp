@@ -6,6 +6,7 @@
 #include "adapters/output/files/named_files.h"
 #include "host/account/session.h"
 #include "host/commands/commands.h"
+#include "host/ledger/tied_account.h"
 #include "host/surroundings/ending_script.h"
 #include "host/surroundings/screen.h"
 #include "host/surroundings/translation.h"
@@ -19,6 +20,7 @@ int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::
     const auto printing = output::PrintWithoutScreen(
         [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
     Session session(account, windows, &statements, printing.get());
+    session.OfferSignOff(SignOffService(account, *printing));
     script.SetHost({
         .init =
             [&session](const drive::InitOptions& options) {

@@ -2,6 +2,7 @@
 
 #include "host/account/session.h"
 #include "host/commands/commands.h"
+#include "host/ledger/tied_account.h"
 #include "host/surroundings/screen.h"
 #include "host/surroundings/translation.h"
 
@@ -16,6 +17,9 @@ int Open(const OpenArguments& arguments, const Screen& screen) {
     try {
         Session session(arguments.account, windows, nullptr, screen.printing);
         session.KeepWindows();
+        if (screen.printing != nullptr) {
+            session.OfferSignOff(SignOffService(arguments.account, *screen.printing));
+        }
         session.LogIn(arguments.login, arguments.today);
         session.Show();
         return 0;

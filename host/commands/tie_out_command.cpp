@@ -2,18 +2,13 @@
 
 #include <iostream>
 
-#include "adapters/journal/folder_journal.h"
 #include "data/login_context.h"
-#include "entries/check/check.h"
-#include "entries/summary/summary.h"
 #include "host/account/session.h"
 #include "host/bulk/figure_file.h"
 #include "host/commands/bulk_output.h"
 #include "host/commands/commands.h"
-#include "host/ledger/ledger_files.h"
-#include "host/ledger/sign_off.h"
+#include "host/ledger/tied_account.h"
 #include "host/surroundings/absent_windows.h"
-#include "host/surroundings/local_time.h"
 #include "host/surroundings/translation.h"
 
 namespace kelvane::host {
@@ -29,35 +24,8 @@ void WriteText(const TieOutReport& report) {
     std::cout << CountsOf(report.result) << '\n';
 }
 
-void WriteSheet(const SummaryArguments& arguments, const AccountPlace& account,
-                const TieOutReport* tieOut) {
-    SignOff content;
-    content.account = account.Name();
-    content.time = LocalNow();
-    content.batches = journal::FolderJournal(arguments.batches).Batches();
-    content.tieOut = tieOut;
-    content.check = entries::CheckAccount();
-    const entries::Summary summary = entries::SummarizeAccount({});
-    content.entries = summary.rows.back().entries;
-    content.sum = summary.rows.back().sum;
-    WriteSignOff(arguments.signOff, content);
-}
-
-// What the account and the files say, in one snapshot.
-TieOutReport TieOut(const SummaryArguments& arguments, const AccountPlace& account,
-                    const std::string& map) {
-    TieOutReport report;
-    report.account = account.Name();
-    report.trialFile = arguments.ledger;
-    report.mapFile = map;
-    entries::LedgerTables files = ReadLedgerFiles(arguments.ledger, map);
-    report.findings = std::move(files.findings);
-    report.notes = std::move(files.notes);
-    if (!report.findings.empty()) return report;
-    const platform::Snapshot snapshot(*data::gConn);
-    report.result = entries::TieOutAccount(files.trial, files.map);
-    if (!arguments.signOff.empty()) WriteSheet(arguments, account, &report);
-    return report;
+SheetPlace PlaceOfSheet(const SummaryArguments& arguments, const AccountPlace& account) {
+    return {account.Name(), arguments.batches, arguments.signOff};
 }
 
 int Compare(const SummaryArguments& arguments, const AccountPlace& account,
@@ -67,7 +35,8 @@ int Compare(const SummaryArguments& arguments, const AccountPlace& account,
     Session session(account, windows, nullptr);
     session.LogIn(arguments.login, {});
     LoadContext();
-    const TieOutReport report = TieOut(arguments, account, map);
+    const TieOutReport report =
+        TieOutWithFiles(arguments.ledger, map, PlaceOfSheet(arguments, account));
     if (report.findings.empty() && !arguments.file.empty()) {
         WriteFigureFile(arguments.file, FigureTableOf(report.result));
     }
@@ -89,7 +58,7 @@ int SumUp(const SummaryArguments& arguments, const AccountPlace& account) {
     session.LogIn(arguments.login, {});
     LoadContext();
     const platform::Snapshot snapshot(*data::gConn);
-    WriteSheet(arguments, account, nullptr);
+    WriteSheet(PlaceOfSheet(arguments, account), nullptr);
     return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "data/login_context.h"
 #include "platform/native_path.h"
 #include "ui/common/list_layout.h"
 #include "ui/summary/tie_out_window.h"
@@ -117,6 +118,7 @@ void frmTieOut::AllowCommands() {
                                         : "表格说明（" + count + "）");
     cmdNotes.SetEnabled(mResult && !mTold.empty());
     cmdOpen.SetEnabled(mResult.has_value());
+    cmdSign.SetEnabled(mResult && data::gServices->writeSignOff);
     const bool hasLines = Current() != nullptr;
     cmdShow.SetEnabled(hasLines);
     cmdAll.SetEnabled(hasLines);

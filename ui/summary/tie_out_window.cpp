@@ -31,7 +31,7 @@ constexpr int kNotesWidth = 1650;
 constexpr int kLabelHeight = 300;
 constexpr int kWidth = 15000;
 constexpr int kHeight = 8700;
-constexpr int kMinWidth = 10200;
+constexpr int kMinWidth = 11250;
 constexpr int kMinHeight = 4800;
 
 constexpr std::string_view kComparing = "TieOutAccount";
@@ -47,6 +47,7 @@ frmTieOut::frmTieOut(std::string trial, std::string map, const IsListed& isListe
       lblFiles(*this, "lblFiles"),
       GridTieOut(*this, "GridTieOut"),
       Printing(*this, GridTieOut, [] { return std::string(entries::kTieOutTitle); }),
+      cmdSign(*this, "cmdSign"),
       cmdAll(*this, "cmdAll"),
       cmdShow(*this, "cmdShow"),
       cmdClose(*this, "cmdClose"),
@@ -61,6 +62,7 @@ frmTieOut::frmTieOut(std::string trial, std::string map, const IsListed& isListe
     cmdOpen.Click = [this] { ShowOpenOnly(!mIsOpenOnly); };
     cmdNotes.Click = [this] { ShowNotes(!mShowsNotes); };
     cmdAgain.Click = [this] { CompareAgain(); };
+    cmdSign.Click = [this] { WriteSignOff(); };
     cmdAll.Click = [this] { ShowAllEntries(); };
     cmdShow.Click = [this] { ShowEntries(); };
     cmdClose.Click = [this] { Unload(); };
@@ -70,6 +72,7 @@ frmTieOut::frmTieOut(std::string trial, std::string map, const IsListed& isListe
     AddGridActions(*this, GridTieOut);
     AddButtonActions(*this, {&cmdShow, &cmdAll, &cmdOpen, &cmdNotes, &cmdAgain});
     Printing.AddActions();
+    AddButtonActions(*this, {&cmdSign});
     controls::AddGridSizeActions(*this, GridTieOut);
 }
 
@@ -80,6 +83,8 @@ void frmTieOut::NameControls() {
     cmdNotes.SetCaption("表格说明");
     cmdAgain.SetCaption("重新核对");
     cmdAgain.SetStroke({Key::F5});
+    cmdSign.SetCaption("签字表…");
+    cmdSign.SetVisible(data::gServices->writeSignOff != nullptr);
     cmdAll.SetCaption("全部期初");
     cmdShow.SetCaption("查看期初");
     cmdShow.SetDefault(true);
@@ -118,7 +123,7 @@ void frmTieOut::Form_Resize() {
                  cmdOpen.Left() - 2 * kMargin, kLabelHeight);
     const int counts = kButtonHeight + 2 * kMargin;
     PlaceControl(lblCounts, kMargin, counts, right - kMargin, kLabelHeight);
-    Printing.Place(kMargin, buttons);
+    PlaceControl(cmdSign, Printing.Place(kMargin, buttons), buttons, kButtonWidth, kButtonHeight);
     int left = right;
     for (controls::Button* button : {&cmdClose, &cmdShow, &cmdAll}) {
         left -= kButtonWidth;
@@ -185,6 +190,17 @@ void frmTieOut::ShowOpenOnly(bool only) {
 void frmTieOut::ShowNotes(bool shown) {
     mShowsNotes = shown;
     Fill();
+}
+
+// What is signed is what the window shows.
+void frmTieOut::WriteSignOff() {
+    CompareAgain();
+    if (!mResult) return;
+    try {
+        if (data::gServices->writeSignOff(mTrial, mMap)) data::ShowInformation("签字表已写成。");
+    } catch (...) {
+        data::ReportTrapped("WriteToFile");
+    }
 }
 
 void frmTieOut::ShowEntries() {

@@ -33,6 +33,7 @@ public:
     controls::Label lblFiles;
     controls::Grid GridTieOut;
     PrintButtons Printing;
+    controls::Button cmdSign;
     controls::Button cmdAll;
     controls::Button cmdShow;
     controls::Button cmdClose;
@@ -47,6 +48,8 @@ public:
     void ShowOpenOnly(bool only);
     // What was noticed in the tables, in the place of the comparison.
     void ShowNotes(bool shown);
+    // Compares once more and has that written to the sheet that is signed.
+    void WriteSignOff();
     // The entries that may be the current row's difference, all of its entries where there are
     // none; and from there to one of them.
     void ShowEntries();

@@ -165,6 +165,43 @@ TEST_F(TieOutWindowTest, WithoutPrintServicesNothingIsPrinted) {
     });
 }
 
+TEST_F(TieOutWindowTest, WithoutItsServiceThereIsNoSheetToSign) {
+    Open();
+    Compare([](frmTieOut& window) {
+        EXPECT_FALSE(window.cmdSign.Visible());
+        EXPECT_FALSE(window.cmdSign.Enabled());
+    });
+}
+
+TEST_F(TieOutWindowTest, WhatIsSignedIsComparedOnceMore) {
+    std::vector<std::string> asked;
+    services.writeSignOff = [&](const std::string& trial, const std::string& map) {
+        asked.push_back(trial + " " + map);
+        if (asked.size() == 2) throw std::runtime_error("full");
+        return asked.size() == 1;
+    };
+    Open();
+    Compare([&](frmTieOut& window) {
+        Trial({{"16040101", "人工费", "1"}});
+        window.cmdSign.Press();
+        EXPECT_THAT(Shown(window),
+                    ElementsAre("16040101不符", "16040102总账没有此科目", "未对应期初"));
+        EXPECT_THAT(asked, ElementsAre("trial.xlsx kept.xlsx"));
+        EXPECT_EQ(windows.messages.size(), 1U) << "it was written";
+        window.cmdSign.Press();
+        EXPECT_NE(window.Notice(), "") << "it was not written";
+        window.cmdSign.Press();
+        EXPECT_EQ(window.Notice(), "") << "given up";
+        EXPECT_EQ(windows.messages.size(), 1U);
+        // Nothing is signed that was not compared.
+        Map({{"", "*", "机械费", "*"}});
+        window.cmdSign.Press();
+        EXPECT_EQ(asked.size(), 3U);
+        EXPECT_FALSE(window.cmdSign.Enabled());
+    });
+    services.writeSignOff = nullptr;
+}
+
 TEST_F(TieOutWindowTest, WidthsAreNotThoseOfAnotherList) {
     support::RememberedSettings settings;
     services.userSettings = &settings;

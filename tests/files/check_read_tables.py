@@ -22,12 +22,11 @@ from pathlib import Path
 
 import openpyxl
 
-from program_files import convert
+from program_files import MEASURED, MOST_MEMORY, convert
 
 TOOL = ""
 PROGRAM = ""
 FUZZ_TARGET = ""
-MOST_MEMORY = 200 * 1024  # in KiB
 KINDS = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
 MAIN = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
 LINKS = "http://schemas.openxmlformats.org/package/2006/relationships"
@@ -37,7 +36,7 @@ class Outcome:
     """What the tool said of a file, and the memory that it took."""
 
     def __init__(self, *arguments):
-        environment = dict(os.environ, ASAN_OPTIONS="quarantine_size_mb=1")
+        environment = {**os.environ, **MEASURED}
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
             process = subprocess.Popen([TOOL, *map(str, arguments)], stdout=output, stderr=errors,
                                        env=environment)

@@ -13,6 +13,11 @@ from pathlib import Path
 # A spreadsheet as csv, with each cell as it is shown: comma, double quote, UTF-8.
 SHOWN_AS_CSV = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false"
 
+# In KiB, of a program that reads a table.
+MOST_MEMORY = 200 * 1024
+# For a program whose memory is measured: a sanitizer does not hold back what was freed.
+MEASURED = {"ASAN_OPTIONS": "quarantine_size_mb=1"}
+
 
 def run(*command, status=0, **options):
     """What the command writes; it has to end with `status`."""

@@ -370,12 +370,10 @@ void AddSummary(CLI::App& program, int& status) {
         SummaryArguments& asked = arguments->summary;
         asked.account = arguments->account.Place();
         asked.fields = entries::SummaryFieldsOf(arguments->fields);
-        if (asked.ledger.empty() && asked.signOff.empty()) {
-            status = RunSummary(asked);
-        } else {
+        if (!asked.signOff.empty()) {
             asked.batches = BatchFolderOf(arguments->account, arguments->journal);
-            status = RunTieOut(asked);
         }
+        status = asked.ledger.empty() ? RunSummary(asked) : RunTieOut(asked);
     });
 }
 

@@ -122,10 +122,10 @@ int RunBatches(const BatchesArguments& arguments);
 // Checks the whole account and changes nothing. Returns 3 when there are findings.
 int RunCheck(const CheckArguments& arguments);
 
-// Sums up the entries.
+// Sums up the entries, and writes the sheet to be signed when one is asked for.
 int RunSummary(const SummaryArguments& arguments);
 
-// The same tied to a ledger, or as a sheet to be signed. Returns 3 when something does not agree.
+// The same tied to a ledger. Returns 3 when something does not agree.
 int RunTieOut(const SummaryArguments& arguments);
 
 // Writes "kelvane: TEXT" to standard error; returns 1.

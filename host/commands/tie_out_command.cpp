@@ -1,8 +1,7 @@
-// kelvane summary --against, --sign-off
+// kelvane summary --against
 
 #include <iostream>
 
-#include "data/login_context.h"
 #include "host/account/session.h"
 #include "host/bulk/figure_file.h"
 #include "host/commands/bulk_output.h"
@@ -24,10 +23,6 @@ void WriteText(const TieOutReport& report) {
     std::cout << CountsOf(report.result) << '\n';
 }
 
-SheetPlace PlaceOfSheet(const SummaryArguments& arguments, const AccountPlace& account) {
-    return {account.Name(), arguments.batches, arguments.signOff};
-}
-
 int Compare(const SummaryArguments& arguments, const AccountPlace& account,
             const std::string& map) {
     BulkTerminal terminal(Translated("Reading the account"));
@@ -35,8 +30,8 @@ int Compare(const SummaryArguments& arguments, const AccountPlace& account,
     Session session(account, windows, nullptr);
     session.LogIn(arguments.login, {});
     LoadContext();
-    const TieOutReport report =
-        TieOutWithFiles(arguments.ledger, map, PlaceOfSheet(arguments, account));
+    const TieOutReport report = TieOutWithFiles(
+        arguments.ledger, map, {account.Name(), arguments.batches, arguments.signOff});
     if (report.findings.empty() && !arguments.file.empty()) {
         WriteFigureFile(arguments.file, FigureTableOf(report.result));
     }
@@ -50,27 +45,11 @@ int Compare(const SummaryArguments& arguments, const AccountPlace& account,
     return report.findings.empty() && report.result.Agrees() ? 0 : kRefused;
 }
 
-// The sheet alone, behind the summary.
-int SumUp(const SummaryArguments& arguments, const AccountPlace& account) {
-    if (const int status = RunSummary(arguments); status != 0) return status;
-    AbsentWindows windows;
-    Session session(account, windows, nullptr);
-    session.LogIn(arguments.login, {});
-    LoadContext();
-    const platform::Snapshot snapshot(*data::gConn);
-    WriteSheet(PlaceOfSheet(arguments, account), nullptr);
-    return 0;
-}
-
 }  // namespace
 
 int RunTieOut(const SummaryArguments& arguments) {
     const AccountPlace account = arguments.account.ForReading();
     try {
-        if (arguments.ledger.empty()) {
-            CheckWritten({arguments.signOff}, {arguments.account.Name()});
-            return SumUp(arguments, account);
-        }
         const std::string map =
             arguments.map.empty() ? MapFileOf(arguments.account) : arguments.map;
         CheckWritten({arguments.file, arguments.signOff},

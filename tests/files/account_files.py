@@ -10,6 +10,9 @@ import os
 import shutil
 import sqlite3
 import subprocess
+import sys
+import tempfile
+import unittest
 from contextlib import closing
 from pathlib import Path
 
@@ -154,3 +157,18 @@ def new_entries(account):
     lines = query(account, "select * from PM_ItemQCsub where iEleVid > ? order by iEleVid, rowid",
                   SAMPLE_ENTRIES)
     return entries, lines
+
+
+class AccountsCase(unittest.TestCase):
+    """Tests in a folder of their own, with accounts by the program that the command line names first."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-accounts-"))
+        cls.addClassCleanup(shutil.rmtree, cls.folder)
+        cls.accounts = Accounts(str(Path(sys.argv[1]).resolve()), cls.folder)
+        cls.number = 0
+
+    def path(self, extension):
+        type(self).number += 1
+        return self.folder / f"table{self.number}.{extension}"

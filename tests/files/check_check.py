@@ -12,14 +12,13 @@ import shutil
 import sqlite3
 import stat
 import sys
-import tempfile
 import unittest
 from contextlib import closing
 from pathlib import Path
 
 import openpyxl
 
-from account_files import SAMPLE_ENTRIES, Accounts, execute, query
+from account_files import SAMPLE_ENTRIES, AccountsCase, execute, query
 
 # What the sample has on purpose: three settled items and an amount of nothing.
 SAMPLE = [
@@ -46,13 +45,7 @@ def rules_of(lines):
     return [line.split(": ")[1] for line in lines]
 
 
-class Check(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-check-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        cls.accounts = Accounts(str(Path(sys.argv[1]).resolve()), cls.folder)
-
+class Check(AccountsCase):
     def new(self, changes=""):
         """Another account whose counter is ahead of all that a test puts into it."""
         return self.accounts.new(

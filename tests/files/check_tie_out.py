@@ -11,7 +11,6 @@ import json
 import random
 import shutil
 import sys
-import tempfile
 import unittest
 from collections import defaultdict
 from decimal import Decimal
@@ -19,7 +18,7 @@ from pathlib import Path
 
 import openpyxl
 
-from account_files import Accounts, entry, execute, query, text, table_of
+from account_files import AccountsCase, entry, execute, query, text, table_of
 from program_files import run
 
 MAP_TITLES = ["科目", "项目编号", "要素", "责任中心"]
@@ -47,18 +46,7 @@ def covers(line, codes):
                for pattern, spellings in zip(line[1:], codes))
 
 
-class TieOuts(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-tie-out-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        cls.accounts = Accounts(str(Path(sys.argv[1]).resolve()), cls.folder)
-        cls.number = 0
-
-    def path(self, extension):
-        type(self).number += 1
-        return self.folder / f"table{self.number}.{extension}"
-
+class TieOuts(AccountsCase):
     def table(self, titles, rows, extension="xlsx", change=None):
         """Texts stay texts; of a csv all of them are. `change`: what is done to the workbook's sheet."""
         path = self.path(extension)

@@ -2,15 +2,11 @@
 written, and the account is looked at afterwards. The program is the test's first argument.
 """
 
-import shutil
-import sys
-import tempfile
-import unittest
 from pathlib import Path
 
 import openpyxl
 
-from account_files import (SAMPLE_ENTRIES, Accounts, counter, dump, new_entries, table_of, text,
+from account_files import (SAMPLE_ENTRIES, AccountsCase, counter, dump, new_entries, table_of, text,
                            workbook)
 
 
@@ -28,18 +24,7 @@ def stored(identity, date="2004-06-01", center="T01", item="X01", key="一标段
 FIRST = SAMPLE_ENTRIES + 1
 
 
-class Imports(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.folder = Path(tempfile.mkdtemp(prefix="kelvane-import-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        cls.accounts = Accounts(str(Path(sys.argv[1]).resolve()), cls.folder)
-        cls.number = 0
-
-    def path(self, extension):
-        type(self).number += 1
-        return self.folder / f"table{self.number}.{extension}"
-
+class Imports(AccountsCase):
     def book(self, rows, lines=None, totals=None):
         return workbook(self.path("xlsx"), rows, lines, totals)
 

@@ -110,8 +110,7 @@ std::optional<std::int64_t> frmCheck::Ask(const IsListed& isListed) {
 void frmCheck::Form_Load() {
     LayOut();
     RestoreLayout(mKeptLayout, Name());
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     CheckAgain();
     GridFindings.SetFocus();
 }

@@ -7,6 +7,7 @@
 #include "data/text_conversion.h"
 #include "platform/text_search.h"
 #include "ui/common/list_views.h"
+#include "ui/common/window_layout.h"
 
 namespace kelvane::ui {
 
@@ -89,8 +90,7 @@ std::optional<std::string> frmColumnValues::Ask() {
 }
 
 void frmColumnValues::Form_Load() {
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     ShowFirst();
     txtSearch.SetFocus();
 }

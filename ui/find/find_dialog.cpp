@@ -6,6 +6,7 @@
 #include "data/reference_queries.h"
 #include "ui/common/reference_pick.h"
 #include "ui/common/toolbar_form.h"
+#include "ui/common/window_layout.h"
 
 namespace kelvane::ui {
 
@@ -103,8 +104,7 @@ void frmFind::OfferSecondKeyword(bool offered) {
 }
 
 void frmFind::Form_Resize() {
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
 }
 
 void frmFind::Form_KeyDown(Key& key, int /*shift*/) {

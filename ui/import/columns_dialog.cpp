@@ -8,6 +8,7 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/text_conversion.h"
+#include "ui/common/window_layout.h"
 
 namespace kelvane::ui {
 
@@ -109,8 +110,7 @@ std::optional<ChosenColumns> frmImportColumns::Ask(std::size_t sheet,
 }
 
 void frmImportColumns::Form_Load() {
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     cboSheet.SetText(mSheets.at(mSheet).name);
     ShowSheet();
     GridColumns.SetFocus();

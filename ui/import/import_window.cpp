@@ -148,8 +148,7 @@ bool frmImport::TakeTables(bool byHand) {
 
 void frmImport::Form_Load() {
     RestoreLayout(mKeptLayout, Name());
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     GridRows.SetFocus();
     if (GridRows.Rows() > 1) GridRows.MoveTo(1, entries::kDateColumn);
 }

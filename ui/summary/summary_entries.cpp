@@ -100,8 +100,7 @@ std::optional<std::int64_t> frmSummaryEntries::Ask() {
 
 void frmSummaryEntries::Form_Load() {
     RestoreLayout(mKeptLayout, Name());
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     GridEntries.SetFocus();
     if (GridEntries.Rows() > 1) GridEntries.MoveTo(1, entries::kDateColumn);
 }

@@ -110,8 +110,7 @@ void frmSummary::Form_Load() {
     ShowChoice();
     SummarizeAgain();
     RestoreLayout(mKeptLayout, Name());
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     GridSummary.SetFocus();
 }
 

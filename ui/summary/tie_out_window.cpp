@@ -106,8 +106,7 @@ std::optional<std::int64_t> frmTieOut::Ask() {
 void frmTieOut::Form_Load() {
     CompareAgain();
     RestoreLayout(mKeptLayout, Name());
-    const platform::Windows& windows = *data::gServices->windows;
-    SetPosition((windows.ScreenWidth() - Width()) / 2, (windows.ScreenHeight() - Height()) / 2);
+    Centre(*this);
     GridTieOut.SetFocus();
 }
 

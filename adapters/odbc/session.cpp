@@ -94,7 +94,7 @@ void Session::ReadAhead(bool changeable) {
     std::vector<Result> answers;
     mServer.RequireConnected();
     try {
-        for (const std::string& query : mAnnounced.NextBatch()) {
+        for (const std::string_view query : mAnnounced.NextBatch()) {
             Plan plan = mServer.Dialect().PlanBatch(query, purpose, mServer);
             const bool together = !plan.changes && plan.steps.size() == 1 &&
                                   plan.steps.front().givesRows && !plan.steps.front().error;

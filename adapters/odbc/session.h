@@ -6,10 +6,19 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/odbc/announced_queries.h"
+#include "adapters/database/announced_queries.h"
+#include "adapters/odbc/engine_dialect.h"
 #include "adapters/odbc/server_transaction.h"
 
 namespace kelvane::odbc {
+
+// What a query returned.
+struct Result {
+    ResultRows rows;
+    RowSource source;
+    // The transaction that keeps the rows locked; 0: none does.
+    long lockedIn = 0;
+};
 
 class Session {
 public:
@@ -52,7 +61,7 @@ private:
     void ReadAhead(bool changeable);
 
     Server mServer;
-    AnnouncedQueries mAnnounced;
+    database::AnnouncedQueries<Result> mAnnounced;
     ServerTransaction mTransaction{mServer};
     database::Transactions mTransactions{mTransaction};
 };

@@ -1,5 +1,7 @@
 #include "adapters/sqlite/connection.h"
 
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "adapters/database/refusals.h"
@@ -51,14 +53,23 @@ public:
 
     int State() const override { return mSession ? platform::kStateOpen : 0; }
 
-    void Begin() override { RequireOpen().Transactions().Begin(); }
-    void Commit() override { RequireOpen().Transactions().Commit(); }
-    void RollBack() override { RequireOpen().Transactions().RollBack(); }
-    void BeginSnapshot() override { RequireOpen().Transactions().BeginSnapshot(); }
+    void Begin() override { RequireOpen().Begin(); }
+    void Commit() override { RequireOpen().Commit(); }
+    void RollBack() override { RequireOpen().RollBack(); }
+    void BeginSnapshot() override { RequireOpen().BeginSnapshot(); }
+
+    void ReadAhead(std::span<const platform::StatementText> queries,
+                   const platform::RecordSetOptions& options) override {
+        if (!mSession) return;
+        if (options.lock == LockType::Pessimistic) queries = {};
+        mSession->Announce(queries, options.lock != LockType::ReadOnly);
+    }
 
 protected:
     void DoExecute(const std::string& statement) override {
-        RequireOpen().Run(statement, false, false);
+        Session& session = RequireOpen();
+        session.Announce({}, false);
+        session.Run(statement, false, false);
     }
 
     std::unique_ptr<platform::RecordSet> DoOpenRecordSet(
@@ -70,7 +81,13 @@ protected:
         auto writer = std::make_unique<FileRowWriter>(mSession, locks);
         const bool wantsChange =
             options.lock != LockType::ReadOnly && !session.Transactions().IsSnapshot();
-        Result result = session.Run(statement, true, wantsChange);
+        std::optional<Result> answer;
+        if (options.lock == LockType::Pessimistic) {
+            session.Announce({}, false);
+        } else {
+            answer = session.Answer(statement, wantsChange);
+        }
+        Result result = answer ? std::move(*answer) : session.Run(statement, true, wantsChange);
         if (!result.origin) {
             return std::make_unique<BufferedRecordSet>(std::move(result.rows), nullptr, false,
                                                        std::move(writer));

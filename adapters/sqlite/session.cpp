@@ -38,6 +38,26 @@ private:
     bool mOpen;
 };
 
+// The queries in its scope see the account as of one moment.
+class ReadTransaction {
+public:
+    explicit ReadTransaction(Database& database) : mDatabase(database) { mDatabase.Run("begin"); }
+    ~ReadTransaction() {
+        if (mDatabase.InTransaction()) mDatabase.TryRun("commit");
+    }
+    ReadTransaction(const ReadTransaction&) = delete;
+    ReadTransaction& operator=(const ReadTransaction&) = delete;
+
+private:
+    Database& mDatabase;
+};
+
+bool IsOneQuery(const tsql::Translation& translation) {
+    if (translation.statements.size() != 1) return false;
+    const tsql::TranslatedStatement& statement = translation.statements.front();
+    return !statement.error && statement.translated.kind == tsql::Statement::Kind::Select;
+}
+
 // The engine found a table or column missing that our catalog still knew.
 bool IsSchemaFailure(Database& database, int code) {
     if (code == SQLITE_SCHEMA) return true;
@@ -131,9 +151,12 @@ bool Session::RunOne(PreparedBatch& batch, std::size_t place, tsql::PackedRows* 
     return true;
 }
 
-Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable) {
-    tsql::Lex(batchText, mText);
-    std::shared_ptr<PreparedBatch> batch = Prepare(changeable);
+Result Session::Run(std::string_view batch, bool wantsRows, bool changeable) {
+    tsql::Lex(batch, mText);
+    return RunPrepared(Prepare(changeable), wantsRows, changeable);
+}
+
+Result Session::RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows, bool changeable) {
     Result result;
     result.lockedIn = mTransactions.Current();
     bool retried = false;
@@ -162,7 +185,61 @@ Result Session::Run(std::string_view batchText, bool wantsRows, bool changeable)
     return result;
 }
 
+void Session::Announce(std::span<const platform::StatementText> queries, bool changeable) {
+    mAnnounced.Announce(queries, changeable);
+}
+
+std::optional<Result> Session::Answer(std::string_view query, bool changeable) {
+    if (!mAnnounced.IsNext(query, changeable)) return {};
+    // Who has a transaction or a lock decides himself what is read in it.
+    if (mTransactions.IsExplicit() || mTransactions.HasLockers()) return {};
+    if (!mAnnounced.IsAnswered()) ReadAhead(changeable);
+    return mAnnounced.Take();
+}
+
+// One lock on the file and one look at its state for all of them; a query for itself costs more of
+// that than of reading.
+void Session::ReadAhead(bool changeable) {
+    std::vector<Result> answers;
+    try {
+        const ReadTransaction moment(mDatabase);
+        for (const std::string_view query : mAnnounced.NextBatch()) {
+            tsql::Lex(query, mText);
+            std::shared_ptr<PreparedBatch> batch = Prepare(changeable);
+            if (!IsOneQuery(*batch->translation)) break;
+            answers.push_back(RunPrepared(std::move(batch), true, changeable));
+        }
+    } catch (...) {
+        if (answers.empty()) {
+            mAnnounced.End();
+            throw;
+        }
+    }
+    mAnnounced.SetAnswers(std::move(answers));
+}
+
+void Session::Begin() {
+    mAnnounced.End();
+    mTransactions.Begin();
+}
+
+void Session::Commit() {
+    mAnnounced.End();
+    mTransactions.Commit();
+}
+
+void Session::RollBack() {
+    mAnnounced.End();
+    mTransactions.RollBack();
+}
+
+void Session::BeginSnapshot() {
+    mAnnounced.End();
+    mTransactions.BeginSnapshot();
+}
+
 void Session::Change(const RowChange& change, long lockedIn) {
+    mAnnounced.End();
     mTransactions.RequireIntact();
     mTransactions.RequireChangeable();
     mTransactions.RegainLock();

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "adapters/database/announced_queries.h"
 #include "adapters/sqlite/catalog.h"
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/file_transaction.h"
@@ -46,6 +49,18 @@ public:
     // `changeable`: the rows carry their identity behind the columns where that is possible.
     Result Run(std::string_view batch, bool wantsRows, bool changeable);
 
+    // Which queries Answer() will be asked next; an empty list ends what was announced before.
+    void Announce(std::span<const platform::StatementText> queries, bool changeable);
+    // The rows of the next announced query, when `query` is it and can be read ahead: together with
+    // those behind it, as of one moment. A query behind it that fails has its error in its turn.
+    // Throws what `query` itself fails with.
+    std::optional<Result> Answer(std::string_view query, bool changeable);
+
+    void Begin();
+    void Commit();
+    void RollBack();
+    void BeginSnapshot();
+
     // `lockedIn` is the row's Result's. Throws DatabaseError when the row is gone or has been
     // changed.
     void Change(const RowChange& change, long lockedIn);
@@ -61,6 +76,9 @@ private:
     int StepAll(Statement& statement, const tsql::Translated& translated, tsql::PackedRows* rows,
                 bool& stale);
     void Forget();
+    // Runs the batch that mText is, which Prepare() has given.
+    Result RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows, bool changeable);
+    void ReadAhead(bool changeable);
 
     Database mDatabase;
     SqliteCatalog mCatalog;
@@ -70,6 +88,7 @@ private:
     tsql::SqliteWriter mWriter;
     tsql::LexedText mText;
     std::vector<tsql::Datum> mValues;
+    database::AnnouncedQueries<Result> mAnnounced;
 };
 
 }  // namespace kelvane::sqlite

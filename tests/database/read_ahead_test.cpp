@@ -96,6 +96,59 @@ TEST_F(ReadAhead, AFailureIsThatOfItsQueryAlone) {
     EXPECT_EQ(Answer(queries[3]), Value("a"));
 }
 
+TEST_F(ReadAhead, AFailureOfTheFirstLeavesTheOthers) {
+    Execute("insert into Probe(id,c) values(1,'a')");
+    const std::vector<StatementText> queries{StatementText("select absent from Probe"),
+                                             StatementText("select c from Probe"),
+                                             StatementText("select id from Probe where c = 1")};
+    Account().ReadAhead(queries, {});
+    EXPECT_THROW(Account().OpenRecordSet(queries[0]), DatabaseError);
+    EXPECT_EQ(Answer(queries[1]), Value("a"));
+    EXPECT_THROW(Account().OpenRecordSet(queries[2]), DatabaseError);
+}
+
+TEST_F(ReadAhead, ABatchIsAsOfOneMomentAndNoLonger) {
+    if (IsNative()) GTEST_SKIP() << "a server of its own dialect may ignore announcements";
+    InsertLine(1, 7);
+    const std::vector<StatementText> queries{SumOf(1), SumOf(2), SumOf(1)};
+    Account().ReadAhead(queries, {});
+    EXPECT_EQ(Answer(queries[0]).ToMoney(), Money::FromText("7"));
+    Connect()->Execute(StatementText("delete from PM_ItemQCsub"));
+    EXPECT_TRUE(Answer(queries[1]).IsNull());
+    EXPECT_EQ(Answer(queries[2]).ToMoney(), Money::FromText("7"));
+    EXPECT_TRUE(Answer(queries[2]).IsNull());
+}
+
+TEST_F(ReadAhead, EndedItSeesWhatOthersHaveSaved) {
+    const std::vector<StatementText> queries{SumOf(2), SumOf(1)};
+    Account().ReadAhead(queries, {});
+    EXPECT_TRUE(Answer(queries[0]).IsNull());
+    Connect()->Execute(StatementText(
+        "insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(1,'M01',1,1,7)"));
+    Account().ReadAhead({}, {});
+    EXPECT_EQ(Answer(queries[1]).ToMoney(), Money::FromText("7"));
+}
+
+TEST_F(ReadAhead, EndsWithAWriteOfOurOwn) {
+    const std::vector<StatementText> queries{SumOf(2), SumOf(1)};
+    Account().ReadAhead(queries, {});
+    EXPECT_TRUE(Answer(queries[0]).IsNull());
+    InsertLine(1, 7);
+    EXPECT_EQ(Answer(queries[1]).ToMoney(), Money::FromText("7"));
+}
+
+TEST_F(ReadAhead, EndsWithAChangedRow) {
+    Execute("insert into Probe(id,i) values(1,5)");
+    const auto row = Open("select id,i from Probe", platform::LockType::Optimistic);
+    const StatementText stored("select i from Probe");
+    const std::vector<StatementText> queries{stored, stored};
+    Account().ReadAhead(queries, {});
+    EXPECT_EQ(Answer(stored), Value(std::int64_t{5}));
+    row->SetField("i", Value(std::int64_t{6}));
+    row->Update();
+    EXPECT_EQ(Answer(stored), Value(std::int64_t{6}));
+}
+
 TEST_F(ReadAhead, EndsWithATransaction) {
     InsertLine(1, 7);
     const std::vector<StatementText> queries{SumOf(2), SumOf(1), SumOf(1)};

@@ -61,6 +61,7 @@ public:
     void ReadAhead(std::span<const platform::StatementText> queries,
                    const platform::RecordSetOptions& options) override {
         if (!mSession) return;
+        if (queries.empty()) return mSession->EndAnnounced();
         if (options.lock == LockType::Pessimistic) queries = {};
         mSession->Announce(queries, options.lock != LockType::ReadOnly);
     }
@@ -113,6 +114,7 @@ private:
         if (code != SQLITE_ROW) database.Fail(code);
         const std::string answer = check.Text(0);
         if (answer != "ok") throw AccountError(database.Path(), "已损坏（" + answer + "）");
+        database.ForgetPages();
     }
 
     void Prepare(Session& session) {

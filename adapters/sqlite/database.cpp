@@ -2,6 +2,10 @@
 
 #include <utility>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include "adapters/sqlite/failures.h"
 #include "adapters/sqlite/functions.h"
 #include "adapters/sqlite/hardening.h"
@@ -17,6 +21,9 @@ void RefuseBloomFilters(sqlite3* handle) {
     constexpr int kBloomFilters = 0x00080000;
     sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle, kBloomFilters);
 }
+
+// Fewer are kept: giving them back would take longer than they are worth.
+constexpr int kManyBytes = 2 << 20;
 
 // Of the engine's own: often enough to end a statement in time, seldom enough to cost nothing.
 constexpr int kStepsBetweenLooks = 1000;
@@ -48,6 +55,18 @@ Database::Database(const std::string& path, int timeout) : mPath(path), mTimeout
 
 Database::~Database() {
     sqlite3_close_v2(mHandle);
+}
+
+void Database::ForgetPages() {
+    int used = 0;
+    int most = 0;
+    sqlite3_db_status(mHandle, SQLITE_DBSTATUS_CACHE_USED, &used, &most, 0);
+    if (used < kManyBytes) return;
+    sqlite3_db_release_memory(mHandle);
+#ifdef __GLIBC__
+    // They lie between what else was taken meanwhile; without this the program would keep them.
+    malloc_trim(0);
+#endif
 }
 
 void Database::SetTimeout(int milliseconds) {

@@ -35,6 +35,9 @@ public:
     // The one number that a query returns.
     std::int64_t Number(const char* query);
 
+    // Gives the pages that are kept for the next statements back to the system, when they are many.
+    void ForgetPages();
+
     void SetTimeout(int milliseconds);
     int Timeout() const { return mTimeout; }
     void SetStatementBound(std::chrono::milliseconds bound) { mStatementBound = bound; }

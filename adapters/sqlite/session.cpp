@@ -185,6 +185,12 @@ Result Session::RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows
     return result;
 }
 
+void Session::EndAnnounced() {
+    mAnnounced.End();
+    // A list has been loaded: what was kept for its queries would take more room than the list.
+    mDatabase.ForgetPages();
+}
+
 void Session::Announce(std::span<const platform::StatementText> queries, bool changeable) {
     mAnnounced.Announce(queries, changeable);
 }

@@ -51,6 +51,8 @@ public:
 
     // Which queries Answer() will be asked next; an empty list ends what was announced before.
     void Announce(std::span<const platform::StatementText> queries, bool changeable);
+    // The last of them was asked; gives back what was kept for them.
+    void EndAnnounced();
     // The rows of the next announced query, when `query` is it and can be read ahead: together with
     // those behind it, as of one moment. A query behind it that fails has its error in its turn.
     // Throws what `query` itself fails with.

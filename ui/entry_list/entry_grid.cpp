@@ -27,8 +27,22 @@ std::unique_ptr<RecordSet> Query(const StatementText& statement) {
     return gEnv->DataAccess().Query(statement);
 }
 
+// The columns of the entries' query. By place: a name would be looked up for every cell.
+enum Column {
+    kIdentity,
+    kDate,
+    kItemCode,
+    kItemName,
+    kKeyCode1,
+    kKeyCode2,
+    kCenterCode,
+    kDigest,
+    kElementCode,
+    kAmount,
+};
+
 std::string ElementCode(const RecordSet& entry) {
-    return entry.Field("cElementCode").ToText();
+    return entry.Field(kElementCode).ToText();
 }
 
 StatementText ElementOf(const std::string& code) {
@@ -43,8 +57,8 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     const auto element = Query(elementQuery);
     const bool known = !element->EndOfFile();
 
-    const Value date = entry.Field("dDate");
-    const platform::Money amount = entry.Field("mQC").ToMoney();
+    const Value date = entry.Field(kDate);
+    const platform::Money amount = entry.Field(kAmount).ToMoney();
     std::string cells;
     // A tab in a text would move the cells behind it.
     const auto append = [&cells](std::string text) {
@@ -53,14 +67,14 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
         cells += text;
     };
     append(date.IsNull() ? "" : date.ToDateTime().DateText('-'));
-    for (const char* name : {"cCenterCode", "citemcode", "citemname", "cKeyCode1", "cKeyCode2"}) {
-        append(entry.Field(name).ToText());
+    for (const Column column : {kCenterCode, kItemCode, kItemName, kKeyCode1, kKeyCode2}) {
+        append(entry.Field(column).ToText());
     }
     append(known ? element->Field(0).ToText() : "");
-    append(entry.Field("cDigest").ToText());
+    append(entry.Field(kDigest).ToText());
     append(amount.IsZero() ? "0.00" : data::DisplayOfMoney(amount));
 
-    const auto identity = static_cast<std::int32_t>(entry.Field("iEleVid").ToInteger());
+    const auto identity = static_cast<std::int32_t>(entry.Field(kIdentity).ToInteger());
     const std::int64_t detail = known ? element->Field(1).ToInteger() : 0;
     details.Add(identity, static_cast<std::int16_t>(detail));
     const int row = grid.AddItem(cells);

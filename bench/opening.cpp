@@ -8,7 +8,7 @@ namespace kelvane::bench {
 
 namespace {
 
-constexpr double kLimitOfOpening = 1.5;
+constexpr double kLimitOfOpening = 1.0;
 constexpr double kLimitOfGrowth = 1.3;
 
 std::vector<PlainStatement> StatementsOfOpening(const std::string& account, std::int64_t entries) {

@@ -103,7 +103,11 @@ void EntryStore::ReSum(platform::HostDataAccess& access) {
     // that time short.
     constexpr std::size_t kPiece = 64;
     AnnouncedQueries sumQueries(
-        access, identities.size(), [&](std::size_t i) { return DetailSum(identities[i]); }, kPiece);
+        access, identities.size(),
+        [&](std::size_t i) {
+            return DetailSum(i < identities.size() ? identities[i] : entries->Field(0).ToInteger());
+        },
+        kPiece);
     for (; !entries->EndOfFile(); entries->MoveNext()) {
         const std::int64_t identity = entries->Field(0).ToInteger();
         const auto sums = SumOf(access, sumQueries.Next());

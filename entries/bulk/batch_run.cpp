@@ -35,6 +35,7 @@ private:
     WriteOutcome WriteInTransaction();
     platform::BatchIntent Intent() const;
     void Withdraw(int batch);
+    void EndInDoubt(int batch);
 
     const Planner& mPlan;
     MasterData& mMasterData;
@@ -110,7 +111,7 @@ WriteOutcome Running::Write() {
     try {
         outcome = WriteInTransaction();
     } catch (const platform::CommitInDoubt&) {
-        journal.End(batch, BatchOutcome::InDoubt);
+        EndInDoubt(batch);
         throw;
     } catch (...) {
         Withdraw(batch);
@@ -147,6 +148,15 @@ void Running::Withdraw(int batch) {
         mRequest.journal->Withdraw(batch);
     } catch (const platform::JournalFailed&) {
         // What failed before is what is told.
+    }
+}
+
+// One that stays unfinished is found out by the account as well.
+void Running::EndInDoubt(int batch) {
+    try {
+        mRequest.journal->End(batch, BatchOutcome::InDoubt);
+    } catch (const platform::JournalFailed&) {
+        // The doubt is what is told.
     }
 }
 

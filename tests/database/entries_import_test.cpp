@@ -320,6 +320,14 @@ TEST_F(ImportTest, ACommitWithoutAnAnswerIsInDoubt) {
     EXPECT_EQ(journal.batches[0].outcome, BatchOutcome::Written);
 }
 
+TEST_F(ImportTest, ADoubtThatTheJournalCannotKeepIsADoubtStill) {
+    Add("一", "1");
+    journal.endFails = true;
+    mLog.lostAnswer = support::StatementLog::LostAnswer::Saved;
+    EXPECT_THROW(Import(), platform::CommitInDoubt);
+    EXPECT_EQ(Stored(), std::string(kBefore) + "10一1 ");
+}
+
 TEST_F(ImportTest, AJournalThatCannotSayHowItEndedIsTold) {
     Add("一", "1");
     journal.endFails = true;

@@ -10,7 +10,7 @@ namespace {
 
 using platform::StatementText;
 
-constexpr std::array kFaults{Fault::Error,      Fault::Busy,       Fault::Lost,
+constexpr std::array kFaults{Fault::Error,      Fault::Busy,       Fault::Lost,         Fault::Gone,
                              Fault::AnswerLost, Fault::DoubtSaved, Fault::DoubtNotSaved};
 
 constexpr std::string_view kInDoubt = "不能确定";

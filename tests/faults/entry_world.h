@@ -94,6 +94,7 @@ public:
     using EntryListTest::Open;
     using EntryListTest::Read;
     using EntryListTest::Run;
+    using EntryListTest::services;
     using EntryListTest::Type;
     using EntryListTest::windows;
 

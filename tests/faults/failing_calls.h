@@ -1,5 +1,5 @@
 // Which call of a service fails, and how: calls are counted, and the one that was asked for fails,
-// once. What fails once in every place shows what each place does about it.
+// once, or all from there on. What fails once in every place shows what each place does about it.
 #pragma once
 
 #include <optional>
@@ -10,6 +10,7 @@ enum class Fault {
     Error,          // refused, nothing was done
     Busy,           // refused, another operator holds what is needed
     Lost,           // the connection is gone, and the open transaction with it
+    Gone,           // the same, and it does not come back
     AnswerLost,     // done, then the connection is gone
     DoubtSaved,     // a commit without an answer that was done
     DoubtNotSaved,  // a commit without an answer that was not
@@ -40,6 +41,7 @@ public:
     // Counts one call. Returns what befalls it.
     std::optional<Fault> Next(Call call) {
         if (mLeft == 0 || !CanBefall(mFault, call) || --mLeft > 0) return std::nullopt;
+        if (mFault == Fault::Gone) mLeft = 1;
         mFailed = true;
         return mFault;
     }

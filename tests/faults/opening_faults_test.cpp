@@ -61,7 +61,7 @@ TEST_P(OpeningFaults, TellTheTruthAndTheNextOpeningShowsAll) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, OpeningFaults,
-                         testing::Values(Fault::Error, Fault::Busy, Fault::Lost,
+                         testing::Values(Fault::Error, Fault::Busy, Fault::Lost, Fault::Gone,
                                          Fault::AnswerLost));
 
 }  // namespace

@@ -105,10 +105,26 @@ void SafeFile::Finish() {
         mDisk.Sync(mFile);
         // Closed last: until then nobody else takes it for a draft that was left behind.
         mDisk.Rename(mDraft, platform::Utf8Of(mPlace));
-        mDraft.clear();
-        mDisk.Close(std::exchange(mFile, -1));
-        mDisk.SyncFolder(platform::Utf8Of(FolderOf(mPlace)));
     });
+    mDraft.clear();
+    Settle();
+}
+
+// The new file stands in its place, and what it holds is on the disk: to say that it was not
+// written would be false from here on, whatever else fails.
+void SafeFile::Settle() noexcept {
+    try {
+        mDisk.Close(std::exchange(mFile, -1));
+    } catch (const std::exception&) {
+        // Everything was synced before.
+        mFile = -1;
+    }
+    try {
+        mDisk.SyncFolder(platform::Utf8Of(FolderOf(mPlace)));
+    } catch (const std::exception&) {
+        // A power cut may bring the old file back, whole.
+        return;
+    }
 }
 
 }  // namespace kelvane::output

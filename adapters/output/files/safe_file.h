@@ -33,7 +33,8 @@ public:
 
     void Write(std::string_view bytes);
 
-    // Puts the complete file in its place.
+    // Puts the complete file in its place. When this throws, what was there is still there. That
+    // the folder could not be synced is no failure: the new file is there.
     void Finish();
 
     // Throws FileFailure with `reason` for this file.
@@ -43,6 +44,7 @@ private:
     template <typename Work>
     void Guard(const Work& work) const;
     void Flush();
+    void Settle() noexcept;
     void RemoveLeftDrafts();
 
     std::string mName;

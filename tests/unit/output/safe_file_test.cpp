@@ -74,6 +74,18 @@ TEST(SafeFile, LeavesWhatWasThereWhateverFails) {
     }
 }
 
+// The new file is there by then.
+TEST(SafeFile, IsWrittenThoughItsFolderCannotBeSynced) {
+    const TemporaryFolder folder;
+    WriteText(folder / "a.txt", "old");
+    FailingDisk disk(FailingDisk::Call::SyncFolder);
+    SafeFile file((folder / "a.txt").string(), disk);
+    file.Write("new");
+    EXPECT_NO_THROW(file.Finish());
+    EXPECT_EQ(ReadText(folder / "a.txt"), "new");
+    EXPECT_EQ(folder.FileCount(), 1U);
+}
+
 TEST(SafeFile, KeepsTheAccessRightsOfTheFileBefore) {
     const TemporaryFolder folder;
     const std::string path = (folder / "a.txt").string();

@@ -1,0 +1,142 @@
+// The list written to a file, and the print settings, when any one call of the disk fails: the old
+// file or the whole new one, nothing left beside it, and the operator is told which.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "adapters/output/files/named_files.h"
+#include "adapters/output/formats/xml_text_document.h"
+#include "adapters/output/output_print_control.h"
+#include "adapters/output/style/style_service.h"
+#include "tests/faults/counting_disk.h"
+#include "tests/faults/entry_world.h"
+#include "tests/faults/unsynced_files.h"
+#include "tests/unit/host/temporary_folder.h"
+
+namespace kelvane::faults {
+namespace {
+
+using host_test::ReadText;
+using host_test::WriteText;
+
+class FileWorld : public EntryWorld {
+public:
+    explicit FileWorld(const std::string& name) : path(mFolder / name) {
+        WriteText(path, kOld);
+        data::gPrintStylePath = (mFolder / "").string();
+        services.createPrintControl = [this] {
+            return std::make_unique<output::OutputPrintControl>(output::PrintEnvironment{
+                .windows = windows,
+                .surroundings = mFiles,
+                .failed = [](std::string_view place,
+                             std::string_view reason) { data::ReportTrapped(place, reason); },
+                .disk = mDisk});
+        };
+        services.createPrintStyle = [] { return std::make_unique<output::StyleService>(); };
+        services.createXmlDocument = [this] {
+            return std::make_unique<output::XmlTextDocument>(mDisk);
+        };
+    }
+    ~FileWorld() override { Form().Unload(); }
+
+    std::string File() const { return ReadText(path); }
+    auto FilesInFolder() const {
+        return std::distance(std::filesystem::directory_iterator(mFolder.Path()), {});
+    }
+
+    static constexpr const char* kOld = "old";
+    FailingCalls diskCalls;
+
+private:
+    host_test::TemporaryFolder mFolder;
+
+public:
+    const std::filesystem::path path;
+
+private:
+    CountingDisk mDisk{diskCalls};
+    output::NamedFiles mFiles{[this](const auto&) { return path.string(); }};
+};
+
+struct Deed {
+    const char* name;
+    const char* file;
+    void (*act)(FileWorld& world);
+    const char* success;
+    const char* failure;
+};
+
+class FileFaults : public testing::TestWithParam<Deed> {
+    UnsyncedFiles mFiles;
+};
+
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+// Returns whether there was such a call. Of a file it is known that it is whole by its length: some
+// say when they were made.
+bool CheckFault(const Deed& deed, std::size_t complete, Fault fault, int number) {
+    SCOPED_TRACE("call " + std::to_string(number));
+    FileWorld world(deed.file);
+    world.Open();
+    world.diskCalls.Fail(number, fault);
+    deed.act(world);
+    const bool failed = world.diskCalls.Heal();
+    const std::string told = world.TakeTold();
+    const bool isWritten = world.File() != FileWorld::kOld;
+    EXPECT_EQ(world.File().size(), isWritten ? complete : std::string(FileWorld::kOld).size());
+    EXPECT_EQ(isWritten, Contains(told, deed.success)) << told;
+    EXPECT_EQ(!isWritten, Contains(told, deed.failure)) << told;
+    EXPECT_EQ(world.FilesInFolder(), 1);
+    deed.act(world);
+    EXPECT_EQ(world.File().size(), complete);
+    EXPECT_TRUE(Contains(world.TakeTold(), deed.success));
+    EXPECT_EQ(world.FilesInFolder(), 1);
+    world.ExpectUsable();
+    return failed;
+}
+
+TEST_P(FileFaults, LeaveTheOldFileOrTheWholeNewOne) {
+    const Deed& deed = GetParam();
+    std::size_t complete = 0;
+    {
+        FileWorld world(deed.file);
+        world.Open();
+        deed.act(world);
+        complete = world.File().size();
+        ASSERT_GT(complete, std::string(FileWorld::kOld).size());
+    }
+    for (const Fault fault : {Fault::Error, Fault::Gone}) {
+        int number = 1;
+        while (CheckFault(deed, complete, fault, number)) {
+            if (testing::Test::HasFailure()) return;
+            ++number;
+        }
+        EXPECT_GT(number, 1) << "nothing failed";
+    }
+}
+
+void Export(FileWorld& world) {
+    world.Form().ExportList();
+}
+
+void SaveSettings(FileWorld& world) {
+    world.windows.answers = {platform::MessageAnswer::Yes};
+    world.Form().xmlPrt_SaveSettings("<a>1</a>", "<b>2</b>");
+}
+
+constexpr const char* kWritten = "成功输出到文件。";
+constexpr const char* kNotWritten = "文件没有写成，原有的文件没有改变。";
+
+INSTANTIATE_TEST_SUITE_P(, FileFaults,
+                         testing::Values(Deed{"Csv", "a.csv", Export, kWritten, kNotWritten},
+                                         Deed{"Xml", "a.xml", Export, kWritten, kNotWritten},
+                                         Deed{"Xlsx", "a.xlsx", Export, kWritten, kNotWritten},
+                                         Deed{"Pdf", "a.pdf", Export, kWritten, kNotWritten},
+                                         Deed{"Settings", "PeriodItemStyle.xml", SaveSettings,
+                                              "格式保存成功！", "设置没有保存。"}),
+                         [](const auto& deed) { return std::string(deed.param.name); });
+
+}  // namespace
+}  // namespace kelvane::faults

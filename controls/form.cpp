@@ -154,9 +154,10 @@ bool Form::KeyUp(platform::Key key, int shift) {
     return key == platform::Key::None;
 }
 
-void Form::RunEvent(std::string_view place, const std::function<void()>& handler) noexcept {
+void Form::RunGuarded(std::string_view place, const void* handler,
+                      void (*run)(const void* handler)) noexcept {
     try {
-        handler();
+        run(handler);
     } catch (const std::exception& error) {
         Trapped(place, error.what());
     } catch (...) {

@@ -116,7 +116,11 @@ public:
     bool OfferKeyPress(char32_t& character);
 
     // Runs `handler` as one of this form's events: what it throws is reported to Trapped().
-    void RunEvent(std::string_view place, const std::function<void()>& handler) noexcept;
+    template <typename Handler>
+    void RunEvent(std::string_view place, const Handler& handler) noexcept {
+        RunGuarded(place, &handler,
+                   [](const void* given) { (*static_cast<const Handler*>(given))(); });
+    }
 
     // Set by the view. ViewChanged: something that can be seen has changed. FocusMoved: code has
     // moved the focus. Refused: a grid has refused a change or a move in that cell.
@@ -140,6 +144,9 @@ protected:
 
 private:
     friend class Control;
+    // What an event needs is on the stack: it begins, and is trapped, without any memory.
+    void RunGuarded(std::string_view place, const void* handler,
+                    void (*run)(const void* handler)) noexcept;
     void Join(Control& control) { mControls.push_back(&control); }
     void Touch();
 

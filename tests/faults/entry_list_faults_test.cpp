@@ -8,8 +8,6 @@
 namespace kelvane::faults {
 namespace {
 
-using platform::StatementText;
-
 constexpr std::array kFaults{Fault::Error,      Fault::Busy,       Fault::Lost,         Fault::Gone,
                              Fault::AnswerLost, Fault::DoubtSaved, Fault::DoubtNotSaved};
 
@@ -24,31 +22,14 @@ struct Deed {
     bool (*act)(EntryWorld& world);
 };
 
-StatementText LinesScript() {
-    StatementText script("delete from PM_ItemQCsub where iEleVid=");
-    script.EntryPlaceholder() << " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) "
-                                 "values(";
-    script.EntryPlaceholder() << ",'M01',10,2,20) insert into "
-                                 "PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(";
-    script.EntryPlaceholder() << ",'M02',5,1,5)";
-    return script;
-}
-
 void ChangeOldRow(EntryWorld& world) {
     world.Open();
-    world.Go(2, kDigestColumn);
-    world.Type("槽钢");
-    world.List().SetText(2, kAmountColumn, "25");
-    world.Form().mDetailSql = LinesScript();
+    world.ChangeRowWithLines("槽钢");
 }
 
 void AddNewRow(EntryWorld& world) {
     world.Open();
-    const int row = world.AddFilledRow();
-    world.Go(row, kElementColumn);
-    world.Type("材料费");
-    world.List().SetText(row, kAmountColumn, "25");
-    world.Form().mDetailSql = LinesScript();
+    world.AddRowWithLines();
 }
 
 bool Leave(EntryWorld& world) {

@@ -33,6 +33,22 @@ public:
     }
     void TestBody() override {}
 
+    // The operator has made two lines for the row with lines, and for a new one, and has not left
+    // it yet.
+    void ChangeRowWithLines(const std::string& digest) {
+        Go(2, kDigestColumn);
+        Type(digest);
+        List().SetText(2, kAmountColumn, "25");
+        Form().mDetailSql = LinesScript();
+    }
+    void AddRowWithLines() {
+        const int row = AddFilledRow();
+        Go(row, kElementColumn);
+        Type("材料费");
+        List().SetText(row, kAmountColumn, "25");
+        Form().mDetailSql = LinesScript();
+    }
+
     // All entries and their lines as another operator finds them, without the identities of new
     // ones: a number can be used up by a save that failed.
     std::string Content() {
@@ -103,6 +119,15 @@ public:
 private:
     static constexpr int kIdentityField = 7;
 
+    static platform::StatementText LinesScript() {
+        platform::StatementText script("delete from PM_ItemQCsub where iEleVid=");
+        script.EntryPlaceholder()
+            << " insert into PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(";
+        script.EntryPlaceholder() << ",'M01',10,2,20) insert into "
+                                     "PM_ItemQCsub(iEleVid,cCodeMx,iUprice,iNum,mQC) values(";
+        script.EntryPlaceholder() << ",'M02',5,1,5)";
+        return script;
+    }
     static std::string RowText(const platform::RecordSet& row, int fields) {
         std::string text;
         for (int i = 0; i < fields; ++i) text += row.Field(i).ToText() + " ";

@@ -88,6 +88,8 @@ public:
         return written;
     }
 
+    using BulkFixture::Connect;
+
     std::string told;  // the last failure's text
     FailingCalls calls;
     FailingCalls diskCalls;

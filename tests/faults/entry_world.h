@@ -108,6 +108,7 @@ public:
     using EntryListTest::Go;
     using EntryListTest::List;
     using EntryListTest::Open;
+    using EntryListTest::other;
     using EntryListTest::Read;
     using EntryListTest::Run;
     using EntryListTest::services;

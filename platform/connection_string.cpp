@@ -75,6 +75,18 @@ std::optional<Range> NextPassword(std::string_view text, std::size_t from) {
     return {};
 }
 
+// The same with all that is hidden together with it: where the marks of one password are not closed
+// as they should be, another one may begin before it ends.
+std::optional<Range> NextHidden(std::string_view text, std::size_t from) {
+    std::optional<Range> hidden = NextPassword(text, from);
+    if (!hidden) return {};
+    for (auto inner = NextPassword(text, hidden->begin); inner && inner->begin < hidden->end;
+         inner = NextPassword(text, inner->begin)) {
+        hidden->end = std::max(hidden->end, inner->end);
+    }
+    return hidden;
+}
+
 bool IsOfWord(char c) {
     const char lower = LowerAscii(c);
     return c == '_' || (c >= '0' && c <= '9') || (lower >= 'a' && lower <= 'z');
@@ -221,7 +233,7 @@ bool HoldsPassword(std::string_view text) {
 std::string WithoutPasswords(std::string_view text) {
     std::string cleared;
     std::size_t at = 0;
-    while (const auto password = NextPassword(text, at)) {
+    while (const auto password = NextHidden(text, at)) {
         cleared += text.substr(at, password->begin - at);
         cleared += kHidden;
         at = password->end;
@@ -238,7 +250,7 @@ std::vector<std::string> SecretsOf(std::string_view connectionString, std::strin
     std::size_t at = 0;
     while (const auto found = NextPassword(connectionString, at)) {
         forms.AddValue(Trimmed(connectionString.substr(found->begin, found->end - found->begin)));
-        at = found->end;
+        at = found->begin;
     }
     return std::move(forms).Sorted();
 }

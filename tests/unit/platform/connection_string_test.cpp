@@ -114,6 +114,15 @@ TEST(HiddenPasswords, WithStrayMarksAndQuotes) {
     EXPECT_EQ(WithoutPasswords("\"DSN=x;PWD=a\" is refused"), "\"DSN=x;PWD=***");
 }
 
+TEST(HiddenPasswords, WhoseBeginningIsInAnothersMarks) {
+    EXPECT_EQ(WithoutPasswords("Password=\"c\"x;\nPWD={a\";secret};UID=k"), "Password=***;UID=k");
+    EXPECT_EQ(WithoutPasswords("PWD={a;PWD=b;c};UID=k"), "PWD=***;UID=k");
+    for (const std::string& form : SecretsOf("Password=\"c\"x;\nPWD={a\";secret};UID=k")) {
+        if (form == "a\";secret") return;
+    }
+    ADD_FAILURE() << "the second password is no secret";
+}
+
 TEST(Secrets, NoFormOfAPasswordIsShown) {
     const std::string text = "Driver=A;PWD={a;b}}c};UID=sa;";
     EXPECT_EQ(Hidden("in [" + text + "] failed", text), "in [***;] failed");

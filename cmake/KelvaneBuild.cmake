@@ -26,10 +26,16 @@ target_compile_options(kelvane_warnings INTERFACE
 
 if(KELVANE_SANITIZE)
     # GCC's instrumented code confuses this one warning.
-    target_compile_options(kelvane_warnings INTERFACE -Wno-maybe-uninitialized)
+    target_compile_options(kelvane_warnings INTERFACE
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+endif()
+if(KELVANE_FUZZ)
+    # What libFuzzer follows a run by; the fuzz targets alone are linked with libFuzzer itself.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+    add_link_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # The standard headers that most sources include, compiled once for all libraries: they are most of

@@ -1,14 +1,18 @@
 // Gives a fuzz target what is in files, and the same with changes that are the same in every run:
 //
-//   PROGRAM CHANGES FILE...     CHANGES: how many changed copies of each file
+//   PROGRAM CHANGES PATH...     CHANGES: how many changed copies of each file
+//
+// A PATH is a file or a folder of files; a folder that is not there holds none.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <random>
 #include <string>
+#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 
@@ -38,26 +42,43 @@ void Change(std::string& content, std::mt19937& random) {
     }
 }
 
+// In the order of their names, so that every run tries the same.
+std::vector<std::string> FilesIn(const std::string& path) {
+    namespace fs = std::filesystem;
+    if (!fs::is_directory(path)) return {path};
+    std::vector<std::string> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
+        files.push_back(entry.path().string());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
     if (count < 3) return 2;
     const long changes = std::stol(arguments[1]);
     std::mt19937 random(1);
+    long tried = 0;
     for (int at = 2; at < count; ++at) {
-        std::ifstream file(arguments[at], std::ios::binary);
-        const std::string content{std::istreambuf_iterator<char>(file), {}};
-        if (content.empty()) {
-            std::cerr << arguments[at] << ": nothing to read\n";
-            return 1;
-        }
-        Try(content);
-        for (long change = 0; change < changes; ++change) {
-            std::string changed = content;
-            Change(changed, random);
-            Try(changed);
+        if (!std::filesystem::exists(arguments[at])) continue;
+        for (const std::string& path : FilesIn(arguments[at])) {
+            std::ifstream file(path, std::ios::binary);
+            const std::string content{std::istreambuf_iterator<char>(file), {}};
+            if (content.empty()) {
+                std::cerr << path << ": nothing to read\n";
+                return 1;
+            }
+            Try(content);
+            for (long change = 0; change < changes; ++change) {
+                std::string changed = content;
+                Change(changed, random);
+                Try(changed);
+            }
+            tried += changes + 1;
         }
     }
-    std::cout << "tried " << (count - 2) * (changes + 1) << "\n";
-    return 0;
+    std::cout << "tried " << tried << "\n";
+    return tried > 0 ? 0 : 1;
 }

@@ -1,8 +1,9 @@
-// Any bytes as a table's file: it is read, or it is refused, and nothing else happens. Called by
-// libFuzzer (scripts/fuzz-tables), and by replay.cpp in the tests.
+// Any bytes as a table's file, and as a copied text: it is read, or it is refused, and nothing else
+// happens. Called by libFuzzer (scripts/fuzz), and by replay.cpp in the tests.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 #include "adapters/tables/open_table.h"
@@ -36,16 +37,23 @@ void ReadAsEntries(platform::TableReader& reader) {
     entries::ReadBulkTable(reader, entries::LineTableShape(), how);
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    const std::string content(reinterpret_cast<const char*>(bytes), size);
+template <typename Open>
+void Try(const Open& open) {
     try {
-        const auto reader = tables::OpenTableBytes(content, "a");
+        const std::unique_ptr<platform::TableReader> reader = open();
         ReadAll(*reader);
         reader->Properties();
         ReadAsEntries(*reader);
     } catch (const platform::TableRefused&) {
     }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    const std::string content(reinterpret_cast<const char*>(bytes), size);
+    Try([&] { return tables::OpenTableBytes(content, "a"); });
+    Try([&] { return tables::OpenTableBytes(content, "a", tables::TextEncoding::Gb18030); });
+    Try([&] { return tables::OpenCopiedTable(content); });
     return 0;
 }

@@ -42,6 +42,10 @@ void Grid::SelectTo(int row, int col) {
     if (!CanSelect()) return;
     if (!mSelection.IsActive()) BeginSelection(mRow, mCol);
     MoveCorner(row, col);
+    // All was not selected from the current row on, which is never left out.
+    if (mSelection.Range().HasRow(mRow)) return;
+    BeginSelection(mRow, mCol);
+    MoveCorner(row, col);
 }
 
 void Grid::SelectRowsTo(int row) {

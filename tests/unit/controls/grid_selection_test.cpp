@@ -46,6 +46,17 @@ TEST_F(GridSelectionTest, TheCurrentCellIsSelectedAndNothingWhereNoRowIsCurrent)
     EXPECT_FALSE(grid.ExtendSelection(Key::Down, kShift));
 }
 
+TEST_F(GridSelectionTest, TheCurrentRowIsNeverLeftOut) {
+    grid.SelectAll();
+    grid.SelectTo(1, 4);
+    EXPECT_EQ(Range(), "1 2 to 2 4");
+    EXPECT_EQ(grid.SelectedRows(), 2);
+    EXPECT_EQ(Sum(), "3001");
+    grid.SelectRowsTo(2);
+    Extend(Key::Down);
+    EXPECT_EQ(Range(), "2 1 to 3 4");
+}
+
 TEST_F(GridSelectionTest, KeysMoveTheCornerAndLeaveNoRow) {
     Extend(Key::Down);
     EXPECT_EQ(Range(), "2 2 to 3 2");

@@ -2,8 +2,10 @@
 //
 //   PROGRAM CHANGES PATH...     CHANGES: how many changed copies of each file
 //
-// A PATH is a file or a folder of files; a folder that is not there holds none.
+// The input that a promise breaks with is kept as "found_input" where the program was started. A
+// PATH is a file or a folder of files; a folder that is not there holds none.
 #include <algorithm>
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -18,7 +20,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 
 namespace {
 
+// The input that is tried, and where it is left when it ends the process.
+std::string gTried;
+const std::filesystem::path gFound = std::filesystem::current_path() / "found_input";
+
+void KeepFound(int /*signal*/) {
+    std::ofstream(gFound, std::ios::binary) << gTried;
+    std::cerr << "kept in " << gFound << "\n";
+}
+
 void Try(const std::string& content) {
+    gTried = content;
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(content.data()), content.size());
 }
 
@@ -59,6 +71,7 @@ std::vector<std::string> FilesIn(const std::string& path) {
 int main(int count, char** arguments) {
     if (count < 3) return 2;
     const long changes = std::stol(arguments[1]);
+    std::signal(SIGABRT, KeepFound);
     std::mt19937 random(1);
     long tried = 0;
     for (int at = 2; at < count; ++at) {

@@ -4,7 +4,8 @@
 Each operator is a process of the program that adds, changes and deletes entries of its own, keeps
 detail lines, and now and then changes an entry that all of them share. What a row's leaving said is
 what counts: an entry said to be saved must be there as it was saved, a deleted one must be gone, no
-identity may be twice, and an amount kept in lines must be their sum.
+identity may be twice, and an amount kept in lines must be their sum. Somebody reads the account
+meanwhile: he may see nothing that nobody wrote, and nothing that was replaced before.
 """
 
 import argparse
@@ -22,6 +23,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
 
 from account import Account
 from conversation import Conversation
+from history import History, Reader, Reading, Register
 from materials import add_materials, item_code, price_of
 from postgres_server import PostgresServer
 
@@ -85,15 +87,17 @@ class Killer:
 
 
 class Entry:
-    def __init__(self, digest, amount, lines):
+    def __init__(self, register, digest, amount, lines):
+        self.register = register
         self.digest = digest
         self.amount = amount
         self.lines = lines
 
 
 class Operator:
-    def __init__(self, number, program, account, operations, seed, killer):
+    def __init__(self, number, program, account, operations, seed, killer, history):
         self.killer = killer
+        self.history = history
         self.number = number
         self.program = program
         self.account = account
@@ -102,8 +106,6 @@ class Operator:
         self.counts = Counter()  # operations that were acknowledged
         self.troubles = Counter()  # what stood in the way, by what the operator was told
         self.rows = []  # the list from top to bottom: an Entry of its own, or None
-        self.deleted = set()
-        self.shared = []  # the digests that the shared entry was said to have
         self.failure = None
         self.slowest = 0.0
 
@@ -120,9 +122,11 @@ class Operator:
                 began = time.monotonic()
                 self.work(f"{self.number}-{turn}")
                 self.slowest = max(self.slowest, time.monotonic() - began)
+                self.history.progress.step()
             self.conversation.close()
         except Exception:  # told by the main thread
             self.killer.abort()
+            self.history.progress.abort()
             self.failure = traceback.format_exc()
 
     def work(self, name):
@@ -141,14 +145,17 @@ class Operator:
         else:
             self.add(name, kind == "add with lines")
 
-    def leave(self, kind):
+    def leave(self, kind, register, value):
         """Leaves the row by going to another one; tells whether it was saved."""
-        return self.attempt(kind, f"go {HOME_ROW} 2")
+        return self.attempt(kind, register, value, f"go {HOME_ROW} 2")
 
-    def attempt(self, kind, *commands):
+    def attempt(self, kind, register, value, *commands):
+        """What is done writes `value` to `register`."""
         self.killer.let_save()
+        began = time.monotonic()
         for answer in self.tries(commands):
             if answer.succeeded and not answer.boxes:
+                register.note(value, began, time.monotonic())
                 self.counts[kind] += 1
                 self.killer.let_type()
                 return True
@@ -217,19 +224,20 @@ class Operator:
             # Two decimals: what the cell takes.
             amount = amount.quantize(Decimal("0.01"))
             self.edit(row, 9, amount)
-        if not self.leave("add with lines" if with_lines else "add"):
+        register = self.history.own[name] = Register()
+        if not self.leave("add with lines" if with_lines else "add", register, (name, amount)):
             raise RuntimeError(f"{name} could not be saved: {dict(self.troubles)}")
-        self.rows.append(Entry(name, amount, lines))
+        self.rows.append(Entry(register, name, amount, lines))
 
     def change(self, row, name):
         entry = self.rows[row - 1]
         amount = Decimal(self.chance.randint(1, 10**6)) / 100
         self.edit(row, 8, name)
         self.edit(row, 9, amount)
-        if not self.leave("change"):
+        self.history.own[name] = entry.register
+        if not self.leave("change", entry.register, (name, amount)):
             raise RuntimeError(f"{entry.digest} could not be changed: {dict(self.troubles)}")
-        self.deleted.add(entry.digest)
-        self.rows[row - 1] = Entry(name, amount, {})
+        self.rows[row - 1] = Entry(entry.register, name, amount, {})
 
     def change_lines(self, row):
         entry = self.rows[row - 1]
@@ -239,21 +247,21 @@ class Operator:
             self.edit(place, 5, entry.lines[item])
         self.save_lines()
         entry.amount = sum_of(entry.lines)
-        if not self.leave("change lines"):
+        if not self.leave("change lines", entry.register, (entry.digest, entry.amount)):
             raise RuntimeError(f"{entry.digest}'s lines could not be saved: {dict(self.troubles)}")
 
     def delete(self, row):
         self.go(row, 2)
-        if not self.attempt("delete", "answer yes", "click Delete"):
-            raise RuntimeError("an entry could not be deleted")
-        self.deleted.add(self.rows.pop(row - 1).digest)
+        entry = self.rows[row - 1]
+        if not self.attempt("delete", entry.register, None, "answer yes", "click Delete"):
+            raise RuntimeError(f"{entry.digest} could not be deleted: {dict(self.troubles)}")
+        del self.rows[row - 1]
 
     def change_shared(self, name):
         digest = "共" + name
         self.edit(self.shared_row, 8, digest)
-        if not self.leave("change shared"):
+        if not self.leave("change shared", self.history.shared, digest):
             raise RuntimeError(f"the shared entry could not be changed: {dict(self.troubles)}")
-        self.shared.append(digest)
 
 
 def sum_of(lines):
@@ -305,10 +313,6 @@ def wrong_in(account, operators):
                         for item, quantity in expected[digest].lines.items())
         if sorted(lines.get(identity, [])) != wanted:
             wrong.append(f"{digest}: lines {sorted(lines.get(identity, []))} instead of {wanted}")
-    shared = [digest for identity, digest, _ in entries if identity == SHARED]
-    told = {operator.shared[-1] for operator in operators if operator.shared}
-    if told and shared[0] not in told:
-        wrong.append(f"the shared entry is {shared[0]}, which is nobody's last change")
     return wrong
 
 
@@ -322,29 +326,43 @@ def main():
     parser.add_argument("--server-kills", type=int, default=0, help="each operator makes so many "
                         "operations, and during each the server that scripts/with-postgres started "
                         "is killed")
+    parser.add_argument("--readings", type=int, default=5, help="of the account while they work;"
+                        " none when the server is killed")
     parser.add_argument("--seed", type=int, default=None)
     arguments = parser.parse_args()
     seed = arguments.seed if arguments.seed is not None else random.randrange(1 << 32)
     print(f"seed {seed}")
     operations = arguments.server_kills or arguments.operations
+    readings = 0 if arguments.server_kills else arguments.readings
     with tempfile.TemporaryDirectory(prefix="kelvane-load-") as folder, \
             Account(arguments.tool, Path(folder) / "account.kelvane") as account:
         prepare(arguments.program, account)
         killer = Killer(arguments.server_kills, arguments.operators, seed)
-        operators = [Operator(number, arguments.program, account, operations, seed,
-                              killer)
+
+        def read():
+            return Reading(account, SHARED, FIRST_IDENTITY)
+
+        history = History(read().shared)
+        operators = [Operator(number, arguments.program, account, operations, seed, killer, history)
                      for number in range(1, arguments.operators + 1)]
-        threads = [threading.Thread(target=worker.run) for worker in [*operators, killer]]
+        reader = Reader(arguments.program, account, history, readings,
+                        operations * arguments.operators, read)
+        workers = [*operators, killer, reader]
+        threads = [threading.Thread(target=worker.run) for worker in workers]
         began = time.monotonic()
         for thread in threads:
             thread.start()
         for thread in threads:
             thread.join()
         elapsed = time.monotonic() - began
-        failures = [worker.failure for worker in [*operators, killer] if worker.failure]
+        failures = [worker.failure for worker in workers if worker.failure]
         for failure in failures:
             print(failure)
-        wrong = [] if failures else wrong_in(account, operators)
+        wrong = []
+        if not failures:
+            wrong = wrong_in(account, operators)
+            for reading in [*reader.readings, read()]:
+                wrong += history.wrong_in(reading)
         if killer.server:
             killer.server.stop()
     counts = sum((operator.counts for operator in operators), Counter())
@@ -361,6 +379,8 @@ def main():
         print("nobody was told of any trouble")
     for line in wrong[:20]:
         print(line)
+    if not failures:
+        print(f"the account was read {len(reader.readings)} times meanwhile")
     if not failures and not wrong:
         print("the account holds what the operators were told")
     return 1 if failures or wrong else 0

@@ -6,12 +6,12 @@
 #include <utility>
 
 #include "bench/entry_windows.h"
-#include "bench/latency_proxy.h"
 #include "bench/row_leaving.h"
 #include "bench/samples.h"
 #include "bench/server_floor.h"
 #include "data/login_context.h"
 #include "host/creation/server_account.h"
+#include "tests/support/network_proxy.h"
 
 namespace kelvane::bench {
 
@@ -90,7 +90,7 @@ public:
 
 private:
     std::string mConnectionString;
-    std::optional<LatencyProxy> mProxy;
+    std::optional<support::NetworkProxy> mProxy;
 };
 
 double Open(const std::string& connectionString, bool oneByOne) {

@@ -1,4 +1,4 @@
-#include "bench/latency_proxy.h"
+#include "tests/support/network_proxy.h"
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -15,7 +15,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace kelvane::bench {
+namespace kelvane::support {
 
 namespace {
 
@@ -69,7 +69,7 @@ bool WaitFor(int from, const std::deque<Parcel>& onTheWay) {
 
 }  // namespace
 
-LatencyProxy::LatencyProxy(int port, std::chrono::microseconds delay)
+NetworkProxy::NetworkProxy(int port, std::chrono::microseconds delay)
     : mServerPort(port), mDelay(delay), mListener(NewSocket()) {
     sockaddr_in address = Loopback(0);
     socklen_t size = sizeof address;
@@ -83,7 +83,7 @@ LatencyProxy::LatencyProxy(int port, std::chrono::microseconds delay)
     mAcceptor = std::thread([this] { Accept(); });
 }
 
-LatencyProxy::~LatencyProxy() {
+NetworkProxy::~NetworkProxy() {
     shutdown(mListener, SHUT_RDWR);
     mAcceptor.join();
     for (const int socket : mSockets) shutdown(socket, SHUT_RDWR);
@@ -92,7 +92,55 @@ LatencyProxy::~LatencyProxy() {
     close(mListener);
 }
 
-void LatencyProxy::Accept() {
+void NetworkProxy::Break(const std::optional<NetworkCut>& cut) {
+    const std::lock_guard lock(mMutex);
+    mCut = cut;
+    mAnswers.clear();
+    mAnswering = true;
+    mBroke = false;
+}
+
+bool NetworkProxy::Mend() {
+    const std::lock_guard lock(mMutex);
+    mCut.reset();
+    mGone = false;
+    return mBroke;
+}
+
+std::vector<std::size_t> NetworkProxy::Answers() const {
+    const std::lock_guard lock(mMutex);
+    return mAnswers;
+}
+
+bool NetworkProxy::IsGone() const {
+    const std::lock_guard lock(mMutex);
+    return mGone;
+}
+
+NetworkProxy::Passage NetworkProxy::BreakHere(std::size_t bytes) {
+    mBroke = true;
+    mGone = mCut->forGood;
+    mCut.reset();
+    return {bytes, true};
+}
+
+NetworkProxy::Passage NetworkProxy::Pass(bool isAnswer, std::size_t bytes) {
+    const std::lock_guard lock(mMutex);
+    if (mGone) return {0, true};
+    if (!isAnswer && mAnswering) mAnswers.push_back(0);
+    mAnswering = isAnswer;
+    const bool isHere = mCut && mCut->turn == mAnswers.size();
+    if (!isAnswer) {
+        return isHere && !mCut->answerBytes ? BreakHere(0) : Passage{bytes, false};
+    }
+    if (mAnswers.empty()) return {bytes, false};
+    const std::size_t before = mAnswers.back();
+    mAnswers.back() += bytes;
+    if (!isHere || mAnswers.back() <= mCut->answerBytes) return {bytes, false};
+    return BreakHere(*mCut->answerBytes - before);
+}
+
+void NetworkProxy::Accept() {
     for (;;) {
         const int client = accept4(mListener, nullptr, nullptr, SOCK_CLOEXEC);
         if (client < 0) return;
@@ -103,27 +151,31 @@ void LatencyProxy::Accept() {
         SendAtOnce(client);
         SendAtOnce(server);
         mSockets.insert(mSockets.end(), {client, server});
-        if (!reached) {
+        if (!reached || IsGone()) {
             shutdown(client, SHUT_RDWR);
+            shutdown(server, SHUT_RDWR);
             continue;
         }
-        mCarriers.emplace_back([this, client, server] { Carry(client, server); });
-        mCarriers.emplace_back([this, client, server] { Carry(server, client); });
+        mCarriers.emplace_back([this, client, server] { Carry(client, server, false); });
+        mCarriers.emplace_back([this, client, server] { Carry(server, client, true); });
     }
 }
 
-void LatencyProxy::Carry(int from, int to) const {
+void NetworkProxy::Carry(int from, int to, bool isAnswer) {
     std::deque<Parcel> onTheWay;
     std::array<char, 65536> piece;
     bool open = true;
+    bool breaks = false;
     while (open || !onTheWay.empty()) {
         if (open && WaitFor(from, onTheWay)) {
             const ssize_t count = recv(from, piece.data(), piece.size(), 0);
-            open = count > 0;
-            if (open) {
-                onTheWay.push_back({Clock::now() + mDelay,
-                                    std::string(piece.data(), static_cast<std::size_t>(count))});
+            if (count > 0) {
+                const Passage passage = Pass(isAnswer, static_cast<std::size_t>(count));
+                breaks = passage.breaks;
+                onTheWay.push_back(
+                    {Clock::now() + mDelay, std::string(piece.data(), passage.bytes)});
             }
+            open = count > 0 && !breaks;
         } else if (!open) {
             std::this_thread::sleep_until(onTheWay.front().due);
         }
@@ -132,7 +184,8 @@ void LatencyProxy::Carry(int from, int to) const {
             onTheWay.pop_front();
         }
     }
-    shutdown(to, SHUT_WR);
+    if (breaks) shutdown(from, SHUT_RDWR);
+    shutdown(to, breaks ? SHUT_RDWR : SHUT_WR);
 }
 
-}  // namespace kelvane::bench
+}  // namespace kelvane::support

@@ -1,14 +1,13 @@
 #!/usr/bin/env python3
 """Kills the program while it writes a list to a file, and looks at what is left.
 
-The file has to be the old one, to the byte, or a whole new one, whenever the kill comes. What a
-killed program left beside the file is gone when the next one has written to the same folder.
+The file has to be the old one, to the byte, or a whole new one, whenever the kill comes: at some
+places of each file, and at random moments. What a killed program left beside the file is gone when
+the next one has written to the same folder.
 """
 
-import argparse
 import csv
 import os
-import random
 import subprocess
 import sys
 import tempfile
@@ -19,15 +18,11 @@ import zipfile
 from collections import Counter
 from pathlib import Path
 
+from killing import TIMEOUT_SECONDS, Broken, kill_at_size, parse_arguments, shown
+
 OLD = b"what was there before\n"
 EXTENSIONS = ("xlsx", "csv", "pdf", "xml")
-TIMEOUT_SECONDS = 120
-# Chance may let every kill miss the writing; so many times the kills asked for, at most.
-FURTHER_KILLS = 20
-
-
-class Broken(Exception):
-    """A file is neither the old one nor a whole new one."""
+PLACES = 3  # of each file where the writing of it is killed
 
 
 def csv_rows(path):
@@ -83,14 +78,23 @@ class Folder:
         wanted = {self.target(extension).name for extension in EXTENSIONS}
         return [path for path in self.files.iterdir() if path.name not in wanted]
 
+    def begin(self, extension):
+        return subprocess.Popen(self.command("export", self.account, "--to", self.target(extension)),
+                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                env=self.environment)
+
+    def export_until(self, extension, size):
+        """Writes the list until a file is so large."""
+        process = self.begin(extension)
+        kill_at_size(process, size)
+        if process.wait(TIMEOUT_SECONDS) == 0:
+            raise Broken(f"{extension} is whole within {size} bytes")
+
     def export(self, extension, kill_after=None):
         """Writes the list; with `kill_after`, until so many seconds after the file was begun.
         Returns how long it took from there."""
         known = set(self.drafts())
-        process = subprocess.Popen(self.command("export", self.account, "--to",
-                                                self.target(extension)),
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                   env=self.environment)
+        process = self.begin(extension)
         guard = threading.Timer(TIMEOUT_SECONDS, process.kill)
         guard.start()
         while process.poll() is None and not set(self.drafts()) - known:
@@ -106,54 +110,71 @@ class Folder:
         return time.monotonic() - begun
 
 
+class Crashes:
+    """What is left of the files when their writing is killed."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.outcomes = Counter()
+        self.run_times, self.sizes = {}, {}
+        for extension in EXTENSIONS:
+            self.run_times[extension] = folder.export(extension)
+            self.sizes[extension] = SIZES[extension](folder.target(extension))
+            print(f"{extension}: {self.sizes[extension]} in {self.run_times[extension]:.2f} s")
+
+    def look(self, extension):
+        """Returns what became of the file."""
+        target = self.folder.target(extension)
+        drafts = self.folder.drafts()
+        if len(drafts) > 1:
+            raise Broken(f"drafts of earlier runs: {drafts}")
+        self.outcomes["with a draft"] += len(drafts)
+        outcome = "old"
+        if target.read_bytes() != OLD:
+            outcome = "new"
+            if SIZES[extension](target) != self.sizes[extension]:
+                raise Broken(f"{target.name} is not whole")
+        self.outcomes[outcome] += 1
+        return outcome
+
+    def kill_at_places(self, extension):
+        target = self.folder.target(extension)
+        size = target.stat().st_size
+        for place in range(1, PLACES + 1):
+            target.write_bytes(OLD)
+            self.folder.export_until(extension, size * place // (PLACES + 1))
+            if self.look(extension) != "old":
+                raise Broken(f"{target.name} was replaced by less than a whole one")
+            if not self.folder.drafts():
+                raise Broken(f"{target.name} was not being written")
+
+    def kill_at_random(self, extension, chance):
+        self.folder.target(extension).write_bytes(OLD)
+        self.folder.export(extension, chance.uniform(0, 1.1 * self.run_times[extension]))
+        self.look(extension)
+
+    def tidy(self):
+        self.folder.export("csv")
+        if self.folder.drafts():
+            raise Broken(f"left behind: {self.folder.drafts()}")
+
+
 def main():
-    parser = argparse.ArgumentParser(description=__doc__,
-                                     formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--program", required=True, help="the program kelvane")
-    parser.add_argument("--kills", type=int, default=20)
-    parser.add_argument("--entries", type=int, default=20000)
-    parser.add_argument("--seed", type=int, default=None)
-    arguments = parser.parse_args()
-    seed = arguments.seed if arguments.seed is not None else random.randrange(1 << 32)
-    print(f"seed {seed}")
-    chance = random.Random(seed)
-    outcomes = Counter()
+    arguments = parse_arguments(__doc__, kills=20, more=[("--entries", 20000)], with_account=False)
     with tempfile.TemporaryDirectory(prefix="kelvane-crash-") as path:
         folder = Folder(str(Path(arguments.program).resolve()), Path(path), arguments.entries)
-        run_times, sizes = {}, {}
         try:
+            crashes = Crashes(folder)
             for extension in EXTENSIONS:
-                run_times[extension] = folder.export(extension)
-                sizes[extension] = SIZES[extension](folder.target(extension))
-                print(f"{extension}: {sizes[extension]} in {run_times[extension]:.2f} s")
-            kills = 0
-            while kills < arguments.kills or (
-                    min(outcomes["old"], outcomes["with a draft"]) == 0
-                    and kills < arguments.kills * FURTHER_KILLS):
-                extension = EXTENSIONS[kills % len(EXTENSIONS)]
-                kills += 1
-                target = folder.target(extension)
-                target.write_bytes(OLD)
-                folder.export(extension, chance.uniform(0, 1.1 * run_times[extension]))
-                if target.read_bytes() == OLD:
-                    outcomes["old"] += 1
-                elif SIZES[extension](target) == sizes[extension]:
-                    outcomes["new"] += 1
-                else:
-                    raise Broken(f"{target.name} is not whole")
-                outcomes["with a draft"] += bool(folder.drafts())
-                if len(folder.drafts()) > 1:
-                    raise Broken(f"drafts of earlier runs: {folder.drafts()}")
-            folder.export("csv")
-            if folder.drafts():
-                raise Broken(f"left behind: {folder.drafts()}")
+                crashes.kill_at_places(extension)
+            crashes.tidy()
+            for number in range(arguments.kills):
+                crashes.kill_at_random(EXTENSIONS[number % len(EXTENSIONS)], arguments.chance)
+            crashes.tidy()
         except Broken as error:
             print(error)
             return 1
-    print(", ".join(f"{name} {count}" for name, count in sorted(outcomes.items())))
-    if min(outcomes["old"], outcomes["with a draft"]) == 0:
-        print("no kill hit the writing: nothing was tested")
-        return 1
+    print(shown(crashes.outcomes))
     return 0
 
 

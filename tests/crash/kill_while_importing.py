@@ -7,10 +7,8 @@ the others. When a kill hits is chance; that a batch is decided both ways, writt
 about besides.
 """
 
-import argparse
 import json
 import os
-import random
 import subprocess
 import sys
 import tempfile
@@ -22,16 +20,12 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
 
 from account import Account
+from killing import TIMEOUT_SECONDS, Broken, parse_arguments, shown
 
 BASE_ENTRIES = 5
 ROWS = 150
-TIMEOUT_SECONDS = 60
 TITLES = "日期,责任中心,项目编号,标段,要素,摘要,未结转期初,行号"
 LINE_TITLES = "行号,编码,单价,数量"
-
-
-class Broken(Exception):
-    """Account and journal do not agree."""
 
 
 class Table:
@@ -202,17 +196,8 @@ def decide_both_ways(journal, folder, number):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__,
-                                     formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--program", required=True, help="the program kelvane")
-    parser.add_argument("--tool", required=True, help="the program kelvane_account_tool")
-    parser.add_argument("--kills", type=int, default=200)
-    parser.add_argument("--seed", type=int, default=None)
-    arguments = parser.parse_args()
+    arguments = parse_arguments(__doc__, kills=200)
     program = str(Path(arguments.program).resolve())
-    seed = arguments.seed if arguments.seed is not None else random.randrange(1 << 32)
-    print(f"seed {seed}")
-    chance = random.Random(seed)
     outcomes = Counter()
     number = 0
     with tempfile.TemporaryDirectory(prefix="kelvane-crash-") as name, \
@@ -226,15 +211,15 @@ def main():
         try:
             while outcomes.total() < arguments.kills:
                 number += 1
-                outcome, state = one_run(journal, folder, chance, times, number, state)
+                outcome, state = one_run(journal, folder, arguments.chance, times, number,
+                                         state)
                 if outcome is not None:
                     outcomes[outcome] += 1
             decide_both_ways(journal, folder, number + 1)
         except Broken as error:
-            print(f"run {number}, seed {seed}: {error}")
+            print(f"run {number}: {error}")
             return 1
-    print(f"{account.engine}: {outcomes.total()} kills in {number} runs: " +
-          ", ".join(f"{name} {count}" for name, count in sorted(outcomes.items())))
+    print(f"{account.engine}: {outcomes.total()} kills in {number} runs: " + shown(outcomes))
     return 0
 
 

@@ -1,16 +1,17 @@
 #!/usr/bin/env python3
 """Kills the program while it saves entries with detail lines, and looks at what is left.
 
-A real process is driven through saves of new and of changed entries and killed at random moments.
-After each kill the account is opened by another program: it has to be intact, to hold every save
-that the transcript had acknowledged, and each entry with exactly its old lines or its new lines and
-the amount that belongs to them. Then the next process goes on with the same account.
+A real process is driven through saves of new and of changed entries and killed: in the middle of a
+save's transaction, behind its commit before anybody was told, and at random moments. After each kill
+the account is opened by another program: it has to be intact, to hold every save that the transcript
+had acknowledged, and each entry with exactly its old lines or its new lines and the amount that
+belongs to them. How long others had to wait for the killed one's locks is measured. Then the next
+process goes on with the same account.
 """
 
-import argparse
 import os
-import random
 import sqlite3
+import statistics
 import subprocess
 import sys
 import tempfile
@@ -23,7 +24,9 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
 
 from account import Account
+from killing import TIMEOUT_SECONDS, Broken, kill_at_size, parse_arguments, shown, wait_until
 from materials import add_materials, item_code, price_of
+from postgres_server import PostgresServer
 
 ITEMS = 300
 # Entries whose lines are changed; their many lines make a save long enough to be hit.
@@ -31,13 +34,8 @@ CHANGED = {101: 250, 102: 120, 103: 40}
 SAVES_OF_A_PROCESS = 14
 KILLS_OF_AN_ACCOUNT = 40
 EARLY_KILLS = 0.1  # of all: before the list has opened
-# Chance may leave one outcome of a hit save out; so many times the kills asked for, at most.
-FURTHER_KILLS = 20
-TIMEOUT_SECONDS = 60
-
-
-class Broken(Exception):
-    """The account is not what the transcript promised."""
+PAGE = 4096  # of an account file
+PATIENT = ("--lock-timeout", "600")  # for who is killed while he waits
 
 
 def fill_account(program, account):
@@ -71,12 +69,12 @@ class Save:
 class Plan:
     """What one process is told to do."""
 
-    def __init__(self, chance, state, rows, row_count, first_new):
+    def __init__(self, chance, state, rows, row_count, first_new, may_add):
         self.commands = []
         self.saves = []
         state = dict(state)
         for turn in range(SAVES_OF_A_PROCESS):
-            if chance.random() < 0.35:
+            if may_add and chance.random() < 0.35:
                 row_count += 1
                 save = self.add_entry(chance, row_count, f"新{first_new + turn}")
             else:
@@ -136,8 +134,9 @@ class Plan:
 class Driven:
     """A process that follows a plan; what it says is collected while it goes."""
 
-    def __init__(self, program, account):
-        self.process = subprocess.Popen([program, "drive", *account.words], encoding="utf-8",
+    def __init__(self, program, account, *options):
+        self.killed_at = None
+        self.process = subprocess.Popen([program, "drive", *account.words, *options], encoding="utf-8",
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         stderr=subprocess.DEVNULL, env={**os.environ, **account.environment})
 
@@ -160,6 +159,24 @@ class Driven:
                 count = int(words[0])
                 rows[int(words[1])] = count
         return None
+
+    def kill(self):
+        self.killed_at = time.monotonic()
+        self.process.kill()
+
+    def kill_after(self, seconds):
+        timer = threading.Timer(seconds, self.kill)
+        timer.start()
+        return timer
+
+    def begin(self, commands):
+        """Says them and leaves it waiting for more."""
+        self.process.stdin.write("\n".join(commands) + "\n")
+        self.process.stdin.flush()
+
+    def rest(self):
+        """What it still says when nothing more is said to it."""
+        return self.follow([])
 
     def follow(self, commands):
         def write():
@@ -197,13 +214,17 @@ def check_file(path):
             raise Broken("the account is damaged")
 
 
+def wait_for_locks(account, since):
+    """Writes what saves write; returns how long after `since` nobody was in the way any more."""
+    account.run("update PM_SettingInf set cValue = cValue")
+    account.run("update PM_ItemQC set mQC = mQC")
+    return time.monotonic() - since
+
+
 def read_account(account):
     """The entries by digest, each with its lines, after a look at the whole account."""
     if account.engine == "sqlite":
         check_file(account.words[0])
-    # Waits for what a server is still finishing for a client that is gone.
-    account.run("update PM_SettingInf set cValue = cValue")
-    account.run("update PM_ItemQC set mQC = mQC")
     if account.fields("select count(*) from PM_ItemQCsub where iEleVid not in"
                     " (select iEleVid from PM_ItemQC)") != [["0"]]:
         raise Broken("lines without an entry")
@@ -248,80 +269,154 @@ def check(before, plan, done, begun, found):
     raise Broken(f"after {done} saves, next begun: {begun}, wrong entries: {wrong}")
 
 
-def run_and_kill(program, account, chance, run_time, number):
-    """One process; returns what became of the save being made, or None if it was not killed."""
-    before = read_account(account)
-    driven = Driven(program, account)
-    early = run_time is not None and chance.random() < EARLY_KILLS
-    timer = None
-    if early:
-        timer = threading.Timer(chance.uniform(0, 0.1), driven.process.kill)
-        timer.start()
-    opened = driven.open_list()
-    if opened is None:
-        driven.process.wait()
+class Crashes:
+    """One account after the other, and what came of the kills in them."""
+
+    def __init__(self, program, account, chance):
+        self.program = program
+        self.account = account
+        self.chance = chance
+        self.outcomes = Counter()
+        self.waits = []  # seconds until a killed one's locks were free
+        self.undisturbed_wait = None  # the same where nobody was killed
+        self.runs = 0
+        self.run_time = None
+
+    def prepare(self, *options, may_add=False):
+        """A process with its list open and a plan, and what the account holds before."""
+        self.runs += 1
+        before = read_account(self.account)
+        driven = Driven(self.program, self.account, *options)
+        opened = driven.open_list()
+        if opened is None:
+            raise Broken("the list does not open")
+        return before, driven, Plan(self.chance, before, *opened, self.runs * 1000, may_add)
+
+    def judge(self, before, driven, plan, lines):
+        """What became of the save that was being made when the process was killed."""
+        done, begun = acknowledged(plan, lines)
+        if driven.killed_at is not None:
+            self.waits.append(wait_for_locks(self.account, driven.killed_at))
+        return check(before, plan, done, begun, read_account(self.account))
+
+    def count(self, outcome, wanted):
+        if outcome != wanted:
+            raise Broken(f"a save that must be {wanted} is {outcome}")
+        self.outcomes[outcome] += 1
+
+    def kill_unsaid(self):
+        """Behind the commit, before the transcript can say so."""
+        before, driven, plan = self.prepare()
+        save = plan.saves[0]
+        driven.begin(plan.commands[:save.leave + 1])
+        wait_until(lambda: self.lines_of(save.digest) == save.lines, "the save")
+        driven.kill()
+        self.count(self.judge(before, driven, plan, driven.rest()), "new")
+
+    def lines_of(self, digest):
+        return {int(code[1:]): int(float(quantity)) for code, quantity in self.account.fields(
+            "select s.cCodeMx, s.iNum from PM_ItemQC q, PM_ItemQCsub s where s.iEleVid = q.iEleVid"
+            f" and q.cDigest = '{digest}'")}
+
+    def kill_while_writing(self):
+        """At one page of what the save writes after the other, until none is left."""
+        pages = 0
+        while True:
+            before, driven, plan = self.prepare()
+            written = os.path.getsize(self.account.words[0] + "-wal")
+            kill_at_size(driven.process, written + pages * PAGE + 1)
+            save = plan.saves[0]
+            # The one behind it says that the save was done.
+            lines = driven.follow(plan.commands[:save.leave + 2])
+            outcome = self.judge(before, driven, plan, lines)
+            if outcome != "old":  # the save was done, if there was one
+                break
+            self.outcomes[outcome] += 1
+            pages += 1
+        if pages == 0:
+            raise Broken("no kill hit the writing")
+
+    def kill_while_waiting(self):
+        """In the middle of the transaction: another one holds an entry's lines."""
+        server = PostgresServer()
+        before, driven, plan = self.prepare(*PATIENT)
+        save = plan.saves[0]
+        self.account.ask("begin")
+        self.account.run("delete from PM_ItemQCsub")
+        driven.begin(plan.commands[:save.leave + 1])
+        wait_until(lambda: server.waiting() > 0, "waiting for a lock")
+        driven.kill()
+        lines = driven.rest()
+        self.account.ask("rollback")
+        self.count(self.judge(before, driven, plan, lines), "old")
+
+    def kill_at_random(self):
+        if self.run_time is not None and self.chance.random() < EARLY_KILLS:
+            return self.kill_early()
+        before, driven, plan = self.prepare(may_add=True)
+        started = time.monotonic()
+        timer = driven.kill_after(TIMEOUT_SECONDS if self.run_time is None
+                                  else self.chance.uniform(0, self.run_time))
+        lines = driven.follow(plan.commands)
         timer.cancel()
-        if read_account(account) != before:
+        elapsed = time.monotonic() - started
+        outcome = self.judge(before, driven, plan, lines)
+        if driven.process.returncode != 0:
+            self.outcomes[outcome] += 1
+            return
+        if f"> {plan.commands[-1]}" not in lines:
+            raise Broken("an undisturbed run did not end")
+        if self.run_time is None:
+            self.run_time = elapsed
+            print(f"an undisturbed run of {SAVES_OF_A_PROCESS} saves: {elapsed:.2f} s")
+
+    def kill_early(self):
+        self.runs += 1
+        before = read_account(self.account)
+        driven = Driven(self.program, self.account)
+        timer = driven.kill_after(self.chance.uniform(0, 0.1))
+        driven.open_list()
+        timer.join()
+        driven.rest()
+        if read_account(self.account) != before:
             raise Broken("opening the list changed the account")
-        return "early", 0
-    plan = Plan(chance, before, *opened, number * 1000)
-    if timer is None:
-        limit = TIMEOUT_SECONDS if run_time is None else chance.uniform(0, run_time)
-        timer = threading.Timer(limit, driven.process.kill)
-        timer.start()
-    started = time.monotonic()
-    lines = driven.follow(plan.commands)
-    elapsed = time.monotonic() - started
-    timer.cancel()
-    done, begun = acknowledged(plan, lines)
-    outcome = check(before, plan, done, begun, read_account(account))
-    if driven.process.returncode == 0:
-        if done != len(plan.saves):
-            raise Broken(f"only {done} saves of an undisturbed run")
-        return None, elapsed
-    return outcome, elapsed
+        self.outcomes["early"] += 1
+
+    def run(self, kills):
+        fill_account(self.program, self.account)
+        self.undisturbed_wait = statistics.median(
+            wait_for_locks(self.account, time.monotonic()) for _ in range(9))
+        self.kill_unsaid()
+        if self.account.engine == "sqlite":
+            self.kill_while_writing()
+        else:
+            self.kill_while_waiting()
+        filled_at = self.outcomes.total()
+        kills += filled_at
+        while self.outcomes.total() < kills:
+            if self.outcomes.total() >= filled_at + KILLS_OF_AN_ACCOUNT:
+                filled_at = self.outcomes.total()
+                fill_account(self.program, self.account)
+            self.kill_at_random()
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__,
-                                     formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--program", required=True, help="the program kelvane")
-    parser.add_argument("--tool", required=True, help="the program kelvane_account_tool")
-    parser.add_argument("--kills", type=int, default=200)
-    parser.add_argument("--seed", type=int, default=None)
-    arguments = parser.parse_args()
+    arguments = parse_arguments(__doc__, kills=200)
     program = str(Path(arguments.program).resolve())
-    seed = arguments.seed if arguments.seed is not None else random.randrange(1 << 32)
-    print(f"seed {seed}")
-    chance = random.Random(seed)
-    outcomes = Counter()
     with tempfile.TemporaryDirectory(prefix="kelvane-crash-") as folder, \
             Account(arguments.tool, Path(folder) / "account.kelvane") as account:
-        number = 0
-        run_time = None
+        crashes = Crashes(program, account, arguments.chance)
         try:
-            filled_at = None
-            while outcomes.total() < arguments.kills or (
-                    min(outcomes["old"], outcomes["new"]) == 0
-                    and outcomes.total() < arguments.kills * FURTHER_KILLS):
-                if outcomes.total() % KILLS_OF_AN_ACCOUNT == 0 and outcomes.total() != filled_at:
-                    filled_at = outcomes.total()
-                    fill_account(program, account)
-                number += 1
-                outcome, elapsed = run_and_kill(program, account, chance, run_time, number)
-                if outcome is not None:
-                    outcomes[outcome] += 1
-                elif run_time is None:
-                    run_time = elapsed
-                    print(f"an undisturbed run of {SAVES_OF_A_PROCESS} saves: {elapsed:.2f} s")
+            crashes.run(arguments.kills)
         except Broken as error:
-            print(f"run {number}, seed {seed}: {error}")
+            print(f"run {crashes.runs}: {error}")
             return 1
-    print(f"{account.engine}: {outcomes.total()} kills in {number} runs: " +
-          ", ".join(f"{name} {count}" for name, count in sorted(outcomes.items())))
-    if min(outcomes["old"], outcomes["new"]) == 0:
-        print("no kill left a save undone, or none left it done and unsaid: not all was tested")
-        return 1
+    print(f"{account.engine}: {crashes.outcomes.total()} kills in {crashes.runs} runs: "
+          + shown(crashes.outcomes))
+    print(f"{len(crashes.waits)} killed ones' locks were free after"
+          f" {statistics.median(crashes.waits):.3f} s (median),"
+          f" {max(crashes.waits):.3f} s (the longest); writing the same where nobody was killed"
+          f" takes {crashes.undisturbed_wait:.3f} s")
     return 0
 
 

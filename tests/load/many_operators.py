@@ -29,6 +29,7 @@ from postgres_server import PostgresServer
 
 MATERIALS = 40
 FIRST_IDENTITY = 200  # of the operators' own entries lie above
+NEW_ENTRIES = 30_000  # of all operators: the identities end soon after
 SHARED = 1  # the entry that everybody changes
 HOME_ROW = 2  # an entry that nobody changes
 LONGEST_SAVE_SECONDS = 0.3
@@ -95,7 +96,8 @@ class Entry:
 
 
 class Operator:
-    def __init__(self, number, program, account, operations, seed, killer, history):
+    def __init__(self, number, program, account, operations, new_entries, seed, killer, history):
+        self.new_entries = min(new_entries, operations)
         self.killer = killer
         self.history = history
         self.number = number
@@ -120,7 +122,7 @@ class Operator:
             self.shared_row = 1
             for turn in range(self.operations):
                 began = time.monotonic()
-                self.work(f"{self.number}-{turn}")
+                self.work(turn)
                 self.slowest = max(self.slowest, time.monotonic() - began)
                 self.history.progress.step()
             self.conversation.close()
@@ -129,8 +131,17 @@ class Operator:
             self.history.progress.abort()
             self.failure = traceback.format_exc()
 
-    def work(self, name):
+    def may_add(self, turn):
+        """Spread over the run, so that there are new entries up to its end."""
+        added = self.counts["add"] + self.counts["add with lines"]
+        return added <= self.new_entries * turn / self.operations
+
+    def work(self, turn):
+        name = f"{self.number}-{turn}"
         kind = self.chance.choices(list(OPERATIONS), list(OPERATIONS.values()))[0]
+        may_add = self.may_add(turn)
+        if kind in ("add", "add with lines", "delete") and not may_add:
+            kind = "change" if kind == "add" else "change lines"
         own = [row for row, entry in enumerate(self.rows, 1) if entry is not None]
         plain = [row for row in own if not self.rows[row - 1].lines]
         detailed = [row for row in own if self.rows[row - 1].lines]
@@ -140,10 +151,10 @@ class Operator:
             self.change_lines(self.chance.choice(detailed))
         elif kind == "delete" and own:
             self.delete(self.chance.choice(own))
-        elif kind == "change shared":
-            self.change_shared(name)
-        else:
+        elif kind != "change shared" and may_add:
             self.add(name, kind == "add with lines")
+        else:
+            self.change_shared(name)
 
     def leave(self, kind, register, value):
         """Leaves the row by going to another one; tells whether it was saved."""
@@ -343,7 +354,8 @@ def main():
             return Reading(account, SHARED, FIRST_IDENTITY)
 
         history = History(read().shared)
-        operators = [Operator(number, arguments.program, account, operations, seed, killer, history)
+        operators = [Operator(number, arguments.program, account, operations,
+                              NEW_ENTRIES // arguments.operators, seed, killer, history)
                      for number in range(1, arguments.operators + 1)]
         reader = Reader(arguments.program, account, history, readings,
                         operations * arguments.operators, read)

@@ -3,6 +3,7 @@
 //
 //   run STATEMENT       a statement of the dialect
 //   begin, commit       what is run between them is one transaction
+//   rollback            in place of commit: nothing of it is left
 //   rows SELECT ...     its rows, each behind "row ", fields joined by "|"
 //   hide TABLE          the table is gone, as far as others see
 //   restore TABLE       the table as it was, with its rows
@@ -73,6 +74,8 @@ public:
             mTransaction->Begin();
         } else if (command == "commit") {
             std::exchange(mTransaction, nullptr)->Commit();
+        } else if (command == "rollback") {
+            std::exchange(mTransaction, nullptr)->RollBack();
         } else if (command == "run") {
             support::RunText(*Connect(), rest);
         } else if (command == "rows") {

@@ -1,6 +1,7 @@
 """The server that scripts/with-postgres started, killed and started again."""
 
 import os
+import re
 import shlex
 import signal
 import subprocess
@@ -66,6 +67,16 @@ class PostgresServer:
             if time.monotonic() > deadline or self.process.poll() is not None:
                 raise TimeoutError("the server does not start")
             time.sleep(0.02)
+
+    def waiting(self):
+        """How many sessions wait for others' locks."""
+        place = os.environ["KELVANE_TEST_POSTGRES"]
+        password = re.search(r";PWD=([^;]*)", place).group(1)
+        asked = [str(Path(self.command[0]).parent / "psql"), "-qtAX", "-h", "127.0.0.1", "-p", self.port,
+                 "-U", "kelvane", "-d", "postgres", "-c",
+                 "select count(*) from pg_stat_activity where wait_event_type = 'Lock'"]
+        return int(subprocess.run(asked, check=True, capture_output=True, encoding="utf-8",
+                                  env={**os.environ, "PGPASSWORD": password}).stdout)
 
     def stop(self):
         """Ends what start() started; the first one is not ours."""

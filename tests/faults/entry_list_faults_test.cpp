@@ -2,6 +2,7 @@
 // every way: the account stays whole, what the operator is told is true, and the window goes on.
 #include <array>
 
+#include "tests/faults/entry_deeds.h"
 #include "tests/faults/entry_world.h"
 #include "tests/faults/unsynced_files.h"
 
@@ -11,50 +12,13 @@ namespace {
 constexpr std::array kFaults{Fault::Error,      Fault::Busy,       Fault::Lost,         Fault::Gone,
                              Fault::AnswerLost, Fault::DoubtSaved, Fault::DoubtNotSaved};
 
-constexpr std::string_view kInDoubt = "不能确定";
-
-// Something that the operator does. It is prepared without a fault; done again after one, it
-// succeeds.
-struct Deed {
-    const char* name;
-    void (*prepare)(EntryWorld& world);
-    // Returns whether it was done, as far as the operator can see.
-    bool (*act)(EntryWorld& world);
-};
-
-void ChangeOldRow(EntryWorld& world) {
-    world.Open();
-    world.ChangeRowWithLines("槽钢");
-}
-
-void AddNewRow(EntryWorld& world) {
-    world.Open();
-    world.AddRowWithLines();
-}
-
-bool Leave(EntryWorld& world) {
-    return world.Go(1, kDateColumn);
-}
-
-void GoToRowWithLines(EntryWorld& world) {
-    world.Open();
-    world.Go(2, kDateColumn);
-}
-
-bool Delete(EntryWorld& world) {
-    const int rows = world.List().Rows();
-    world.windows.answers = {platform::MessageAnswer::Yes};
-    world.Form().DeleteRow();
-    return world.List().Rows() < rows;
-}
-
-class EntryListFaults : public testing::TestWithParam<Deed> {
+class EntryListFaults : public testing::TestWithParam<EntryDeed> {
     UnsyncedFiles mFiles;
 };
 
 // What has to hold after `fault` befell call `number` while the deed was done. Returns whether
 // there was such a call.
-bool CheckFault(const Deed& deed, const std::string& complete, Fault fault, int number) {
+bool CheckFault(const EntryDeed& deed, const std::string& complete, Fault fault, int number) {
     SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " +
                  std::to_string(number));
     EntryWorld world;
@@ -84,7 +48,7 @@ bool CheckFault(const Deed& deed, const std::string& complete, Fault fault, int 
 }
 
 TEST_P(EntryListFaults, TellTheTruthAndLeaveAWholeAccount) {
-    const Deed& deed = GetParam();
+    const EntryDeed& deed = GetParam();
     std::string complete;
     {
         EntryWorld world;
@@ -103,10 +67,7 @@ TEST_P(EntryListFaults, TellTheTruthAndLeaveAWholeAccount) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, EntryListFaults,
-                         testing::Values(Deed{"SavingAnOldRow", ChangeOldRow, Leave},
-                                         Deed{"SavingANewRow", AddNewRow, Leave},
-                                         Deed{"Deleting", GoToRowWithLines, Delete}),
+INSTANTIATE_TEST_SUITE_P(, EntryListFaults, testing::ValuesIn(kEntryDeeds),
                          [](const auto& deed) { return std::string(deed.param.name); });
 
 }  // namespace

@@ -6,14 +6,6 @@
 namespace kelvane::faults {
 namespace {
 
-bool OpenList(EntryWorld& world) {
-    world.Form().Unload();
-    world.windows.messages.clear();
-    world.Form().Load();
-    world.Form().Activate();
-    return world.Form().Notice().empty();
-}
-
 class OpeningFaults : public testing::TestWithParam<Fault> {
     UnsyncedFiles mFiles;
 };
@@ -28,7 +20,7 @@ TEST_P(OpeningFaults, TellTheTruthAndTheNextOpeningShowsAll) {
     {
         EntryWorld world;
         damage(world);
-        ASSERT_TRUE(OpenList(world)) << world.TakeTold();
+        ASSERT_TRUE(world.OpenList()) << world.TakeTold();
         complete = world.Content();
         shown = world.Shown();
         ASSERT_EQ(EntryWorld::Findings(), "");
@@ -41,7 +33,7 @@ TEST_P(OpeningFaults, TellTheTruthAndTheNextOpeningShowsAll) {
         damage(world);
         const std::string before = world.Content();
         world.calls.Fail(number, GetParam());
-        const bool done = OpenList(world);
+        const bool done = world.OpenList();
         failed = world.calls.Heal();
         const std::string after = world.Content();
         EXPECT_TRUE(after == before || after == complete) << after;
@@ -50,7 +42,7 @@ TEST_P(OpeningFaults, TellTheTruthAndTheNextOpeningShowsAll) {
             EXPECT_EQ(world.Shown(), shown);
             EXPECT_FALSE(world.List().ReadOnly());
         }
-        EXPECT_TRUE(OpenList(world)) << world.TakeTold();
+        EXPECT_TRUE(world.OpenList()) << world.TakeTold();
         EXPECT_EQ(world.Content(), complete);
         EXPECT_EQ(world.Shown(), shown);
         EXPECT_EQ(EntryWorld::Findings(), "");

@@ -89,7 +89,8 @@ TEST_F(PostgresDialects, SetsUpTheSession) {
               Texts{"set client_encoding to 'UTF8';set standard_conforming_strings to on;set "
                     "datestyle to 'ISO, YMD';set extra_float_digits to 3;set client_min_messages "
                     "to warning;set default_transaction_isolation to 'read committed';set jit to "
-                    "off;set lock_timeout to 700"});
+                    "off;set tcp_keepalives_idle to 30;set tcp_keepalives_interval to 10;set "
+                    "tcp_keepalives_count to 3;set lock_timeout to 700"});
 }
 
 TEST_F(PostgresDialects, OutsideATransactionEveryStatementIsACall) {

@@ -95,6 +95,7 @@ void NetworkEntryFaults::CheckCut(const NetworkCut& cut) {
     if (told.find(kInDoubt) != std::string::npos) {
         mDoubtful.insert(cut.turn);
         mDoubtfulSaved.insert(isSaved);
+        EXPECT_EQ(isSaved, cut.answerBytes.has_value());
     } else {
         EXPECT_EQ(isSaved, done) << told;
     }

@@ -49,9 +49,10 @@ std::string InsertedItems(const Statement& insert, Writer& writer) {
 
 // " set a = …" with the condition. Rows that hold the constants already are left alone, so that
 // nothing is locked or made durable where nothing changes; `differs` writes that a column, whose
-// name is quoted, does not hold a value.
-template <typename Writer, typename Differs>
-std::string SetAndWhere(const Statement& update, Writer& writer, const Differs& differs) {
+// name is quoted, does not hold a value, and `picks` the statement's condition.
+template <typename Writer, typename Differs, typename Picks>
+std::string SetAndWhere(const Statement& update, Writer& writer, const Differs& differs,
+                        const Picks& picks) {
     std::string text = " set ";
     std::string changes;
     for (const Assignment& assignment : update.assignments) {
@@ -65,7 +66,7 @@ std::string SetAndWhere(const Statement& update, Writer& writer, const Differs& 
         text.append(column).append(" = ").append(value);
         changes += differs(column, value);
     }
-    const std::string where = update.where ? writer.Value(*update.where) : "";
+    const std::string where = update.where ? picks() : "";
     if (!where.empty()) text += " where " + where;
     if (SetsConstants(update)) {
         text += (where.empty() ? " where (" : " and (") + changes + ')';

@@ -228,6 +228,14 @@ void ExpressionAnalyzer::Call(Expression& expression) {
     SetTypeOfCall(expression);
 }
 
+bool IsConstant(const Expression& expression) {
+    if (expression.kind == Kind::Column || expression.kind == Kind::Aggregate || expression.query) {
+        return false;
+    }
+    return std::all_of(expression.operands.begin(), expression.operands.end(),
+                       [](const ExpressionPtr& operand) { return IsConstant(*operand); });
+}
+
 std::string Signature(const Expression& expression) {
     std::string text = std::to_string(static_cast<int>(expression.kind)) + expression.name + '|' +
                        expression.symbol + '|' + platform::LowerAscii(expression.table) + '|' +

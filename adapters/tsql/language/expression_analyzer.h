@@ -51,6 +51,9 @@ private:
 // Makes `expression` yield `type`.
 void ConvertTo(ExpressionPtr& expression, Type type);
 
+// Whether the value is the same for every row: it names no column and asks no table.
+bool IsConstant(const Expression& expression);
+
 // A text that two expressions share exactly when they mean the same.
 std::string Signature(const Expression& expression);
 

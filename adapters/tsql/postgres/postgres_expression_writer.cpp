@@ -63,7 +63,7 @@ PostgresExpressionWriter::Grouping::~Grouping() {
 }
 
 bool PostgresExpressionWriter::IsGroup(const Expression& expression) const {
-    return !mGroups.empty() &&
+    return !mGroups.empty() && !IsConstant(expression) &&
            std::find(mGroups.begin(), mGroups.end(), Signature(expression)) != mGroups.end();
 }
 
@@ -74,10 +74,9 @@ std::string PostgresExpressionWriter::AddParameter(const Expression& literal, Pa
 }
 
 std::string PostgresExpressionWriter::Value(const Expression& expression) {
-    if (expression.type.IsText() && IsGroup(expression)) {
-        return "(array_agg(" + Plain(expression) + mGroupOrder + "))[1]";
-    }
-    return Plain(expression);
+    if (!IsGroup(expression)) return Plain(expression);
+    const std::string own = RowsOwn(expression);
+    return expression.type.IsText() ? "(array_agg(" + own + mGroupOrder + "))[1]" : own;
 }
 
 std::string PostgresExpressionWriter::Plain(const Expression& expression) {
@@ -111,12 +110,17 @@ std::string PostgresExpressionWriter::Plain(const Expression& expression) {
     }
 }
 
+std::string PostgresExpressionWriter::RowsOwn(const Expression& expression) {
+    const RowByRow rows(*this);
+    return Plain(expression);
+}
+
 std::string PostgresExpressionWriter::Comparable(const Expression& expression) {
     if (!expression.type.IsText()) return Value(expression);
     if (expression.kind == Kind::Literal) {
         return AddParameter(expression, Parameter::Use::Key, expression.type);
     }
-    return Key(IsGroup(expression) ? Plain(expression) : Value(expression));
+    return Key(IsGroup(expression) ? RowsOwn(expression) : Value(expression));
 }
 
 std::string PostgresExpressionWriter::Stored(const Expression& expression, Type type,
@@ -177,16 +181,16 @@ std::string PostgresExpressionWriter::CallValue(const Expression& call) {
 
 // Inside an aggregate a text is each row's own, not the one that stands for the group.
 std::string PostgresExpressionWriter::AggregateValue(const Expression& aggregate) {
-    std::vector<std::string> groups = std::exchange(mGroups, {});
-    std::string text = CallValue(aggregate);
-    mGroups = std::move(groups);
-    return text;
+    const RowByRow rows(*this);
+    return CallValue(aggregate);
 }
 
 std::string PostgresExpressionWriter::ExtremeValue(const Expression& call,
                                                    const std::string& order) {
-    const std::string value = Value(*call.operands[0]);
+    std::string value = Value(*call.operands[0]);
     if (!call.type.IsText()) return call.name + '(' + Distinct(call) + value + ')';
+    // A literal has no type of its own there.
+    if (IsConstant(*call.operands[0])) value += "::text";
     return "(array_agg(" + value + " order by " + Key(value) + order + ") filter (where " + value +
            " is not null))[1]";
 }

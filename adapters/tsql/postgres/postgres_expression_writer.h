@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "adapters/tsql/translation.h"
@@ -51,7 +52,22 @@ public:
     };
 
 private:
+    // While it lives, texts are each row's own: rows are not grouped yet.
+    class RowByRow {
+    public:
+        explicit RowByRow(PostgresExpressionWriter& writer)
+            : mWriter(writer), mGroups(std::exchange(writer.mGroups, {})) {}
+        ~RowByRow() { mWriter.mGroups = std::move(mGroups); }
+        RowByRow(const RowByRow&) = delete;
+        RowByRow& operator=(const RowByRow&) = delete;
+
+    private:
+        PostgresExpressionWriter& mWriter;
+        std::vector<std::string> mGroups;
+    };
+
     std::string Plain(const Expression& expression);
+    std::string RowsOwn(const Expression& expression);
     bool IsGroup(const Expression& expression) const;
     std::string AddParameter(const Expression& literal, Parameter::Use use, Type type,
                              std::string_view column = "");

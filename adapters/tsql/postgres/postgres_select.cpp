@@ -68,7 +68,9 @@ std::vector<std::string> PostgresExpressionWriter::RowOrder(const Select& select
     return first;
 }
 
+// Rows are not grouped yet where they are picked.
 std::string PostgresExpressionWriter::SourcesAndCondition(const Select& select) {
+    const RowByRow rows(*this);
     std::string text;
     for (const TableSource& source : select.sources) {
         text += text.empty() ? " from " : JoinText(source.join);
@@ -86,6 +88,8 @@ std::string PostgresExpressionWriter::Tail(const Select& select) {
     for (const OrderItem& item : select.order) {
         const Expression& value =
             item.position == 0 ? *item.value : *select.items[item.position - 1].value;
+        // A number there would be a column's place.
+        if (IsConstant(value)) continue;
         order.push_back(Comparable(value) +
                         (item.descending ? " desc nulls last" : " nulls first"));
     }
@@ -98,7 +102,7 @@ std::string PostgresExpressionWriter::Tail(const Select& select) {
         order.insert(order.end(), rows.begin(), rows.end());
     }
     for (const ExpressionPtr& group : select.groups) {
-        order.push_back(Comparable(*group) + " nulls first");
+        if (!IsConstant(*group)) order.push_back(Comparable(*group) + " nulls first");
     }
     std::string text;
     for (const std::string& item : order) text += (text.empty() ? " order by " : ", ") + item;
@@ -109,17 +113,21 @@ std::string PostgresExpressionWriter::Tail(const Select& select) {
 std::string PostgresExpressionWriter::Clauses(const Select& select) {
     if (select.distinct && select.grouped) throw NotTranslated("distinct … group by");
     std::string text = SourcesAndCondition(select);
-    const auto addGroup = [&](const Expression& value, bool first) {
-        text += (first ? " group by " : ", ") + Comparable(value);
+    std::string groups;
+    const auto addGroup = [&](const Expression& value) {
+        // A number there would be a column's place.
+        if (IsConstant(value)) return;
+        const RowByRow rows(*this);
+        groups += (groups.empty() ? "" : ", ") + Comparable(value);
     };
-    if (select.distinct) {
-        for (const SelectItem& item : select.items) {
-            addGroup(*item.value, &item == &select.items.front());
-        }
+    for (const SelectItem& item : select.items) {
+        if (select.distinct) addGroup(*item.value);
     }
-    for (const ExpressionPtr& group : select.groups) {
-        addGroup(*group, &group == &select.groups.front());
-    }
+    for (const ExpressionPtr& group : select.groups) addGroup(*group);
+    // All rows are one group then, and no rows none.
+    const bool oneGroup = groups.empty() && (select.distinct || !select.groups.empty());
+    if (oneGroup) groups = "(1 = 1)";
+    if (!groups.empty()) text += " group by " + groups;
     if (select.having) text += " having " + Condition(*select.having);
     return text;
 }

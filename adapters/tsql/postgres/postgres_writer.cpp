@@ -47,10 +47,12 @@ Translated WriteUpdate(const Statement& statement) {
     PostgresExpressionWriter writer;
     const std::string target = QuotedName(statement.target.CorrelationName()) + '.';
     std::string text = "update " + TargetText(statement);
-    text +=
-        SetAndWhere(statement, writer, [&](const std::string& column, const std::string& value) {
+    text += SetAndWhere(
+        statement, writer,
+        [&](const std::string& column, const std::string& value) {
             return target + column + " is distinct from " + value;
-        });
+        },
+        [&] { return writer.Value(*statement.where); });
     return Finished(std::move(text), writer);
 }
 

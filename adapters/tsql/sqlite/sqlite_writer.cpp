@@ -1,7 +1,9 @@
 #include "adapters/tsql/sqlite/sqlite_writer.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "adapters/tsql/language/errors.h"
 #include "adapters/tsql/sqlite/sqlite_expression_writer.h"
 #include "adapters/tsql/sqlite/sqlite_name.h"
 #include "adapters/tsql/writer_parts.h"
@@ -114,19 +116,64 @@ Translated WriteInsert(const Statement& statement) {
     return Finished(std::move(text), writer);
 }
 
+bool Reads(const Select& query, const TableInfo& table);
+
+// Whether a query within the expression reads the table.
+bool Reads(const Expression* expression, const TableInfo& table) {
+    if (expression == nullptr) return false;
+    return (expression->query && Reads(*expression->query, table)) ||
+           std::ranges::any_of(expression->operands, [&](const ExpressionPtr& operand) {
+               return Reads(operand.get(), table);
+           });
+}
+
+bool Reads(const Select& query, const TableInfo& table) {
+    const auto reads = [&](const ExpressionPtr& part) { return Reads(part.get(), table); };
+    return reads(query.where) || reads(query.having) ||
+           std::ranges::any_of(query.items,
+                               [&](const SelectItem& item) { return reads(item.value); }) ||
+           std::ranges::any_of(query.order,
+                               [&](const OrderItem& item) { return reads(item.value); }) ||
+           std::ranges::any_of(query.sources, [&](const TableSource& source) {
+               return source.info->name == table.name || reads(source.on);
+           });
+}
+
+// The condition of an update or a delete. One that reads its own table picks the rows beforehand:
+// the engine would let it read what has become of earlier rows already.
+std::string PickedRows(const Statement& statement, SqliteExpressionWriter& writer) {
+    const std::string condition = writer.Value(*statement.where);
+    if (!Reads(statement.where.get(), *statement.target.info)) return condition;
+    const std::string table = QuotedForSqlite(statement.target.info->name);
+    return "rowid in (select rowid from " + table + " where " + condition + ')';
+}
+
+// The same of values has no such form.
+void RefuseReadingItself(const Statement& update) {
+    for (const Assignment& assignment : update.assignments) {
+        if (Reads(assignment.value.get(), *update.target.info)) {
+            throw NotTranslated("update … set … (select … from the same table)");
+        }
+    }
+}
+
 Translated WriteUpdate(const Statement& statement) {
+    RefuseReadingItself(statement);
     SqliteExpressionWriter writer(QueryText);
     std::string text = "update " + QuotedForSqlite(statement.target.info->name);
-    text += SetAndWhere(statement, writer, [](const std::string& column, const std::string& value) {
-        return column + " is not " + value + " collate binary";
-    });
+    text += SetAndWhere(
+        statement, writer,
+        [](const std::string& column, const std::string& value) {
+            return column + " is not " + value + " collate binary";
+        },
+        [&] { return PickedRows(statement, writer); });
     return Finished(std::move(text), writer);
 }
 
 Translated WriteDelete(const Statement& statement) {
     SqliteExpressionWriter writer(QueryText);
     std::string text = "delete from " + QuotedForSqlite(statement.target.info->name);
-    if (statement.where) text += " where " + writer.Value(*statement.where);
+    if (statement.where) text += " where " + PickedRows(statement, writer);
     return Finished(std::move(text), writer);
 }
 

@@ -68,6 +68,26 @@ TEST(PostgresWriter, Aggregates) {
         R"(kelvane_key("Probe"."c") nulls first)");
 }
 
+TEST(PostgresWriter, GroupsByWhatDiffersBetweenRows) {
+    EXPECT_EQ(ForPostgres("select distinct 'x', 5 from Probe"),
+              R"(select 'x', 5 from "Probe" as "Probe" group by (1 = 1) order by )"
+              R"(min("Probe"."kelvane_row"))");
+    EXPECT_EQ(ForPostgres("select distinct 1.5, i from Probe where c is null"),
+              R"(select 1.5000::numeric(19,4), "Probe"."i" from "Probe" as "Probe" where )"
+              R"(("Probe"."c" is null) )"
+              R"(group by "Probe"."i" order by min("Probe"."kelvane_row"))");
+    EXPECT_EQ(ForPostgres("select distinct c + 'a', c from Probe where c is null"),
+              R"(select (array_agg(("Probe"."c" || 'a') order by "Probe"."kelvane_row"))[1], )"
+              R"((array_agg("Probe"."c" order by "Probe"."kelvane_row"))[1] from "Probe" as )"
+              R"("Probe" where ("Probe"."c" is null) group by kelvane_key(("Probe"."c" || 'a')), )"
+              R"(kelvane_key("Probe"."c") order by min("Probe"."kelvane_row"))");
+    EXPECT_EQ(ForPostgres("select 5 as a, max('x') as b from Probe group by i order by a, b"),
+              R"(select 5, (array_agg('x'::text order by kelvane_key('x'::text) desc) filter )"
+              R"((where 'x'::text is not null))[1] from "Probe" as "Probe" group by "Probe"."i" )"
+              R"(order by kelvane_key((array_agg('x'::text order by kelvane_key('x'::text) desc) )"
+              R"(filter (where 'x'::text is not null))[1]) nulls first, "Probe"."i" nulls first)");
+}
+
 TEST(PostgresWriter, Arithmetic) {
     EXPECT_EQ(ForPostgres("select i + 1, m * 2, m / i, i % 2, f - 1, m - 0.5, i / 0 from Probe"),
               R"(select kelvane_range("Probe"."i"::numeric + 1::numeric, 'int')::int, )"

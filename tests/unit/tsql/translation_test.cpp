@@ -118,6 +118,13 @@ TEST(Translation, Changes) {
               R"(kelvane_units("Entry"."amount"), ?1), 8, 0, 'amount'))");
     EXPECT_EQ(Written("delete from Entry where id=5"),
               R"(delete from "Entry" where ("Entry"."id" = ?1))");
+    EXPECT_EQ(Written("delete from Entry where id = (select max(id) from Entry)"),
+              R"(delete from "Entry" where rowid in (select rowid from "Entry" where )"
+              R"(("Entry"."id" = (select max("Entry"."id") as value from "Entry" as "Entry"))))");
+    EXPECT_EQ(Written("update Entry set flag = 1 where code in (select code from Item)"),
+              R"(update "Entry" set "flag" = ?1 where ("Entry"."code" collate kelvane_text in )"
+              R"((select "Item"."code" as value from "Item" as "Item")) and )"
+              R"(("flag" is not ?1 collate binary))");
     EXPECT_EQ(Written("insert into Item select code,title from Item"),
               R"(insert into "Item"("code", "title") select )"
               R"(kelvane_store("Item"."code", 1, 20, 'code'), )"

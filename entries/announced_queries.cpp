@@ -13,6 +13,11 @@ platform::StatementText AnnouncedQueries::Next() {
         const std::size_t end = std::min(mCount, row + mMaxPiece);
         for (std::size_t i = row; i < end; ++i) mPiece.push_back(mQueryOf(i));
         mAccess.ReadAhead(mPiece);
+        if (mChangeOf) {
+            mAccess.AnnounceChanges([this](std::size_t i, const platform::Value& first) {
+                return mChangeOf(mPieceStart + i, first);
+            });
+        }
     }
     return std::move(mPiece[row - mPieceStart]);
 }

@@ -36,6 +36,8 @@ public:
                      std::function<platform::StatementText(std::size_t)> queryOf,
                      std::size_t piece = 256)
         : mAccess(access), mCount(count), mQueryOf(std::move(queryOf)), mMaxPiece(piece) {}
+    // The change that is asked for right behind row `i`'s query, by the first field of its answer.
+    void AnnounceChanges(platform::ChangeBehind changeOf) { mChangeOf = std::move(changeOf); }
     ~AnnouncedQueries() { mAccess.ReadAhead({}); }
     AnnouncedQueries(const AnnouncedQueries&) = delete;
     AnnouncedQueries& operator=(const AnnouncedQueries&) = delete;
@@ -48,6 +50,7 @@ private:
     std::size_t mCount;
     std::function<platform::StatementText(std::size_t)> mQueryOf;
     std::size_t mMaxPiece;
+    platform::ChangeBehind mChangeOf;
     std::size_t mNext = 0;
     std::size_t mPieceStart = 0;
     std::vector<platform::StatementText> mPiece;

@@ -28,6 +28,16 @@ StatementText DetailSum(std::int64_t identity) {
     return statement;
 }
 
+// Empty when `sum` leaves the amount as it is.
+StatementText AmountCorrection(std::int64_t identity, const platform::Value& sum) {
+    StatementText update;
+    const platform::Money amount = sum.IsNull() ? platform::Money() : sum.ToMoney();
+    if (amount.IsZero()) return update;
+    update << "Update PM_ItemQC set mQC = ";
+    update.Amount(amount) << " where iEleVid = '";
+    return update.Number(identity) << "'";
+}
+
 // The account database's number for a text that it cannot read as an amount.
 constexpr int kNoAmount = 235;
 
@@ -108,16 +118,15 @@ void EntryStore::ReSum(platform::HostDataAccess& access) {
             return DetailSum(i < identities.size() ? identities[i] : entries->Field(0).ToInteger());
         },
         kPiece);
+    sumQueries.AnnounceChanges([&](std::size_t i, const platform::Value& sum) {
+        return AmountCorrection(identities[i], sum);
+    });
     for (; !entries->EndOfFile(); entries->MoveNext()) {
         const std::int64_t identity = entries->Field(0).ToInteger();
         const auto sums = SumOf(access, sumQueries.Next());
-        if (sums->EndOfFile() || sums->Field(0).IsNull()) continue;
-        const platform::Money sum = sums->Field(0).ToMoney();
-        if (sum.IsZero()) continue;
-        StatementText update("Update PM_ItemQC set mQC = ");
-        update.Amount(sum) << " where iEleVid = '";
-        update.Number(identity) << "'";
-        access.Query(update);
+        if (sums->EndOfFile()) continue;
+        const StatementText correction = AmountCorrection(identity, sums->Field(0));
+        if (!correction.IsEmpty()) access.Query(correction);
     }
 }
 

@@ -30,6 +30,9 @@ public:
                    const RecordSetOptions& options) override {
         mInner->ReadAhead(queries, options);
     }
+    void AnnounceChanges(ChangeBehind changeOf) override {
+        mInner->AnnounceChanges(std::move(changeOf));
+    }
     void Begin() override { mInner->Begin(); }
     void Commit() override { mInner->Commit(); }
     void RollBack() override { mInner->RollBack(); }

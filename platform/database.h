@@ -2,6 +2,7 @@
 // both for one engine each. Everything is called on the user-interface thread.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -93,6 +94,11 @@ public:
     virtual int State() const = 0;
 };
 
+// The change that is asked for right behind an announced query, by the query's place in the
+// announcement and the first field of its answer, Null when there is no row; empty for none. The
+// same whenever it is asked.
+using ChangeBehind = std::function<StatementText(std::size_t query, const Value& first)>;
+
 class Connection {
     friend class ConnectionDataAccess;
     friend class Snapshot;
@@ -128,6 +134,13 @@ public:
     // Talks to nobody and changes nothing but time; a connection may ignore it.
     virtual void ReadAhead(std::span<const StatementText> /*queries*/,
                            const RecordSetOptions& /*options*/) {}
+
+    // A hint that goes with the announcement before it and ends with it: behind which of its
+    // queries a change is asked for, in the same way as they. A connection may make several of them
+    // with the first, when they are done all or none and nobody is waited for; each is still asked,
+    // and fails, for itself. One that makes each in its turn sees that the answers before it are
+    // those of then.
+    virtual void AnnounceChanges(ChangeBehind /*changeOf*/) {}
 
     // Transactions do not nest. Commit() throws CommitInDoubt when its answer was lost; after any
     // other error of Commit() nothing was saved.

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/database.h"
 #include "platform/date_time.h"
@@ -70,6 +71,8 @@ public:
 
     // A hint that these are the next queries, with everything that Connection::ReadAhead() says.
     virtual void ReadAhead(std::span<const StatementText> /*queries*/) {}
+    // The same of Connection::AnnounceChanges().
+    virtual void AnnounceChanges(ChangeBehind /*changeOf*/) {}
 
 protected:
     virtual std::unique_ptr<RecordSet> DoQuery(const std::string& statement, int option) = 0;
@@ -89,6 +92,9 @@ public:
 
     void ReadAhead(std::span<const StatementText> queries) override {
         mConnection->ReadAhead(queries, kOptions);
+    }
+    void AnnounceChanges(ChangeBehind changeOf) override {
+        mConnection->AnnounceChanges(std::move(changeOf));
     }
 
 protected:

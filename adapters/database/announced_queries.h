@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "adapters/database/announced_changes.h"
 #include "platform/statement_text.h"
 
 namespace kelvane::database {
@@ -26,13 +27,20 @@ public:
         End();
         mChangeable = changeable;
         mQueries.reserve(queries.size());
-        for (const platform::StatementText& query : queries) {
-            if (!query.IsMalformed()) mQueries.push_back(query.Checked());
+        mAnnouncedAt.reserve(queries.size());
+        for (std::size_t i = 0; i < queries.size(); ++i) {
+            if (queries[i].IsMalformed()) continue;
+            mQueries.push_back(queries[i].Checked());
+            mAnnouncedAt.push_back(i);
         }
     }
+    // What was announced of the changes behind them.
+    AnnouncedChanges& Changes() { return mChanges; }
 
     void End() {
         mQueries.clear();
+        mAnnouncedAt.clear();
+        mChanges.End();
         mNext = 0;
         ForgetBatch();
     }
@@ -73,12 +81,31 @@ public:
         mAnswers = std::move(answers);
         if (mAnswerOf.empty()) End();
     }
+    // With changes announced: what they are for these answers. `firstOf` gives an answer's first
+    // field.
+    template <typename FirstOf>
+    void CollectChanges(const FirstOf& firstOf) {
+        if (!mChanges.AreAnnounced()) return;
+        for (std::size_t i = 0; i < mAnswerOf.size(); ++i) {
+            mChanges.Add(mAnnouncedAt[mFirstOfBatch + i],
+                         [&] { return firstOf(mAnswers[mAnswerOf[i]]); });
+        }
+    }
+    // Whether a change is asked for behind the next query, which is answered.
+    template <typename FirstOf>
+    bool IsChangeBehindNext(const FirstOf& firstOf) const {
+        const std::size_t place = mAnswerOf[mNext - mFirstOfBatch];
+        return mChanges.IsAsked(mAnnouncedAt[mNext], [&] { return firstOf(mAnswers[place]); });
+    }
+    // The answers that are still there are not those of now any more.
+    void DropAnswers() { ForgetBatch(); }
 
     // Passes on to the query behind the next one; gives the answer when there is one.
     std::optional<Result> Take() {
         if (mNext >= mQueries.size()) return {};
         const std::size_t taken = mNext++;
         if (taken < mFirstOfBatch || taken - mFirstOfBatch >= mAnswerOf.size()) return {};
+        mChanges.SetTurn(taken - mFirstOfBatch);
         const std::size_t place = mAnswerOf[taken - mFirstOfBatch];
         if (mLastTurn[place] == taken) return std::move(mAnswers[place]);
         return mAnswers[place];
@@ -93,10 +120,13 @@ private:
         mLastTurn.clear();
         mAnswers.clear();
         mAnswerOf.clear();
+        mChanges.ForgetBatch();
         mFirstOfBatch = 0;
     }
 
     std::vector<std::string> mQueries;
+    std::vector<std::size_t> mAnnouncedAt;  // by query
+    AnnouncedChanges mChanges;
     bool mChangeable = false;
     std::size_t mNext = 0;
     // The batch: its texts with their places, the query that is the last one with each, where the

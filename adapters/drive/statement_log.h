@@ -63,6 +63,9 @@ public:
     void ReadAhead(std::span<const platform::StatementText> queries) override {
         mInner.ReadAhead(queries);
     }
+    void AnnounceChanges(platform::ChangeBehind changeOf) override {
+        mInner.AnnounceChanges(std::move(changeOf));
+    }
 
 protected:
     std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement,

@@ -99,6 +99,9 @@ public:
     // How to run a batch of the dialect. Throws DatabaseError for what makes the dialect refuse the
     // whole batch.
     virtual Plan PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) = 0;
+    // Outside a transaction: a text that does all the steps or none of them, and none rather than
+    // wait for others' locks. Empty: there is no such text.
+    virtual std::string AllOrNone(const std::vector<RunStep>& /*steps*/) const { return {}; }
     // Around a transaction that sees one moment and only reads: before it, at its start and,
     // outside of it again, behind it. What fails ends the transaction.
     virtual void BeforeSnapshot(Channel& /*channel*/) {}

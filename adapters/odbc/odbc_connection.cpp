@@ -83,6 +83,10 @@ void OdbcConnection::ReadAhead(std::span<const platform::StatementText> queries,
     mSession->Announce(queries, IsChangeable(options));
 }
 
+void OdbcConnection::AnnounceChanges(platform::ChangeBehind changeOf) {
+    if (mSession) mSession->AnnounceChanges(std::move(changeOf));
+}
+
 void OdbcConnection::DoExecute(const std::string& statement) {
     Session& session = RequireOpen();
     session.Announce({}, false);
@@ -100,6 +104,8 @@ std::unique_ptr<platform::RecordSet> OdbcConnection::DoOpenRecordSet(
         result = session.RunLocked(statement, locker.emplace());
     } else if (auto answer = locks ? std::nullopt : session.Answer(statement, changeable)) {
         result = std::move(*answer);
+    } else if (!locks && session.MakeAnnounced(statement, changeable)) {
+        // A change has no rows.
     } else {
         result =
             session.Run(statement, {.wantsRows = true, .changeable = changeable, .locks = locks});

@@ -66,6 +66,7 @@ public:
     // Outside a transaction announced queries go to the server together, each text once.
     void ReadAhead(std::span<const platform::StatementText> queries,
                    const platform::RecordSetOptions& options) override;
+    void AnnounceChanges(platform::ChangeBehind changeOf) override;
 
 protected:
     void DoExecute(const std::string& statement) override;

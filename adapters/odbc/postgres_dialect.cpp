@@ -153,6 +153,14 @@ Plan PostgresDialect::PlanDefinitions() {
     return plan;
 }
 
+// The server takes a text for one transaction. Who would wait in the middle of it for a lock could
+// make others wait for him, and be the end of a deadlock that the steps alone cannot have.
+std::string PostgresDialect::AllOrNone(const std::vector<RunStep>& steps) const {
+    std::string text = "set local lock_timeout to 1";
+    for (const RunStep& step : steps) text += ';' + step.text;
+    return text;
+}
+
 void PostgresDialect::AtSnapshot(Channel& channel) {
     channel.Run("set transaction isolation level repeatable read, read only");
 }

@@ -22,6 +22,7 @@ public:
     std::string ConnectionKeywords() const override;
     void Prepare(Channel& channel) override;
     Plan PlanBatch(std::string_view batch, const Purpose& purpose, Channel& channel) override;
+    std::string AllOrNone(const std::vector<RunStep>& steps) const override;
     void AtSnapshot(Channel& channel) override;
     RunStep PlanChange(const RowChange& change, Channel& channel) override;
     Failure Judge(const Diagnostic& diagnostic) const override;

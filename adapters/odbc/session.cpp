@@ -21,6 +21,11 @@ void NameBaseColumns(const RunStep& step, ResultRows& rows) {
     }
 }
 
+platform::Value FirstOf(const Result& answer) {
+    const bool isThere = answer.rows.RowCount() > 0 && !answer.rows.columns.empty();
+    return isThere ? answer.rows.ValueAt(0, 0) : platform::Value();
+}
+
 }  // namespace
 
 void Session::Begin() {
@@ -116,6 +121,39 @@ void Session::ReadAhead(bool changeable) {
         answers.clear();
     }
     mAnnounced.SetAnswers(std::move(answers));
+    mAnnounced.CollectChanges(FirstOf);
+}
+
+bool Session::MakeAnnounced(const std::string& change, bool changeable) {
+    database::AnnouncedChanges& changes = mAnnounced.Changes();
+    if (!changes.IsNext(change)) return false;
+    if (!changes.IsMade()) MakeTogether(changeable);
+    if (!changes.IsMade()) return false;
+    changes.Take();
+    return true;
+}
+
+void Session::MakeTogether(bool changeable) {
+    database::AnnouncedChanges& changes = mAnnounced.Changes();
+    const Purpose purpose{.wantsRows = true, .changeable = changeable};
+    try {
+        mServer.RequireConnected();
+        std::vector<RunStep> steps;
+        for (const std::string_view change : changes.Rest()) {
+            Plan plan = mServer.Dialect().PlanBatch(change, purpose, mServer);
+            if (plan.steps.size() != 1 || plan.steps.front().error) return changes.LeaveAlone();
+            steps.push_back(std::move(plan.steps.front()));
+        }
+        std::string text = mServer.Dialect().AllOrNone(steps);
+        if (steps.size() < 2 || text.empty()) return changes.LeaveAlone();
+        mServer.RunOne({.text = std::move(text)}, false);
+        changes.SetMade();
+    } catch (const platform::ConnectionLost&) {
+        mAnnounced.End();
+        throw;
+    } catch (const DatabaseError&) {
+        changes.LeaveAlone();
+    }
 }
 
 Result Session::RunLocked(std::string_view batch, Locker& locker) {

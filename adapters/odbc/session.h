@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "adapters/database/announced_queries.h"
 #include "adapters/odbc/engine_dialect.h"
@@ -44,6 +45,13 @@ public:
     // with those behind it. A failure of such a batch is nobody's: each query is then run alone.
     // Throws ConnectionLost.
     std::optional<Result> Answer(const std::string& query, bool changeable);
+    // What is asked for right behind those queries.
+    void AnnounceChanges(platform::ChangeBehind changeOf) {
+        mAnnounced.Changes().Announce(std::move(changeOf));
+    }
+    // Whether `change` is such a one and is made: together with those behind the other answers that
+    // are there, all or none of them. False: it has to be run by itself. Throws ConnectionLost.
+    bool MakeAnnounced(const std::string& change, bool changeable);
 
     // Runs a query whose rows stay locked until RemoveLocker(), outside an explicit transaction.
     Result RunLocked(std::string_view batch, Locker& locker);
@@ -59,6 +67,7 @@ public:
 private:
     Result RunPlan(const Plan& plan, const Purpose& purpose);
     void ReadAhead(bool changeable);
+    void MakeTogether(bool changeable);
 
     Server mServer;
     database::AnnouncedQueries<Result> mAnnounced;

@@ -65,6 +65,9 @@ public:
         if (options.lock == LockType::Pessimistic) queries = {};
         mSession->Announce(queries, options.lock != LockType::ReadOnly);
     }
+    void AnnounceChanges(platform::ChangeBehind changeOf) override {
+        if (mSession) mSession->AnnounceChanges(std::move(changeOf));
+    }
 
 protected:
     void DoExecute(const std::string& statement) override {

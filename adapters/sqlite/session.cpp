@@ -4,6 +4,7 @@
 
 #include "adapters/database/refusals.h"
 #include "adapters/tsql/sqlite/sqlite_name.h"
+#include "adapters/tsql/values/value_conversion.h"
 
 namespace kelvane::sqlite {
 
@@ -56,6 +57,11 @@ bool IsOneQuery(const tsql::Translation& translation) {
     if (translation.statements.size() != 1) return false;
     const tsql::TranslatedStatement& statement = translation.statements.front();
     return !statement.error && statement.translated.kind == tsql::Statement::Kind::Select;
+}
+
+platform::Value FirstOf(const Result& answer) {
+    if (!answer.origin || answer.rows.RowCount() == 0) return {};
+    return tsql::ToValue(answer.rows.At(0, 0), answer.origin->columns.front().type);
 }
 
 // The engine found a table or column missing that our catalog still knew.
@@ -188,10 +194,12 @@ Result Session::RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows
 void Session::EndAnnounced() {
     mAnnounced.End();
     // A list has been loaded: what was kept for its queries would take more room than the list.
-    mDatabase.ForgetPages();
+    if (std::exchange(mManyAnnounced, false)) mDatabase.ForgetPages();
 }
 
 void Session::Announce(std::span<const platform::StatementText> queries, bool changeable) {
+    constexpr std::size_t kMany = 16;  // more than a row is checked with
+    mManyAnnounced = mManyAnnounced || queries.size() >= kMany;
     mAnnounced.Announce(queries, changeable);
 }
 
@@ -199,8 +207,23 @@ std::optional<Result> Session::Answer(std::string_view query, bool changeable) {
     if (!mAnnounced.IsNext(query, changeable)) return {};
     // Who has a transaction or a lock decides himself what is read in it.
     if (mTransactions.IsExplicit() || mTransactions.HasLockers()) return {};
+    if (mAnnounced.IsAnswered() && IsAnswerOld()) mAnnounced.DropAnswers();
     if (!mAnnounced.IsAnswered()) ReadAhead(changeable);
     return mAnnounced.Take();
+}
+
+std::optional<std::int64_t> Session::DataVersion() {
+    if (!mDataVersion) mDataVersion = Statement(mDatabase, "pragma data_version", true);
+    const StatementRun run(mDataVersion);
+    if (mDataVersion.Step() != SQLITE_ROW) return {};
+    return mDataVersion.Integer(0);
+}
+
+// Only where a change goes by the answer: looking costs nearly as much as asking.
+bool Session::IsAnswerOld() {
+    if (!mAnnounced.IsChangeBehindNext(FirstOf)) return false;
+    const auto version = DataVersion();
+    return !version || version != mAnsweredVersion;
 }
 
 // One lock on the file and one look at its state for all of them; a query for itself costs more of
@@ -209,6 +232,7 @@ void Session::ReadAhead(bool changeable) {
     std::vector<Result> answers;
     try {
         const ReadTransaction moment(mDatabase);
+        if (mAnnounced.Changes().AreAnnounced()) mAnsweredVersion = DataVersion();
         for (const std::string_view query : mAnnounced.NextBatch()) {
             tsql::Lex(query, mText);
             std::shared_ptr<PreparedBatch> batch = Prepare(changeable);

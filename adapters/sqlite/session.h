@@ -51,6 +51,10 @@ public:
 
     // Which queries Answer() will be asked next; an empty list ends what was announced before.
     void Announce(std::span<const platform::StatementText> queries, bool changeable);
+    // Changes are asked for behind those queries: their answers have to be those of now.
+    void AnnounceChanges(platform::ChangeBehind changeOf) {
+        mAnnounced.Changes().Announce(std::move(changeOf));
+    }
     // The last of them was asked; gives back what was kept for them.
     void EndAnnounced();
     // The rows of the next announced query, when `query` is it and can be read ahead: together with
@@ -81,6 +85,10 @@ private:
     // Runs the batch that mText is, which Prepare() has given.
     Result RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows, bool changeable);
     void ReadAhead(bool changeable);
+    // A number that is another one once somebody else has written to the file; nothing when it
+    // cannot be read.
+    std::optional<std::int64_t> DataVersion();
+    bool IsAnswerOld();
 
     Database mDatabase;
     SqliteCatalog mCatalog;
@@ -91,6 +99,9 @@ private:
     tsql::LexedText mText;
     std::vector<tsql::Datum> mValues;
     database::AnnouncedQueries<Result> mAnnounced;
+    bool mManyAnnounced = false;  // since EndAnnounced()
+    Statement mDataVersion;
+    std::optional<std::int64_t> mAnsweredVersion;
 };
 
 }  // namespace kelvane::sqlite

@@ -1,5 +1,8 @@
 #include "entries/entry_store.h"
 
+#include <functional>
+#include <utility>
+
 #include "tests/database/data_fixture.h"
 
 namespace kelvane::entries {
@@ -130,6 +133,54 @@ TEST_F(EntryStoreTest, AmountsFollowTheirLinesUnlessThoseComeToNothing) {
     EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=2 and mQC=350"), "1");
     EXPECT_EQ(mLog.Lines().front(), "gEnv: Select distinct iEleVid from PM_ItemQC");
     EXPECT_EQ(mLog.Lines().size(), 4U);
+}
+
+// In front of another data access: behind the first correction of an amount something happens.
+class Interrupted : public platform::HostDataAccess {
+public:
+    // `action` gets the correction's text.
+    Interrupted(platform::HostDataAccess& inner, std::function<void(const std::string&)> action)
+        : mInner(inner), mAction(std::move(action)) {}
+
+    void ReadAhead(std::span<const StatementText> queries) override { mInner.ReadAhead(queries); }
+    void AnnounceChanges(platform::ChangeBehind changeOf) override {
+        mInner.AnnounceChanges(std::move(changeOf));
+    }
+
+protected:
+    std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement,
+                                                 int option) override {
+        auto rows = ForwardQuery(mInner, statement, option);
+        const bool corrects = statement.starts_with("Update PM_ItemQC");
+        if (corrects && mAction) std::exchange(mAction, {})(statement);
+        return rows;
+    }
+
+private:
+    platform::HostDataAccess& mInner;
+    std::function<void(const std::string&)> mAction;
+};
+
+TEST_F(EntryStoreTest, ASaveBetweenTwoCorrectionsIsNotOvertakenByAnOldSum) {
+    if (mPlace->Engine() == support::EngineKind::SqlServer) {
+        GTEST_SKIP() << "sums are read together there, and corrections go alone";
+    }
+    Run("insert into PM_ItemQCsub values(1,'M01',10,5,50)");
+    // Who is not corrected yet gets another line and its amount.
+    Interrupted access(mDataAccess, [&](const std::string& correction) {
+        const bool first = correction.ends_with("'1'");
+        StatementText line("insert into PM_ItemQCsub values(");
+        line.Number(first ? 2 : 1) << ",'M03',10,100,1000)";
+        mOther->Execute(line);
+        StatementText amount("update PM_ItemQC set mQC = ");
+        amount.Number(first ? 1350 : 1050) << " where iEleVid = ";
+        mOther->Execute(amount.Number(first ? 2 : 1));
+    });
+    EntryStore::ReSum(access);
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC a where mQC <> "
+                   "(select sum(b.mQC) from PM_ItemQCsub b where b.iEleVid = a.iEleVid)"),
+              "0");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where mQC > 1000"), "1");
 }
 
 }  // namespace

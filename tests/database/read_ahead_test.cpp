@@ -159,5 +159,80 @@ TEST_F(ReadAhead, EndsWithATransaction) {
     EXPECT_TRUE(Answer(queries[1]).IsNull());
 }
 
+// Behind the query of each row of Probe one is added to its i; row 2 can be made to refuse that.
+class ChangesAhead : public ReadAhead {
+protected:
+    void SetUp() override {
+        Execute("insert into Probe(id,i) values(1,0)");
+        Execute("insert into Probe(id,i) values(2,0)");
+        Execute("insert into Probe(id,i) values(3,0)");
+        for (int id = 1; id <= 3; ++id) {
+            StatementText query("select id from Probe where id = ");
+            mQueries.push_back(query.Number(id));
+        }
+        Account().ReadAhead(mQueries, {});
+        Account().AnnounceChanges([this](std::size_t query, const Value& first) {
+            EXPECT_EQ(first, Value(static_cast<std::int64_t>(query) + 1));
+            return ChangeOf(static_cast<int>(first.ToInteger()));
+        });
+    }
+    StatementText ChangeOf(int id) const {
+        StatementText change("update Probe set i = i + ");
+        change.Number(id == 2 ? mSecondAdds : 1) << " where id = ";
+        return change.Number(id);
+    }
+    void AskAndChange(int id) {
+        Answer(mQueries[static_cast<std::size_t>(id - 1)]);
+        Account().OpenRecordSet(ChangeOf(id));
+    }
+    std::string Counts() { return Rows("select i from Probe order by id"); }
+
+    std::int64_t mSecondAdds = 1;
+    std::vector<StatementText> mQueries;
+};
+
+TEST_F(ChangesAhead, EachIsMadeOnce) {
+    for (int id = 1; id <= 3; ++id) AskAndChange(id);
+    EXPECT_EQ(Counts(), "1\n1\n1\n");
+    Account().OpenRecordSet(ChangeOf(3));
+    EXPECT_EQ(Counts(), "1\n1\n2\n");
+}
+
+TEST_F(ChangesAhead, AFailureIsThatOfItsChangeAlone) {
+    mSecondAdds = 2'147'483'648;
+    AskAndChange(1);
+    EXPECT_EQ(Counts(), "1\n0\n0\n");
+    EXPECT_THROW(AskAndChange(2), DatabaseError);
+    EXPECT_EQ(Counts(), "1\n0\n0\n");
+    AskAndChange(3);
+    EXPECT_EQ(Counts(), "1\n0\n1\n");
+}
+
+TEST_F(ChangesAhead, AnotherOnesLockIsThatOfItsChangeAlone) {
+    if (Engine() == EngineKind::Sqlite) GTEST_SKIP() << "a file has one writer";
+    const auto other = Connect();
+    platform::Transaction transaction(*other);
+    other->Execute(StatementText("update Probe set i = 7 where id = 2"));
+    AskAndChange(1);
+    EXPECT_THROW(AskAndChange(2), platform::DatabaseBusy);
+    AskAndChange(3);
+    transaction.Commit();
+    EXPECT_EQ(Counts(), "1\n7\n1\n");
+}
+
+TEST_F(ChangesAhead, AnotherChangeIsMadeInItsTurn) {
+    Answer(mQueries[0]);
+    Account().OpenRecordSet(StatementText("update Probe set i = 5 where id = 1"));
+    AskAndChange(2);
+    EXPECT_EQ(Rows("select i from Probe where id < 3 order by id"), "5\n1\n");
+}
+
+TEST_F(ChangesAhead, OfAnEndedAnnouncementNoneIsMade) {
+    Answer(mQueries[0]);
+    Account().ReadAhead({}, {});
+    Account().OpenRecordSet(ChangeOf(1));
+    EXPECT_EQ(Counts(), "1\n0\n0\n");
+}
+
 }  // namespace
 }  // namespace kelvane::database_test

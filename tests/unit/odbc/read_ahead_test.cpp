@@ -241,5 +241,21 @@ TEST_F(ReadingAhead, GivesRowsThatCanBeChanged) {
     EXPECT_EQ(Driver().Left(), 0);
 }
 
+// This dialect has no text that does all or nothing.
+TEST_F(ReadingAhead, LeavesEachChangeToItsTurn) {
+    Open(std::string(kBoth) +
+         "run update T set a = 1\ncount 1\nrun update T set a = 2\nerror 23000 547 refused\n");
+    Announce({"select 1", "select 2"});
+    Server().AnnounceChanges([](std::size_t, const Value& first) {
+        StatementText change("update T set a = ");
+        return change.Number(first.ToInteger());
+    });
+    EXPECT_EQ(First("select 1"), "1");
+    EXPECT_TRUE(Query("update T set a = 1")->EndOfFile());
+    EXPECT_EQ(First("select 2"), "2");
+    EXPECT_EQ(TextOf<DatabaseError>([&] { Query("update T set a = 2"); }), "refused");
+    EXPECT_EQ(Log(), "run select 1;select 2\nrun update T set a = 1\nrun update T set a = 2\n");
+}
+
 }  // namespace
 }  // namespace kelvane::odbc

@@ -32,6 +32,9 @@ public:
         calls.push_back("ahead " + std::to_string(queries.size()) + ' ' +
                         std::to_string(static_cast<int>(options.lock)));
     }
+    void AnnounceChanges(ChangeBehind changeOf) override {
+        calls.push_back("behind " + changeOf(3, Value("a")).Text());
+    }
     void Begin() override { calls.emplace_back("begin"); }
     void Commit() override { calls.emplace_back("commit"); }
     void RollBack() override { calls.emplace_back("roll back"); }
@@ -58,6 +61,10 @@ TEST(ConnectionWrapper, HandsEverythingOn) {
     wrapper.SetCursorLocation(CursorLocation::Client);
     wrapper.Open("u", "p", -1);
     wrapper.ReadAhead(next, {.lock = LockType::Optimistic});
+    wrapper.AnnounceChanges([](std::size_t query, const Value& first) {
+        StatementText change("update T ");
+        return change.Number(static_cast<std::int64_t>(query)).Inside(first.ToText());
+    });
     wrapper.Begin();
     wrapper.Execute(StatementText("delete from T "));
     wrapper.OpenRecordSet(StatementText("select  1"), {.lock = LockType::Pessimistic});
@@ -67,9 +74,9 @@ TEST(ConnectionWrapper, HandsEverythingOn) {
     EXPECT_EQ(wrapper.State(), 6);
     wrapper.Close();
     EXPECT_THAT(inner->calls,
-                ElementsAre("string account", "location 3", "open u/p/-1", "ahead 2 3", "begin",
-                            "execute delete from T ", "query select  1 2", "commit", "roll back",
-                            "begin snapshot", "close"));
+                ElementsAre("string account", "location 3", "open u/p/-1", "ahead 2 3",
+                            "behind update T 3a", "begin", "execute delete from T ",
+                            "query select  1 2", "commit", "roll back", "begin snapshot", "close"));
 }
 
 TEST(ConnectionWrapper, TellsTheErrorsOfWhatItStandsFor) {

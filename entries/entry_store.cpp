@@ -60,16 +60,19 @@ std::unique_ptr<platform::RecordSet> SumOf(platform::HostDataAccess& access,
 
 }  // namespace
 
-std::optional<Finding> EntryStore::Update(const Entry& entry, const StatementText& detailScript) {
+std::optional<Finding> EntryStore::Update(const Entry& entry, const StatementText& detailScript,
+                                          WrittenEntry& written) {
     Transaction transaction(*gConn);
     const auto stored = OpenHeldEntry(entry.identity);
     if (stored->EndOfFile()) {
         transaction.RollBack();
         if (mInDoubt.count(entry.identity) == 0) return Found(Rule::EntryGone);
-        Insert(entry, detailScript);
+        Insert(entry, detailScript, written);
         return std::nullopt;
     }
-    SetFields(*stored, entry, ElementCodeOf(entry.elementName));
+    written.before = StoredEntryOf(*stored);
+    written.elementCode = ElementCodeOf(entry.elementName);
+    SetFields(*stored, entry, written.elementCode);
     stored->Update();
     if (!detailScript.IsEmpty()) gConn->Execute(detailScript.WithEntry(entry.identity));
     stored->Close();
@@ -78,8 +81,10 @@ std::optional<Finding> EntryStore::Update(const Entry& entry, const StatementTex
     return std::nullopt;
 }
 
-void EntryStore::Insert(const Entry& entry, const StatementText& detailScript) {
-    const StatementText insert = InsertionOf(entry, ElementCodeOf(entry.elementName));
+void EntryStore::Insert(const Entry& entry, const StatementText& detailScript,
+                        WrittenEntry& written) {
+    written.elementCode = ElementCodeOf(entry.elementName);
+    const StatementText insert = InsertionOf(entry, written.elementCode);
     Transaction transaction(*gConn);
     if (!detailScript.IsEmpty()) gConn->Execute(detailScript.WithEntry(entry.identity));
     gConn->Execute(insert);

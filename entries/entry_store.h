@@ -13,6 +13,7 @@
 #include "entries/entry.h"
 #include "entries/entry_counter.h"
 #include "entries/rules.h"
+#include "entries/stored_entry.h"
 #include "platform/host.h"
 #include "platform/statement_text.h"
 
@@ -23,16 +24,25 @@ inline constexpr std::string_view kEntryCounter = "NumMax_EleQc";
 inline constexpr NumberRange kIdentities{std::numeric_limits<std::int16_t>::min(),
                                          std::numeric_limits<std::int16_t>::max()};
 
+// What a write came upon.
+struct WrittenEntry {
+    std::string elementCode;            // the one that was written
+    std::optional<StoredEntry> before;  // what was stored; nothing where the entry was not there
+};
+
 class EntryStore {
 public:
     // Writes an existing entry and then runs `detailScript`, with the identity in its places,
     // unless it is empty. Finds that another operator has deleted the entry; one whose insertion
-    // was in doubt is inserted instead. The element's code is read over gEnv.
-    std::optional<Finding> Update(const Entry& entry, const platform::StatementText& detailScript);
+    // was in doubt is inserted instead. The element's code is read over gEnv. `written` is filled
+    // before the commit, so that it is known when that gets no answer.
+    std::optional<Finding> Update(const Entry& entry, const platform::StatementText& detailScript,
+                                  WrittenEntry& written);
 
     // Runs `detailScript` and inserts the entry under its identity. A commit without an answer
     // leaves the identity in doubt.
-    void Insert(const Entry& entry, const platform::StatementText& detailScript);
+    void Insert(const Entry& entry, const platform::StatementText& detailScript,
+                WrittenEntry& written);
 
     // Deletes an entry with its lines, and the lines alone, at once.
     void Delete(std::int32_t identity);

@@ -45,10 +45,11 @@ protected:
     }
 
     EntryStore store;
+    WrittenEntry written;
 };
 
 TEST_F(EntryStoreTest, AnExistingEntryIsReadUnderALockAndThenWritten) {
-    EXPECT_FALSE(store.Update(EntryWith(1), OneLine()));
+    EXPECT_FALSE(store.Update(EntryWith(1), OneLine(), written));
     const Lines expected{
         "gConn: begin", "gConn: select * from PM_ItemQC with (HOLDLOCK) where iEleVid=1",
         "gEnv: select cElementCode from PM_ItemElement where cElementName = '材料费'",
@@ -62,8 +63,46 @@ TEST_F(EntryStoreTest, AnExistingEntryIsReadUnderALockAndThenWritten) {
     EXPECT_EQ(Read("select count(*) from PM_ItemQCsub where iEleVid=1"), "1");
 }
 
+TEST_F(EntryStoreTest, WhatAnUpdateComesUponIsHandedOut) {
+    data::gNumPointMoney = 2;
+    EXPECT_FALSE(store.Update(EntryWith(1), {}, written));
+    EXPECT_EQ(written.elementCode, "E02");
+    ASSERT_TRUE(written.before);
+    EXPECT_EQ(written.before->elementCode, "E01");
+    EXPECT_EQ(written.before->amount, Money::FromInteger(300));
+    const EntryTexts& texts = written.before->texts;
+    const std::vector<std::string> cells(texts.cells.begin(), texts.cells.end());
+    EXPECT_EQ(cells,
+              (Lines{"", "2004-06-01", "D01", "P01", "", "一标段", "", "", "人工", "300.00"}));
+}
+
+TEST_F(EntryStoreTest, WhatWasWrittenReadsBackAsItWasShown) {
+    data::gNumPointMoney = 2;
+    Entry entry = EntryWith(6);
+    entry.digest = " 水泥（“x”）é  ";
+    entry.key1 = "";
+    entry.amount = Money::FromText("-1234567890.99");
+    EntryTexts shown{.identity = 6, .cells = {}};
+    shown[kDateColumn] = "2004-06-30";
+    shown[kCenterColumn] = entry.centerCode;
+    shown[kItemColumn] = entry.itemCode;
+    shown[kDigestColumn] = entry.digest;
+    shown[kAmountColumn] = "-1,234,567,890.99";
+    store.Insert(entry, {}, written);
+    EXPECT_FALSE(written.before);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_FALSE(store.Update(entry, {}, written));
+        ASSERT_TRUE(written.before);
+        EXPECT_TRUE(IsAsShown(shown, *written.before)) << time;
+        EXPECT_EQ(written.before->elementCode, written.elementCode) << time;
+    }
+    Run("update PM_ItemQC set cDigest='水泥' where iEleVid=6");
+    EXPECT_FALSE(store.Update(entry, {}, written));
+    EXPECT_FALSE(IsAsShown(shown, *written.before));
+}
+
 TEST_F(EntryStoreTest, AnEntryThatIsGoneIsFoundAndNothingIsWritten) {
-    const auto gone = store.Update(EntryWith(9), OneLine());
+    const auto gone = store.Update(EntryWith(9), OneLine(), written);
     ASSERT_TRUE(gone);
     EXPECT_EQ(gone->id, "entry.gone");
     EXPECT_EQ(gone->text, "该行记录已经被他人删除");
@@ -74,7 +113,7 @@ TEST_F(EntryStoreTest, AnEntryThatIsGoneIsFoundAndNothingIsWritten) {
 }
 
 TEST_F(EntryStoreTest, ANewEntryComesAfterItsLines) {
-    store.Insert(EntryWith(6), OneLine());
+    store.Insert(EntryWith(6), OneLine(), written);
     const Lines expected{
         "gEnv: select cElementCode from PM_ItemElement where cElementName = '材料费'",
         "gConn: begin",
@@ -91,7 +130,7 @@ TEST_F(EntryStoreTest, ANewEntryComesAfterItsLines) {
 TEST_F(EntryStoreTest, AValueThatEndsItsLiteralWritesNothing) {
     Entry entry = EntryWith(6);
     entry.digest = "it's";
-    EXPECT_THROW(store.Insert(entry, OneLine()), platform::MalformedStatement);
+    EXPECT_THROW(store.Insert(entry, OneLine(), written), platform::MalformedStatement);
     EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=6"), "0");
     EXPECT_EQ(Read("select count(*) from PM_ItemQCsub where iEleVid=6"), "0");
 }
@@ -101,15 +140,15 @@ TEST_F(EntryStoreTest, AnInsertionInDoubtIsMadeUpForUnderTheSameIdentityOnce) {
     for (const Lost lost : {Lost::NotSaved, Lost::Saved}) {
         const std::int32_t identity = lost == Lost::Saved ? 7 : 6;
         mLog.lostAnswer = lost;
-        EXPECT_THROW(store.Insert(EntryWith(identity), {}), platform::CommitInDoubt);
+        EXPECT_THROW(store.Insert(EntryWith(identity), {}, written), platform::CommitInDoubt);
         mLog.lostAnswer = Lost::None;
-        EXPECT_FALSE(store.Update(EntryWith(identity), {}));
+        EXPECT_FALSE(store.Update(EntryWith(identity), {}, written));
     }
     EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=6"), "1");
     EXPECT_EQ(Read("select count(*) from PM_ItemQC where iEleVid=7"), "1");
     // From now on an entry that is not there was deleted.
     Run("delete from PM_ItemQC where iEleVid=6");
-    EXPECT_TRUE(store.Update(EntryWith(6), {}));
+    EXPECT_TRUE(store.Update(EntryWith(6), {}, written));
 }
 
 TEST_F(EntryStoreTest, AnEntryGoesWithItsLinesAndTheLinesAlone) {

@@ -26,6 +26,8 @@ public:
     // Saving an entry, step by step; false when it is not there any more. What throws DatabaseBusy
     // leaves no transaction behind.
     bool BeginSave(int entry);
+    // The digest that the save has read.
+    std::string StoredDigest() const { return mRow->Field("cDigest").ToText(); }
     void WriteRow(const char* digest, int amount);
     void WriteLines(int entry, const std::vector<DetailLine>& lines);
     void EndSave();

@@ -72,11 +72,27 @@ TEST_F(Isolation, OfTwoWhoSaveAnEntryTheSecondWaits) {
     EXPECT_TRUE(mSecond.BeginSave(1));
 }
 
-// Gap: nobody compares what the second operator had on the screen with what is there.
+// Gap: what the first has saved is lost. The second's save reads it, so that he can be told.
 TEST_F(Isolation, OfTwoWhoSaveAnEntryTheLastOneWins) {
     ASSERT_TRUE(mFirst.Save(1, "first", {{"C", 7}}));
-    ASSERT_TRUE(mSecond.Save(1, "second", {{"D", 8}, {"E", 9}}));
+    ASSERT_TRUE(mSecond.BeginSave(1));
+    EXPECT_EQ(mSecond.StoredDigest(), "first");
+    mSecond.WriteRow("second", 17);
+    mSecond.WriteLines(1, {{"D", 8}, {"E", 9}});
+    mSecond.EndSave();
     EXPECT_EQ(Entry(1), "second 17 D E");
+}
+
+TEST_F(Isolation, WhoWaitedReadsWhatWasSavedMeanwhile) {
+    constexpr int kPatience = 20000;
+    Operator patient(Connect(kPatience));
+    ASSERT_TRUE(mFirst.BeginSave(1));
+    auto digest = std::async(std::launch::async, [&] {
+        return patient.BeginSave(1) ? patient.StoredDigest() : std::string("-");
+    });
+    mFirst.WriteRow("first", 30);
+    mFirst.EndSave();
+    EXPECT_EQ(digest.get(), "first");
 }
 
 TEST_F(Isolation, SavesOfDifferentEntriesDoNotMeetOnAServer) {

@@ -49,6 +49,7 @@ public:
 
     // Lines that an edit of the row removed from the database do not come back with its cells.
     void LinesWereDeleted() { mLinesDeleted = true; }
+    bool HasDeletedLines() const { return mLinesDeleted; }
     bool LinesAreMissing(const RowState& state) const {
         return mLinesDeleted && state.detail != 0 && state.waiting.script.IsEmpty();
     }

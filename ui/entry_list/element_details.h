@@ -1,12 +1,16 @@
-// ElementDetails: the element-detail flag of each entry's element, by the entry's identity. New
-// rows share the identity 0 until they are saved.
+// ElementDetails: the element-detail flag of each entry's element, by the entry's identity, and the
+// names under which elements were shown. New rows share the identity 0 until they are saved.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "data/keyed_collection.h"
+#include "platform/blanks.h"
 
 namespace kelvane::ui {
 
@@ -35,10 +39,20 @@ public:
     }
     void Reserve(std::size_t count) { mFlags.Reserve(count); }
 
+    // An entry whose element has this code was shown, or saved, under this name of it. Blanks at
+    // the code's end do not count: columns of different tables may fill it up to different lengths.
+    void AddName(std::string_view code, std::string name) {
+        mNames.insert({std::string(platform::WithoutEndBlanks(code)), std::move(name)});
+    }
+    bool IsNameOf(std::string_view code, const std::string& name) const {
+        return mNames.count({std::string(platform::WithoutEndBlanks(code)), name}) != 0;
+    }
+
 private:
     static constexpr std::int32_t kNewRow = 0;
 
     data::KeyedCollection<std::int16_t> mFlags;
+    std::set<std::pair<std::string, std::string>> mNames;
 };
 
 }  // namespace kelvane::ui

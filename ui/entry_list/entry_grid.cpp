@@ -5,10 +5,10 @@
 #include <string>
 
 #include "data/login_context.h"
-#include "data/number_format.h"
 #include "entries/announced_queries.h"
 #include "entries/entry.h"
 #include "entries/opening_period.h"
+#include "entries/stored_entry.h"
 #include "entries/unreadable_rows.h"
 #include "ui/common/list_layout.h"
 
@@ -18,7 +18,6 @@ using controls::Grid;
 using data::gEnv;
 using platform::RecordSet;
 using platform::StatementText;
-using platform::Value;
 using enum entries::EntryColumn;
 
 namespace {
@@ -52,13 +51,16 @@ StatementText ElementOf(const std::string& code) {
     return statement;
 }
 
+ShownElement AskElement(const StatementText& query) {
+    const auto element = Query(query);
+    if (element->EndOfFile()) return {};
+    return {.name = element->Field(0).ToText(),
+            .detail = static_cast<std::int16_t>(element->Field(1).ToInteger())};
+}
+
 void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
                  const StatementText& elementQuery) {
-    const auto element = Query(elementQuery);
-    const bool known = !element->EndOfFile();
-
-    const Value date = entry.Field(kDate);
-    const platform::Money amount = entry.Field(kAmount).ToMoney();
+    const ShownElement element = AskElement(elementQuery);
     std::string cells;
     // A tab in a text would move the cells behind it.
     const auto append = [&cells](std::string text) {
@@ -66,20 +68,20 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
         cells += '\t';
         cells += text;
     };
-    append(date.IsNull() ? "" : date.ToDateTime().DateText('-'));
+    append(entries::DateCell(entry.Field(kDate)));
     for (const Column column : {kCenterCode, kItemCode, kItemName, kKeyCode1, kKeyCode2}) {
         append(entry.Field(column).ToText());
     }
-    append(known ? element->Field(0).ToText() : "");
+    append(element.name);
     append(entry.Field(kDigest).ToText());
-    append(amount.IsZero() ? "0.00" : data::DisplayOfMoney(amount));
+    append(entries::AmountCell(entry.Field(kAmount)));
 
     const auto identity = static_cast<std::int32_t>(entry.Field(kIdentity).ToInteger());
-    const std::int64_t detail = known ? element->Field(1).ToInteger() : 0;
-    details.Add(identity, static_cast<std::int16_t>(detail));
+    details.Add(identity, element.detail);
     const int row = grid.AddItem(cells);
     grid.SetRowHeight(row, kListRowHeight);
     grid.SetRowData(row, identity);
+    details.AddName(ElementCode(entry), grid.Text(row, kElementColumn));
 }
 
 std::string UnreadableEntries(const entries::UnreadableRows& found) {
@@ -104,6 +106,10 @@ void AppendEntries(Grid& grid, ElementDetails& details, RecordSet& rows) {
 }
 
 }  // namespace
+
+ShownElement ReadElement(const std::string& code) {
+    return AskElement(ElementOf(code));
+}
 
 void FillEntryGrid(Grid& grid, ElementDetails& details) {
     const auto rows = Query(StatementText(

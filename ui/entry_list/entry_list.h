@@ -33,6 +33,7 @@
 #include "ui/entry_list/center_names.h"
 #include "ui/entry_list/element_details.h"
 #include "ui/entry_list/failure_notice.h"
+#include "ui/entry_list/save_notes.h"
 
 namespace kelvane::ui {
 
@@ -161,8 +162,8 @@ public:
     void FilterByCurrentCell();
     // The same with a value that is chosen from the list of the column's.
     void FilterByList();
-    // Escape in a row that was not changed: true when there was a search or a view to end. A row
-    // that was never saved is given up first.
+    // Escape in a row that was not changed: true when there was a search, a notice of what was
+    // saved or a view to end. A row that was never saved is given up before a view ends.
     bool EndView();
 
     std::vector<controls::KeyLine> OwnKeys() const override;
@@ -268,9 +269,31 @@ private:
     std::string RowHint(int row) const;
     std::string WhatToPress(int row, int col) const;
 
-    // Writes the row; false after a message.
-    bool WriteRow(int row, const platform::StatementText& detailSql);
+    // Writes the row; false after a message. What is known before the commit is put into `saved`.
+    struct SavedRow {
+        entries::WrittenEntry written;
+        std::int32_t identity = 0;
+        bool wasInDoubt = false;    // nobody knew what was stored
+        bool wroteLines = false;    // the entry's lines are those of this save
+        bool deletedLines = false;  // its lines were deleted with its element
+    };
+    bool WriteRow(int row, const platform::StatementText& detailSql, SavedRow& saved);
     void TakeIdentity(int row, std::int32_t identity);
+
+    // What others have changed meanwhile (others_values.cpp). EnterRow keeps what the current row
+    // shows before its operator changes anything; TellOfOthers tells what a save has replaced,
+    // LookAtOthersValues puts that back into its row.
+    void EnterRow();
+    bool IsAsShown(const entries::StoredEntry& stored, std::int32_t identity) const;
+    std::optional<ReplacedEntry> ReplacedBy(const SavedRow& saved);
+    void HoldReplaced(const SavedRow& saved) noexcept;
+    void NoteReplaced(int row, const SavedRow& saved);
+    void TellOfOthers(int row, const SavedRow& saved) noexcept;
+    bool CanLookAtOthersValues() const;
+    std::int32_t OthersEntry() const;
+    void LookAtOthersValues();
+    RowState StateWith(int row, const ReplacedEntry& replaced);
+    void ForgetSaved();
 
     // Opens the lines of a row's entry.
     DetailAnswer OpenDetails(int row, bool readOnly);
@@ -298,6 +321,9 @@ private:
     std::string mNote;
     // The changes of the current row.
     RowHistory mHistory;
+    // The current row as it was read from the account, or as it was saved last.
+    std::optional<entries::EntryTexts> mShown;
+    SaveNotes mSaveNotes;
     // Why a cell or the row was refused, as long as the grid marks it.
     std::string mRefusal;
     // True while keystrokes that this window sent itself are on their way.

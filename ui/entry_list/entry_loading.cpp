@@ -39,6 +39,7 @@ void frmPeriodItem::AllowEntry(bool allowed) {
 
 // The window is one instance: what an earlier opening left is undone.
 void frmPeriodItem::ResetToDesign() {
+    ForgetSaved();
     mFailureNotice.Clear();
     // A list that cannot be loaded must not show the entries of an earlier opening.
     GridPeriodItem.SetRows(0);

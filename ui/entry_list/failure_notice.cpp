@@ -37,6 +37,7 @@ constexpr std::array kSentences{
     Sentence{"DeleteRow", Work::Save, "删除当前行时出错，数据库中的记录没有改变。"},
     Sentence{"NextSettingNumber", Work::Save, "取期初编号时出错，当前行没有保存。"},
     Sentence{"GridPeriodItem_RowValidate", Work::Save, "检查并保存当前行时出错，当前行没有保存。"},
+    Sentence{"TellOfOthers", Work::Check, "当前行已经保存，但没有能够核对他人的修改。"},
     Sentence{"AddEntryRow", Work::Check, "增加新行时出错。"},
     Sentence{"DutyCenterAllowed", Work::Check, "检查责任中心时出错。"},
     Sentence{"CheckPeriodClosed", Work::Check, "检查会计期间是否结账时出错。"},
@@ -97,6 +98,11 @@ void FailureNotice::Tell(const std::string& sentence) {
     mShown = true;
 }
 
+void FailureNotice::Remind(const std::string& sentence) {
+    mReminder = sentence;
+    if (!mShown) mShow(mReminder);
+}
+
 void FailureNotice::Show(Work work, const std::string& sentence) {
     mWork = work;
     mShow(sentence);
@@ -113,7 +119,7 @@ void FailureNotice::GivenUp(Work work) {
 }
 
 void FailureNotice::Clear() {
-    mShow("");
+    mShow(mReminder);
     mShown = false;
 }
 

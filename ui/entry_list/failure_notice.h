@@ -1,7 +1,8 @@
 // FailureNotice: the line at the window's lower edge that names the last trapped failure of a save,
 // a load, a check or an export, until the same kind of work succeeds again (loading again is
 // opening the list again). Routines that end a failure without a message box would otherwise leave
-// the operator guessing. It also names large work that was done.
+// the operator guessing. It also names large work that was done, and what the operator has to be
+// reminded of.
 #pragma once
 
 #include <functional>
@@ -33,6 +34,9 @@ public:
     void FailedWrite(std::string_view place, const WriteSentences& sentences);
     // Tells what was done, until the next thing that is told or succeeds.
     void Tell(const std::string& sentence);
+    // Shows a sentence whenever there is nothing else to be told, until it is replaced; an empty
+    // one ends that.
+    void Remind(const std::string& sentence);
     // How many failures there were so far: work in which one was trapped is no success.
     int Failures() const { return mFailures; }
     // Clears the line when it speaks of this kind of work; a success of saving clears it in any
@@ -47,6 +51,7 @@ private:
 
     std::function<void(const std::string&)> mShow;
     int mFailures = 0;
+    std::string mReminder;
     Work mWork = Work::Check;
     bool mShown = false;
 };

@@ -200,8 +200,8 @@ void frmPeriodItem::GridPeriodItem_EditCheck() {
 void frmPeriodItem::GridPeriodItem_EnterCell() {
     mNote.clear();
     HideDetailButton();
+    EnterRow();
     const int row = GridPeriodItem.Row();
-    mHistory.KeepOnly(HistoryKey(row));
     if (row == 0 || GridPeriodItem.Col() != kAmountColumn) return;
     if (CellText(row, kElementColumn).empty()) {
         TellElementFirst();
@@ -233,7 +233,7 @@ void frmPeriodItem::HideDetailButton() {
 void frmPeriodItem::GridPeriodItem_ViewChange() {
     mNote.clear();
     if (cmdRef.Visible()) HideDetailButton();
-    mHistory.KeepOnly(HistoryKey(GridPeriodItem.Row()));
+    EnterRow();
 }
 
 // A row that was never saved can be given up; a saved one is deleted by its command alone.

@@ -78,6 +78,7 @@ void frmPeriodItem::ReloadEntries() {
         mElementDetails = {};
         mViews.Forget();
         mHistory.Forget();
+        ForgetSaved();
         GridPeriodItem.SetRow(0);
         GridPeriodItem.SetRows(1);
         FillEntryGrid(GridPeriodItem, mElementDetails);

@@ -32,6 +32,11 @@ bool frmPeriodItem::EndView() {
         mSearchStrip->Close();
         return true;
     }
+    if (!Notice().empty() && Notice() == mSaveNotes.Text()) {
+        mSaveNotes.AllWereSeen();
+        mFailureNotice.Remind({});
+        return true;
+    }
     return !isNew && mViews.End();
 }
 

@@ -14,10 +14,16 @@ using data::gConn;
 using platform::StatementText;
 
 bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
+    SavedRow saved{.written = {},
+                   .identity = GridPeriodItem.RowData(row),
+                   .wasInDoubt = mHistory.IsInDoubt(HistoryKey(row)),
+                   .wroteLines = !detailSql.IsEmpty(),
+                   .deletedLines = mHistory.HasDeletedLines()};
     try {
         try {
-            if (!WriteRow(row, detailSql)) return false;
+            if (!WriteRow(row, detailSql, saved)) return false;
         } catch (const platform::CommitInDoubt&) {
+            HoldReplaced(saved);
             mHistory.SaveInDoubt(HistoryKey(row));
             throw;
         }
@@ -25,6 +31,7 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
         mHistory.Forget();
         GridPeriodItem.SetRowTouched(false);
         mFailureNotice.Succeeded(Work::Save);
+        TellOfOthers(row, saved);
         return true;
     } catch (...) {
         mFailureNotice.FailedWrite(
@@ -36,10 +43,10 @@ bool frmPeriodItem::SaveRow(int row, StatementText& detailSql) {
     return false;
 }
 
-bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
+bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql, SavedRow& saved) {
     entries::Entry entry = entries::EntryOf(TextsOf(row));
     if (entry.identity != 0) {
-        const auto gone = mStore.Update(entry, detailSql);
+        const auto gone = mStore.Update(entry, detailSql, saved.written);
         if (!gone) return true;
         ShowFinding(*gone);
         RefuseRow(row, RefusalText(*gone));
@@ -48,7 +55,7 @@ bool frmPeriodItem::WriteRow(int row, const StatementText& detailSql) {
     entry.identity = NextSettingNumber(entries::kEntryCounter, *gConn, entries::kIdentities);
     if (entry.identity == kNoNumber) return false;
     try {
-        mStore.Insert(entry, detailSql);
+        mStore.Insert(entry, detailSql, saved.written);
     } catch (const platform::CommitInDoubt&) {
         TakeIdentity(row, entry.identity);
         throw;
@@ -85,7 +92,9 @@ void frmPeriodItem::DeleteRow() {
         // What was kept for the deleted row must not be saved with another one.
         mWaiting.Forget();
         mHistory.Forget();
+        mSaveNotes.Forget(GridPeriodItem.RowData(row));
         GridPeriodItem.RemoveItem(row);
+        mFailureNotice.Remind(mSaveNotes.Text());
         mFailureNotice.Succeeded(Work::Save);
     } catch (...) {
         mFailureNotice.FailedWrite(

@@ -35,7 +35,7 @@ void frmPeriodItem::PutBack(int row, const RowState& state) {
 }
 
 void frmPeriodItem::OfferWaysBack() {
-    AddWaysBack(*this, {.canUndo = [this] { return HasChanges(); },
+    AddWaysBack(*this, {.canUndo = [this] { return HasChanges() || CanLookAtOthersValues(); },
                         .undo = [this] { UndoChange(); },
                         .canGoBack =
                             [this] {
@@ -57,6 +57,7 @@ bool frmPeriodItem::HasChanges() const {
 void frmPeriodItem::UndoChange() {
     const int row = GridPeriodItem.Row();
     const int key = HistoryKey(row);
+    if (!mHistory.HasSteps(key)) return LookAtOthersValues();
     const auto [before, col] = mHistory.TakeLastStep();
     PutBack(row, before);
     GridPeriodItem.SetRowTouched(mHistory.HasSteps(key) || mHistory.IsInDoubt(key));

@@ -4,6 +4,10 @@ import os
 import subprocess
 
 
+# What is told of a row that was saved nevertheless.
+SAVED = ("该行在打开后被他人修改，已按当前内容保存",)
+
+
 class Died(Exception):
     """The program ended in the middle of a conversation."""
 
@@ -28,7 +32,7 @@ class Answer:
 
     @property
     def succeeded(self):
-        return not self.refused and not self.notice
+        return not self.refused and (not self.notice or self.notice.startswith(SAVED))
 
 
 class Conversation:

@@ -10,7 +10,6 @@ namespace kelvane::sqlite {
 
 namespace {
 
-using tsql::Datum;
 using tsql::Type;
 
 constexpr Type kInt{Type::Kind::Int, 0};
@@ -42,10 +41,8 @@ void AddToTotal(sqlite3_context* context, int, sqlite3_value** values) {
     Guarded(context, [&] {
         auto* total = StateOf<Total>(context);
         if (total == nullptr) throw std::bad_alloc();
-        const Datum value = DatumOf(values[0]);
-        const auto* number = std::get_if<std::int64_t>(&value);
-        if (number == nullptr) return;
-        total->sum = tsql::CheckedSum(total->sum, *number, kMoney);
+        if (sqlite3_value_type(values[0]) != SQLITE_INTEGER) return;
+        total->sum = tsql::CheckedSum(total->sum, sqlite3_value_int64(values[0]), kMoney);
         ++total->count;
     });
 }

@@ -31,10 +31,6 @@ std::string_view TextArgument(sqlite3_value* value) {
     return {text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-Datum Units(sqlite3_value** values) {
-    return tsql::Loaded(DatumOf(values[0]), {Type::Kind::Money, 0});
-}
-
 Datum Date(sqlite3_value** values) {
     return tsql::Loaded(DatumOf(values[0]), {Type::Kind::DateTime, 0});
 }
@@ -82,6 +78,17 @@ void CallKey(sqlite3_context* context, int, sqlite3_value** values) {
     Guarded(context, [&] { SetResult(context, std::string(part).append(kLastCharacter)); });
 }
 
+// Called for every amount that is added up, and nearly all are stored as texts.
+void CallUnits(sqlite3_context* context, int, sqlite3_value** values) {
+    Guarded(context, [&] {
+        if (sqlite3_value_type(values[0]) == SQLITE_TEXT) {
+            sqlite3_result_int64(context, tsql::MoneyUnits(TextArgument(values[0])));
+        } else {
+            SetResult(context, tsql::Loaded(DatumOf(values[0]), {Type::Kind::Money, 0}));
+        }
+    });
+}
+
 template <Datum (*Function)(sqlite3_value**)>
 void Call(sqlite3_context* context, int, sqlite3_value** values) {
     Guarded(context, [&] { SetResult(context, Function(values)); });
@@ -99,10 +106,14 @@ struct ScalarFunction {
 };
 
 constexpr ScalarFunction kFunctions[] = {
-    {"kelvane_units", 1, Call<Units>},           {"kelvane_date", 1, Call<Date>},
-    {"kelvane_convert", 5, Call<Convert>},       {"kelvane_store", 4, Call<Store>},
-    {"kelvane_arithmetic", 4, Call<Arithmetic>}, {"kelvane_like", 2, Call<Like>},
-    {"kelvane_first_key", 1, CallKey<false>},    {"kelvane_last_key", 1, CallKey<true>},
+    {"kelvane_units", 1, CallUnits},
+    {"kelvane_date", 1, Call<Date>},
+    {"kelvane_convert", 5, Call<Convert>},
+    {"kelvane_store", 4, Call<Store>},
+    {"kelvane_arithmetic", 4, Call<Arithmetic>},
+    {"kelvane_like", 2, Call<Like>},
+    {"kelvane_first_key", 1, CallKey<false>},
+    {"kelvane_last_key", 1, CallKey<true>},
 };
 
 }  // namespace

@@ -89,6 +89,9 @@ private:
     // cannot be read.
     std::optional<std::int64_t> DataVersion();
     bool IsAnswerOld();
+    // A change to a row, prepared; it is kept, for rows that are saved one after the other are
+    // mostly changed in the same columns.
+    Statement& ChangeWritten(std::string text);
 
     Database mDatabase;
     SqliteCatalog mCatalog;
@@ -100,6 +103,8 @@ private:
     std::vector<tsql::Datum> mValues;
     database::AnnouncedQueries<Result> mAnnounced;
     bool mManyAnnounced = false;  // since EndAnnounced()
+    Statement mChange;
+    std::string mChangeText;
     Statement mDataVersion;
     std::optional<std::int64_t> mAnsweredVersion;
 };

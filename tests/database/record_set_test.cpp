@@ -139,6 +139,23 @@ TEST_F(RecordSets, ChangesTheCurrentRowAlone) {
     EXPECT_EQ(Rows("select i from Probe order by id"), "1\n20\n");
 }
 
+// The same columns with other values, and other columns in between.
+TEST_F(RecordSets, EachChangeIsItsOwn) {
+    Execute("insert into Probe(id,i) values(1,10) insert into Probe(id,i) values(2,20)");
+    const auto change = [this](const char* column, const Value& value) {
+        const auto set = Open("select id,i,c from Probe order by id", LockType::Optimistic);
+        set->MoveNext();
+        set->SetField(column, value);
+        set->Update();
+    };
+    change("i", Value(std::int64_t{21}));
+    change("i", Value(std::int64_t{22}));
+    change("c", Value("c"));
+    Execute("delete from Probe where id = 1 insert into Probe(id,i) values(3,30)");
+    change("i", Value(std::int64_t{31}));
+    EXPECT_EQ(Rows("select id,i,c from Probe order by id"), "2|22|c\n3|31|NULL\n");
+}
+
 TEST_F(RecordSets, ATransactionDoesNotVouchForRowsReadBeforeIt) {
     Execute("insert into Probe(id,i) values(1,1)");
     const auto set = Open("select id,i from Probe where id = 1", LockType::Optimistic);

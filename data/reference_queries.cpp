@@ -8,17 +8,14 @@ namespace kelvane::data {
 
 using platform::StatementText;
 
-namespace {
-
-StatementText ItemsToChooseFrom() {
-    if (!gRefByCenter) return StatementText("select cItemCode from Fitemss97");
+StatementText CenterItemsQuery(std::string_view centerCode) {
     StatementText statement(
         "select PM_DutycenterSub.cItemCode,Fitemss97.citemname from PM_DutycenterSub inner join "
         "Fitemss97 on PM_DutycenterSub.cItemCode = Fitemss97.citemcode  where cCenterCode = '");
-    return statement.Inside(gRefCenterCode) << "'";
+    return statement.Inside(centerCode) << "'";
 }
 
-StatementText CenterForOperator(std::string_view centerCode) {
+StatementText DutyCenterQuery(std::string_view centerCode) {
     if (gLogin->IsExemptFromCenterAuth()) {
         StatementText statement("select cCenterCode from PM_DutyCenter where cCenterCode = '");
         return statement.Inside(centerCode) << "'";
@@ -30,10 +27,10 @@ StatementText CenterForOperator(std::string_view centerCode) {
     return statement.Inside(centerCode) << "'";
 }
 
-}  // namespace
-
 bool ItemInDutyCenter(std::string_view itemCode) {
-    const auto items = gEnv->DataAccess().Query(ItemsToChooseFrom());
+    const auto items =
+        gEnv->DataAccess().Query(gRefByCenter ? CenterItemsQuery(gRefCenterCode)
+                                              : StatementText("select cItemCode from Fitemss97"));
     bool found = false;
     if (!items->EndOfFile()) items->MoveFirst();
     for (; !found && !items->EndOfFile(); items->MoveNext())
@@ -43,7 +40,7 @@ bool ItemInDutyCenter(std::string_view itemCode) {
 }
 
 bool DutyCenterAllowed(std::string_view centerCode) try {
-    const auto centers = gEnv->DataAccess().Query(CenterForOperator(centerCode));
+    const auto centers = gEnv->DataAccess().Query(DutyCenterQuery(centerCode));
     const bool allowed = centers->RecordCount() > 0;
     centers->Close();
     return allowed;

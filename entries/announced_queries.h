@@ -34,7 +34,7 @@ public:
     // change what they answer. `piece`: for how many rows answers may be read ahead at once.
     AnnouncedQueries(platform::HostDataAccess& access, std::size_t count,
                      std::function<platform::StatementText(std::size_t)> queryOf,
-                     std::size_t piece = 256)
+                     std::size_t piece = 1024)
         : mAccess(access), mCount(count), mQueryOf(std::move(queryOf)), mMaxPiece(piece) {}
     // The change that is asked for right behind row `i`'s query, by the first field of its answer.
     void AnnounceChanges(platform::ChangeBehind changeOf) { mChangeOf = std::move(changeOf); }

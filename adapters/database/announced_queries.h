@@ -112,7 +112,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t kMaxTogether = 256;
+    static constexpr std::size_t kMaxTogether = 1024;
 
     void ForgetBatch() {
         mPlaces.clear();

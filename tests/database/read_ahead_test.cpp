@@ -16,7 +16,7 @@ using platform::Value;
 
 class ReadAhead : public AccountTest {
 protected:
-    static constexpr int kEntries = 600;
+    static constexpr int kEntries = 2500;
 
     static StatementText SumOf(int identity) {
         StatementText query("Select sum(mQc) from pm_itemqcsub where iEleVid = '");
@@ -39,15 +39,15 @@ protected:
 
 TEST_F(ReadAhead, EveryQueryHasItsOwnAnswer) {
     InsertLine(1, 7);
-    InsertLine(300, 5);
-    InsertLine(300, 6);
+    InsertLine(1300, 5);
+    InsertLine(1300, 6);
     const auto queries = Sums();
     Account().ReadAhead(queries, {});
     for (int i = 1; i <= kEntries; ++i) {
         const Value sum = Answer(queries[static_cast<std::size_t>(i - 1)]);
         if (i == 1) {
             EXPECT_EQ(sum.ToMoney(), Money::FromText("7"));
-        } else if (i == 300) {
+        } else if (i == 1300) {
             EXPECT_EQ(sum.ToMoney(), Money::FromText("11"));
         } else {
             EXPECT_TRUE(sum.IsNull()) << i;

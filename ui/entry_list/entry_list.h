@@ -250,6 +250,8 @@ private:
     bool ChangeElement(int row, const std::string& name);
     // Checks all cells of the row and its budget; `col` becomes the column that is refused.
     bool ChecksRow(int row, int& col);
+    bool ChecksCells(int row, int& col);
+    bool ChecksBudget(int row);
     // The row as a whole is refused: the operator has been told `reason`.
     void RefuseRow(int row, std::string reason);
     void EmptyBehindCenter(int row);

@@ -5,6 +5,7 @@
 #include "data/login_context.h"
 #include "data/messages.h"
 #include "data/text_conversion.h"
+#include "entries/announced_checks.h"
 #include "ui/common/flag_scope.h"
 #include "ui/common/item_pick.h"
 #include "ui/common/opening_budget.h"
@@ -145,6 +146,11 @@ void frmPeriodItem::GridPeriodItem_RowValidate(GridAnswer& answer, int row, int&
 }
 
 bool frmPeriodItem::ChecksRow(int row, int& col) {
+    return ChecksCells(row, col) && ChecksBudget(row);
+}
+
+bool frmPeriodItem::ChecksCells(int row, int& col) {
+    const entries::AnnouncedChecks announced(TextsOf(row));
     for (int column = kDateColumn; column <= kAmountColumn; ++column) {
         std::string text = CellText(row, column);
         if (!ValidateCell(row, column, false, text)) {
@@ -153,6 +159,10 @@ bool frmPeriodItem::ChecksRow(int row, int& col) {
             return false;
         }
     }
+    return true;
+}
+
+bool frmPeriodItem::ChecksBudget(int row) {
     GridPeriodItem.SetRow(row);
     mRefusal.clear();
     if (CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)), mRefusal)) return true;

@@ -80,18 +80,18 @@ TEST(AnnouncedQueries, WithoutAnyAnswerTheRestGoesAlone) {
 TEST(AnnouncedQueries, LongListsGoInSeveralBatches) {
     Announced announced;
     std::vector<int> numbers;
-    for (int i = 0; i < 300; ++i) numbers.push_back(i);
+    for (int i = 0; i < 1100; ++i) numbers.push_back(i);
     Announce(announced, numbers);
     std::vector<std::string> answers;
     for (const std::string_view text : announced.NextBatch()) answers.emplace_back(text);
-    ASSERT_EQ(answers.size(), 256U);
+    ASSERT_EQ(answers.size(), 1024U);
     announced.SetAnswers(answers);
-    for (int i = 0; i < 256; ++i) {
+    for (int i = 0; i < 1024; ++i) {
         ASSERT_TRUE(announced.IsAnswered());
         EXPECT_EQ(announced.Take(), Numbered(i).Text());
     }
     EXPECT_FALSE(announced.IsAnswered());
-    EXPECT_EQ(announced.NextBatch().size(), 44U);
+    EXPECT_EQ(announced.NextBatch().size(), 76U);
 }
 
 // Behind each query whose answer is a text other than "none": what it would be changed to.

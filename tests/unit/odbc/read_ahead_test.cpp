@@ -119,7 +119,7 @@ TEST_F(ReadingAhead, LeavesMalformedQueriesOut) {
 }
 
 TEST_F(ReadingAhead, SendsALongAnnouncementInPieces) {
-    constexpr int kPiece = 256;
+    constexpr int kPiece = 1024;
     std::vector<StatementText> queries;
     std::string script = "run ";
     std::string answers;
@@ -131,7 +131,7 @@ TEST_F(ReadingAhead, SendsALongAnnouncementInPieces) {
     }
     queries.push_back(StatementText("select "));
     queries.back().Number(kPiece);
-    Open(script + answers + "\nrun select 256\ncolumns - INTEGER\nrow 256");
+    Open(script + answers + "\nrun select 1024\ncolumns - INTEGER\nrow 1024");
     Server().ReadAhead(queries, {});
     for (int i = 0; i <= kPiece; ++i) {
         EXPECT_EQ(Server().OpenRecordSet(queries[static_cast<std::size_t>(i)])->Field(0),

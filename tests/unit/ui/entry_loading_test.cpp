@@ -76,7 +76,7 @@ TEST_F(EntryLoadingTest, AnnouncesALongListInPieces) {
     Form().Load();
     std::vector<std::size_t> sizes;
     for (const Queries& announcement : log.announcements) sizes.push_back(announcement.size());
-    EXPECT_THAT(sizes, ElementsAre(64, 64, 64, 64, 44, 0, 256, 44, 0, 256, 44, 0));
+    EXPECT_THAT(sizes, ElementsAre(64, 64, 64, 64, 44, 0, 300, 0, 300, 0));
     EXPECT_EQ(List().Rows(), 301);
 }
 

@@ -75,7 +75,8 @@ std::optional<Finding> EntryRules::CheckAmount(std::string& text) {
     return std::nullopt;
 }
 
-std::optional<Finding> EntryRules::CheckBudget(const BudgetedEntry& entry, Money amount) const {
+std::optional<Finding> EntryRules::CheckBudget(const BudgetedEntry& entry, Money amount,
+                                               std::optional<CheckedBudget>* checked) const {
     const std::string elementCode = mMasterData.ElementCode(entry.elementName);
     Budget budget;
     try {
@@ -85,10 +86,22 @@ std::optional<Finding> EntryRules::CheckBudget(const BudgetedEntry& entry, Money
     }
     if (!budget.controlled) return std::nullopt;
     const Money recorded = mMasterData.RecordedByOthers(entry, elementCode);
-    if (recorded + amount <= budget.money) return std::nullopt;
+    if (recorded + amount <= budget.money) {
+        if (checked != nullptr) *checked = {entry, elementCode, amount, budget.money};
+        return std::nullopt;
+    }
     Finding exceeded = Found(Rule::BudgetExceeded);
     exceeded.figures = MoneyRoom(budget.money, recorded);
     return exceeded;
+}
+
+std::string EntryRules::FindOverrun(const CheckedBudget& checked) const try {
+    const Money recorded = mMasterData.RecordedByOthers(checked.entry, checked.elementCode);
+    if (recorded + checked.amount <= checked.granted) return {};
+    return MoneyRoom(checked.granted, recorded);
+} catch (const platform::MoneyTextError&) {
+    // The others come to less than 0, which leaves more room than there was.
+    return {};
 }
 
 std::optional<Finding> EntryRules::CheckDeletion(const EntryTexts& entry) const {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "entries/checked_budget.h"
 #include "entries/entry.h"
 #include "entries/master_data.h"
 #include "entries/rules.h"
@@ -31,8 +32,13 @@ public:
     // `text` becomes the amount's display text; one single blank stands for zero.
     static std::optional<Finding> CheckAmount(std::string& text);
     // Whether `amount` keeps within the budget, the amounts of all other entries of its item and
-    // element included.
-    std::optional<Finding> CheckBudget(const BudgetedEntry& entry, platform::Money amount) const;
+    // element included. Where there is a budget and it does, `checked` (may be null) becomes what
+    // was compared.
+    std::optional<Finding> CheckBudget(const BudgetedEntry& entry, platform::Money amount,
+                                       std::optional<CheckedBudget>* checked = nullptr) const;
+    // What a budget leaves room for when the other entries, read anew, have come to take so much of
+    // it that the checked amount does not keep within it; empty when it still does.
+    std::string FindOverrun(const CheckedBudget& checked) const;
     // Whether an entry of this item may be deleted.
     std::optional<Finding> CheckDeletion(const EntryTexts& entry) const;
 

@@ -1,5 +1,8 @@
 #include "entries/item_budget.h"
 
+#include "entries/account_master_data.h"
+#include "entries/entry_rules.h"
+#include "entries/entry_store.h"
 #include "tests/database/data_fixture.h"
 #include "ui/common/opening_budget.h"
 
@@ -187,6 +190,54 @@ TEST_F(BudgetControl, AnUnknownElementGoesToTheCaller) {
 TEST_F(BudgetControl, ATotalThatDoesNotFitGoesToTheCaller) {
     Run("insert into pm_budget values(2,'P01','E01',1,1000)");
     EXPECT_THROW(Check("922337203685477.5807"), platform::MoneyOverflow);
+}
+
+// Both find room before either has saved: the later one finds that there was none for both.
+TEST_F(BudgetControl, OfTwoWhoOverrunItTheLaterOneFindsIt) {
+    data::gNumPointMoney = 2;
+    Run("insert into pm_budget values(2,'P01','E01',1,1000)");
+    struct Saver {
+        std::shared_ptr<platform::Connection> connection;
+        std::int32_t identity;
+        std::optional<CheckedBudget> checked = {};
+    };
+    std::vector<Saver> savers{{data::gConn, 8}, {Connect(), 9}};
+    AccountMasterData masterData;
+    const EntryRules rules(masterData);
+    EntryStore store;
+    for (Saver& saver : savers) {
+        data::gConn = saver.connection;
+        EXPECT_FALSE(
+            rules.CheckBudget({0, "P01", "人工费"}, Money::FromInteger(60), &saver.checked));
+        ASSERT_TRUE(saver.checked);
+        saver.checked->entry.identity = saver.identity;
+    }
+    std::vector<std::string> overruns;
+    for (const Saver& saver : savers) {
+        data::gConn = saver.connection;
+        const Entry entry{.identity = saver.identity,
+                          .date = {2004, 6, 1},
+                          .centerCode = "D01",
+                          .itemCode = "P01",
+                          .key1 = "",
+                          .key2 = "",
+                          .elementName = "人工费",
+                          .digest = "",
+                          .amount = saver.checked->amount};
+        WrittenEntry written;
+        store.Insert(entry, {}, written);
+        EXPECT_TRUE(TakesMore(*saver.checked, written.before));
+        overruns.push_back(rules.FindOverrun(*saver.checked));
+    }
+    EXPECT_EQ(overruns, (Lines{"", "预算 1,000.00，已用 960.00，可用 40.00"}));
+}
+
+TEST_F(BudgetControl, OneWhoSumsToLessThanNothingLeavesRoom) {
+    const CheckedBudget checked{
+        {9, "P01", "人工费"}, "E01", Money::FromInteger(5), Money::FromInteger(10)};
+    Run("insert into PM_ItemQC(iEleVid,cItemCode,cElementCode,mQC) values(7,'P01','E01',-5000)");
+    AccountMasterData masterData;
+    EXPECT_EQ(EntryRules(masterData).FindOverrun(checked), "");
 }
 
 }  // namespace

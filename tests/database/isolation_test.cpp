@@ -146,7 +146,8 @@ TEST_F(Isolation, LinesOfTwoEditorsNeverMix) {
     EXPECT_EQ(Entry(1), "second 31 A B");
 }
 
-// Gap: the check comes before the save and holds nothing.
+// Gap: the check comes before the save and holds nothing. The same question behind the commit is
+// what tells the later one.
 TEST_F(Isolation, TwoAtOnceOverrunABudget) {
     constexpr int kBudget = 100;
     const StatementText others(

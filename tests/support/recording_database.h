@@ -2,6 +2,7 @@
 // statement fail, which a real database does not do on request.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -30,7 +31,14 @@ struct StatementLog {
     enum class LostAnswer { None, Saved, NotSaved };
     LostAnswer lostAnswer = LostAnswer::None;
 
+    // Another operator does this, once, right before a statement that contains the text.
+    std::string meets;
+    std::function<void()> meeting;
+
     void Add(RecordedStatement statement) {
+        if (meeting && statement.text.find(meets) != std::string::npos) {
+            std::exchange(meeting, nullptr)();
+        }
         const bool fails = !failing.empty() && statement.text.find(failing) != std::string::npos;
         statements.push_back(std::move(statement));
         if (fails && losesConnection) throw platform::ConnectionLost("模拟的连接断开");

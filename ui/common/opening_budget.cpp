@@ -8,9 +8,11 @@ namespace kelvane::ui {
 
 std::function<entries::BudgetedEntry()> gCurrentEntry;
 
-bool CheckOpeningBudget(platform::Money amount, std::string& refusal) {
+bool CheckOpeningBudget(platform::Money amount, std::string& refusal,
+                        std::optional<entries::CheckedBudget>* checked) {
     entries::AccountMasterData masterData;
-    const auto refused = entries::EntryRules(masterData).CheckBudget(gCurrentEntry(), amount);
+    const auto refused =
+        entries::EntryRules(masterData).CheckBudget(gCurrentEntry(), amount, checked);
     if (!refused) return true;
     ShowFinding(*refused);
     refusal = RefusalText(*refused);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "entries/checked_budget.h"
 #include "entries/entry.h"
 #include "platform/money.h"
 
@@ -16,7 +18,9 @@ extern std::function<entries::BudgetedEntry()> gCurrentEntry;
 // of its item and element included. Tells the operator when it does not, or when the budget cannot
 // be read, and puts what the lower line repeats of it into `refusal`. Over gConn; passes the errors
 // of its own reads on.
-bool CheckOpeningBudget(platform::Money amount, std::string& refusal);
+// `checked` (may be null) as EntryRules::CheckBudget() gives it.
+bool CheckOpeningBudget(platform::Money amount, std::string& refusal,
+                        std::optional<entries::CheckedBudget>* checked = nullptr);
 inline bool CheckOpeningBudget(platform::Money amount) {
     std::string refusal;
     return CheckOpeningBudget(amount, refusal);

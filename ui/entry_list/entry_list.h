@@ -283,13 +283,14 @@ private:
     void TakeIdentity(int row, std::int32_t identity);
 
     // What others have changed meanwhile (others_values.cpp). EnterRow keeps what the current row
-    // shows before its operator changes anything; TellOfOthers tells what a save has replaced,
-    // LookAtOthersValues puts that back into its row.
+    // shows before its operator changes anything; TellOfOthers tells what a save has replaced and
+    // whether a budget was overrun together, LookAtOthersValues puts the former back into its row.
     void EnterRow();
     bool IsAsShown(const entries::StoredEntry& stored, std::int32_t identity) const;
     std::optional<ReplacedEntry> ReplacedBy(const SavedRow& saved);
     void HoldReplaced(const SavedRow& saved) noexcept;
     void NoteReplaced(int row, const SavedRow& saved);
+    void NoteOverrun(int row, const SavedRow& saved, entries::CheckedBudget checked);
     void TellOfOthers(int row, const SavedRow& saved) noexcept;
     bool CanLookAtOthersValues() const;
     std::int32_t OthersEntry() const;
@@ -326,6 +327,8 @@ private:
     // The current row as it was read from the account, or as it was saved last.
     std::optional<entries::EntryTexts> mShown;
     SaveNotes mSaveNotes;
+    // What the row that is about to be saved was compared with.
+    std::optional<entries::CheckedBudget> mCheckedBudget;
     // Why a cell or the row was refused, as long as the grid marks it.
     std::string mRefusal;
     // True while keystrokes that this window sent itself are on their way.

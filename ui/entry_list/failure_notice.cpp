@@ -38,6 +38,8 @@ constexpr std::array kSentences{
     Sentence{"NextSettingNumber", Work::Save, "取期初编号时出错，当前行没有保存。"},
     Sentence{"GridPeriodItem_RowValidate", Work::Save, "检查并保存当前行时出错，当前行没有保存。"},
     Sentence{"TellOfOthers", Work::Check, "当前行已经保存，但没有能够核对他人的修改。"},
+    Sentence{"NoteOverrun", Work::Check,
+             "当前行已经保存，但保存后没有能够核对项目预算，再次离开此行时会检查。"},
     Sentence{"AddEntryRow", Work::Check, "增加新行时出错。"},
     Sentence{"DutyCenterAllowed", Work::Check, "检查责任中心时出错。"},
     Sentence{"CheckPeriodClosed", Work::Check, "检查会计期间是否结账时出错。"},

@@ -165,7 +165,9 @@ bool frmPeriodItem::ChecksCells(int row, int& col) {
 bool frmPeriodItem::ChecksBudget(int row) {
     GridPeriodItem.SetRow(row);
     mRefusal.clear();
-    if (CheckOpeningBudget(Money::FromText(CellText(row, kAmountColumn)), mRefusal)) return true;
+    mCheckedBudget.reset();
+    const Money amount = Money::FromText(CellText(row, kAmountColumn));
+    if (CheckOpeningBudget(amount, mRefusal, &mCheckedBudget)) return true;
     GridPeriodItem.MarkRefused(row, kAmountColumn);
     return false;
 }

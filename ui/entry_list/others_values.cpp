@@ -1,8 +1,9 @@
-// Another operator's changes that a save of this one has replaced: how they are noticed, and how
-// they come back into the row to be looked at. No statement is run to notice them.
-
+// Another operator's changes that a save of this one has replaced: how they are noticed, without a
+// statement, and how they come back into the row to be looked at. And a budget that two have
+// overrun together, which one more read tells.
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/login_context.h"
@@ -72,15 +73,31 @@ void frmPeriodItem::NoteReplaced(int row, const SavedRow& saved) {
     mShown = now;
 }
 
+void frmPeriodItem::NoteOverrun(int row, const SavedRow& saved, entries::CheckedBudget checked) {
+    // What a save without an answer has stored may count already.
+    const std::optional<StoredEntry> unknown;
+    if (!entries::TakesMore(checked, saved.wasInDoubt ? unknown : saved.written.before)) return;
+    const EntryTexts now = TextsOf(row);
+    checked.entry.identity = now.identity;
+    const std::string room = mRules.FindOverrun(checked);
+    if (!room.empty()) mSaveNotes.AddOverrun(now.identity, NameOf(now) + "，" + room);
+}
+
 // What comes after the commit does not make the save a failure.
 void frmPeriodItem::TellOfOthers(int row, const SavedRow& saved) noexcept {
+    const auto checked = std::exchange(mCheckedBudget, std::nullopt);
     try {
         NoteReplaced(row, saved);
-        mFailureNotice.Remind(mSaveNotes.Text());
     } catch (...) {
         // What is stored is as the row shows it; only what was there before it is not told.
         mShown.reset();
         data::ReportTrapped("TellOfOthers");
+    }
+    try {
+        if (checked) NoteOverrun(row, saved, *checked);
+        mFailureNotice.Remind(mSaveNotes.Text());
+    } catch (...) {
+        data::ReportTrapped("NoteOverrun");
     }
 }
 
@@ -88,6 +105,7 @@ void frmPeriodItem::ForgetSaved() {
     mSaveNotes.ForgetAll();
     mFailureNotice.Remind({});
     mShown.reset();
+    mCheckedBudget.reset();
 }
 
 bool frmPeriodItem::CanLookAtOthersValues() const {

@@ -17,16 +17,21 @@ void SaveNotes::AddReplaced(std::int32_t identity, std::string name, ReplacedEnt
         {.identity = identity, .name = std::move(name), .replaced = std::move(replaced)});
 }
 
+void SaveNotes::AddOverrun(std::int32_t identity, std::string name) {
+    mNotes.push_back({.identity = identity, .name = std::move(name), .replaced = {}});
+}
+
 const ReplacedEntry* SaveNotes::ReplacedIn(std::int32_t identity) const {
     const auto note = std::find_if(mNotes.begin(), mNotes.end(), [&](const Note& candidate) {
-        return candidate.identity == identity;
+        return candidate.replaced && candidate.identity == identity;
     });
-    return note == mNotes.end() ? nullptr : &note->replaced;
+    return note == mNotes.end() ? nullptr : &*note->replaced;
 }
 
 std::int32_t SaveNotes::LastReplaced() const {
-    const auto last = std::find_if(mNotes.rbegin(), mNotes.rend(),
-                                   [](const Note& candidate) { return candidate.told; });
+    const auto last = std::find_if(mNotes.rbegin(), mNotes.rend(), [](const Note& candidate) {
+        return candidate.replaced && candidate.told;
+    });
     return last == mNotes.rend() ? 0 : last->identity;
 }
 
@@ -35,33 +40,46 @@ void SaveNotes::Forget(std::int32_t identity) {
 }
 
 void SaveNotes::WasSeen(std::int32_t identity) {
-    for (Note& note : mNotes) note.told = note.told && note.identity != identity;
+    for (Note& note : mNotes) {
+        if (note.replaced && note.identity == identity) note.told = false;
+    }
 }
 
 void SaveNotes::AllWereSeen() {
     for (Note& note : mNotes) note.told = false;
 }
 
-std::string SaveNotes::Text() const {
-    const std::int32_t last = LastReplaced();
-    if (last == 0) return {};
-    std::string text = "该行在打开后被他人修改，已按当前内容保存：";
+// The last one of its kind, and how many there are besides.
+std::string SaveNotes::Named(bool replaced) const {
+    std::string last;
     std::string others;
     std::size_t count = 0;
     for (auto note = mNotes.rbegin(); note != mNotes.rend(); ++note) {
-        if (!note->told) continue;
-        if (note->identity == last) {
-            text += note->name;
+        if (!note->told || note->replaced.has_value() != replaced) continue;
+        if (last.empty()) {
+            last = note->name;
             continue;
         }
         if (count < kNamed) others += (count == 0 ? "" : "、") + std::to_string(note->identity);
         ++count;
     }
-    if (count > 0) {
-        text += "，此前还有 " + std::to_string(count) + " 行（期初编号 " + others +
-                (count > kNamed ? " 等）" : "）");
+    if (count == 0) return last;
+    return last + "，此前还有 " + std::to_string(count) + " 行（期初编号 " + others +
+           (count > kNamed ? " 等）" : "）");
+}
+
+std::string SaveNotes::Text() const {
+    const std::string overrun = Named(false);
+    const std::string replaced = Named(true);
+    std::string text;
+    if (!overrun.empty()) {
+        text += "与他人同时保存，金额合计已超出项目预算，请核对：" + overrun + "。";
     }
-    return text + "。按 Ctrl+Z 查看他人的内容，按 Esc 不再提示。";
+    if (!replaced.empty()) {
+        text += "该行在打开后被他人修改，已按当前内容保存：" + replaced +
+                "。按 Ctrl+Z 查看他人的内容，";
+    }
+    return text.empty() ? text : text + "按 Esc 不再提示。";
 }
 
 }  // namespace kelvane::ui

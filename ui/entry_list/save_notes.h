@@ -1,6 +1,7 @@
 // SaveNotes: what an operator has to know of rows that he saved: that another operator had changed
-// one since it was shown here, and what then stood there. Leaving a row saves it, so that there may
-// be many at once. A note lasts until its row is saved again or removed.
+// one since it was shown here, and what then stood there; that both together have overrun a budget.
+// Leaving a row saves it, so that there may be many at once. A note lasts until its row is saved
+// again or removed.
 #pragma once
 
 #include <cstdint>
@@ -24,6 +25,7 @@ class SaveNotes {
 public:
     // `name` is what the notice calls the entry.
     void AddReplaced(std::int32_t identity, std::string name, ReplacedEntry replaced);
+    void AddOverrun(std::int32_t identity, std::string name);
     // Null when nothing of this entry was replaced.
     const ReplacedEntry* ReplacedIn(std::int32_t identity) const;
     // The entry that was replaced last, of those that are still told; 0 when there is none.
@@ -36,7 +38,8 @@ public:
     // A row was saved again, or is gone; all of them.
     void Forget(std::int32_t identity);
     void ForgetAll() { *this = {}; }
-    // The operator has seen the notice of one row, or all there are; what was replaced is kept.
+    // The operator has seen what was replaced in one row, or all there is to be told; what was
+    // replaced is kept.
     void WasSeen(std::int32_t identity);
     void AllWereSeen();
 
@@ -47,9 +50,11 @@ private:
     struct Note {
         std::int32_t identity = 0;
         std::string name;
-        ReplacedEntry replaced;
+        std::optional<ReplacedEntry> replaced;  // nothing: a budget was overrun
         bool told = true;
     };
+
+    std::string Named(bool replaced) const;
 
     std::vector<Note> mNotes;  // the latest at the end
     std::optional<ReplacedEntry> mHeld;

@@ -126,6 +126,27 @@ TEST_F(EntryRulesTest, ABudgetIsExceededByAnythingAboveIt) {
     EXPECT_FALSE(rules.CheckBudget(entry, Money::FromInteger(5000)));
 }
 
+TEST_F(EntryRulesTest, OthersMayUseABudgetUpBehindItsCheck) {
+    data.entryBudget = {.controlled = true, .money = Money::FromInteger(1000), .quantity = 0};
+    data.recorded = Money::FromInteger(600);
+    const BudgetedEntry entry{7, "P01", "人工费"};
+    std::optional<CheckedBudget> checked;
+    EXPECT_TRUE(rules.CheckBudget(entry, Money::FromInteger(401), &checked));
+    EXPECT_FALSE(checked);
+    EXPECT_FALSE(rules.CheckBudget(entry, Money::FromInteger(400), &checked));
+    ASSERT_TRUE(checked);
+    data.asked.clear();
+    EXPECT_EQ(rules.FindOverrun(*checked), "");
+    // One question, and what it granted is known.
+    EXPECT_THAT(data.asked, ElementsAre("recorded beside 7 E01"));
+    data.recorded = Money::FromText("600.01");
+    EXPECT_EQ(rules.FindOverrun(*checked), "预算 1,000.00，已用 600.01，可用 399.99");
+    checked.reset();
+    data.entryBudget.controlled = false;
+    EXPECT_FALSE(rules.CheckBudget(entry, Money::FromInteger(400), &checked));
+    EXPECT_FALSE(checked);
+}
+
 TEST_F(EntryRulesTest, ABudgetThatCannotBeReadSaysWhy) {
     data.unreadable = "Subquery returned more than 1 value.";
     EntryTexts texts = Good();

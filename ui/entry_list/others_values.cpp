@@ -88,13 +88,15 @@ void frmPeriodItem::TellOfOthers(int row, const SavedRow& saved) noexcept {
     const auto checked = std::exchange(mCheckedBudget, std::nullopt);
     try {
         NoteReplaced(row, saved);
+        mFailureNotice.Remind(mSaveNotes.Text());
     } catch (...) {
         // What is stored is as the row shows it; only what was there before it is not told.
         mShown.reset();
         data::ReportTrapped("TellOfOthers");
     }
     try {
-        if (checked) NoteOverrun(row, saved, *checked);
+        if (!checked) return;
+        NoteOverrun(row, saved, *checked);
         mFailureNotice.Remind(mSaveNotes.Text());
     } catch (...) {
         data::ReportTrapped("NoteOverrun");

@@ -10,7 +10,7 @@
 namespace kelvane::faults {
 namespace {
 
-constexpr std::string_view kReplaced = "该行在打开后被他人修改，已按当前内容保存：";
+constexpr std::string_view kReplaced = "该行在打开后被他人修改，已按当前内容保存";
 // Told behind the commit, when what is asked there has no answer.
 constexpr std::string_view kBudgetUnknown = "当前行已经保存，但保存后没有能够核对项目预算";
 

@@ -68,18 +68,20 @@ std::string SaveNotes::Named(bool replaced) const {
            (count > kNamed ? " 等）" : "）");
 }
 
+// The keys come before the entries: a line that is too long is cut at its end.
 std::string SaveNotes::Text() const {
     const std::string overrun = Named(false);
     const std::string replaced = Named(true);
     std::string text;
     if (!overrun.empty()) {
-        text += "与他人同时保存，金额合计已超出项目预算，请核对：" + overrun + "。";
+        text += "与他人同时保存，金额合计已超出项目预算，请核对（Esc 不再提示）：" + overrun + "。";
     }
     if (!replaced.empty()) {
-        text += "该行在打开后被他人修改，已按当前内容保存：" + replaced +
-                "。按 Ctrl+Z 查看他人的内容，";
+        text +=
+            "该行在打开后被他人修改，已按当前内容保存（Ctrl+Z 查看他人的内容，Esc 不再提示）：" +
+            replaced + "。";
     }
-    return text.empty() ? text : text + "按 Esc 不再提示。";
+    return text;
 }
 
 }  // namespace kelvane::ui

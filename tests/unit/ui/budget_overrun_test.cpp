@@ -11,7 +11,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kOverrun = "与他人同时保存，金额合计已超出项目预算，请核对：";
+constexpr const char* kOverrun = "与他人同时保存，金额合计已超出项目预算，请核对（Esc 不再提示）：";
 
 // A budget of 2,000 for P01 and E01, of which entry 1 has used 1,234.50.
 class BudgetOverrunTest : public EntryListTest {
@@ -58,8 +58,7 @@ TEST_F(BudgetOverrunTest, TheLaterOneIsTold) {
     EXPECT_THAT(AskedBehindTheCommit(2), ElementsAre(SumBeside(4)));
     EXPECT_EQ(Form().Notice(),
               std::string(kOverrun) +
-                  "P01 人工费 新（期初编号 4），预算 2,000.00，已用 1,934.50，可用 65.50。"
-                  "按 Esc 不再提示。");
+                  "P01 人工费 新（期初编号 4），预算 2,000.00，已用 1,934.50，可用 65.50。");
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_EQ(Read("select count(*) from PM_ItemQC where cItemCode='P01'"),
               std::vector<std::string>{"3"});
@@ -139,8 +138,11 @@ TEST_F(BudgetOverrunTest, ARowThatWasReplacedAndOverranSaysBoth) {
     };
     EXPECT_THAT(AskedBehindTheCommit(2), ElementsAre(SumBeside(1)));
     EXPECT_THAT(Form().Notice(), StartsWith(kOverrun));
-    EXPECT_THAT(Form().Notice(),
-                HasSubstr("该行在打开后被他人修改，已按当前内容保存：P01 人工费 人工"));
+    EXPECT_THAT(
+        Form().Notice(),
+        HasSubstr(
+            "该行在打开后被他人修改，已按当前内容保存（Ctrl+Z 查看他人的内容，Esc 不再提示）："
+            "P01 人工费 人工"));
     // Looking at the other's values does not end what the budget has to say.
     EXPECT_TRUE(Form().KeyDown(platform::KeyOfCharacter(U'Z'), platform::kCtrl));
     List().NavigationKey(platform::Key::Escape, 0);

@@ -12,13 +12,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr const char* kReplaced = "该行在打开后被他人修改，已按当前内容保存：";
-constexpr const char* kHelp = "。按 Ctrl+Z 查看他人的内容，按 Esc 不再提示。";
+constexpr const char* kReplaced =
+    "该行在打开后被他人修改，已按当前内容保存（Ctrl+Z 查看他人的内容，Esc 不再提示）：";
 constexpr const char* kLookingAt =
     "这是他人保存的内容，离开此行时将按此保存，按 Esc 恢复自己的内容。";
 
 std::string Told(const char* entries) {
-    return std::string(kReplaced) + entries + kHelp;
+    return std::string(kReplaced) + entries + "。";
 }
 
 class OthersValuesTest : public EntryListTest {

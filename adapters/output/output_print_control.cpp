@@ -84,8 +84,7 @@ void OutputPrintControl::PrintPages() {
 int OutputPrintControl::WriteToFile(std::string_view dataText, std::string_view formatText) {
     try {
         platform::FileQuestion question{"输出到文件", SuggestedName(), {}};
-        for (const FileFormat& format : mEnvironment.formats) {
-            if (format.write == nullptr) continue;
+        for (const FileFormat& format : FileFormats()) {
             question.types.push_back({std::string(format.name), std::string(format.extension)});
         }
         const auto path = mEnvironment.surroundings.ChooseFile(question);
@@ -100,12 +99,10 @@ int OutputPrintControl::WriteToFile(std::string_view dataText, std::string_view 
 
 int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataText,
                                 std::string_view formatText) {
-    const FileFormat* format = FindFormat(path, mEnvironment.formats);
+    const FileFormat* format = FindFormat(path);
     if (format == nullptr) {
-        throw FileFailure(path + ": the name must end in one of these: " +
-                          WrittenExtensions(mEnvironment.formats));
+        throw FileFailure(path + ": the name must end in one of these: " + WrittenExtensions());
     }
-    if (format->write == nullptr) return TellUnwritten(path, *format);
     Export data;
     data.columns = platform::DecodeColumns(formatText);
     data.shown = ShownColumns(data.columns);
@@ -126,17 +123,6 @@ int OutputPrintControl::WriteTo(const std::string& path, std::string_view dataTe
     return 0;
 }
 
-// Counts as cancelled: the caller would only say once more, and less clearly, that it failed.
-int OutputPrintControl::TellUnwritten(const std::string& path, const FileFormat& format) {
-    mEnvironment.surroundings.Failed(
-        path + ": the name must end in one of these: " + WrittenExtensions(mEnvironment.formats));
-    mEnvironment.windows.ShowMessage({.text = "本系统不能直接输出 " + std::string(format.name) +
-                                              "，请用“打印”选择系统的 PDF 打印机。",
-                                      .caption = "输出到文件",
-                                      .icon = platform::MessageIcon::Exclamation});
-    return kExportCancelled;
-}
-
 void OutputPrintControl::Failed(std::string_view place, std::string_view reason) const {
     mEnvironment.surroundings.Failed(reason);
     if (mEnvironment.failed) mEnvironment.failed(place, reason);
@@ -148,7 +134,7 @@ std::string OutputPrintControl::SuggestedName() const {
         name.begin(), name.end(),
         [](char c) { return std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos; },
         ' ');
-    return name + "." + std::string(mEnvironment.formats.front().extension);
+    return name + "." + std::string(FileFormats().front().extension);
 }
 
 }  // namespace kelvane::output

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -31,7 +30,6 @@ struct PrintEnvironment {
     WorkMeter::Clock::time_point (*now)() = &WorkMeter::Clock::now;
     // What the pages' letters are measured with.
     RuledMeasurer::RulerMaker makeRuler = SystemRuler;
-    std::span<const FileFormat> formats = FileFormats();
 };
 
 class OutputPrintControl : public platform::PrintControl {
@@ -46,14 +44,12 @@ public:
     void Preview() override;
     void Print() override;
 
-    // Everything that goes wrong is reported to `failed` and is kRefused; only a format that this
-    // system does not write is told in a message box, and then counts as cancelled.
+    // Everything that goes wrong is reported to `failed` and is kRefused.
     int WriteToFile(std::string_view dataText, std::string_view formatText) override;
 
 private:
     void PrintPages();
     int WriteTo(const std::string& path, std::string_view dataText, std::string_view formatText);
-    int TellUnwritten(const std::string& path, const FileFormat& format);
     void Failed(std::string_view place, std::string_view reason) const;
     std::string SuggestedName() const;
 

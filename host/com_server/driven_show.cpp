@@ -9,7 +9,7 @@
 #include "adapters/com/wide_text.h"
 #include "adapters/drive/script_operator.h"
 #include "adapters/headless/headless_windows.h"
-#include "adapters/output/files/named_files.h"
+#include "adapters/output/formats/file_printing.h"
 #include "host/com_server/host_windows.h"
 #include "host/com_server/show_windows.h"
 #include "host/surroundings/ending_script.h"
@@ -39,7 +39,7 @@ void RunDriven(drive::StatementLog* statements, const WindowsWork& work) {
     OpenNamed(lines, kScript, std::ios::in);
     OpenNamed(transcript, kTranscript, std::ios::app | std::ios::binary);
     EndingScript script(lines, transcript);
-    const auto printing = output::PrintWithoutScreen(
+    output::FilePrinting printing(
         [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
     const auto run = [&](platform::Windows& windows) {
         script.SetHost({.init = {},
@@ -49,7 +49,7 @@ void RunDriven(drive::StatementLog* statements, const WindowsWork& work) {
                         .clipboard = [&windows] { return windows.ClipboardText(); },
                         .setClipboard =
                             [&windows](std::string_view text) { windows.SetClipboardText(text); }});
-        work(windows, *printing);
+        work(windows, printing);
         return 0;
     };
     if (!HasScreen()) {

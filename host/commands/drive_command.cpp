@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "adapters/headless/headless_windows.h"
-#include "adapters/output/files/named_files.h"
+#include "adapters/output/formats/file_printing.h"
 #include "host/account/session.h"
 #include "host/commands/commands.h"
 #include "host/ledger/tied_account.h"
@@ -17,10 +17,10 @@ namespace {
 
 int Drive(const AccountPlace& account, drive::ScriptOperator& script, platform::Windows& windows) {
     drive::StatementLog statements;
-    const auto printing = output::PrintWithoutScreen(
+    output::FilePrinting printing(
         [&script](const platform::FileQuestion& /*question*/) { return script.ChooseFile(); });
-    Session session(account, windows, &statements, printing.get());
-    session.OfferSignOff(SignOffService(account, *printing));
+    Session session(account, windows, &statements, &printing);
+    session.OfferSignOff(SignOffService(account, printing));
     script.SetHost({
         .init =
             [&session](const drive::InitOptions& options) {

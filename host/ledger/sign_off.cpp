@@ -187,15 +187,13 @@ Document SignOffDocument(const SignOff& content) {
 }
 
 void WriteSignOff(const std::string& path, const SignOff& content) {
-    const output::FormatWriter write = output::PdfWriter();
-    if (write == nullptr) throw output::FileFailure(path + ": 本系统不能直接输出 PDF 文档");
     output::RuledMeasurer measurer;
     const output::DocumentPages pages(SignOffDocument(content), measurer);
     output::Export data;
     data.title = pages.Title();
     data.pages = [&]() -> const platform::PageSource& { return pages; };
     output::SafeFile file(path);
-    write(data, file);
+    output::WritePdf(data, file);
     file.Finish();
 }
 

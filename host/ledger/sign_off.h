@@ -28,8 +28,7 @@ struct SignOff {
 // Unit, year and operator are those of the login.
 output::Document SignOffDocument(const SignOff& content);
 
-// Puts it in the place of `path` (UTF-8), a PDF. Throws output::FileFailure, also where the system
-// has no writer of PDF.
+// Puts it in the place of `path` (UTF-8), a PDF. Throws output::FileFailure.
 void WriteSignOff(const std::string& path, const SignOff& content);
 
 }  // namespace kelvane::host

@@ -45,7 +45,6 @@ TieOutReport TieOutWithFiles(const std::string& trial, const std::string& map,
 
 std::function<bool(const std::string& trial, const std::string& map)> SignOffService(
     AccountPlace account, platform::PrintSurroundings& surroundings) {
-    if (output::PdfWriter() == nullptr) return {};
     return [account = std::move(account), &surroundings](const std::string& trial,
                                                          const std::string& map) {
         const auto file =

@@ -25,7 +25,7 @@ TieOutReport TieOutWithFiles(const std::string& trial, const std::string& map,
 // The sheet alone; `tieOut` may be null.
 void WriteSheet(const SheetPlace& place, const TieOutReport* tieOut);
 
-// platform::Services::writeSignOff for an account; empty where the system has no writer of PDF.
+// platform::Services::writeSignOff for an account.
 // `surroundings` outlives it.
 std::function<bool(const std::string& trial, const std::string& map)> SignOffService(
     AccountPlace account, platform::PrintSurroundings& surroundings);

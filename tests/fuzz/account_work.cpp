@@ -12,7 +12,7 @@
 #include "adapters/drive/toolbars.h"
 #include "adapters/drive/window_commands.h"
 #include "adapters/headless/headless_windows.h"
-#include "adapters/output/files/named_files.h"
+#include "adapters/output/formats/file_printing.h"
 #include "controls/pick_window.h"
 #include "entries/check/check.h"
 #include "host/account/session.h"
@@ -260,9 +260,9 @@ std::string Work(const std::string& account, const std::string& bytes) {
     RandomOperator person(bytes);
     headless::HeadlessWindows windows(person);
     person.SetWindows(windows);
-    const auto printing = output::PrintWithoutScreen(
+    output::FilePrinting printing(
         [&person](const platform::FileQuestion& /*question*/) { return person.ChooseFile(); });
-    host::Session session(host::AccountPlace::File(account), windows, nullptr, printing.get());
+    host::Session session(host::AccountPlace::File(account), windows, nullptr, &printing);
     platform::DateTime today;
     platform::DateTime::Parse("2004-06-01", today);
     session.LogIn({}, today);

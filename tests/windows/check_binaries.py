@@ -27,13 +27,13 @@ EXPORTS = ["DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterSer
 SYSTEM = {
     "advapi32.dll", "bcrypt.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "gdiplus.dll", "kernel32.dll",
     "msvcrt.dll", "odbc32.dll", "ole32.dll", "oleacc.dll", "oleaut32.dll", "rpcrt4.dll",
-    "shell32.dll", "shlwapi.dll", "user32.dll", "uxtheme.dll", "version.dll", "winmm.dll",
-    "winspool.drv",
+    "shell32.dll", "shlwapi.dll", "user32.dll", "usp10.dll", "uxtheme.dll", "version.dll",
+    "winmm.dll", "winspool.drv",
 }
 
 # What is linked into them, or compiled in, by the names of the notices.
-LINKED = ["wxWidgets", "nanosvg", "libxml2", "libxlsxwriter", "minizip", "zlib", "SQLite", "CLI11",
-          "JSON for Modern C++", "libstdc++ and libgcc", "mingw-w64", "winpthreads", "Unicode"]
+LINKED = ["wxWidgets", "nanosvg", "cairo", "pixman", "libxml2", "libxlsxwriter", "minizip", "zlib",
+          "SQLite", "CLI11", "JSON for Modern C++", "libstdc++ and libgcc", "mingw-w64", "winpthreads", "Unicode"]
 
 BINARIES = ("Kelvane.dll", "kelvane.exe", "samples/host.exe")
 # Bits of a binary's header, and what the guards say before they end the process.
@@ -123,6 +123,14 @@ class Binaries(unittest.TestCase):
                 imported = imports_of(folder / name)
                 self.assertIn("kernel32.dll", imported, name)
                 self.assertEqual(imported - SYSTEM, set(), name)
+
+    def test_text_is_shaped_by_the_library_that_every_system_has_for_it(self):
+        for folder in FOLDERS:
+            for name in ("Kelvane.dll", "kelvane.exe"):
+                libraries = dump(folder / name, "-p").split("DLL Name: ")[1:]
+                shaping = [library.split()[0].lower() for library in libraries
+                           if re.search(r"\bScriptShape\b", library)]
+                self.assertEqual(shaping, ["usp10.dll"], name)
 
     def test_the_loader_chooses_addresses_and_runs_no_data(self):
         for folder in FOLDERS:

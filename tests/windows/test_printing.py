@@ -31,7 +31,11 @@ FOLDER_NAME = "期初 Łódź"
 ENTRIES = 25
 DONE = "[输出成功信息|information] 成功输出到文件。"
 FAILED = "[输出失败信息|information] 输出到文件失败！"
-NO_PDF = "[输出到文件|exclamation] 本系统不能直接输出 PDF 文档，请用“打印”选择系统的 PDF 打印机。"
+
+
+def run(*command):
+    return subprocess.run([str(part) for part in command], check=True, capture_output=True,
+                          encoding="utf-8", timeout=120).stdout
 
 
 class PrintingTest(unittest.TestCase):
@@ -151,17 +155,35 @@ class PrintingTest(unittest.TestCase):
         self.assertEqual((root.tag, root.attrib), ("表", {"标题": "项目期初录入"}))
         self.assertEqual(len(root.findall("行")), ENTRIES)
 
+    def test_pdf(self):
+        """The file that was asked for, and what a script prints."""
+        texts = []
+        for name in ("列表.pdf", "打印.pdf"):
+            path = self.folder / name
+            fonts = run("pdffonts", path).splitlines()[2:]
+            self.assertTrue(fonts)
+            for font in fonts:
+                self.assertRegex(font, r"^[A-Z]{6}\+.* yes +yes +yes ")
+            texts.append(run("pdftotext", "-layout", path, "-"))
+            # The paper that was chosen, of 176 by 250 mm.
+            self.assertRegex(run("pdfinfo", path), r"Page size: +498\.\d+ x 708\.\d+ pts")
+        self.assertEqual(*texts)
+        words = texts[0].split()
+        for word in ("项目期初录入", "机场滑行道加固", "110,000.00"):
+            self.assertIn(word, words)
+
     def test_what_is_written_is_said(self):
         outcomes = []
         for at, line in enumerate(self.transcript):
             if line == "> click DataOut":
                 outcomes.append(self.transcript[at + 1])
-        self.assertEqual(outcomes, [DONE] * 5 + [NO_PDF, FAILED, FAILED])
-        self.assertEqual(self.said_after("click Print"), ["[打印|exclamation] 打印失败！"])
+        self.assertEqual(outcomes, [DONE] * 6 + [FAILED, FAILED])
+        self.assertEqual(self.said_after("click Print"), [])
 
     def test_nothing_else_is_left_in_the_folder(self):
         self.assertEqual(sorted(path.name for path in self.folder.iterdir()),
-                         ["fixed.csv", "printStyle", "列表.csv", "列表.xlsx", "列表.xml"])
+                         ["fixed.csv", "printStyle", "列表.csv", "列表.pdf", "列表.xlsx", "列表.xml",
+                          "打印.pdf"])
         self.assertEqual((self.folder / "fixed.csv").read_text(encoding="utf-8"), "old")
 
 

@@ -37,8 +37,4 @@ private:
     FileChooser mChooseFile;
 };
 
-// Such surroundings as this system has them: where PDF is written, what is printed becomes such a
-// file, otherwise printing fails.
-std::unique_ptr<platform::PrintSurroundings> PrintWithoutScreen(FileChooser chooseFile);
-
 }  // namespace kelvane::output

@@ -14,8 +14,4 @@ bool FilePrinting::PrintPages(const platform::PageSource& pages) {
     return true;
 }
 
-std::unique_ptr<platform::PrintSurroundings> PrintWithoutScreen(FileChooser chooseFile) {
-    return std::make_unique<FilePrinting>(std::move(chooseFile));
-}
-
 }  // namespace kelvane::output

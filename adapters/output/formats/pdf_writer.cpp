@@ -6,6 +6,7 @@
 #include <string>
 
 #include "adapters/output/formats/table_export.h"
+#include "adapters/output/layout/cairo_use.h"
 #include "adapters/output/layout/page_painter.h"
 
 namespace kelvane::output {
@@ -41,6 +42,7 @@ using TargetPointer = std::unique_ptr<cairo_t, Releaser<cairo_destroy>>;
 
 void WritePdf(const platform::PageSource& pages, SafeFile& file, WorkMeter& meter) {
     Sink sink{file, {}};
+    CairoUse use;
     const SurfacePointer surface(cairo_pdf_surface_create_for_stream(
         Sink::Write, &sink, PointsOfTenths(pages.PageWidth()), PointsOfTenths(pages.PageHeight())));
     cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, pages.Title().c_str());
@@ -51,6 +53,7 @@ void WritePdf(const platform::PageSource& pages, SafeFile& file, WorkMeter& mete
             painter.Paint(pages.MakePage(number));
             cairo_show_page(target.get());
             sink.Check(cairo_status(target.get()));
+            const CairoUse::Pause pause(use);
             meter.Step();
         }
     }
@@ -58,12 +61,10 @@ void WritePdf(const platform::PageSource& pages, SafeFile& file, WorkMeter& mete
     sink.Check(cairo_surface_status(surface.get()));
 }
 
-FormatWriter PdfWriter() {
-    return [](const Export& data, SafeFile& file) {
-        const platform::PageSource& pages = data.pages();
-        WorkMeter meter = data.Meter(static_cast<std::size_t>(pages.PageCount()));
-        WritePdf(pages, file, meter);
-    };
+void WritePdf(const Export& data, SafeFile& file) {
+    const platform::PageSource& pages = data.pages();
+    WorkMeter meter = data.Meter(static_cast<std::size_t>(pages.PageCount()));
+    WritePdf(pages, file, meter);
 }
 
 }  // namespace kelvane::output

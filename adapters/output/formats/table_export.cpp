@@ -15,13 +15,14 @@ const std::vector<FileFormat>& FileFormats() {
     static const std::vector<FileFormat> formats{
         {"xlsx", "Excel 工作簿", WriteXlsx},
         {"csv", "CSV 文本", WriteCsv},
-        {"pdf", "PDF 文档", PdfWriter()},
+        {"pdf", "PDF 文档", WritePdf},
         {"xml", "XML 文档", WriteXml},
     };
     return formats;
 }
 
-const FileFormat* FindFormat(std::string_view path, std::span<const FileFormat> formats) {
+const FileFormat* FindFormat(std::string_view path) {
+    const std::vector<FileFormat>& formats = FileFormats();
     const std::string name = platform::Utf8Of(platform::PathOf(path).filename());
     const std::size_t point = name.find_last_of('.');
     if (point == std::string::npos) return nullptr;
@@ -32,10 +33,9 @@ const FileFormat* FindFormat(std::string_view path, std::span<const FileFormat> 
     return found == formats.end() ? nullptr : &*found;
 }
 
-std::string WrittenExtensions(std::span<const FileFormat> formats) {
+std::string WrittenExtensions() {
     std::string text;
-    for (const FileFormat& format : formats) {
-        if (format.write == nullptr) continue;
+    for (const FileFormat& format : FileFormats()) {
         if (!text.empty()) text += ", ";
         text += "." + std::string(format.extension);
     }

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,24 +39,23 @@ using FormatWriter = void (*)(const Export& data, SafeFile& file);
 void WriteXlsx(const Export& data, SafeFile& file);
 void WriteCsv(const Export& data, SafeFile& file);
 void WriteXml(const Export& data, SafeFile& file);
-// Null on a system that has no library for it.
-FormatWriter PdfWriter();
+// The pages, each of them a step of the work.
+void WritePdf(const Export& data, SafeFile& file);
 
 // One format a file's extension stands for.
 struct FileFormat {
     std::string_view extension;
     std::string_view name;
-    FormatWriter write;  // null: known, but not written on this system
+    FormatWriter write;
 };
 
 // All formats, the usual one first.
 const std::vector<FileFormat>& FileFormats();
 
 // The format of a file (UTF-8) by its extension, whatever the case; null when there is none.
-const FileFormat* FindFormat(std::string_view path,
-                             std::span<const FileFormat> formats = FileFormats());
+const FileFormat* FindFormat(std::string_view path);
 
-// What a file's name may end in: ".xlsx, .csv, .xml".
-std::string WrittenExtensions(std::span<const FileFormat> formats);
+// What a file's name may end in: ".xlsx, .csv, .pdf, .xml".
+std::string WrittenExtensions();
 
 }  // namespace kelvane::output

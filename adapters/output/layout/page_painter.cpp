@@ -35,15 +35,8 @@ double ShareBefore(PageAlignment alignment) {
 
 }  // namespace
 
-PagePainter::PagePainter(cairo_t* target)
-    : mTarget(target), mContext(MakePageContext()), mLayout(pango_layout_new(mContext.get())) {
+PagePainter::PagePainter(cairo_t* target) : mTarget(target), mLetters(SystemLetters()) {
     cairo_set_line_cap(mTarget, CAIRO_LINE_CAP_SQUARE);
-}
-
-const PangoFontDescription* PagePainter::FontFor(const PageText& text) {
-    PangoFontPointer& font = mFonts[{text.size, text.bold}];
-    if (!font) font = MakePageFont({text.size, text.bold});
-    return font.get();
 }
 
 void PagePainter::Paint(const platform::Page& page) {
@@ -54,25 +47,20 @@ void PagePainter::Paint(const platform::Page& page) {
 }
 
 void PagePainter::PaintText(const PageText& text) {
-    const std::string shown = ReadableUtf8(text.text);
-    pango_layout_set_font_description(mLayout.get(), FontFor(text));
-    pango_layout_set_text(mLayout.get(), shown.data(), static_cast<int>(shown.size()));
-    PangoRectangle extents;
-    pango_layout_get_extents(mLayout.get(), nullptr, &extents);
-    const double needed = static_cast<double>(extents.width) / PANGO_SCALE;
-    const double height = static_cast<double>(extents.height) / PANGO_SCALE;
+    const PageLetters::Extent extent =
+        mLetters->Lay(ReadableUtf8(text.text), {text.size, text.bold});
     const double room = PointsOfTenths(text.box.width);
     // The whole text can come out wider than its letters, which were measured one by one.
-    const double narrowed = needed > room ? room / needed : 1;
+    const double narrowed = extent.width > room ? room / extent.width : 1;
 
     cairo_save(mTarget);
     cairo_translate(
         mTarget,
-        PointsOfTenths(text.box.left) + (room - needed * narrowed) * ShareBefore(text.alignment),
-        PointsOfTenths(text.box.top) + (PointsOfTenths(text.box.height) - height) / 2);
+        PointsOfTenths(text.box.left) +
+            (room - extent.width * narrowed) * ShareBefore(text.alignment),
+        PointsOfTenths(text.box.top) + (PointsOfTenths(text.box.height) - extent.height) / 2);
     cairo_scale(mTarget, narrowed, 1);
-    cairo_move_to(mTarget, 0, 0);
-    pango_cairo_show_layout(mTarget, mLayout.get());
+    mLetters->Paint(mTarget);
     cairo_restore(mTarget);
 }
 

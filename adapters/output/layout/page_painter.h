@@ -1,13 +1,11 @@
-// PagePainter: paints pages with cairo and Pango, as real text.
+// PagePainter: paints pages with cairo, as real text.
 #pragma once
 
 #include <cairo.h>
 
-#include <map>
-#include <string>
-#include <utility>
+#include <memory>
 
-#include "adapters/output/layout/pango_text.h"
+#include "adapters/output/layout/page_letters.h"
 #include "platform/page.h"
 
 namespace kelvane::output {
@@ -15,18 +13,16 @@ namespace kelvane::output {
 class PagePainter {
 public:
     // `target`, which outlives the painter, measures points from the page's left upper corner.
+    // Throws std::runtime_error when the system has no letters.
     explicit PagePainter(cairo_t* target);
 
     void Paint(const platform::Page& page);
 
 private:
     void PaintText(const platform::PageText& text);
-    const PangoFontDescription* FontFor(const platform::PageText& text);
 
     cairo_t* mTarget;
-    PangoContextPointer mContext;
-    PangoLayoutPointer mLayout;
-    std::map<std::pair<int, bool>, PangoFontPointer> mFonts;
+    std::unique_ptr<PageLetters> mLetters;
 };
 
 // Points in so many tenths of a millimetre.

@@ -5,17 +5,10 @@
 
 #include <memory>
 
+#include "adapters/output/layout/cairo_use.h"
 #include "adapters/output/layout/text_measurer.h"
 
 namespace kelvane::output {
-
-template <auto Release>
-struct Releaser {
-    template <typename T>
-    void operator()(T* object) const {
-        Release(object);
-    }
-};
 
 using PangoContextPointer = std::unique_ptr<PangoContext, Releaser<g_object_unref>>;
 using PangoLayoutPointer = std::unique_ptr<PangoLayout, Releaser<g_object_unref>>;

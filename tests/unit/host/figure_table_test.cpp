@@ -57,7 +57,6 @@ TEST(FigureTable, HasNumbersInATextFile) {
               "\"P01\",\"一号楼\",2,1234.5\r\n,\"b\tc\n\",10,-0.0001\r\n\"合计\",,12,\r\n");
 }
 
-// Where the system writes no PDF, the refusal names the file as well.
 TEST(FigureTable, LeavesWhatWasThereWhenItCannotBeWritten) {
     const TemporaryFolder folder;
     const auto path = folder / "none" / "a.pdf";

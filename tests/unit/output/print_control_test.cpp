@@ -45,7 +45,6 @@ protected:
                              std::string_view) { mFailedPlaces.emplace_back(place); },
             .disk = disk,
             .now = mNow,
-            .formats = mFormats,
         });
         return *mControl;
     }
@@ -77,7 +76,6 @@ protected:
     RecordingSurroundings mSurroundings;
     std::vector<std::string> mFailedPlaces;
     Clock::time_point (*mNow)() = &Clock::now;
-    std::vector<output::FileFormat> mFormats = output::FileFormats();
     std::unique_ptr<OutputPrintControl> mControl;
 };
 
@@ -107,31 +105,6 @@ TEST_F(PrintControlTest, RefusesWhatCannotBeLaidOut) {
     mControl->Preview();
     mControl->Print();
     EXPECT_THAT(mSurroundings.printedPages, IsEmpty());
-}
-
-TEST_F(PrintControlTest, AFormatThatThisSystemDoesNotWriteIsNotOfferedAndSaidWhenItIsAskedFor) {
-    for (output::FileFormat& format : mFormats) {
-        if (format.extension == "pdf") format.write = nullptr;
-    }
-    OutputPrintControl& control = Accepted();
-    WriteText(mFolder / "list.pdf", "old");
-    EXPECT_EQ(WriteTo(control, "list.pdf"), platform::kExportCancelled);
-    std::vector<std::string> extensions;
-    for (const auto& type : mSurroundings.questions.front().types)
-        extensions.push_back(type.extension);
-    EXPECT_THAT(extensions, ElementsAre("xlsx", "csv", "xml"));
-    EXPECT_THAT(MessageLines(mWindows),
-                ElementsAre("[输出到文件|exclamation] 本系统不能直接输出 PDF "
-                            "文档，请用“打印”选择系统的 PDF 打印机。"));
-    EXPECT_THAT(mSurroundings.failures,
-                ElementsAre((mFolder / "list.pdf").string() +
-                            ": the name must end in one of these: .xlsx, .csv, .xml"));
-    EXPECT_EQ(ReadText(mFolder / "list.pdf"), "old");
-
-    EXPECT_EQ(WriteTo(control, "list.txt"), output::kRefused);
-    EXPECT_EQ(
-        mSurroundings.failures.back(),
-        (mFolder / "list.txt").string() + ": the name must end in one of these: .xlsx, .csv, .xml");
 }
 
 TEST_F(PrintControlTest, TellsThatTheStyleFileWasNotUsedAndPrintsWithoutIt) {

@@ -23,6 +23,7 @@ from killing import TIMEOUT_SECONDS, Broken, kill_at_size, parse_arguments, show
 OLD = b"what was there before\n"
 EXTENSIONS = ("xlsx", "csv", "pdf", "xml")
 PLACES = 3  # of each file where the writing of it is killed
+SMALLEST_PLACE = 65536  # the account's own files beside it do not grow beyond that
 
 
 def csv_rows(path):
@@ -140,6 +141,8 @@ class Crashes:
     def kill_at_places(self, extension):
         target = self.folder.target(extension)
         size = target.stat().st_size
+        if size // (PLACES + 1) < SMALLEST_PLACE:
+            raise Broken(f"{target.name} is too small for this, with {size} bytes: --entries")
         for place in range(1, PLACES + 1):
             target.write_bytes(OLD)
             self.folder.export_until(extension, size * place // (PLACES + 1))

@@ -5,7 +5,8 @@ import subprocess
 
 
 # What is told of a row that was saved nevertheless.
-SAVED = ("该行在打开后被他人修改，已按当前内容保存",)
+SAVED = ("该行在打开后被他人修改，已按当前内容保存", "与他人同时保存，金额合计已超出项目预算",
+         "当前行已经保存，但")
 
 
 class Died(Exception):

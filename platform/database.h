@@ -137,9 +137,9 @@ public:
 
     // A hint that goes with the announcement before it and ends with it: behind which of its
     // queries a change is asked for, in the same way as they. A connection may make several of them
-    // with the first, when they are done all or none and nobody is waited for; each is still asked,
-    // and fails, for itself. One that makes each in its turn sees that the answers before it are
-    // those of then.
+    // from the first one's query on, when they are done all or none and nobody is waited for; each
+    // is still asked, and fails, for itself. One that makes each in its turn sees that the answers
+    // before it are those of then.
     virtual void AnnounceChanges(ChangeBehind /*changeOf*/) {}
 
     // Transactions do not nest. Commit() throws CommitInDoubt when its answer was lost; after any

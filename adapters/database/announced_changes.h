@@ -52,12 +52,13 @@ public:
         }
     }
 
-    // The batch's query in this place was taken.
+    // The batch's query in this place was taken, or is about to be.
     void SetTurn(std::size_t place) { mTurn = place; }
 
     bool IsNext(std::string_view change) const {
         return mTurn < mTexts.size() && !change.empty() && mTexts[mTurn] == change;
     }
+    bool IsAskedNow() const { return mTurn < mTexts.size() && !mTexts[mTurn].empty(); }
     bool IsMade() const { return mTurn < mMade; }
     // The next one is asked for: no second time.
     void Take() { mTexts[mTurn].clear(); }

@@ -91,6 +91,8 @@ public:
                          [&] { return firstOf(mAnswers[mAnswerOf[i]]); });
         }
     }
+    // The changes' turn is that of the next query, which is answered.
+    void TurnToNext() { mChanges.SetTurn(mNext - mFirstOfBatch); }
     // Whether a change is asked for behind the next query, which is answered.
     template <typename FirstOf>
     bool IsChangeBehindNext(const FirstOf& firstOf) const {

@@ -91,7 +91,12 @@ protected:
         } else {
             answer = session.Answer(statement, wantsChange);
         }
-        Result result = answer ? std::move(*answer) : session.Run(statement, true, wantsChange);
+        Result result;
+        if (answer) {
+            result = std::move(*answer);
+        } else if (!session.TakeMade(statement)) {
+            result = session.Run(statement, true, wantsChange);
+        }
         if (!result.origin) {
             return std::make_unique<BufferedRecordSet>(std::move(result.rows), nullptr, false,
                                                        std::move(writer));

@@ -51,10 +51,13 @@ public:
 
     // Which queries Answer() will be asked next; an empty list ends what was announced before.
     void Announce(std::span<const platform::StatementText> queries, bool changeable);
-    // Changes are asked for behind those queries: their answers have to be those of now.
+    // Changes are asked for behind those queries: those that go by answers read together are made
+    // together, all or none, when the first of those queries is asked.
     void AnnounceChanges(platform::ChangeBehind changeOf) {
         mAnnounced.Changes().Announce(std::move(changeOf));
     }
+    // Whether `change` is the next of them and is made. False: it has to be run by itself.
+    bool TakeMade(std::string_view change);
     // The last of them was asked; gives back what was kept for them.
     void EndAnnounced();
     // The rows of the next announced query, when `query` is it and can be read ahead: together with
@@ -85,6 +88,7 @@ private:
     // Runs the batch that mText is, which Prepare() has given.
     Result RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows, bool changeable);
     void ReadAhead(bool changeable);
+    void MakeTogether(bool changeable);
     // A number that is another one once somebody else has written to the file; nothing when it
     // cannot be read.
     std::optional<std::int64_t> DataVersion();

@@ -51,9 +51,41 @@ std::optional<Result> Session::Answer(std::string_view query, bool changeable) {
     if (!mAnnounced.IsNext(query, changeable)) return {};
     // Who has a transaction or a lock decides himself what is read in it.
     if (mTransactions.IsExplicit() || mTransactions.HasLockers()) return {};
-    if (mAnnounced.IsAnswered() && IsAnswerOld()) mAnnounced.DropAnswers();
     if (!mAnnounced.IsAnswered()) ReadAhead(changeable);
+    if (mAnnounced.IsAnswered()) MakeTogether(changeable);
+    if (mAnnounced.IsAnswered() && IsAnswerOld()) {
+        mAnnounced.DropAnswers();
+        ReadAhead(changeable);
+    }
     return mAnnounced.Take();
+}
+
+// Under one lock the answers are looked at and the changes that go by them are made: nobody's save
+// comes between. Nobody is waited for here; who has to wait does so in his change's turn.
+void Session::MakeTogether(bool changeable) {
+    database::AnnouncedChanges& changes = mAnnounced.Changes();
+    mAnnounced.TurnToNext();
+    if (changes.IsMade() || !changes.IsAskedNow() || !mTransaction.TryLock()) return;
+    try {
+        const auto version = DataVersion();
+        if (!version || version != mAnsweredVersion) {
+            mAnnounced.DropAnswers();
+            ReadAhead(changeable);
+        }
+        for (const std::string_view change : changes.Rest()) Run(change, false, changeable);
+        mTransaction.Commit();
+        changes.SetMade();
+    } catch (const std::exception&) {
+        if (mTransaction.InTransaction()) mDatabase.TryRun("rollback");
+        changes.LeaveAlone();
+    }
+}
+
+bool Session::TakeMade(std::string_view change) {
+    database::AnnouncedChanges& changes = mAnnounced.Changes();
+    if (!changes.IsNext(change) || !changes.IsMade()) return false;
+    changes.Take();
+    return true;
 }
 
 std::optional<std::int64_t> Session::DataVersion() {
@@ -65,7 +97,7 @@ std::optional<std::int64_t> Session::DataVersion() {
 
 // Only where a change goes by the answer: looking costs nearly as much as asking.
 bool Session::IsAnswerOld() {
-    if (!mAnnounced.IsChangeBehindNext(FirstOf)) return false;
+    if (mAnnounced.Changes().IsMade() || !mAnnounced.IsChangeBehindNext(FirstOf)) return false;
     const auto version = DataVersion();
     return !version || version != mAnsweredVersion;
 }
@@ -75,7 +107,8 @@ bool Session::IsAnswerOld() {
 void Session::ReadAhead(bool changeable) {
     std::vector<Result> answers;
     try {
-        const ReadTransaction moment(mDatabase);
+        std::optional<ReadTransaction> moment;
+        if (!mDatabase.InTransaction()) moment.emplace(mDatabase);
         if (mAnnounced.Changes().AreAnnounced()) mAnsweredVersion = DataVersion();
         for (const std::string_view query : mAnnounced.NextBatch()) {
             tsql::Lex(query, mText);
@@ -90,6 +123,8 @@ void Session::ReadAhead(bool changeable) {
         }
     }
     mAnnounced.SetAnswers(std::move(answers));
+    mAnnounced.CollectChanges(FirstOf);
+    mAnnounced.TurnToNext();
 }
 
 }  // namespace kelvane::sqlite

@@ -174,12 +174,14 @@ TEST_F(EntryStoreTest, AmountsFollowTheirLinesUnlessThoseComeToNothing) {
     EXPECT_EQ(mLog.Lines().size(), 4U);
 }
 
-// In front of another data access: behind the first correction of an amount something happens.
+// In front of another data access: behind the first statement that begins in one way something
+// happens.
 class Interrupted : public platform::HostDataAccess {
 public:
-    // `action` gets the correction's text.
-    Interrupted(platform::HostDataAccess& inner, std::function<void(const std::string&)> action)
-        : mInner(inner), mAction(std::move(action)) {}
+    // `action` gets the statement's text.
+    Interrupted(platform::HostDataAccess& inner, std::string beginning,
+                std::function<void(const std::string&)> action)
+        : mInner(inner), mBeginning(std::move(beginning)), mAction(std::move(action)) {}
 
     void ReadAhead(std::span<const StatementText> queries) override { mInner.ReadAhead(queries); }
     void AnnounceChanges(platform::ChangeBehind changeOf) override {
@@ -190,13 +192,13 @@ protected:
     std::unique_ptr<platform::RecordSet> DoQuery(const std::string& statement,
                                                  int option) override {
         auto rows = ForwardQuery(mInner, statement, option);
-        const bool corrects = statement.starts_with("Update PM_ItemQC");
-        if (corrects && mAction) std::exchange(mAction, {})(statement);
+        if (mAction && statement.starts_with(mBeginning)) std::exchange(mAction, {})(statement);
         return rows;
     }
 
 private:
     platform::HostDataAccess& mInner;
+    std::string mBeginning;
     std::function<void(const std::string&)> mAction;
 };
 
@@ -206,7 +208,7 @@ TEST_F(EntryStoreTest, ASaveBetweenTwoCorrectionsIsNotOvertakenByAnOldSum) {
     }
     Run("insert into PM_ItemQCsub values(1,'M01',10,5,50)");
     // Who is not corrected yet gets another line and its amount.
-    Interrupted access(mDataAccess, [&](const std::string& correction) {
+    Interrupted access(mDataAccess, "Update PM_ItemQC", [&](const std::string& correction) {
         const bool first = correction.ends_with("'1'");
         StatementText line("insert into PM_ItemQCsub values(");
         line.Number(first ? 2 : 1) << ",'M03',10,100,1000)";
@@ -220,6 +222,20 @@ TEST_F(EntryStoreTest, ASaveBetweenTwoCorrectionsIsNotOvertakenByAnOldSum) {
                    "(select sum(b.mQC) from PM_ItemQCsub b where b.iEleVid = a.iEleVid)"),
               "0");
     EXPECT_EQ(Read("select count(*) from PM_ItemQC where mQC > 1000"), "1");
+}
+
+TEST_F(EntryStoreTest, InAFileASaveBehindASumIsNotOvertakenByIt) {
+    if (mPlace->Engine() != support::EngineKind::Sqlite) {
+        GTEST_SKIP() << "a server is asked for the sums before it is sent the corrections";
+    }
+    Run("delete from PM_ItemQC where iEleVid=1");
+    Interrupted access(mDataAccess, "Select sum", [&](const std::string&) {
+        Run("insert into PM_ItemQCsub values(2,'M03',10,100,1000)");
+        Run("update PM_ItemQC set mQC = 1350 where iEleVid = 2");
+    });
+    EntryStore::ReSum(access);
+    EXPECT_EQ(mLog.Lines().back(), "gEnv: Update PM_ItemQC set mQC = 350 where iEleVid = '2'");
+    EXPECT_EQ(Read("select count(*) from PM_ItemQC where mQC = 1350"), "1");
 }
 
 }  // namespace

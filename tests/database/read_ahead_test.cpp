@@ -228,9 +228,8 @@ TEST_F(ChangesAhead, AnotherChangeIsMadeInItsTurn) {
 }
 
 TEST_F(ChangesAhead, OfAnEndedAnnouncementNoneIsMade) {
-    Answer(mQueries[0]);
     Account().ReadAhead({}, {});
-    Account().OpenRecordSet(ChangeOf(1));
+    AskAndChange(1);
     EXPECT_EQ(Counts(), "1\n0\n0\n");
 }
 

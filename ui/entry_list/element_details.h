@@ -41,18 +41,29 @@ public:
 
     // An entry whose element has this code was shown, or saved, under this name of it. Blanks at
     // the code's end do not count: columns of different tables may fill it up to different lengths.
-    void AddName(std::string_view code, std::string name) {
-        mNames.insert({std::string(platform::WithoutEndBlanks(code)), std::move(name)});
+    void AddName(std::string_view code, std::string_view name) {
+        if (!IsNameOf(code, name)) mNames.emplace(platform::WithoutEndBlanks(code), name);
     }
-    bool IsNameOf(std::string_view code, const std::string& name) const {
-        return mNames.count({std::string(platform::WithoutEndBlanks(code)), name}) != 0;
+    bool IsNameOf(std::string_view code, std::string_view name) const {
+        return mNames.find(NameView(platform::WithoutEndBlanks(code), name)) != mNames.end();
     }
 
 private:
     static constexpr std::int32_t kNewRow = 0;
 
+    using Name = std::pair<std::string, std::string>;
+    using NameView = std::pair<std::string_view, std::string_view>;
+    // Looks names up where they stand: loading does so for every row.
+    struct NameOrder {
+        using is_transparent = void;
+        template <typename Left, typename Right>
+        bool operator()(const Left& left, const Right& right) const {
+            return NameView(left) < NameView(right);
+        }
+    };
+
     data::KeyedCollection<std::int16_t> mFlags;
-    std::set<std::pair<std::string, std::string>> mNames;
+    std::set<Name, NameOrder> mNames;
 };
 
 }  // namespace kelvane::ui

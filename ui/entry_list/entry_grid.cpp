@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "controls/joined_cells.h"
 #include "data/login_context.h"
 #include "entries/announced_queries.h"
 #include "entries/entry.h"
@@ -81,7 +82,7 @@ void AppendEntry(Grid& grid, ElementDetails& details, const RecordSet& entry,
     const int row = grid.AddItem(cells);
     grid.SetRowHeight(row, kListRowHeight);
     grid.SetRowData(row, identity);
-    details.AddName(ElementCode(entry), grid.Text(row, kElementColumn));
+    details.AddName(ElementCode(entry), controls::CellIn(grid.RowCells(row), kElementColumn));
 }
 
 std::string UnreadableEntries(const entries::UnreadableRows& found) {

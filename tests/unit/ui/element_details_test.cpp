@@ -27,5 +27,20 @@ TEST(ElementDetails, ANewRowsFlagGoesWithItsEntry) {
     EXPECT_EQ(details.FlagOf(10), 0);
 }
 
+TEST(ElementDetails, KeepEveryNameOfACode) {
+    ElementDetails details;
+    details.AddName("E01", "人工费");
+    details.AddName("E01  ", "人工");
+    details.AddName("E01", "人工费");
+    details.AddName("E02", "");
+    EXPECT_TRUE(details.IsNameOf("E01 ", "人工费"));
+    EXPECT_TRUE(details.IsNameOf("E01", "人工"));
+    EXPECT_TRUE(details.IsNameOf("E02", ""));
+    EXPECT_FALSE(details.IsNameOf("E01", ""));
+    EXPECT_FALSE(details.IsNameOf("E02", "人工"));
+    EXPECT_FALSE(details.IsNameOf(" E01", "人工"));
+    EXPECT_FALSE(details.IsNameOf("e01", "人工"));
+}
+
 }  // namespace
 }  // namespace kelvane::ui

@@ -225,7 +225,7 @@ class ComponentTest(unittest.TestCase):
     def start_host(report, *steps):
         """A host in VBScript that runs on its own; nothing but a person works its windows."""
         return subprocess.Popen(
-            ["wine", "cscript", "//nologo",
+            ["wine", wine_session.SYSTEM + "cscript.exe", "//nologo",
              wine_session.windows_path(TRIAL),
              wine_session.windows_path(report), connection_string(),
              wine_session.windows_path(PACKAGE), YEAR, *steps],

@@ -10,6 +10,9 @@ import tempfile
 from pathlib import Path
 
 RUN_SECONDS = 600
+# Where the system's own programs of the width that is tried are: system32 has Wine's own, syswow64
+# the 32-bit ones.
+SYSTEM = "C:\\windows\\" + os.environ.get("KELVANE_SYSTEM", "system32") + "\\"
 HERE = Path(__file__).resolve().parent
 
 
@@ -44,7 +47,7 @@ def run(*command, seconds=RUN_SECONDS, environment=None, commands=""):
 
 def register(library):
     """Registers a COM server; its exit status."""
-    return run("regsvr32", "/s", windows_path(library)).returncode
+    return run(SYSTEM + "regsvr32.exe", "/s", windows_path(library)).returncode
 
 
 def register_all(*libraries):
@@ -62,7 +65,7 @@ def run_script(script, *arguments, seconds=RUN_SECONDS, environment=None):
     """
     with tempfile.TemporaryDirectory() as folder:
         report = Path(folder, "report.txt")
-        result = run("cscript", "//nologo", windows_path(script), windows_path(report), *arguments,
+        result = run(SYSTEM + "cscript.exe", "//nologo", windows_path(script), windows_path(report), *arguments,
                      seconds=seconds, environment=environment)
         text = report.read_bytes().decode("utf-16") if report.exists() else ""
         lines = text.splitlines()

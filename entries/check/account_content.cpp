@@ -86,8 +86,8 @@ std::vector<std::string> CodesOf(const StatementText& query) {
     return codes;
 }
 
-std::vector<StoredEntry> ReadEntries() {
-    std::vector<StoredEntry> entries;
+std::vector<AccountEntry> ReadEntries() {
+    std::vector<AccountEntry> entries;
     ForEachRow(
         StatementText("select iEleVid,dDate,cCenterCode,cItemCode,cKeyCode1,cKeyCode2,"
                       "cElementCode,cDigest,mQC from PM_ItemQC"),
@@ -104,7 +104,7 @@ std::vector<StoredEntry> ReadEntries() {
                 .amount = AmountIn(row, 8),
             });
         });
-    std::ranges::stable_sort(entries, {}, &StoredEntry::identity);
+    std::ranges::stable_sort(entries, {}, &AccountEntry::identity);
     return entries;
 }
 

@@ -13,7 +13,7 @@
 
 namespace kelvane::entries {
 
-struct StoredEntry {
+struct AccountEntry {
     std::int64_t identity = 0;
     std::optional<platform::DateTime> date;
     std::string center;
@@ -66,8 +66,8 @@ struct StoredBudget {
 };
 
 struct AccountContent {
-    std::vector<StoredEntry> entries;  // by identity
-    std::vector<StoredLine> lines;     // by identity, those without one first, then by code
+    std::vector<AccountEntry> entries;  // by identity
+    std::vector<StoredLine> lines;      // by identity, those without one first, then by code
     std::vector<std::string> items;
     std::vector<std::string> centers;
     std::vector<CenterItem> centerItems;

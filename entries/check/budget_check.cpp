@@ -13,8 +13,8 @@ namespace {
 // What is recorded below a budget, and where it was recorded last.
 struct Recorded {
     const StoredBudget* budget = nullptr;
-    const StoredEntry* entry = nullptr;  // of the greatest identity
-    const StoredLine* line = nullptr;    // of line budgets, one of that entry's
+    const AccountEntry* entry = nullptr;  // of the greatest identity
+    const StoredLine* line = nullptr;     // of line budgets, one of that entry's
     ExactSum amount;
     std::vector<double> quantities;
 };
@@ -35,7 +35,7 @@ RecordedByKey ByKey(const std::vector<StoredBudget>& budgets, MasterCodes& codes
 void CheckEntryBudget(const Recorded& recorded, FoundList& found) {
     const StoredBudget& budget = *recorded.budget;
     if (recorded.entry == nullptr || budget.controls == false) return;
-    const StoredEntry& entry = *recorded.entry;
+    const AccountEntry& entry = *recorded.entry;
     if (!budget.controls || !budget.money) {
         found.Add(entry.identity, Rule::CheckBudgetValue,
                   {entry.item, entry.element, recorded.amount.DisplayText()});
@@ -78,7 +78,7 @@ void CheckLineBudget(const Recorded& recorded, FoundList& found) {
     }
 }
 
-void Count(const StoredEntry& entry, const StoredLine* line, Recorded& recorded) {
+void Count(const AccountEntry& entry, const StoredLine* line, Recorded& recorded) {
     recorded.entry = &entry;
     recorded.line = line;
     const auto& amount = line == nullptr ? entry.amount : line->amount;
@@ -103,7 +103,7 @@ void CheckBudgets(const AccountContent& content, MasterCodes& codes, FoundList& 
     RecordedByKey entries = ByKey(content.budgets, codes, false);
     RecordedByKey lines = ByKey(content.lineBudgets, codes, true);
     auto line = content.lines.begin();
-    for (const StoredEntry& entry : content.entries) {
+    for (const AccountEntry& entry : content.entries) {
         const auto pair = entries.find(codes.KeyOf({&entry.item, &entry.element}));
         if (pair != entries.end()) Count(entry, nullptr, pair->second);
         while (line != content.lines.end() && line->identity < entry.identity) ++line;

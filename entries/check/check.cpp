@@ -63,9 +63,9 @@ CheckResult CheckAccount() {
     FoundList found;
     MasterCodes codes(content);
     EntryCheck entryCheck(codes, found);
-    for (const StoredEntry& entry : content.entries) entryCheck.Check(entry);
+    for (const AccountEntry& entry : content.entries) entryCheck.Check(entry);
     LineCheck lineCheck(codes, found);
-    ForLinesOfEach(content, [&](const StoredEntry* entry, std::span<const StoredLine> lines) {
+    ForLinesOfEach(content, [&](const AccountEntry* entry, std::span<const StoredLine> lines) {
         lineCheck.Check(entry, lines);
     });
     CheckBudgets(content, codes, found);

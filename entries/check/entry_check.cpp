@@ -17,12 +17,12 @@ std::string DateText(const platform::DateTime& date) {
     return date.DateText('-');
 }
 
-std::string KeysText(const StoredEntry& entry) {
+std::string KeysText(const AccountEntry& entry) {
     if (data::Trim(entry.key1).empty()) return entry.key2;
     return data::Trim(entry.key2).empty() ? entry.key1 : entry.key1 + "、" + entry.key2;
 }
 
-bool AreSame(const CenterItem& known, const StoredEntry& entry) {
+bool AreSame(const CenterItem& known, const AccountEntry& entry) {
     return known.key1 == entry.key1 && known.key2 == entry.key2;
 }
 
@@ -34,13 +34,13 @@ EntryCheck::EntryCheck(MasterCodes& codes, FoundList& found)
       mOpeningBound(OpeningBound().DateText('.')),
       mSettlementBound(SettlementBound().DateText('.')) {}
 
-void EntryCheck::Check(const StoredEntry& entry) {
+void EntryCheck::Check(const AccountEntry& entry) {
     CheckCodes(entry);
     CheckValues(entry);
     CheckTwin(entry);
 }
 
-void EntryCheck::CheckValues(const StoredEntry& entry) {
+void EntryCheck::CheckValues(const AccountEntry& entry) {
     using Identities = std::numeric_limits<std::int32_t>;
     if (entry.identity < Identities::min() || entry.identity > Identities::max()) {
         mFound.Add(entry.identity, Rule::CheckIdentityValue,
@@ -62,13 +62,13 @@ void EntryCheck::CheckValues(const StoredEntry& entry) {
     }
 }
 
-void EntryCheck::TellSimilar(const StoredEntry& entry, int column, std::string_view name,
+void EntryCheck::TellSimilar(const AccountEntry& entry, int column, std::string_view name,
                              const std::string& code, const std::string& known) {
     mFound.AddIn(entry.identity, column, Rule::CheckBlank, {name, code, known});
 }
 
-bool EntryCheck::IsKnown(const StoredEntry& entry, const KnownCodes& known, const std::string& code,
-                         Rule unknown, std::string_view name) {
+bool EntryCheck::IsKnown(const AccountEntry& entry, const KnownCodes& known,
+                         const std::string& code, Rule unknown, std::string_view name) {
     const KnownCodes::Match match = known.Find(code);
     if (match.known == nullptr) mFound.Add(entry.identity, unknown, {code});
     if (match.similar != nullptr) {
@@ -77,7 +77,7 @@ bool EntryCheck::IsKnown(const StoredEntry& entry, const KnownCodes& known, cons
     return match.known != nullptr;
 }
 
-void EntryCheck::CheckCodes(const StoredEntry& entry) {
+void EntryCheck::CheckCodes(const AccountEntry& entry) {
     const bool item = IsKnown(entry, mCodes.Items(), entry.item, Rule::CheckItem, "项目");
     const bool center =
         IsKnown(entry, mCodes.Centers(), entry.center, Rule::CheckCenter, "责任中心");
@@ -90,7 +90,7 @@ void EntryCheck::CheckCodes(const StoredEntry& entry) {
     if (center) CheckKeywords(entry);
 }
 
-void EntryCheck::CheckKeywords(const StoredEntry& entry) {
+void EntryCheck::CheckKeywords(const AccountEntry& entry) {
     const auto* known = mCodes.KeywordsOf(entry.center, entry.item);
     if (known == nullptr) {
         mFound.Add(entry.identity, Rule::CheckAuthority, {entry.center, entry.item});
@@ -122,7 +122,7 @@ void EntryCheck::CheckKeywords(const StoredEntry& entry) {
 }
 
 // Of several that are the same each but the first is one too many.
-void EntryCheck::CheckTwin(const StoredEntry& entry) {
+void EntryCheck::CheckTwin(const AccountEntry& entry) {
     if (!entry.date || !entry.amount) return;
     std::string key = mCodes.KeyOf(
         {&entry.center, &entry.item, &entry.key1, &entry.key2, &entry.element, &entry.digest});

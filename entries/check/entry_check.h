@@ -17,17 +17,17 @@ public:
     EntryCheck(MasterCodes& codes, FoundList& found);
 
     // Entries are to come by their identities.
-    void Check(const StoredEntry& entry);
+    void Check(const AccountEntry& entry);
 
 private:
-    void CheckValues(const StoredEntry& entry);
-    void CheckCodes(const StoredEntry& entry);
-    void CheckKeywords(const StoredEntry& entry);
-    void CheckTwin(const StoredEntry& entry);
+    void CheckValues(const AccountEntry& entry);
+    void CheckCodes(const AccountEntry& entry);
+    void CheckKeywords(const AccountEntry& entry);
+    void CheckTwin(const AccountEntry& entry);
     // Tells what is wrong with a code; whether the account takes it for a known one.
-    bool IsKnown(const StoredEntry& entry, const KnownCodes& known, const std::string& code,
+    bool IsKnown(const AccountEntry& entry, const KnownCodes& known, const std::string& code,
                  Rule unknown, std::string_view name);
-    void TellSimilar(const StoredEntry& entry, int column, std::string_view name,
+    void TellSimilar(const AccountEntry& entry, int column, std::string_view name,
                      const std::string& code, const std::string& known);
 
     MasterCodes& mCodes;

@@ -52,7 +52,7 @@ struct Product {
 
 }  // namespace
 
-void LineCheck::Check(const StoredEntry* entry, std::span<const StoredLine> lines) {
+void LineCheck::Check(const AccountEntry* entry, std::span<const StoredLine> lines) {
     for (const StoredLine& line : lines) {
         CheckValues(line);
         CheckProduct(line);
@@ -105,7 +105,7 @@ void LineCheck::CheckProduct(const StoredLine& line) {
          product ? AmountText(product->saved) : "超出金额范围"});
 }
 
-void LineCheck::CheckCode(const StoredEntry& entry, const StoredLine& line, bool equipment) {
+void LineCheck::CheckCode(const AccountEntry& entry, const StoredLine& line, bool equipment) {
     const auto match = (equipment ? mCodes.Equipment() : mCodes.Inventory()).Find(line.code);
     const Rule unknown = equipment ? Rule::CheckEquipment : Rule::CheckInventory;
     if (match.known == nullptr) mFound.Add(entry.identity, unknown, {entry.element, line.code});

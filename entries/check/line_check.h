@@ -14,12 +14,12 @@ public:
     LineCheck(MasterCodes& codes, FoundList& found) : mCodes(codes), mFound(found) {}
 
     // All lines of an entry, or of an identity that no entry has: `entry` is null then.
-    void Check(const StoredEntry* entry, std::span<const StoredLine> lines);
+    void Check(const AccountEntry* entry, std::span<const StoredLine> lines);
 
 private:
     void CheckValues(const StoredLine& line);
     void CheckProduct(const StoredLine& line);
-    void CheckCode(const StoredEntry& entry, const StoredLine& line, bool equipment);
+    void CheckCode(const AccountEntry& entry, const StoredLine& line, bool equipment);
 
     MasterCodes& mCodes;
     FoundList& mFound;

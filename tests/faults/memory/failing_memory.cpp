@@ -22,12 +22,17 @@ bool GiveMemory() {
     return gRefused;
 }
 
-static void* Allocate(std::size_t size) {
+// Null when there is none.
+static void* AllocateIfAny(std::size_t size) noexcept {
     if (gLeft > 0 && --gLeft == 0) {
         gRefused = true;
-        throw std::bad_alloc();
+        return nullptr;
     }
-    void* memory = std::malloc(size == 0 ? 1 : size);
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+static void* Allocate(std::size_t size) {
+    void* memory = AllocateIfAny(size);
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
 }
@@ -39,6 +44,12 @@ void* operator new(std::size_t size) {
 }
 void* operator new[](std::size_t size) {
     return kelvane::faults::Allocate(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*unused*/) noexcept {
+    return kelvane::faults::AllocateIfAny(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& /*unused*/) noexcept {
+    return kelvane::faults::AllocateIfAny(size);
 }
 void operator delete(void* memory) noexcept {
     std::free(memory);

@@ -15,15 +15,16 @@ using platform::Money;
 using platform::Value;
 using Kind = Type::Kind;
 
-// A value of the library with the dialect's type that comes closest.
+// A value of the library with the dialect's type that comes closest. Each datum is made in its
+// place: GCC's library destroys a text in a variant whose copy got no memory, though there is none.
 std::pair<Datum, Type> Typed(const Value& value) {
-    if (const auto* integer = value.As<std::int64_t>()) return {*integer, {Kind::BigInt, 0}};
-    if (const auto* number = value.As<double>()) return {*number, {Kind::Float, 0}};
-    if (const auto* amount = value.As<Money>()) return {amount->Units(), {Kind::Money, 0}};
-    if (const auto* text = value.As<std::string>()) return {*text, {Kind::VarChar, 0}};
+    if (const auto* integer = value.As<std::int64_t>()) return {*integer, Type{Kind::BigInt, 0}};
+    if (const auto* number = value.As<double>()) return {*number, Type{Kind::Float, 0}};
+    if (const auto* amount = value.As<Money>()) return {amount->Units(), Type{Kind::Money, 0}};
+    if (const auto* text = value.As<std::string>()) return {*text, Type{Kind::VarChar, 0}};
     if (const auto* date = value.As<DateTime>()) {
         if (!date->IsValid()) throw OutOfRangeDate();
-        return {date->FullText(), {Kind::VarChar, 0}};
+        return {date->FullText(), Type{Kind::VarChar, 0}};
     }
     return {};
 }

@@ -60,8 +60,12 @@ public:
     }
     bool IsAskedNow() const { return mTurn < mTexts.size() && !mTexts[mTurn].empty(); }
     bool IsMade() const { return mTurn < mMade; }
-    // The next one is asked for: no second time.
-    void Take() { mTexts[mTurn].clear(); }
+    // Whether `change` is the next one and is made; it is asked for no second time then.
+    bool TakeMade(std::string_view change) {
+        if (!IsNext(change) || !IsMade()) return false;
+        mTexts[mTurn].clear();
+        return true;
+    }
 
     // The next one and those behind it. Valid until anything here is changed.
     std::vector<std::string_view> Rest() const {

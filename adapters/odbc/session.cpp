@@ -28,26 +28,6 @@ platform::Value FirstOf(const Result& answer) {
 
 }  // namespace
 
-void Session::Begin() {
-    mAnnounced.End();
-    mTransactions.Begin();
-}
-
-void Session::Commit() {
-    mAnnounced.End();
-    mTransactions.Commit();
-}
-
-void Session::RollBack() {
-    mAnnounced.End();
-    mTransactions.RollBack();
-}
-
-void Session::BeginSnapshot() {
-    mAnnounced.End();
-    mTransactions.BeginSnapshot();
-}
-
 Result Session::RunPlan(const Plan& plan, const Purpose& purpose) {
     Result result;
     result.source = plan.source;
@@ -126,11 +106,8 @@ void Session::ReadAhead(bool changeable) {
 
 bool Session::MakeAnnounced(const std::string& change, bool changeable) {
     database::AnnouncedChanges& changes = mAnnounced.Changes();
-    if (!changes.IsNext(change)) return false;
-    if (!changes.IsMade()) MakeTogether(changeable);
-    if (!changes.IsMade()) return false;
-    changes.Take();
-    return true;
+    if (changes.IsNext(change) && !changes.IsMade()) MakeTogether(changeable);
+    return changes.TakeMade(change);
 }
 
 void Session::MakeTogether(bool changeable) {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "adapters/database/announced_queries.h"
+#include "adapters/database/announcing_session.h"
 #include "adapters/odbc/engine_dialect.h"
 #include "adapters/odbc/server_transaction.h"
 
@@ -21,17 +21,13 @@ struct Result {
     long lockedIn = 0;
 };
 
-class Session {
+class Session : public database::AnnouncingSession<Result> {
 public:
     using Locker = ServerTransaction::Locker;
 
     Session(const OdbcSettings& settings, std::string_view connectionString)
-        : mServer(settings, connectionString) {}
+        : AnnouncingSession(mTransaction), mServer(settings, connectionString) {}
 
-    void Begin();
-    void Commit();
-    void RollBack();
-    void BeginSnapshot();
     bool IsExplicit() const { return mTransactions.IsExplicit(); }
     bool IsSnapshot() const { return mTransactions.IsSnapshot(); }
 
@@ -45,12 +41,9 @@ public:
     // with those behind it. A failure of such a batch is nobody's: each query is then run alone.
     // Throws ConnectionLost.
     std::optional<Result> Answer(const std::string& query, bool changeable);
-    // What is asked for right behind those queries.
-    void AnnounceChanges(platform::ChangeBehind changeOf) {
-        mAnnounced.Changes().Announce(std::move(changeOf));
-    }
-    // Whether `change` is such a one and is made: together with those behind the other answers that
-    // are there, all or none of them. False: it has to be run by itself. Throws ConnectionLost.
+    // Whether `change` is announced behind those queries and is made: together with those behind
+    // the other answers that are there, all or none of them. False: it has to be run by itself.
+    // Throws ConnectionLost.
     bool MakeAnnounced(const std::string& change, bool changeable);
 
     // Runs a query whose rows stay locked until RemoveLocker(), outside an explicit transaction.
@@ -70,9 +63,7 @@ private:
     void MakeTogether(bool changeable);
 
     Server mServer;
-    database::AnnouncedQueries<Result> mAnnounced;
     ServerTransaction mTransaction{mServer};
-    database::Transactions mTransactions{mTransaction};
 };
 
 }  // namespace kelvane::odbc

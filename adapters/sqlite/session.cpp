@@ -165,26 +165,6 @@ Result Session::RunPrepared(std::shared_ptr<PreparedBatch> batch, bool wantsRows
     return result;
 }
 
-void Session::Begin() {
-    mAnnounced.End();
-    mTransactions.Begin();
-}
-
-void Session::Commit() {
-    mAnnounced.End();
-    mTransactions.Commit();
-}
-
-void Session::RollBack() {
-    mAnnounced.End();
-    mTransactions.RollBack();
-}
-
-void Session::BeginSnapshot() {
-    mAnnounced.End();
-    mTransactions.BeginSnapshot();
-}
-
 Statement& Session::ChangeWritten(std::string text) {
     if (!mChange || text != mChangeText) {
         mChange = Statement(mDatabase, text, true);

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/database/announced_queries.h"
+#include "adapters/database/announcing_session.h"
 #include "adapters/sqlite/catalog.h"
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/file_transaction.h"
@@ -39,10 +39,11 @@ struct RowChange {
     std::vector<Column> columns;
 };
 
-class Session {
+class Session : public database::AnnouncingSession<Result> {
 public:
     // Opens an account file that has been checked to be one.
-    Session(const std::string& path, int timeout) : mDatabase(path, timeout), mCatalog(mDatabase) {}
+    Session(const std::string& path, int timeout)
+        : AnnouncingSession(mTransaction), mDatabase(path, timeout), mCatalog(mDatabase) {}
 
     // Runs a batch statement by statement. Throws DatabaseError for the first that fails; outside a
     // transaction those before it stay done. Returns the rows of the first query when `wantsRows`.
@@ -51,24 +52,16 @@ public:
 
     // Which queries Answer() will be asked next; an empty list ends what was announced before.
     void Announce(std::span<const platform::StatementText> queries, bool changeable);
-    // Changes are asked for behind those queries: those that go by answers read together are made
-    // together, all or none, when the first of those queries is asked.
-    void AnnounceChanges(platform::ChangeBehind changeOf) {
-        mAnnounced.Changes().Announce(std::move(changeOf));
-    }
-    // Whether `change` is the next of them and is made. False: it has to be run by itself.
-    bool TakeMade(std::string_view change);
+    // Whether `change` is the next of those that are asked for behind them and is made: those that
+    // go by answers read together are made together, all or none, when the first of those queries
+    // is asked. False: it has to be run by itself.
+    bool TakeMade(std::string_view change) { return mAnnounced.Changes().TakeMade(change); }
     // The last of them was asked; gives back what was kept for them.
     void EndAnnounced();
     // The rows of the next announced query, when `query` is it and can be read ahead: together with
     // those behind it, as of one moment. A query behind it that fails has its error in its turn.
     // Throws what `query` itself fails with.
     std::optional<Result> Answer(std::string_view query, bool changeable);
-
-    void Begin();
-    void Commit();
-    void RollBack();
-    void BeginSnapshot();
 
     // `lockedIn` is the row's Result's. Throws DatabaseError when the row is gone or has been
     // changed.
@@ -101,11 +94,9 @@ private:
     SqliteCatalog mCatalog;
     PreparedBatches mCache;
     FileTransaction mTransaction{mDatabase};
-    database::Transactions mTransactions{mTransaction};
     tsql::SqliteWriter mWriter;
     tsql::LexedText mText;
     std::vector<tsql::Datum> mValues;
-    database::AnnouncedQueries<Result> mAnnounced;
     bool mManyAnnounced = false;  // since EndAnnounced()
     Statement mChange;
     std::string mChangeText;

@@ -81,13 +81,6 @@ void Session::MakeTogether(bool changeable) {
     }
 }
 
-bool Session::TakeMade(std::string_view change) {
-    database::AnnouncedChanges& changes = mAnnounced.Changes();
-    if (!changes.IsNext(change) || !changes.IsMade()) return false;
-    changes.Take();
-    return true;
-}
-
 std::optional<std::int64_t> Session::DataVersion() {
     if (!mDataVersion) mDataVersion = Statement(mDatabase, "pragma data_version", true);
     const StatementRun run(mDataVersion);

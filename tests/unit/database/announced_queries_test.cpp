@@ -136,9 +136,11 @@ TEST_F(ChangesOfAnswers, WhatIsMadeIsMadeOnce) {
     Answer({"a", "b", "c"});
     mAnnounced.Take();
     EXPECT_FALSE(Changes().IsMade());
+    EXPECT_FALSE(Changes().TakeMade("set 0 to a"));
     Changes().SetMade();
     EXPECT_TRUE(Changes().IsMade());
-    Changes().Take();
+    EXPECT_FALSE(Changes().TakeMade("set 1 to b"));
+    EXPECT_TRUE(Changes().TakeMade("set 0 to a"));
     EXPECT_FALSE(Changes().IsNext("set 0 to a"));
     mAnnounced.Take();
     EXPECT_TRUE(Changes().IsNext("set 1 to b"));
